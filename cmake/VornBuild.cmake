@@ -1,0 +1,59 @@
+# What every target of the project shares: language level, warnings, visibility, sanitizers.
+
+set(CMAKE_CXX_STANDARD 17)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS ON)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+
+if(NOT CMAKE_BUILD_TYPE AND NOT CMAKE_CONFIGURATION_TYPES)
+  set(CMAKE_BUILD_TYPE Release CACHE STRING "Kind of build" FORCE)
+endif()
+
+# A build that is not cross-compiled finds its libraries below build/ and, installed, beside
+# themselves.
+if(NOT IS_ABSOLUTE "${CMAKE_INSTALL_LIBDIR}")
+  file(RELATIVE_PATH _vorn_lib_from_bin "/${CMAKE_INSTALL_BINDIR}" "/${CMAKE_INSTALL_LIBDIR}")
+  set(CMAKE_INSTALL_RPATH "$ORIGIN;$ORIGIN/${_vorn_lib_from_bin}")
+endif()
+
+add_library(vorn_build INTERFACE)
+target_compile_options(vorn_build INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-align
+  -Wformat=2 -Wundef -Wconversion $<$<BOOL:${VORN_WERROR}>:-Werror>)
+if(VORN_SANITIZE)
+  target_compile_options(vorn_build INTERFACE
+    -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer -O1)
+  target_link_options(vorn_build INTERFACE -fsanitize=address,undefined)
+endif()
+target_link_options(vorn_build INTERFACE LINKER:--no-undefined LINKER:--as-needed)
+
+# vorn_platform_headers: the declarations that the library needs from the phone.
+add_library(vorn_platform_headers INTERFACE)
+target_include_directories(vorn_platform_headers INTERFACE
+  "$<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/platform/include>"
+  "$<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/vornqtnapi/platform>")
+
+# vorn_add_test(NAME SOURCES... LIBS... [LABELS ...] [ENV ...] [TIMEOUT s] [SERIAL])
+# One test program; each of its tests is a test of its own in CTest. GUI programs run offscreen.
+function(vorn_add_test name)
+  cmake_parse_arguments(T "SERIAL" "TIMEOUT" "SOURCES;LIBS;LABELS;ENV" ${ARGN})
+  if(NOT T_TIMEOUT)
+    set(T_TIMEOUT 120)
+  endif()
+  add_executable(${name} ${T_SOURCES})
+  target_link_libraries(${name} PRIVATE vorn_build ${T_LIBS} GTest::gtest)
+  target_include_directories(${name} PRIVATE "${PROJECT_SOURCE_DIR}/tests")
+  set(env "QT_QPA_PLATFORM=offscreen" "LC_ALL=C.UTF-8" "QT_LOGGING_RULES="
+    "LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/lsan.supp:print_suppressions=0"
+    "UBSAN_OPTIONS=print_stacktrace=1" ${T_ENV})
+  # A semicolon-separated environment does not survive the discovery step unescaped.
+  string(REPLACE ";" "\\;" env_escaped "${env}")
+  set(serial "")
+  if(T_SERIAL)
+    set(serial RUN_SERIAL TRUE)
+  endif()
+  gtest_discover_tests(${name} TEST_PREFIX "${name}/" DISCOVERY_TIMEOUT 60
+    PROPERTIES TIMEOUT ${T_TIMEOUT} LABELS "${T_LABELS}" ENVIRONMENT "${env_escaped}" ${serial})
+endfunction()
