@@ -1,0 +1,106 @@
+#include "base/durable_file.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+
+namespace base {
+
+UniqueFd openFolder(const std::string& path)
+{
+    return UniqueFd(
+        retried([&] { return open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC); }));
+}
+
+static std::string parentOf(const std::string& path)
+{
+    size_t slash = path.rfind('/');
+    return slash == 0 ? "/" : path.substr(0, slash);
+}
+
+static int syncFolderAt(const std::string& path)
+{
+    UniqueFd folder = openFolder(path);
+    return folder.isOpen() ? syncFolder(folder.get()) : errno;
+}
+
+int makeFolders(const std::string& path)
+{
+    struct stat status;
+    if (stat(path.c_str(), &status) == 0)
+        return S_ISDIR(status.st_mode) ? 0 : ENOTDIR;
+    if (errno != ENOENT || path.rfind('/') == std::string::npos)
+        return errno;
+    std::string parent = parentOf(path);
+    if (int error = makeFolders(parent))
+        return error;
+    if (mkdir(path.c_str(), 0700) != 0 && errno != EEXIST)
+        return errno;
+    return syncFolderAt(parent);
+}
+
+int writeAll(int fd, std::string_view bytes)
+{
+    while (!bytes.empty()) {
+        ssize_t written = retried([&] { return write(fd, bytes.data(), bytes.size()); });
+        if (written < 0)
+            return errno;
+        if (written == 0)
+            return EIO;
+        bytes.remove_prefix(static_cast<size_t>(written));
+    }
+    return 0;
+}
+
+int syncFile(int fd)
+{
+    return retried([fd] { return fsync(fd); }) == 0 ? 0 : errno;
+}
+
+int syncFolder(int fd)
+{
+    // Some file systems keep no folders of their own that could be synced, and say EINVAL.
+    int error = syncFile(fd);
+    return error == EINVAL ? 0 : error;
+}
+
+int createFile(int folder, const char* name, std::string_view bytes, mode_t mode)
+{
+    UniqueFd file(retried([&] {
+        return openat(folder, name, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, mode);
+    }));
+    if (!file.isOpen())
+        return errno;
+    // The process's umask must not change the mode.
+    if (fchmod(file.get(), mode) != 0)
+        return errno;
+    if (int error = writeAll(file.get(), bytes))
+        return error;
+    return syncFile(file.get());
+}
+
+int replaceFile(const LockedFolder& folder, const std::string& name, std::string_view bytes,
+                mode_t mode)
+{
+    // One writer at a time holds the folder, so one name serves all.
+    std::string pending = "." + name + ".new";
+    if (unlinkat(folder.fd(), pending.c_str(), 0) != 0 && errno != ENOENT)
+        return errno;
+    int error = createFile(folder.fd(), pending.c_str(), bytes, mode);
+    if (error == 0 && renameat(folder.fd(), pending.c_str(), folder.fd(), name.c_str()) != 0)
+        error = errno;
+    if (error != 0) {
+        unlinkat(folder.fd(), pending.c_str(), 0);
+        return error;
+    }
+    return syncFolder(folder.fd());
+}
+
+int replaceFile(const std::string& path, std::string_view bytes, mode_t mode)
+{
+    LockedFolder folder;
+    if (int error = folder.open(parentOf(path)))
+        return error;
+    return replaceFile(folder, path.substr(path.rfind('/') + 1), bytes, mode);
+}
+
+} // namespace base

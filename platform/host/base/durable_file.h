@@ -1,0 +1,57 @@
+// Files and folders that outlive a killed process and a lost power supply. Every function is
+// thread-safe, blocks while the disk works and, unless it says otherwise, gives 0 or an errno.
+#ifndef BASE_DURABLE_FILE_H
+#define BASE_DURABLE_FILE_H
+
+#include <cerrno>
+#include <string>
+#include <string_view>
+#include <sys/types.h>
+
+#include "base/locked_folder.h"
+#include "base/unique_fd.h"
+
+namespace base {
+
+// Repeats a system call that a signal has interrupted; the result of the last one.
+template <typename Call> auto retried(Call call) -> decltype(call())
+{
+    decltype(call()) result;
+    do
+        result = call();
+    while (result == -1 && errno == EINTR);
+    return result;
+}
+
+// Opens a folder for reading, closed on exec; not open, with errno set, when that fails.
+UniqueFd openFolder(const std::string& path);
+
+// Makes the folder `path` (absolute) and those on the way to it that are missing, mode 0700, each
+// on the disk when the call returns. ENOTDIR when something else than a folder is in the way.
+int makeFolders(const std::string& path);
+
+// Writes all of `bytes` at the descriptor's position.
+int writeAll(int fd, std::string_view bytes);
+
+// Brings what a descriptor stands for to the disk: a file's bytes, or a folder's entries.
+int syncFile(int fd);
+int syncFolder(int fd);
+
+// Makes the new file `name` in the folder with the given descriptor, with exactly `mode`, and
+// brings its bytes to the disk (its entry in the folder is the caller's to sync). EEXIST when there
+// is something of that name. What a failure leaves behind is the caller's to remove.
+int createFile(int folder, const char* name, std::string_view bytes, mode_t mode);
+
+// Puts `bytes` in the place of the file `name` in a locked folder, or makes it: at any instant, and
+// after a loss of power, the file is wholly the old one or wholly the new one; the new one is on
+// the disk when the call returns. What a killed writer has left behind ("." + name + ".new") goes
+// with the next call.
+int replaceFile(const LockedFolder& folder, const std::string& name, std::string_view bytes,
+                mode_t mode);
+
+// The same for an absolute path, with the lock taken for the time of the call; the folder exists.
+int replaceFile(const std::string& path, std::string_view bytes, mode_t mode);
+
+} // namespace base
+
+#endif
