@@ -43,6 +43,7 @@ function(vorn_add_test name)
     set(T_TIMEOUT 120)
   endif()
   add_executable(${name} ${T_SOURCES})
+  set_target_properties(${name} PROPERTIES AUTOMOC ON)
   target_link_libraries(${name} PRIVATE vorn_build ${T_LIBS} GTest::gtest)
   target_include_directories(${name} PRIVATE "${PROJECT_SOURCE_DIR}/tests")
   set(env "QT_QPA_PLATFORM=offscreen" "LC_ALL=C.UTF-8" "QT_LOGGING_RULES="

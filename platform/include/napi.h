@@ -14,7 +14,8 @@
 
 #include "platform_export.h"
 
-// ---- Results -------------------------------------------------------------------------------------
+// ---- Results
+// -------------------------------------------------------------------------------------
 
 enum NapiResult {
     NAPI_OK = 0,
@@ -53,7 +54,8 @@ enum NapiResult {
     NAPI_ERR_RESOURCES = -215
 };
 
-// ---- Profiles ------------------------------------------------------------------------------------
+// ---- Profiles
+// ------------------------------------------------------------------------------------
 
 // Profile names: 1 to 63 bytes of valid UTF-8 without '/', without control characters (U+0000 to
 // U+001F, U+007F to U+009F), and not beginning with '.'. Compared byte by byte.
@@ -68,11 +70,12 @@ enum NapiPreference {
 };
 
 // One network profile as it is stored and exchanged: 1168 bytes, little-endian.
-// Texts are UTF-8, ended by a NUL unless they fill their field. IPv4 addresses are the number of the
-// address with the first dotted number in the most significant byte (10.1.2.3 is 0x0A010203); 0 means
-// none. The bytes named kept... belong to the network API: whoever changes a profile carries them
-// through as they were read, and gives zeros in a new profile.
-struct NetworkProfile {
+// Texts are UTF-8, ended by a NUL unless they fill their field. IPv4 addresses are the number of
+// the address with the first dotted number in the most significant byte (10.1.2.3 is 0x0A010203); 0
+// means none. The bytes named kept... belong to the network API: whoever changes a profile carries
+// them through as they were read, and gives zeros in a new profile.
+struct NetworkProfile
+{
     uint8_t kept0;
     uint8_t storedMark; // 1 in every record that the profile wizard has stored
     uint8_t kept2[2];
@@ -81,8 +84,8 @@ struct NetworkProfile {
     char gprsUserName[100]; // for PAP and CHAP towards the access point
     char gprsPassword[100];
     uint8_t kept308[4];
-    uint32_t gprsDns1; // IPv4 address or 0
-    uint32_t gprsDns2; // IPv4 address or 0
+    uint32_t gprsDns1;    // IPv4 address or 0
+    uint32_t gprsDns2;    // IPv4 address or 0
     uint16_t gprsTimeout; // idle time-out in minutes, 0 = none
     uint8_t kept322[58];
     uint8_t qosPolicy;    // 0 data, 1 voice
@@ -131,36 +134,37 @@ static_assert(offsetof(NetworkProfile, proxy2) == 963, "fixed by the stored form
 static_assert(offsetof(NetworkProfile, port2) == 1064, "fixed by the stored format");
 static_assert(offsetof(NetworkProfile, domain2) == 1066, "fixed by the stored format");
 
-// ---- Indications ---------------------------------------------------------------------------------
+// ---- Indications
+// ---------------------------------------------------------------------------------
 
 // What an indication message reports.
 enum NapiIndicationType {
     NAPI_IND_DEFAULT_LINK = 3, // link 0, which somebody else opened, is up
     NAPI_IND_CONNECTED = 16,   // the link is up
     NAPI_IND_OPEN_FAILED = 17, // opening has failed; the link id is free again
-    NAPI_IND_BROKEN = 32       // an established link is gone; its id stays taken until NAPI_CloseLink
+    NAPI_IND_BROKEN = 32 // an established link is gone; its id stays taken until NAPI_CloseLink
 };
 
 // Why opening failed: NapiIndication.cause1. cause2 is a detail: an errno, the modem's or the
 // service's own code, else 0.
 enum NapiCause {
     NAPI_CAUSE_NONE = 0,
-    NAPI_CAUSE_NO_BEARER = 1,       // nothing on this device can carry this profile
-    NAPI_CAUSE_NO_SERVICE = 2,      // no network in reach
-    NAPI_CAUSE_SIM = 3,             // no SIM card, or it is locked
-    NAPI_CAUSE_SUBSCRIPTION = 4,    // access point unknown or not subscribed
-    NAPI_CAUSE_AUTHENTICATION = 5,  // user name or password refused
-    NAPI_CAUSE_NO_ADDRESS = 6,      // the network gave no address
-    NAPI_CAUSE_MODEM = 7,           // modem or dialling
-    NAPI_CAUSE_NO_CARRIER = 8,      // no carrier
-    NAPI_CAUSE_DEVICE_GONE = 9,     // the network device went away
+    NAPI_CAUSE_NO_BEARER = 1,          // nothing on this device can carry this profile
+    NAPI_CAUSE_NO_SERVICE = 2,         // no network in reach
+    NAPI_CAUSE_SIM = 3,                // no SIM card, or it is locked
+    NAPI_CAUSE_SUBSCRIPTION = 4,       // access point unknown or not subscribed
+    NAPI_CAUSE_AUTHENTICATION = 5,     // user name or password refused
+    NAPI_CAUSE_NO_ADDRESS = 6,         // the network gave no address
+    NAPI_CAUSE_MODEM = 7,              // modem or dialling
+    NAPI_CAUSE_NO_CARRIER = 8,         // no carrier
+    NAPI_CAUSE_DEVICE_GONE = 9,        // the network device went away
     NAPI_CAUSE_NO_SERVICE_DAEMON = 10, // the service that manages the network does not run
-    NAPI_CAUSE_NOT_PERMITTED = 11,  // this user may not open links
-    NAPI_CAUSE_TIMEOUT = 12,        // no answer in time
-    NAPI_CAUSE_CANCELLED = 13,      // the user cancelled
-    NAPI_CAUSE_NOT_SUPPORTED = 14,  // a circuit-switched call without a dial-up modem
-    NAPI_CAUSE_WIFI = 15,           // WiFi association failed
-    NAPI_CAUSE_BUSY = 16,           // called party or radio resource busy
+    NAPI_CAUSE_NOT_PERMITTED = 11,     // this user may not open links
+    NAPI_CAUSE_TIMEOUT = 12,           // no answer in time
+    NAPI_CAUSE_CANCELLED = 13,         // the user cancelled
+    NAPI_CAUSE_NOT_SUPPORTED = 14,     // a circuit-switched call without a dial-up modem
+    NAPI_CAUSE_WIFI = 15,              // WiFi association failed
+    NAPI_CAUSE_BUSY = 16,              // called party or radio resource busy
     NAPI_CAUSE_UNKNOWN = 65535
 };
 
@@ -174,10 +178,11 @@ enum NapiBearerKind {
 
 // One message on the indication socket: exactly 112 bytes, native byte order. Whole messages follow
 // each other without anything between them.
-struct NapiIndication {
-    uint16_t type;  // NapiIndicationType; receivers ignore values they do not know
-    uint8_t linkId; // 0..255
-    uint8_t infoByte; // NapiBearerKind
+struct NapiIndication
+{
+    uint16_t type;      // NapiIndicationType; receivers ignore values they do not know
+    uint8_t linkId;     // 0..255
+    uint8_t infoByte;   // NapiBearerKind
     char infoText[100]; // NUL-terminated: the link's network device, "" when it has none
     uint32_t infoWord;  // the link's IPv4 address, first octet in the most significant byte, or 0
     uint16_t cause1;    // NapiCause, type 17 only, else 0
@@ -215,26 +220,27 @@ VORN_PLATFORM_API int NAPI_Init(int mode);
 // Waits for the network API's thread to end. Result: 0, or NAPI_ERR_NOT_INITIALISED.
 VORN_PLATFORM_API int NAPI_Fini();
 
-// Begins to open a link for the stored profile `name`. The outcome follows on the indication socket:
-// exactly one of NAPI_IND_CONNECTED and NAPI_IND_OPEN_FAILED, unless NAPI_CloseLink comes first.
-// Result: the link id (0..255). Errors: NAPI_ERR_NOT_INITIALISED, NAPI_ERR_ARGUMENT (null),
-// NAPI_ERR_NAME, NAPI_ERR_NO_PROFILE, NAPI_ERR_DAMAGED, NAPI_ERR_ACCESS, NAPI_ERR_IO, NAPI_ERR_ROOT,
-// NAPI_ERR_TOO_MANY_LINKS, NAPI_ERR_RESOURCES.
+// Begins to open a link for the stored profile `name`. The outcome follows on the indication
+// socket: exactly one of NAPI_IND_CONNECTED and NAPI_IND_OPEN_FAILED, unless NAPI_CloseLink comes
+// first. Result: the link id (0..255). Errors: NAPI_ERR_NOT_INITIALISED, NAPI_ERR_ARGUMENT (null),
+// NAPI_ERR_NAME, NAPI_ERR_NO_PROFILE, NAPI_ERR_DAMAGED, NAPI_ERR_ACCESS, NAPI_ERR_IO,
+// NAPI_ERR_ROOT, NAPI_ERR_TOO_MANY_LINKS, NAPI_ERR_RESOURCES.
 VORN_PLATFORM_API int NAPI_OpenLink(const char* name);
 
-// Closes a link, or cancels its opening; the id is free afterwards. When it has returned, no message
-// of this opening is written any more. Result: 0. Errors: NAPI_ERR_NOT_INITIALISED, NAPI_ERR_NO_LINK.
+// Closes a link, or cancels its opening; the id is free afterwards. When it has returned, no
+// message of this opening is written any more. Result: 0. Errors: NAPI_ERR_NOT_INITIALISED,
+// NAPI_ERR_NO_LINK.
 VORN_PLATFORM_API int NAPI_CloseLink(int linkId);
 
-// Binds an open socket to the link's network device, so that all its traffic takes this link. Call it
-// before the socket connects. Result: 0. Errors: NAPI_ERR_NOT_INITIALISED, NAPI_ERR_NO_LINK,
+// Binds an open socket to the link's network device, so that all its traffic takes this link. Call
+// it before the socket connects. Result: 0. Errors: NAPI_ERR_NOT_INITIALISED, NAPI_ERR_NO_LINK,
 // NAPI_ERR_LINK_NOT_UP, NAPI_ERR_SOCKET, NAPI_ERR_NOT_PERMITTED (an unprivileged process may bind a
 // socket only once), NAPI_ERR_IO.
 VORN_PLATFORM_API int NAPI_BindSocket2Link(int linkId, int socket);
 
-// Tells one item (NapiDeviceItem) of an established link's device. `length` is the size of `buffer` in
-// bytes: at least 16 for the name, at least 4 for the address; exactly 16 or 4 bytes are written, and
-// none on an error. Result: 0. Errors: NAPI_ERR_NOT_INITIALISED, NAPI_ERR_NO_LINK,
+// Tells one item (NapiDeviceItem) of an established link's device. `length` is the size of `buffer`
+// in bytes: at least 16 for the name, at least 4 for the address; exactly 16 or 4 bytes are
+// written, and none on an error. Result: 0. Errors: NAPI_ERR_NOT_INITIALISED, NAPI_ERR_NO_LINK,
 // NAPI_ERR_LINK_NOT_UP, NAPI_ERR_ARGUMENT.
 VORN_PLATFORM_API int NAPI_GetDeviceInfo(int linkId, int item, void* buffer, int length);
 
@@ -246,18 +252,18 @@ VORN_PLATFORM_API int NAPI_DnsResolverConfig(int linkId);
 
 // Lists the stored profiles, sorted by name (byte by byte). With a null `buffer` the number of
 // profiles is stored in `*count`. Otherwise `*count` says how many slots of NAPI_PROFILE_NAME_SLOT
-// bytes `buffer` has; up to that many are filled, each with a NUL-terminated name, and their number is
-// stored in `*count`. Damaged profiles are not listed. No stored profile, and no root yet, is 0 with
-// a count of 0. Errors (with `*count` unchanged): NAPI_ERR_ARGUMENT (null `count`), NAPI_ERR_ACCESS,
-// NAPI_ERR_IO, NAPI_ERR_ROOT, NAPI_ERR_RESOURCES.
+// bytes `buffer` has; up to that many are filled, each with a NUL-terminated name, and their number
+// is stored in `*count`. Damaged profiles are not listed. No stored profile, and no root yet, is 0
+// with a count of 0. Errors (with `*count` unchanged): NAPI_ERR_ARGUMENT (null `count`),
+// NAPI_ERR_ACCESS, NAPI_ERR_IO, NAPI_ERR_ROOT, NAPI_ERR_RESOURCES.
 VORN_PLATFORM_API int NAPI_ListAllProfile(char* buffer, unsigned int* count);
 
 // The largest number of profiles that the network API keeps; never 0.
 VORN_PLATFORM_API unsigned int NAPI_GetMaxProfiles();
 
-// Reads the profile `name` into `*out`; `*out` is unchanged on an error. The last two arguments are 0.
-// Result: 0. Errors: NAPI_ERR_ARGUMENT (null), NAPI_ERR_NAME, NAPI_ERR_NO_PROFILE, NAPI_ERR_DAMAGED,
-// NAPI_ERR_ACCESS, NAPI_ERR_IO, NAPI_ERR_ROOT, NAPI_ERR_RESOURCES.
+// Reads the profile `name` into `*out`; `*out` is unchanged on an error. The last two arguments are
+// 0. Result: 0. Errors: NAPI_ERR_ARGUMENT (null), NAPI_ERR_NAME, NAPI_ERR_NO_PROFILE,
+// NAPI_ERR_DAMAGED, NAPI_ERR_ACCESS, NAPI_ERR_IO, NAPI_ERR_ROOT, NAPI_ERR_RESOURCES.
 VORN_PLATFORM_API int NAPI_ReadProfile(const char* name, NetworkProfile* out, int reserved1,
                                        int reserved2);
 
@@ -265,15 +271,15 @@ VORN_PLATFORM_API int NAPI_ReadProfile(const char* name, NetworkProfile* out, in
 // another process that is writing. The last two arguments are 0. Result: 0. Errors:
 // NAPI_ERR_ARGUMENT (null), NAPI_ERR_NAME, NAPI_ERR_EXISTS, NAPI_ERR_MEMORY_FULL, NAPI_ERR_ACCESS,
 // NAPI_ERR_IO, NAPI_ERR_ROOT, NAPI_ERR_RESOURCES.
-VORN_PLATFORM_API int NAPI_CreateProfile(const char* name, const NetworkProfile* record, int reserved1,
-                                         int reserved2);
+VORN_PLATFORM_API int NAPI_CreateProfile(const char* name, const NetworkProfile* record,
+                                         int reserved1, int reserved2);
 
 // Replaces the record of a stored profile, a damaged one too; as durable and as whole as
 // NAPI_CreateProfile. The last two arguments are 0. Result: 0. Errors: NAPI_ERR_ARGUMENT (null),
 // NAPI_ERR_NAME, NAPI_ERR_NO_PROFILE, NAPI_ERR_MEMORY_FULL, NAPI_ERR_ACCESS, NAPI_ERR_IO,
 // NAPI_ERR_ROOT, NAPI_ERR_RESOURCES.
-VORN_PLATFORM_API int NAPI_ModifyProfile(const char* name, const NetworkProfile* record, int reserved1,
-                                         int reserved2);
+VORN_PLATFORM_API int NAPI_ModifyProfile(const char* name, const NetworkProfile* record,
+                                         int reserved1, int reserved2);
 
 // Tells whether `name` is a stored profile with a usable record. Result: 0 when it is. Errors:
 // NAPI_ERR_ARGUMENT (null), NAPI_ERR_NAME, NAPI_ERR_NO_PROFILE, NAPI_ERR_DAMAGED, NAPI_ERR_ACCESS,

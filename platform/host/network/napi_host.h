@@ -1,5 +1,5 @@
-// What the host offers beyond the phone's network API, for the programs that play the phone: removing
-// and renaming profiles, looking for damage, texts for codes. Applications do without it.
+// What the host offers beyond the phone's network API, for the programs that play the phone:
+// removing and renaming profiles, looking for damage, texts for codes. Applications do without it.
 #ifndef NAPI_HOST_H
 #define NAPI_HOST_H
 
@@ -11,8 +11,8 @@
 namespace napihost {
 
 // The folder that stands for the phone's file system: VORN_ROOT, else $XDG_DATA_HOME/vorn, else
-// $HOME/.local/share/vorn; read from the environment at each call. It need not exist. "" when none of
-// the three is set.
+// $HOME/.local/share/vorn; read from the environment at each call. It need not exist. "" when none
+// of the three is set.
 VORN_PLATFORM_API std::string rootFolder();
 
 // The folder that holds one folder for each profile.
@@ -22,14 +22,15 @@ VORN_PLATFORM_API std::string profilesFolder();
 // NAPI_ModifyProfile.
 VORN_PLATFORM_API int deleteProfile(const char* name);
 
-// Gives a stored profile another name, in one step; durable when it returns. A profile renamed to its
-// own name stays as it is. Result: 0, or the errors of NAPI_ModifyProfile, and NAPI_ERR_EXISTS when
-// the new name is taken.
+// Gives a stored profile another name, in one step; durable when it returns. A profile renamed to
+// its own name stays as it is. Result: 0, or the errors of NAPI_ModifyProfile, and NAPI_ERR_EXISTS
+// when the new name is taken.
 VORN_PLATFORM_API int renameProfile(const char* name, const char* newName);
 
 // One thing that is wrong in the store.
-struct Finding {
-    std::string path;   // what is damaged: an absolute path
+struct Finding
+{
+    std::string path;    // what is damaged: an absolute path
     std::string problem; // "record has 0 bytes instead of 1168"
     std::string remedy;  // what a person can do: "restore it from a copy, or remove it with ..."
 };
@@ -38,11 +39,12 @@ struct Finding {
 // Result: 0, with what was found in `findings`; or the errors of NAPI_ListAllProfile.
 VORN_PLATFORM_API int inspectStore(std::vector<Finding>* findings);
 
-// Looks through etc/network.json without changing anything: one finding for each thing wrong, in the
-// order of the file, with "file:line" as its path. A missing file is no finding.
+// Looks through etc/network.json without changing anything: one finding for each thing wrong, in
+// the order of the file, with "file:line" as its path. A missing file is no finding.
 VORN_PLATFORM_API std::vector<Finding> inspectNetworkConfiguration();
 
-// English texts for codes, for people to read; never null. An unknown code gets a text that says so.
+// English texts for codes, for people to read; never null. An unknown code gets a text that says
+// so.
 VORN_PLATFORM_API const char* resultText(int result);
 VORN_PLATFORM_API const char* causeText(int cause);
 VORN_PLATFORM_API const char* indicationText(int type);
