@@ -1,0 +1,139 @@
+#include "base/json_document.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "base/json_tree.h"
+
+namespace base {
+
+namespace {
+
+constexpr off_t maximumSize = 4 * 1024 * 1024;
+
+std::string readAll(int descriptor, std::string& bytes)
+{
+    char block[16384];
+    for (;;) {
+        const ssize_t got = ::read(descriptor, block, sizeof block);
+        if (got == 0)
+            return {};
+        if (got < 0 && errno != EINTR)
+            return std::strerror(errno);
+        if (got > 0)
+            bytes.append(block, static_cast<std::size_t>(got));
+        if (bytes.size() > static_cast<std::size_t>(maximumSize))
+            return "more than 4 MiB";
+    }
+}
+
+// Returns what is wrong with the file, "" when it has been read. O_NONBLOCK keeps a pipe in the
+// file's place from holding the program up.
+std::string readFile(const std::string& path, std::string& bytes, bool& missing)
+{
+    const int descriptor = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+    if (descriptor < 0) {
+        missing = errno == ENOENT;
+        return std::strerror(errno);
+    }
+    struct stat status;
+    std::string wrong;
+    if (::fstat(descriptor, &status) != 0)
+        wrong = std::strerror(errno);
+    else if (!S_ISREG(status.st_mode))
+        wrong = S_ISDIR(status.st_mode) ? "a folder" : "something that is no regular file";
+    else
+        wrong = readAll(descriptor, bytes);
+    ::close(descriptor);
+    return wrong;
+}
+
+void collectUnknown(JsonTree& tree, const JsonNode& node, const std::string& key)
+{
+    std::string known;
+    for (const std::string& name : node.asked)
+        known += (known.empty() ? "" : ", ") + name;
+    for (const JsonMember& member : node.members) {
+        const std::string path = memberKey(key, member.name);
+        if (!node.allKnown && !node.asked.empty() &&
+            std::find(node.asked.begin(), node.asked.end(), member.name) == node.asked.end())
+            tree.report(member.line, path, "one of the keys " + known, "an unknown key", {});
+        else
+            collectUnknown(tree, member.value, path);
+    }
+    for (std::size_t i = 0; i < node.elements.size(); ++i)
+        collectUnknown(tree, node.elements[i], key + '[' + std::to_string(i) + ']');
+}
+
+} // namespace
+
+JsonDocument::JsonDocument(std::unique_ptr<JsonTree> tree) : tree_(std::move(tree)) {}
+JsonDocument::JsonDocument(JsonDocument&&) noexcept = default;
+JsonDocument& JsonDocument::operator=(JsonDocument&&) noexcept = default;
+JsonDocument::~JsonDocument() = default;
+
+JsonDocument JsonDocument::read(const std::string& path, const std::string& used)
+{
+    std::string bytes;
+    bool missing = false;
+    const std::string wrong = readFile(path, bytes, missing);
+    if (wrong.empty())
+        return parse(bytes, path, used);
+    auto tree = std::make_unique<JsonTree>();
+    tree->path = path;
+    tree->state = missing ? State::Missing : State::Unreadable;
+    if (!missing)
+        tree->report(0, {}, "a readable file", wrong, used);
+    return JsonDocument(std::move(tree));
+}
+
+JsonDocument JsonDocument::parse(const std::string& text, const std::string& path,
+                                 const std::string& used)
+{
+    auto tree = std::make_unique<JsonTree>();
+    tree->path = path;
+    tree->source = text;
+    parseTree(*tree, used);
+    return JsonDocument(std::move(tree));
+}
+
+JsonDocument::State JsonDocument::state() const
+{
+    return tree_->state;
+}
+
+const std::string& JsonDocument::path() const
+{
+    return tree_->path;
+}
+
+const std::string& JsonDocument::source() const
+{
+    return tree_->source;
+}
+
+JsonValue JsonDocument::root() const
+{
+    return {tree_.get(), tree_->state == State::Good ? &tree_->root : nullptr, {}};
+}
+
+void JsonDocument::rejectUnknownKeys()
+{
+    if (tree_->state == State::Good)
+        collectUnknown(*tree_, tree_->root, {});
+}
+
+std::vector<JsonProblem> JsonDocument::problems() const
+{
+    std::vector<JsonProblem> sorted = tree_->problems;
+    std::stable_sort(sorted.begin(), sorted.end(),
+                     [](const JsonProblem& a, const JsonProblem& b) { return a.line < b.line; });
+    return sorted;
+}
+
+} // namespace base

@@ -1,0 +1,186 @@
+#include <algorithm>
+#include <utility>
+
+#include <nlohmann/json.hpp>
+
+#include "base/json_tree.h"
+
+namespace base {
+
+std::string place(const std::string& file, const JsonProblem& problem)
+{
+    return problem.line > 0 ? file + ':' + std::to_string(problem.line) : file;
+}
+
+std::string sentence(const JsonProblem& problem)
+{
+    std::string text = problem.key.empty() ? "" : problem.key + ": ";
+    text += "expected " + problem.expected + ", found " + problem.found;
+    return problem.used.empty() ? text : text + "; using " + problem.used + " instead";
+}
+
+std::string describe(const std::string& file, const JsonProblem& problem)
+{
+    return place(file, problem) + ": " + sentence(problem);
+}
+
+std::string memberKey(const std::string& key, const std::string& name)
+{
+    return key.empty() ? name : key + '.' + name;
+}
+
+std::string literalOf(const std::string& text)
+{
+    constexpr std::size_t longest = 60;
+    using Json = nlohmann::json;
+    const Json value = text.size() > longest ? text.substr(0, longest) : text;
+    const std::string literal = value.dump(-1, ' ', false, Json::error_handler_t::ignore);
+    return text.size() > longest ? literal + "..." : literal;
+}
+
+JsonMember* JsonNode::find(const std::string& name)
+{
+    const auto found = index.find(name);
+    return found == index.end() ? nullptr : &members[found->second];
+}
+
+JsonMember& JsonNode::add(const std::string& name, int nameLine)
+{
+    index.emplace(name, members.size());
+    members.push_back({name, nameLine, {}});
+    return members.back();
+}
+
+void JsonTree::report(int line, std::string key, std::string expected, std::string found,
+                      std::string used)
+{
+    problems.push_back(
+        {line, std::move(key), std::move(expected), std::move(found), std::move(used)});
+}
+
+JsonValue::JsonValue(JsonTree* tree, JsonNode* node, std::string key)
+    : tree_(tree), node_(node), key_(std::move(key))
+{}
+
+JsonKind JsonValue::kind() const
+{
+    return node_ ? node_->kind : JsonKind::Absent;
+}
+
+int JsonValue::line() const
+{
+    return node_ ? node_->line : 0;
+}
+
+std::string JsonValue::description() const
+{
+    switch (kind()) {
+    case JsonKind::Absent:
+        return "nothing";
+    case JsonKind::Null:
+        return "null";
+    case JsonKind::Truth:
+        return node_->truth ? "true" : "false";
+    case JsonKind::Integer:
+    case JsonKind::Number:
+        return "the number " + node_->text;
+    case JsonKind::Text:
+        return "the text " + literalOf(node_->text);
+    case JsonKind::Array:
+        return "an array";
+    case JsonKind::Object:
+        return "an object";
+    }
+    return {};
+}
+
+void JsonValue::reject(const std::string& expected, const std::string& used) const
+{
+    tree_->report(line(), key_, expected, description(), used);
+}
+
+bool JsonValue::is(JsonKind wanted, const std::string& expected, const std::string& used) const
+{
+    if (kind() == wanted)
+        return true;
+    if (present())
+        reject(expected, used);
+    return false;
+}
+
+JsonValue JsonValue::at(const std::string& name) const
+{
+    if (kind() == JsonKind::Object) {
+        if (std::find(node_->asked.begin(), node_->asked.end(), name) == node_->asked.end())
+            node_->asked.push_back(name);
+        JsonMember* member = node_->find(name);
+        return {tree_, member ? &member->value : nullptr, memberKey(key_, name)};
+    }
+    if (node_ && !std::exchange(node_->objectReported, true))
+        reject("an object", "an empty one");
+    return {tree_, nullptr, memberKey(key_, name)};
+}
+
+std::vector<std::pair<std::string, JsonValue>> JsonValue::members() const
+{
+    std::vector<std::pair<std::string, JsonValue>> all;
+    if (kind() == JsonKind::Object) {
+        node_->allKnown = true;
+        for (JsonMember& member : node_->members)
+            all.emplace_back(member.name,
+                             JsonValue(tree_, &member.value, memberKey(key_, member.name)));
+    } else if (node_ && !std::exchange(node_->objectReported, true)) {
+        reject("an object", "an empty one");
+    }
+    return all;
+}
+
+std::vector<JsonValue> JsonValue::elements() const
+{
+    std::vector<JsonValue> all;
+    if (!is(JsonKind::Array, "an array", "an empty one"))
+        return all;
+    for (JsonNode& element : node_->elements)
+        all.push_back(JsonValue(tree_, &element, key_ + '[' + std::to_string(all.size()) + ']'));
+    return all;
+}
+
+long long JsonValue::integer(long long low, long long high, long long fallback) const
+{
+    const std::string expected =
+        "an integer from " + std::to_string(low) + " to " + std::to_string(high);
+    const std::string used = std::to_string(fallback);
+    if (!is(JsonKind::Integer, expected, used))
+        return fallback;
+    if (node_->integer >= low && node_->integer <= high)
+        return node_->integer;
+    reject(expected, used);
+    return fallback;
+}
+
+std::string JsonValue::text(const std::string& fallback) const
+{
+    return is(JsonKind::Text, "a text", literalOf(fallback)) ? node_->text : fallback;
+}
+
+std::string JsonValue::choice(const std::vector<std::string>& choices,
+                              const std::string& fallback) const
+{
+    std::string expected = "one of the texts ";
+    for (const std::string& one : choices)
+        expected += (&one == choices.data() ? "" : ", ") + literalOf(one);
+    if (!is(JsonKind::Text, expected, literalOf(fallback)))
+        return fallback;
+    if (std::find(choices.begin(), choices.end(), node_->text) != choices.end())
+        return node_->text;
+    reject(expected, literalOf(fallback));
+    return fallback;
+}
+
+bool JsonValue::truth(bool fallback) const
+{
+    return is(JsonKind::Truth, "true or false", fallback ? "true" : "false") ? node_->truth
+                                                                             : fallback;
+}
+
+} // namespace base
