@@ -49,12 +49,17 @@ function(vorn_add_test name)
   set(env "QT_QPA_PLATFORM=offscreen" "LC_ALL=C.UTF-8" "QT_LOGGING_RULES="
     "LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/lsan.supp:print_suppressions=0"
     "UBSAN_OPTIONS=print_stacktrace=1" ${T_ENV})
-  # A semicolon-separated environment does not survive the discovery step unescaped.
-  string(REPLACE ";" "\\;" env_escaped "${env}")
-  set(serial "")
+  set(properties TIMEOUT ${T_TIMEOUT})
   if(T_SERIAL)
-    set(serial RUN_SERIAL TRUE)
+    list(APPEND properties RUN_SERIAL TRUE)
   endif()
-  gtest_discover_tests(${name} TEST_PREFIX "${name}/" DISCOVERY_TIMEOUT 60
-    PROPERTIES TIMEOUT ${T_TIMEOUT} LABELS "${T_LABELS}" ENVIRONMENT "${env_escaped}" ${serial})
+  gtest_discover_tests(${name} TEST_PREFIX "${name}/" TEST_LIST ${name}_list DISCOVERY_TIMEOUT 60
+    PROPERTIES ${properties})
+  # Properties that are lists do not survive the discovery step; CTest sets them when it has read the
+  # tests.
+  set(script "${CMAKE_CURRENT_BINARY_DIR}/${name}_properties.cmake")
+  file(WRITE "${script}" "if(${name}_list)\n"
+    "  set_tests_properties(\${${name}_list} PROPERTIES\n"
+    "    ENVIRONMENT [==[${env}]==] LABELS [==[${T_LABELS}]==])\nendif()\n")
+  set_property(DIRECTORY APPEND PROPERTY TEST_INCLUDE_FILES "${script}")
 endfunction()
