@@ -247,7 +247,7 @@ VORN_PLATFORM_API int NAPI_GetDeviceInfo(int linkId, int item, void* buffer, int
 // Makes the system name resolver use the link's name servers: those of its profile, else those that
 // the network gave; writes etc/resolv.conf below the root. Result: 0. Errors:
 // NAPI_ERR_NOT_INITIALISED, NAPI_ERR_NO_LINK, NAPI_ERR_LINK_NOT_UP, NAPI_ERR_MEMORY_FULL,
-// NAPI_ERR_ACCESS, NAPI_ERR_IO, NAPI_ERR_ROOT.
+// NAPI_ERR_ACCESS, NAPI_ERR_IO, NAPI_ERR_ROOT, NAPI_ERR_RESOURCES.
 VORN_PLATFORM_API int NAPI_DnsResolverConfig(int linkId);
 
 // Lists the stored profiles, sorted by name (byte by byte). With a null `buffer` the number of

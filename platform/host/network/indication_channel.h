@@ -1,0 +1,45 @@
+// The way of the indications to one receiver: a socket, and the messages that still wait for room.
+#ifndef NETWORK_INDICATION_CHANNEL_H
+#define NETWORK_INDICATION_CHANNEL_H
+
+#include <cstddef>
+#include <cstdint>
+#include <map>
+
+#include "napi.h"
+
+namespace network {
+
+class IndicationChannel
+{
+public:
+    // Takes the descriptor: a connected stream socket.
+    explicit IndicationChannel(int descriptor) : m_descriptor(descriptor) {}
+    ~IndicationChannel();
+    IndicationChannel(const IndicationChannel&) = delete;
+    IndicationChannel& operator=(const IndicationChannel&) = delete;
+
+    // Puts a message at the end of the queue. Numbers rise from message to message.
+    void enqueue(uint64_t number, const NapiIndication& message);
+
+    // Takes back a message that has not begun to be written; one that has begun is written to its
+    // end, because the receiver relies on whole messages.
+    void withdraw(uint64_t number);
+
+    // Writes what the socket takes without waiting. False when the receiver has gone.
+    bool flush();
+
+    bool waiting() const { return !m_queue.empty(); }
+    int descriptor() const { return m_descriptor; }
+
+private:
+    void drop(size_t bytes);
+
+    int m_descriptor;
+    std::map<uint64_t, NapiIndication> m_queue;
+    size_t m_begun = 0; // bytes of the first message that are written already
+};
+
+} // namespace network
+
+#endif

@@ -1,0 +1,96 @@
+#include "network/machine_bearer.h"
+
+#include <algorithm>
+#include <cerrno>
+
+#include <net/if.h>
+
+#include "network/machine_choice.h"
+
+namespace network {
+
+int MachineBearer::start()
+{
+    m_checkDue = !m_up.empty();
+    int error = m_watch.open();
+    // Where the kernel offers no netlink, other bearers still work; openings on this one will fail.
+    bool exhausted = error == EMFILE || error == ENFILE || error == ENOMEM || error == ENOBUFS;
+    return exhausted ? error : 0;
+}
+
+void MachineBearer::stop()
+{
+    m_watch.close();
+}
+
+void MachineBearer::open(const Opening& opening)
+{
+    Interfaces interfaces;
+    if (int error = interfaces.read()) {
+        m_listener.linkFailed(opening.link, NAPI_CAUSE_NO_SERVICE_DAEMON, error);
+        return;
+    }
+    MachineChoice choice = chooseInterface(opening.record, *opening.config, interfaces);
+    if (choice.cause != NAPI_CAUSE_NONE) {
+        m_listener.linkFailed(opening.link, choice.cause, choice.detail);
+        return;
+    }
+    m_up[opening.link] = choice.device;
+    m_listener.linkUp(opening.link, choice.device);
+}
+
+void MachineBearer::close(int link)
+{
+    m_up.erase(link);
+}
+
+// Changes of the machine's network are nobody's business while no link stands on it.
+int MachineBearer::descriptor() const
+{
+    return m_up.empty() ? -1 : m_watch.descriptor();
+}
+
+void MachineBearer::descriptorReady()
+{
+    if (m_watch.drain())
+        checkLinks();
+}
+
+Clock::time_point MachineBearer::nextDeadline() const
+{
+    return m_checkDue ? Clock::time_point::min() : kNever;
+}
+
+void MachineBearer::deadlinePassed(Clock::time_point)
+{
+    if (m_checkDue)
+        checkLinks();
+}
+
+static bool stillThere(const Device& device, const Interfaces& interfaces)
+{
+    const Interface* interface = interfaces.find(device.name);
+    if (!interface || !(interface->flags & IFF_UP))
+        return false;
+    const auto& addresses = interface->addresses;
+    return std::find(addresses.begin(), addresses.end(), device.address) != addresses.end();
+}
+
+void MachineBearer::checkLinks()
+{
+    m_checkDue = false;
+    Interfaces interfaces;
+    if (interfaces.read() != 0)
+        return;
+    std::vector<int> gone;
+    for (const auto& [link, device] : m_up) {
+        if (!stillThere(device, interfaces))
+            gone.push_back(link);
+    }
+    for (int link : gone) {
+        m_up.erase(link);
+        m_listener.linkBroken(link);
+    }
+}
+
+} // namespace network
