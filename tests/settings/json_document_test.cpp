@@ -98,13 +98,13 @@ static void PrintTo(const WrongValue& row, std::ostream* out)
 class WrongKind : public testing::TestWithParam<WrongValue>
 {
 protected:
-    JsonDocument document_ = parsed(std::string("{\n\"a\": ") + GetParam().text + "\n}");
-    JsonValue value_ = document_.root().at("a");
+    JsonDocument m_document = parsed(std::string("{\n\"a\": ") + GetParam().text + "\n}");
+    JsonValue m_value = m_document.root().at("a");
 
     void expectTold(const std::string& expected, const std::string& used) const
     {
-        EXPECT_EQ(told(document_), Lines{"a.json:2: a: expected " + expected + ", found " +
-                                         GetParam().found + "; using " + used + " instead"});
+        EXPECT_EQ(told(m_document), Lines{"a.json:2: a: expected " + expected + ", found " +
+                                          GetParam().found + "; using " + used + " instead"});
     }
 };
 
@@ -122,7 +122,7 @@ static std::string rowName(const testing::TestParamInfo<WrongValue>& row)
 
 TEST_P(NoInteger, GivesTheFallbackAndIsReported)
 {
-    EXPECT_EQ(value_.integer(-5, 10, 3), 3);
+    EXPECT_EQ(m_value.integer(-5, 10, 3), 3);
     expectTold("an integer from -5 to 10", "3");
 }
 
@@ -142,7 +142,7 @@ INSTANTIATE_TEST_SUITE_P(Values, NoInteger,
 
 TEST_P(NoText, GivesTheFallbackAndIsReported)
 {
-    EXPECT_EQ(value_.text("none"), "none");
+    EXPECT_EQ(m_value.text("none"), "none");
     expectTold("a text", "\"none\"");
 }
 
@@ -155,7 +155,7 @@ INSTANTIATE_TEST_SUITE_P(Values, NoText,
 
 TEST_P(NoTruth, GivesTheFallbackAndIsReported)
 {
-    EXPECT_TRUE(value_.truth(true));
+    EXPECT_TRUE(m_value.truth(true));
     expectTold("true or false", "true");
 }
 
@@ -166,7 +166,7 @@ INSTANTIATE_TEST_SUITE_P(Values, NoTruth,
 
 TEST_P(NoChoice, GivesTheFallbackAndIsReported)
 {
-    EXPECT_EQ(value_.choice({"machine", "scenario"}, "machine"), "machine");
+    EXPECT_EQ(m_value.choice({"machine", "scenario"}, "machine"), "machine");
     expectTold("one of the texts \"machine\", \"scenario\"", "\"machine\"");
 }
 
@@ -178,7 +178,7 @@ INSTANTIATE_TEST_SUITE_P(Values, NoChoice,
 
 TEST_P(NoArray, IsEmptyAndIsReported)
 {
-    EXPECT_TRUE(value_.elements().empty());
+    EXPECT_TRUE(m_value.elements().empty());
     expectTold("an array", "an empty one");
 }
 
@@ -187,9 +187,9 @@ INSTANTIATE_TEST_SUITE_P(Values, NoArray, testing::Values(WrongValue{"Object", "
 
 TEST_P(NoObject, IsEmptyAndIsReportedOnce)
 {
-    EXPECT_FALSE(value_.at("x").present());
-    EXPECT_FALSE(value_.at("y").present());
-    EXPECT_TRUE(value_.members().empty());
+    EXPECT_FALSE(m_value.at("x").present());
+    EXPECT_FALSE(m_value.at("y").present());
+    EXPECT_TRUE(m_value.members().empty());
     expectTold("an object", "an empty one");
 }
 
@@ -337,16 +337,16 @@ TEST(JsonDocumentTest, KeepsItsValuesValidWhenItMoves)
 class JsonFile : public testing::Test
 {
 protected:
-    void SetUp() override { ASSERT_NE(::mkdtemp(folder_), nullptr); }
+    void SetUp() override { ASSERT_NE(::mkdtemp(m_folder), nullptr); }
     void TearDown() override
     {
         std::remove(path().c_str());
-        ::rmdir(folder_);
+        ::rmdir(m_folder);
     }
-    std::string path() const { return std::string(folder_) + "/f.json"; }
+    std::string path() const { return std::string(m_folder) + "/f.json"; }
     void write(const std::string& text) const { std::ofstream(path()) << text; }
 
-    char folder_[32] = "/tmp/json-document-XXXXXX";
+    char m_folder[32] = "/tmp/json-document-XXXXXX";
 };
 
 TEST_F(JsonFile, ReadsAFile)
@@ -369,10 +369,10 @@ TEST_F(JsonFile, ThatIsMissingIsNoProblem)
 
 TEST_F(JsonFile, ThatIsAFolderIsReported)
 {
-    const JsonDocument document = JsonDocument::read(folder_, "no settings");
+    const JsonDocument document = JsonDocument::read(m_folder, "no settings");
     EXPECT_EQ(document.state(), JsonDocument::State::Unreadable);
-    EXPECT_EQ(told(document), Lines{std::string(folder_) + ": expected a readable file, found a "
-                                                           "folder; using no settings instead"});
+    EXPECT_EQ(told(document), Lines{std::string(m_folder) + ": expected a readable file, found a "
+                                                            "folder; using no settings instead"});
 }
 
 TEST_F(JsonFile, ThatIsAPipeIsReportedWithoutWaiting)

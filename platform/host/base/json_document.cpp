@@ -14,7 +14,7 @@ namespace base {
 
 namespace {
 
-constexpr off_t maximumSize = 4 * 1024 * 1024;
+constexpr off_t kMaximumSize = 4 * 1024 * 1024;
 
 std::string readAll(int descriptor, std::string& bytes)
 {
@@ -27,7 +27,7 @@ std::string readAll(int descriptor, std::string& bytes)
             return std::strerror(errno);
         if (got > 0)
             bytes.append(block, static_cast<std::size_t>(got));
-        if (bytes.size() > static_cast<std::size_t>(maximumSize))
+        if (bytes.size() > static_cast<std::size_t>(kMaximumSize))
             return "more than 4 MiB";
     }
 }
@@ -72,7 +72,7 @@ void collectUnknown(JsonTree& tree, const JsonNode& node, const std::string& key
 
 } // namespace
 
-JsonDocument::JsonDocument(std::unique_ptr<JsonTree> tree) : tree_(std::move(tree)) {}
+JsonDocument::JsonDocument(std::unique_ptr<JsonTree> tree) : m_tree(std::move(tree)) {}
 JsonDocument::JsonDocument(JsonDocument&&) noexcept = default;
 JsonDocument& JsonDocument::operator=(JsonDocument&&) noexcept = default;
 JsonDocument::~JsonDocument() = default;
@@ -104,33 +104,33 @@ JsonDocument JsonDocument::parse(const std::string& text, const std::string& pat
 
 JsonDocument::State JsonDocument::state() const
 {
-    return tree_->state;
+    return m_tree->state;
 }
 
 const std::string& JsonDocument::path() const
 {
-    return tree_->path;
+    return m_tree->path;
 }
 
 const std::string& JsonDocument::source() const
 {
-    return tree_->source;
+    return m_tree->source;
 }
 
 JsonValue JsonDocument::root() const
 {
-    return {tree_.get(), tree_->state == State::Good ? &tree_->root : nullptr, {}};
+    return {m_tree.get(), m_tree->state == State::Good ? &m_tree->root : nullptr, {}};
 }
 
 void JsonDocument::rejectUnknownKeys()
 {
-    if (tree_->state == State::Good)
-        collectUnknown(*tree_, tree_->root, {});
+    if (m_tree->state == State::Good)
+        collectUnknown(*m_tree, m_tree->root, {});
 }
 
 std::vector<JsonProblem> JsonDocument::problems() const
 {
-    std::vector<JsonProblem> sorted = tree_->problems;
+    std::vector<JsonProblem> sorted = m_tree->problems;
     std::stable_sort(sorted.begin(), sorted.end(),
                      [](const JsonProblem& a, const JsonProblem& b) { return a.line < b.line; });
     return sorted;

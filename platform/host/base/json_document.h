@@ -58,7 +58,7 @@ public:
     int line() const;
 
     // Where the value stands, as in JsonProblem::key.
-    const std::string& key() const { return key_; }
+    const std::string& key() const { return m_key; }
 
     // The member `name` of this object; absent when there is none. Asking makes the name known to
     // rejectUnknownKeys().
@@ -94,9 +94,9 @@ private:
     JsonValue(JsonTree* tree, JsonNode* node, std::string key);
     bool is(JsonKind wanted, const std::string& expected, const std::string& used) const;
 
-    JsonTree* tree_;
-    JsonNode* node_;
-    std::string key_;
+    JsonTree* m_tree;
+    JsonNode* m_node;
+    std::string m_key;
 };
 
 // One file. Movable; its values stay valid when it moves.
@@ -142,7 +142,7 @@ public:
 private:
     explicit JsonDocument(std::unique_ptr<JsonTree> tree);
 
-    std::unique_ptr<JsonTree> tree_;
+    std::unique_ptr<JsonTree> m_tree;
 };
 
 } // namespace base

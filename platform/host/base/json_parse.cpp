@@ -12,7 +12,7 @@ using nlohmann::json;
 namespace {
 
 // How deep arrays and objects may be nested; the tree is taken down recursively.
-constexpr std::size_t maximumDepth = 100;
+constexpr std::size_t kMaximumDepth = 100;
 
 // Counts the lines as the parser consumes the text. The parser looks one character past a number,
 // so the newline consumed last is not counted yet; no token ends in a newline.
@@ -39,11 +39,11 @@ public:
     using pointer = const char*;
     using reference = const char&;
 
-    CountingIterator(const char* at, Progress* progress) : at_(at), progress_(progress) {}
-    reference operator*() const { return *at_; }
+    CountingIterator(const char* at, Progress* progress) : m_at(at), m_progress(progress) {}
+    reference operator*() const { return *m_at; }
     CountingIterator& operator++()
     {
-        progress_->consumed = ++at_;
+        m_progress->consumed = ++m_at;
         return *this;
     }
     CountingIterator operator++(int)
@@ -52,12 +52,12 @@ public:
         ++*this;
         return before;
     }
-    bool operator==(const CountingIterator& other) const { return at_ == other.at_; }
-    bool operator!=(const CountingIterator& other) const { return at_ != other.at_; }
+    bool operator==(const CountingIterator& other) const { return m_at == other.m_at; }
+    bool operator!=(const CountingIterator& other) const { return m_at != other.m_at; }
 
 private:
-    const char* at_;
-    Progress* progress_;
+    const char* m_at;
+    Progress* m_progress;
 };
 
 // Builds the tree from the parser's events; the names of the functions are the parser's.
@@ -65,7 +65,7 @@ class TreeBuilder
 {
 public:
     TreeBuilder(JsonTree& tree, Progress& progress, const std::string& used)
-        : tree_(tree), progress_(progress), used_(used)
+        : m_tree(tree), m_progress(progress), m_used(used)
     {}
 
     bool null() { return add(JsonKind::Null) != nullptr; }
@@ -107,16 +107,17 @@ public:
 
     bool key(json::string_t& name)
     {
-        JsonNode& object = *open_.back().node;
-        const int line = progress_.currentLine();
+        JsonNode& object = *m_open.back().node;
+        const int line = m_progress.currentLine();
         if (JsonMember* first = object.find(name)) {
-            tree_.report(line, memberKey(open_.back().key, name), "each key once",
-                         "the key again after line " + std::to_string(first->line), "the last one");
+            m_tree.report(line, memberKey(m_open.back().key, name), "each key once",
+                          "the key again after line " + std::to_string(first->line),
+                          "the last one");
             first->line = line;
-            current_ = first;
+            m_current = first;
             return true;
         }
-        current_ = &object.add(name, line);
+        m_current = &object.add(name, line);
         return true;
     }
 
@@ -145,55 +146,55 @@ private:
 
     bool fail(const std::string& expected, const std::string& found)
     {
-        tree_.report(progress_.currentLine(), {}, expected, found, used_);
+        m_tree.report(m_progress.currentLine(), {}, expected, found, m_used);
         return false;
     }
 
     JsonNode* add(JsonKind kind)
     {
-        JsonNode* node = &tree_.root;
-        if (!open_.empty() && open_.back().node->kind == JsonKind::Array) {
-            open_.back().node->elements.emplace_back();
-            node = &open_.back().node->elements.back();
-        } else if (!open_.empty()) {
-            node = &current_->value;
+        JsonNode* node = &m_tree.root;
+        if (!m_open.empty() && m_open.back().node->kind == JsonKind::Array) {
+            m_open.back().node->elements.emplace_back();
+            node = &m_open.back().node->elements.back();
+        } else if (!m_open.empty()) {
+            node = &m_current->value;
         }
         *node = JsonNode();
         node->kind = kind;
-        node->line = progress_.currentLine();
+        node->line = m_progress.currentLine();
         return node;
     }
 
     bool open(JsonKind kind)
     {
-        if (open_.size() == maximumDepth)
-            return fail("at most " + std::to_string(maximumDepth) + " levels of nesting", "more");
+        if (m_open.size() == kMaximumDepth)
+            return fail("at most " + std::to_string(kMaximumDepth) + " levels of nesting", "more");
         std::string key = openingKey();
-        open_.push_back({add(kind), std::move(key)});
+        m_open.push_back({add(kind), std::move(key)});
         return true;
     }
 
     std::string openingKey() const
     {
-        if (open_.empty())
+        if (m_open.empty())
             return {};
-        const Open& outer = open_.back();
+        const Open& outer = m_open.back();
         if (outer.node->kind == JsonKind::Array)
             return outer.key + '[' + std::to_string(outer.node->elements.size()) + ']';
-        return memberKey(outer.key, current_->name);
+        return memberKey(outer.key, m_current->name);
     }
 
     bool close()
     {
-        open_.pop_back();
+        m_open.pop_back();
         return true;
     }
 
-    JsonTree& tree_;
-    Progress& progress_;
-    const std::string& used_;
-    std::vector<Open> open_;
-    JsonMember* current_ = nullptr; // the member whose value comes next
+    JsonTree& m_tree;
+    Progress& m_progress;
+    const std::string& m_used;
+    std::vector<Open> m_open;
+    JsonMember* m_current = nullptr; // the member whose value comes next
 };
 
 } // namespace

@@ -31,11 +31,11 @@ std::string memberKey(const std::string& key, const std::string& name)
 
 std::string literalOf(const std::string& text)
 {
-    constexpr std::size_t longest = 60;
+    constexpr std::size_t kLongest = 60;
     using Json = nlohmann::json;
-    const Json value = text.size() > longest ? text.substr(0, longest) : text;
+    const Json value = text.size() > kLongest ? text.substr(0, kLongest) : text;
     const std::string literal = value.dump(-1, ' ', false, Json::error_handler_t::ignore);
-    return text.size() > longest ? literal + "..." : literal;
+    return text.size() > kLongest ? literal + "..." : literal;
 }
 
 JsonMember* JsonNode::find(const std::string& name)
@@ -59,17 +59,17 @@ void JsonTree::report(int line, std::string key, std::string expected, std::stri
 }
 
 JsonValue::JsonValue(JsonTree* tree, JsonNode* node, std::string key)
-    : tree_(tree), node_(node), key_(std::move(key))
+    : m_tree(tree), m_node(node), m_key(std::move(key))
 {}
 
 JsonKind JsonValue::kind() const
 {
-    return node_ ? node_->kind : JsonKind::Absent;
+    return m_node ? m_node->kind : JsonKind::Absent;
 }
 
 int JsonValue::line() const
 {
-    return node_ ? node_->line : 0;
+    return m_node ? m_node->line : 0;
 }
 
 std::string JsonValue::description() const
@@ -80,12 +80,12 @@ std::string JsonValue::description() const
     case JsonKind::Null:
         return "null";
     case JsonKind::Truth:
-        return node_->truth ? "true" : "false";
+        return m_node->truth ? "true" : "false";
     case JsonKind::Integer:
     case JsonKind::Number:
-        return "the number " + node_->text;
+        return "the number " + m_node->text;
     case JsonKind::Text:
-        return "the text " + literalOf(node_->text);
+        return "the text " + literalOf(m_node->text);
     case JsonKind::Array:
         return "an array";
     case JsonKind::Object:
@@ -96,7 +96,7 @@ std::string JsonValue::description() const
 
 void JsonValue::reject(const std::string& expected, const std::string& used) const
 {
-    tree_->report(line(), key_, expected, description(), used);
+    m_tree->report(line(), m_key, expected, description(), used);
 }
 
 bool JsonValue::is(JsonKind wanted, const std::string& expected, const std::string& used) const
@@ -111,25 +111,25 @@ bool JsonValue::is(JsonKind wanted, const std::string& expected, const std::stri
 JsonValue JsonValue::at(const std::string& name) const
 {
     if (kind() == JsonKind::Object) {
-        if (std::find(node_->asked.begin(), node_->asked.end(), name) == node_->asked.end())
-            node_->asked.push_back(name);
-        JsonMember* member = node_->find(name);
-        return {tree_, member ? &member->value : nullptr, memberKey(key_, name)};
+        if (std::find(m_node->asked.begin(), m_node->asked.end(), name) == m_node->asked.end())
+            m_node->asked.push_back(name);
+        JsonMember* member = m_node->find(name);
+        return {m_tree, member ? &member->value : nullptr, memberKey(m_key, name)};
     }
-    if (node_ && !std::exchange(node_->objectReported, true))
+    if (m_node && !std::exchange(m_node->objectReported, true))
         reject("an object", "an empty one");
-    return {tree_, nullptr, memberKey(key_, name)};
+    return {m_tree, nullptr, memberKey(m_key, name)};
 }
 
 std::vector<std::pair<std::string, JsonValue>> JsonValue::members() const
 {
     std::vector<std::pair<std::string, JsonValue>> all;
     if (kind() == JsonKind::Object) {
-        node_->allKnown = true;
-        for (JsonMember& member : node_->members)
+        m_node->allKnown = true;
+        for (JsonMember& member : m_node->members)
             all.emplace_back(member.name,
-                             JsonValue(tree_, &member.value, memberKey(key_, member.name)));
-    } else if (node_ && !std::exchange(node_->objectReported, true)) {
+                             JsonValue(m_tree, &member.value, memberKey(m_key, member.name)));
+    } else if (m_node && !std::exchange(m_node->objectReported, true)) {
         reject("an object", "an empty one");
     }
     return all;
@@ -140,8 +140,8 @@ std::vector<JsonValue> JsonValue::elements() const
     std::vector<JsonValue> all;
     if (!is(JsonKind::Array, "an array", "an empty one"))
         return all;
-    for (JsonNode& element : node_->elements)
-        all.push_back(JsonValue(tree_, &element, key_ + '[' + std::to_string(all.size()) + ']'));
+    for (JsonNode& element : m_node->elements)
+        all.push_back(JsonValue(m_tree, &element, m_key + '[' + std::to_string(all.size()) + ']'));
     return all;
 }
 
@@ -152,15 +152,15 @@ long long JsonValue::integer(long long low, long long high, long long fallback) 
     const std::string used = std::to_string(fallback);
     if (!is(JsonKind::Integer, expected, used))
         return fallback;
-    if (node_->integer >= low && node_->integer <= high)
-        return node_->integer;
+    if (m_node->integer >= low && m_node->integer <= high)
+        return m_node->integer;
     reject(expected, used);
     return fallback;
 }
 
 std::string JsonValue::text(const std::string& fallback) const
 {
-    return is(JsonKind::Text, "a text", literalOf(fallback)) ? node_->text : fallback;
+    return is(JsonKind::Text, "a text", literalOf(fallback)) ? m_node->text : fallback;
 }
 
 std::string JsonValue::choice(const std::vector<std::string>& choices,
@@ -171,15 +171,15 @@ std::string JsonValue::choice(const std::vector<std::string>& choices,
         expected += (&one == choices.data() ? "" : ", ") + literalOf(one);
     if (!is(JsonKind::Text, expected, literalOf(fallback)))
         return fallback;
-    if (std::find(choices.begin(), choices.end(), node_->text) != choices.end())
-        return node_->text;
+    if (std::find(choices.begin(), choices.end(), m_node->text) != choices.end())
+        return m_node->text;
     reject(expected, literalOf(fallback));
     return fallback;
 }
 
 bool JsonValue::truth(bool fallback) const
 {
-    return is(JsonKind::Truth, "true or false", fallback ? "true" : "false") ? node_->truth
+    return is(JsonKind::Truth, "true or false", fallback ? "true" : "false") ? m_node->truth
                                                                              : fallback;
 }
 
