@@ -1,0 +1,220 @@
+#include <ypopup.h>
+
+#include <QCloseEvent>
+#include <QEventLoop>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPainter>
+#include <QPainterPath>
+#include <QPointer>
+
+#include <yglobal.h>
+#include <ysoftkey.h>
+
+#include "ybusy.h"
+#include "yscreen.h"
+#include "ytheme.h"
+
+namespace {
+
+QLabel* makeLine(QWidget* parent, const QFont& font)
+{
+    auto* line = new QLabel(parent);
+    line->setTextFormat(Qt::PlainText);
+    line->setWordWrap(true);
+    line->setFont(font);
+    line->hide();
+    return line;
+}
+
+// The corners at the top are round; at the bottom the popup ends with the screen.
+QPainterPath outline(const QRect& rect)
+{
+    QPainterPath path;
+    path.addRoundedRect(QRectF(rect).adjusted(0, 0, 0, YTheme::radius), YTheme::radius,
+                        YTheme::radius);
+    return path;
+}
+
+// Sets the line's place below `top` and returns its lower edge.
+int placeLine(QLabel* line, int top, int width)
+{
+    if (line->isHidden())
+        return top;
+    const int inner = width - 2 * YTheme::margin;
+    const int height = line->heightForWidth(inner);
+    line->setGeometry(YTheme::margin, top + YTheme::margin / 2, inner, height);
+    return top + height + YTheme::margin;
+}
+
+} // namespace
+
+struct YPopup::Private
+{
+    QLabel* title = nullptr;
+    QLabel* instruction = nullptr;
+    YSoftKey* softKey = nullptr;
+    YBusy* busy = nullptr;
+    QEventLoop* loop = nullptr;
+    int result = Cancelled;
+    int headerBottom = 0;
+};
+
+YPopup::YPopup(int /*type*/, QWidget* parent, const char* name, bool modal, int style,
+               int /*reserved*/)
+    : QWidget(YScreen::instance()), d(new Private)
+{
+    if (name)
+        setObjectName(QString::fromUtf8(name));
+    YScreen::instance()->addLayer(this, parent, YScreen::Kind::Popup, modal);
+    d->title = makeLine(this, YTheme::titleFont());
+    d->instruction = makeLine(this, YTheme::bodyFont());
+    d->softKey = new YSoftKey("CST_2A", this, this);
+    d->softKey->setClickedSlot(YSoftKey::Left, this, SLOT(accept()));
+    d->softKey->setClickedSlot(YSoftKey::Right, this, SLOT(reject()));
+    if (style == ProgressStyle)
+        d->busy = new YBusy(this);
+    setGeometry(YGlobal::getDlgSmallR());
+}
+
+YPopup::~YPopup()
+{
+    YScreen::removeLayer(this);
+    if (d->loop)
+        d->loop->exit();
+    delete d;
+}
+
+int YPopup::exec()
+{
+    if (d->loop)
+        return Cancelled;
+    QEventLoop loop;
+    QPointer<YPopup> self(this);
+    d->loop = &loop;
+    d->result = Cancelled;
+    show();
+    loop.exec();
+    if (!self)
+        return Cancelled;
+    d->loop = nullptr;
+    // The application may have quit with the popup still on the screen.
+    hide();
+    return self ? d->result : Cancelled;
+}
+
+void YPopup::setTitle(const QString& title)
+{
+    d->title->setText(title);
+    d->title->setHidden(title.isEmpty());
+    setAccessibleName(title);
+    layoutParts();
+}
+
+QString YPopup::title() const
+{
+    return d->title->text();
+}
+
+void YPopup::setInstructText(const QString& text)
+{
+    d->instruction->setText(text);
+    d->instruction->setHidden(text.isEmpty());
+    setAccessibleDescription(text);
+    layoutParts();
+}
+
+QString YPopup::instructText() const
+{
+    return d->instruction->text();
+}
+
+YSoftKey* YPopup::getSoftKey() const
+{
+    return d->softKey;
+}
+
+QRect YPopup::contentsR() const
+{
+    return rect().adjusted(0, d->headerBottom, 0, -YTheme::softKeyHeight);
+}
+
+void YPopup::accept()
+{
+    done(Accepted);
+}
+
+void YPopup::reject()
+{
+    done(Cancelled);
+}
+
+void YPopup::done(int result)
+{
+    d->result = result;
+    hide();
+}
+
+void YPopup::layoutContents() {}
+
+void YPopup::showEvent(QShowEvent* event)
+{
+    layoutParts();
+    QWidget::showEvent(event);
+}
+
+void YPopup::hideEvent(QHideEvent* event)
+{
+    QWidget::hideEvent(event);
+    if (d->loop)
+        d->loop->exit();
+}
+
+void YPopup::closeEvent(QCloseEvent* event)
+{
+    event->accept();
+    reject();
+}
+
+void YPopup::keyPressEvent(QKeyEvent* event)
+{
+    // No key reaches what lies below.
+    event->accept();
+}
+
+void YPopup::mousePressEvent(QMouseEvent*) {}
+
+void YPopup::paintEvent(QPaintEvent*)
+{
+    const YTheme& theme = YTheme::current();
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.fillPath(outline(rect()), theme.surface);
+    if (d->title->isHidden())
+        return;
+    painter.setPen(theme.border);
+    painter.drawLine(0, d->headerBottom, width(), d->headerBottom);
+}
+
+void YPopup::resizeEvent(QResizeEvent*)
+{
+    layoutParts();
+}
+
+bool YPopup::focusNextPrevChild(bool next)
+{
+    YScreen::walkFocus(this, next);
+    return true;
+}
+
+void YPopup::layoutParts()
+{
+    d->softKey->setGeometry(0, height() - YTheme::softKeyHeight, width(), YTheme::softKeyHeight);
+    d->headerBottom = placeLine(d->instruction, placeLine(d->title, 0, width()), width());
+    if (d->busy) {
+        const QRect room = contentsR();
+        d->busy->move(room.center() - d->busy->rect().center());
+        d->busy->raise();
+    }
+    layoutContents();
+}

@@ -1,0 +1,290 @@
+#include "yscreen.h"
+
+#include <algorithm>
+#include <cstdio>
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QPainter>
+#include <QPointer>
+
+#include "ytheme.h"
+
+namespace {
+
+constexpr QSize usualSize(240, 320);
+constexpr int smallestSide = 160;
+constexpr int largestSide = 4096;
+
+YScreen* theScreen = nullptr;
+
+QSize sizeFromEnvironment()
+{
+    const QByteArray text = qgetenv("VORN_SCREEN");
+    int width = 0;
+    int height = 0;
+    int end = 0;
+    if (text.isEmpty())
+        return usualSize;
+    if (std::sscanf(text.constData(), "%4dx%4d%n", &width, &height, &end) == 2 &&
+        end == text.size() && std::min(width, height) >= smallestSide &&
+        std::max(width, height) <= largestSide)
+        return QSize(width, height);
+    qWarning("VORN_SCREEN=%s: expected WIDTHxHEIGHT with sides of %d to %d; 240x320 is used",
+             text.constData(), smallestSide, largestSide);
+    return usualSize;
+}
+
+void deleteScreen()
+{
+    delete theScreen;
+}
+
+// Dims what lies below a modal popup and takes the finger's input for it.
+class Shade : public QWidget
+{
+public:
+    using QWidget::QWidget;
+
+protected:
+    void paintEvent(QPaintEvent*) override
+    {
+        QPainter(this).fillRect(rect(), YTheme::current().shade);
+    }
+    void mousePressEvent(QMouseEvent*) override {}
+    void mouseReleaseEvent(QMouseEvent*) override {}
+    void mouseMoveEvent(QMouseEvent*) override {}
+    void wheelEvent(QWheelEvent* event) override { event->accept(); }
+};
+
+// Sits among the children of a layer's owner, so that the layer goes with them.
+class Anchor : public QObject
+{
+public:
+    Anchor(QObject* owner, QWidget* layer) : QObject(owner), held(layer) {}
+    ~Anchor() override { delete std::exchange(held, nullptr); }
+    void release() { held = nullptr; }
+
+private:
+    QWidget* held;
+};
+
+} // namespace
+
+struct YScreen::Layer
+{
+    QWidget* widget;
+    Kind kind;
+    bool modal;
+    QPointer<Anchor> anchor;
+};
+
+YScreen* YScreen::instance()
+{
+    if (!theScreen) {
+        YTheme::apply();
+        theScreen = new YScreen;
+        qAddPostRoutine(deleteScreen);
+    }
+    return theScreen;
+}
+
+YScreen::YScreen() : shade(new Shade(this))
+{
+    setFixedSize(sizeFromEnvironment());
+    setWindowTitle(QCoreApplication::applicationName());
+    shade->hide();
+    qApp->installEventFilter(this);
+    connect(qApp, SIGNAL(focusChanged(QWidget*, QWidget*)), this,
+            SLOT(keepFocus(QWidget*, QWidget*)));
+}
+
+YScreen::~YScreen()
+{
+    qRemovePostRoutine(deleteScreen);
+    theScreen = nullptr;
+    qApp->removeEventFilter(this);
+    stack.clear();
+    for (Layer* layer : layers) {
+        layer->widget->removeEventFilter(this);
+        layer->widget->setParent(nullptr);
+        delete layer;
+    }
+}
+
+void YScreen::addLayer(QWidget* layer, QWidget* owner, Kind kind, bool modal)
+{
+    layer->setParent(this);
+    layer->hide();
+    auto* entry = new Layer{layer, kind, modal, nullptr};
+    if (owner && owner != this)
+        entry->anchor = new Anchor(owner, layer);
+    layers.push_back(entry);
+    layer->installEventFilter(this);
+}
+
+void YScreen::removeLayer(QWidget* layer)
+{
+    if (theScreen)
+        theScreen->forget(layer);
+}
+
+void YScreen::forget(QWidget* widget)
+{
+    Layer* layer = find(widget);
+    if (!layer)
+        return;
+    widget->removeEventFilter(this);
+    hidden(layer);
+    layers.erase(std::find(layers.begin(), layers.end(), layer));
+    if (layer->anchor) {
+        layer->anchor->release();
+        delete layer->anchor;
+    }
+    delete layer;
+}
+
+QWidget* YScreen::activeLayer() const
+{
+    return stack.empty() ? nullptr : stack.back()->widget;
+}
+
+bool YScreen::walkFocus(QWidget* layer, bool next)
+{
+    QWidget* start = layer->focusWidget() ? layer->focusWidget() : layer;
+    QWidget* at = start;
+    do {
+        at = next ? at->nextInFocusChain() : at->previousInFocusChain();
+        if (at != layer && layer->isAncestorOf(at) && at->isEnabled() && at->isVisible() &&
+            (at->focusPolicy() & Qt::TabFocus)) {
+            at->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+            return true;
+        }
+    } while (at != start);
+    return false;
+}
+
+bool YScreen::eventFilter(QObject* watched, QEvent* event)
+{
+    switch (static_cast<int>(event->type())) {
+    case QEvent::ShowToParent:
+        if (Layer* layer = find(watched))
+            shown(layer);
+        break;
+    case QEvent::HideToParent:
+        if (Layer* layer = find(watched))
+            hidden(layer);
+        break;
+    case QEvent::FocusIn: {
+        // A widget below the active layer may be given the focus for later; it hears of it only
+        // when its layer is active again.
+        auto* widget = qobject_cast<QWidget*>(watched);
+        QWidget* active = activeLayer();
+        return widget && active && isAncestorOf(widget) && widget != active &&
+               !active->isAncestorOf(widget);
+    }
+    default:
+        break;
+    }
+    return false;
+}
+
+void YScreen::paintEvent(QPaintEvent*)
+{
+    QPainter(this).fillRect(rect(), YTheme::current().background);
+}
+
+// Closing the window is how a desktop says no to everything that is on the screen.
+void YScreen::closeEvent(QCloseEvent* event)
+{
+    QPointer<YScreen> self(this);
+    while (self && !stack.empty()) {
+        QPointer<QWidget> top(stack.back()->widget);
+        top->close();
+        if (self && top && activeLayer() == top)
+            top->hide();
+    }
+    event->accept();
+}
+
+void YScreen::resizeEvent(QResizeEvent*)
+{
+    shade->setGeometry(rect());
+}
+
+void YScreen::keepFocus(QWidget*, QWidget* now)
+{
+    QWidget* active = activeLayer();
+    if (!now || !active || !isAncestorOf(now) || now == active || active->isAncestorOf(now))
+        return;
+    focusActive();
+}
+
+void YScreen::closeWhenEmpty()
+{
+    if (stack.empty() && isWindow())
+        hide();
+}
+
+YScreen::Layer* YScreen::find(const QObject* widget) const
+{
+    const auto found = std::find_if(layers.begin(), layers.end(), [widget](const Layer* layer) {
+        return layer->widget == widget;
+    });
+    return found == layers.end() ? nullptr : *found;
+}
+
+void YScreen::shown(Layer* layer)
+{
+    stack.erase(std::remove(stack.begin(), stack.end(), layer), stack.end());
+    auto place = stack.end();
+    if (layer->kind == Kind::Page)
+        place = std::find_if(stack.begin(), stack.end(),
+                             [](const Layer* other) { return other->kind == Kind::Popup; });
+    stack.insert(place, layer);
+    restack();
+    if (isWindow() && !isVisible()) {
+        show();
+        activateWindow();
+    }
+    focusActive();
+}
+
+void YScreen::hidden(Layer* layer)
+{
+    const auto found = std::find(stack.begin(), stack.end(), layer);
+    if (found == stack.end())
+        return;
+    stack.erase(found);
+    restack();
+    focusActive();
+    // One dialog often follows another at once, so that the window waits for the next pass of the
+    // event loop before it goes.
+    if (stack.empty())
+        QMetaObject::invokeMethod(this, "closeWhenEmpty", Qt::QueuedConnection);
+}
+
+void YScreen::restack()
+{
+    const Layer* topModal = nullptr;
+    for (const Layer* layer : stack) {
+        layer->widget->raise();
+        if (layer->modal && layer->kind == Kind::Popup)
+            topModal = layer;
+    }
+    shade->setVisible(topModal);
+    if (topModal)
+        shade->stackUnder(topModal->widget);
+}
+
+void YScreen::focusActive()
+{
+    QWidget* active = activeLayer();
+    if (!active)
+        return;
+    QWidget* last = active->focusWidget();
+    if (last && last != active && last->isVisible() && last->isEnabled())
+        last->setFocus();
+    else if (!walkFocus(active, true))
+        active->setFocus();
+}

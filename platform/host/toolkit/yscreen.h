@@ -1,0 +1,66 @@
+// The phone's screen: one widget in which every page and popup is a layer.
+#ifndef YSCREEN_H
+#define YSCREEN_H
+
+#include <vector>
+
+#include <QWidget>
+
+#include "platform_export.h"
+
+// 240 by 320 logical pixels, or what VORN_SCREEN says (for instance "480x800"). It opens as a
+// window by itself with its first layer and closes with the last one; a program that plays the
+// phone puts it into a widget of its own instead. GUI thread only.
+class VORN_PLATFORM_API YScreen : public QWidget
+{
+    Q_OBJECT
+
+public:
+    // A page fills the screen and lies below every popup; a popup lies above what was shown before
+    // it.
+    enum class Kind { Page, Popup };
+
+    // The screen, made with the first call; it lives until the application object is deleted.
+    static YScreen* instance();
+    ~YScreen() override;
+
+    // Makes a hidden layer of `layer`. The screen does not own it: it is deleted with `owner` when
+    // there is one, and survives the screen otherwise.
+    void addLayer(QWidget* layer, QWidget* owner, Kind kind, bool modal);
+    // To be called by the destructor of a layer; the screen may be gone by then.
+    static void removeLayer(QWidget* layer);
+
+    // The layer that takes the keys, or null while none is shown.
+    QWidget* activeLayer() const;
+
+    // Moves the focus to the next or previous widget of one layer; false when it has no other.
+    static bool walkFocus(QWidget* layer, bool next);
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private slots:
+    void keepFocus(QWidget* before, QWidget* now);
+    void closeWhenEmpty();
+
+private:
+    struct Layer;
+
+    YScreen();
+    void forget(QWidget* layer);
+    Layer* find(const QObject* widget) const;
+    void shown(Layer* layer);
+    void hidden(Layer* layer);
+    void restack();
+    void focusActive();
+
+    std::vector<Layer*> layers;
+    std::vector<Layer*> stack; // those that are shown, the top one last
+    QWidget* shade;
+};
+
+#endif

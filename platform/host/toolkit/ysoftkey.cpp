@@ -1,0 +1,159 @@
+#include <ysoftkey.h>
+
+#include <array>
+#include <map>
+
+#include <QKeyEvent>
+#include <QPainter>
+#include <QPushButton>
+
+#include "ytheme.h"
+
+namespace {
+
+constexpr int buttonCount = 2;
+
+bool isButton(int button)
+{
+    return button >= 0 && button < buttonCount;
+}
+
+// The button that a phone key stands for, or -1.
+int buttonOfKey(int key)
+{
+    if (key == Qt::Key_F1)
+        return YSoftKey::Left;
+    if (key == Qt::Key_F2 || key == Qt::Key_Escape)
+        return YSoftKey::Right;
+    return -1;
+}
+
+QString fitting(const std::map<int, QString>& alternatives, const QPushButton& button)
+{
+    const QFontMetrics metrics = button.fontMetrics();
+    const int room = button.width() - YTheme::margin;
+    QString shortest;
+    for (const auto& [priority, text] : alternatives) {
+        if (metrics.horizontalAdvance(text) <= room)
+            return text;
+        if (shortest.isEmpty() ||
+            metrics.horizontalAdvance(text) < metrics.horizontalAdvance(shortest))
+            shortest = text;
+    }
+    return metrics.elidedText(shortest, Qt::ElideRight, room);
+}
+
+} // namespace
+
+struct YSoftKey::Private
+{
+    std::array<QPushButton*, buttonCount> buttons;
+    std::array<std::map<int, QString>, buttonCount> alternatives; // by priority
+
+    void refresh(int button)
+    {
+        QPushButton& key = *buttons[static_cast<std::size_t>(button)];
+        key.setText(fitting(alternatives[static_cast<std::size_t>(button)], key));
+    }
+
+    QPushButton* at(int button) const { return buttons[static_cast<std::size_t>(button)]; }
+};
+
+YSoftKey::YSoftKey(const char* /*layout*/, QWidget* parent, QWidget* keyReceiver)
+    : QWidget(parent), d(new Private)
+{
+    for (QPushButton*& button : d->buttons) {
+        button = new QPushButton(this);
+        button->setFlat(true);
+        button->setFocusPolicy(Qt::NoFocus);
+    }
+    if (keyReceiver)
+        keyReceiver->installEventFilter(this);
+    resize(sizeHint());
+}
+
+YSoftKey::~YSoftKey()
+{
+    delete d;
+}
+
+void YSoftKey::showButton(int button, bool visible)
+{
+    if (isButton(button))
+        d->at(button)->setVisible(visible);
+}
+
+bool YSoftKey::isButtonVisible(int button) const
+{
+    return isButton(button) && !d->at(button)->isHidden();
+}
+
+void YSoftKey::setText(int button, const QString& text, int priority)
+{
+    if (!isButton(button))
+        return;
+    auto& alternatives = d->alternatives[static_cast<std::size_t>(button)];
+    if (text.isEmpty())
+        alternatives.erase(priority);
+    else
+        alternatives[priority] = text;
+    d->refresh(button);
+}
+
+QString YSoftKey::text(int button) const
+{
+    return isButton(button) ? d->at(button)->text() : QString();
+}
+
+void YSoftKey::setClickedSlot(int button, QObject* receiver, const char* member)
+{
+    if (!isButton(button))
+        return;
+    disconnect(d->at(button), SIGNAL(clicked()), nullptr, nullptr);
+    if (receiver)
+        connect(d->at(button), SIGNAL(clicked()), receiver, member);
+}
+
+void YSoftKey::click(int button)
+{
+    if (isButtonVisible(button))
+        d->at(button)->click();
+}
+
+QSize YSoftKey::sizeHint() const
+{
+    return QSize(parentWidget() ? parentWidget()->width() : 0, YTheme::softKeyHeight);
+}
+
+bool YSoftKey::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() != QEvent::KeyPress)
+        return QWidget::eventFilter(watched, event);
+    const auto* key = static_cast<QKeyEvent*>(event);
+    const int button = buttonOfKey(key->key());
+    if (button < 0)
+        return false;
+    if (!key->isAutoRepeat())
+        click(button);
+    return true;
+}
+
+void YSoftKey::paintEvent(QPaintEvent*)
+{
+    const YTheme& theme = YTheme::current();
+    QPainter painter(this);
+    painter.fillRect(rect(), theme.bar);
+    painter.fillRect(0, 0, width(), 1, theme.border);
+    if (isButtonVisible(Left) && isButtonVisible(Right))
+        painter.fillRect(width() / 2, YTheme::margin, 1, height() - 2 * YTheme::margin,
+                         theme.border);
+}
+
+void YSoftKey::resizeEvent(QResizeEvent*)
+{
+    const int half = width() / 2;
+    d->at(Left)->setGeometry(0, 1, half, height() - 1);
+    d->at(Right)->setGeometry(half + 1, 1, width() - half - 1, height() - 1);
+    d->refresh(Left);
+    d->refresh(Right);
+}

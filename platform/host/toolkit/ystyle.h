@@ -1,0 +1,20 @@
+// The style that draws Qt's own widgets in the phone's look.
+#ifndef YSTYLE_H
+#define YSTYLE_H
+
+#include <QProxyStyle>
+
+class YStyle : public QProxyStyle
+{
+    Q_OBJECT
+
+public:
+    YStyle();
+
+    void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget) const override;
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* data) const override;
+};
+
+#endif

@@ -1,0 +1,54 @@
+// The look of the phone: colours, metrics and fonts, in one place.
+#ifndef YTHEME_H
+#define YTHEME_H
+
+#include <QColor>
+#include <QFont>
+#include <QPalette>
+
+#include "platform_export.h"
+
+// All lengths are logical pixels.
+struct VORN_PLATFORM_API YTheme
+{
+    enum class Scheme { Light, Dark };
+
+    // The theme in use. Light, unless VORN_THEME says "dark".
+    static const YTheme& current();
+    // Changes the theme of all widgets, shown ones too.
+    static void use(Scheme scheme);
+
+    // Dresses the application: style, palette and font. Once for each application; more calls do
+    // nothing.
+    static void apply();
+
+    QPalette palette() const;
+
+    Scheme scheme;
+
+    QColor background; // of a page
+    QColor surface;    // of popups, fields and rows
+    QColor bar;        // of the title bar and the soft keys
+    QColor text;
+    QColor mutedText; // labels above fields, hints
+    QColor disabledText;
+    QColor accent; // focus, selection, checked marks
+    QColor onAccent;
+    QColor border;
+    QColor shade; // over what lies below a modal popup; translucent
+
+    static constexpr int margin = 8;
+    static constexpr int softKeyHeight = 34;
+    static constexpr int titleHeight = 32;
+    static constexpr int rowHeight = 36;
+    static constexpr int iconSize = 50;
+    static constexpr int iconTop = 11;
+    static constexpr int radius = 10;
+    static constexpr int focusWidth = 2;
+
+    static QFont bodyFont();
+    static QFont titleFont();
+    static QFont smallFont();
+};
+
+#endif

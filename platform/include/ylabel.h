@@ -1,0 +1,31 @@
+// A text in the phone's look.
+#ifndef YLABEL_H
+#define YLABEL_H
+
+#include <qlabel.h>
+
+#include "platform_export.h"
+#include "ytypes.h"
+
+// Shows one text, wrapped at its width and never cut in the middle of a line.
+class VORN_PLATFORM_API YLabel : public QLabel
+{
+    Q_OBJECT
+
+public:
+    // `name` is the object name or null. `widgetClassId` is one of YSkinService::WidgetClsID.
+    YLabel(QWidget* parent, const char* name, YWidgetFlags flags, int widgetClassId);
+    ~YLabel();
+
+    // When true, the label takes the size of its text at once and with each new text.
+    void setAutoResize(bool enable);
+
+    // Replaces the text and, with autoResize, the size.
+    void setText(const QString& text);
+
+private:
+    struct Private;
+    Private* d;
+};
+
+#endif
