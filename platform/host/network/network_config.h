@@ -1,4 +1,5 @@
 // What etc/network.json says: which bearer opens links, the machine's interfaces, and scenarios.
+// docs/network-json.md describes the file.
 #ifndef NETWORK_NETWORK_CONFIG_H
 #define NETWORK_NETWORK_CONFIG_H
 
@@ -14,21 +15,23 @@
 
 namespace network {
 
+using Milliseconds = std::chrono::milliseconds;
+
 enum class BearerChoice { Machine, Scenario };
 
 // What becomes of an opening in a scenario.
-enum class ScenarioOutcome { Connect, Fail, Silence };
+enum class ScenarioOutcome { Connect, Fail, Never };
 
 struct Scenario
 {
     ScenarioOutcome outcome = ScenarioOutcome::Connect;
-    std::chrono::milliseconds after{0};                  // from the opening to its outcome
-    std::optional<std::chrono::milliseconds> breakAfter; // from connecting to breaking
-    uint16_t cause1 = NAPI_CAUSE_NO_SERVICE;
-    uint16_t cause2 = 0;
+    Milliseconds after{0};                  // from the opening to its outcome
+    std::optional<Milliseconds> breakAfter; // from connecting to breaking; none for not at all
+    uint16_t cause = NAPI_CAUSE_NO_SERVICE; // of a failure
+    uint16_t detail = 0;
     std::string device = "lo";
-    uint32_t address = 0x7F000001;
-    std::vector<std::string> nameServers;
+    uint32_t address = 0x7F000001;        // first octet in the most significant byte
+    std::vector<std::string> nameServers; // in text form
 };
 
 struct NetworkConfig
@@ -41,7 +44,7 @@ struct NetworkConfig
     Scenario defaultScenario;
     std::map<std::string, Scenario> scenarios; // by profile name
     unsigned maxProfiles = 1024;
-    std::chrono::milliseconds minute{60000}; // the length of a minute of the idle time-outs
+    Milliseconds minute{60000}; // the length of a minute of the idle time-outs
 
     const Scenario& scenarioFor(const std::string& profile) const
     {
@@ -50,9 +53,9 @@ struct NetworkConfig
     }
 };
 
-// The configuration as the file below the present root says now. The file is looked at in each call
-// and read when it has changed; what is wrong in it is then told on standard error, once. Never
-// null. Called from any thread.
+// The configuration as the file below the present root says now. Each call looks whether it is
+// still the same file; a changed one is read, and what is wrong in it told on standard error, a
+// line for each thing, once. Never null. Called from any thread.
 std::shared_ptr<const NetworkConfig> networkConfig();
 
 } // namespace network

@@ -14,7 +14,7 @@ void ScenarioBearer::open(const Opening& opening)
     entry.scenario = opening.config->scenarioFor(opening.profile);
     auto kinds = allowedKinds(opening.record);
     entry.kind = kinds.empty() ? NAPI_BEARER_UNKNOWN : kinds.front();
-    if (entry.scenario.outcome == ScenarioOutcome::Silence)
+    if (entry.scenario.outcome == ScenarioOutcome::Never)
         return;
     entry.due = now + entry.scenario.after;
     if (entry.due <= now)
@@ -80,8 +80,8 @@ void ScenarioBearer::happen(int link, Clock::time_point now)
     } else if (entry.scenario.outcome == ScenarioOutcome::Connect) {
         connect(link, entry, now);
     } else {
-        auto cause = static_cast<NapiCause>(entry.scenario.cause1);
-        int detail = entry.scenario.cause2;
+        auto cause = static_cast<NapiCause>(entry.scenario.cause);
+        int detail = entry.scenario.detail;
         m_entries.erase(link);
         m_listener.linkFailed(link, cause, detail);
     }
