@@ -22,6 +22,9 @@ public:
 
     Clock::time_point nextSample() const { return m_nextSample; }
 
+    // The counter could not be read: tries again after a quarter of the period.
+    void postpone(Clock::time_point now) { m_nextSample = now + m_period / 4; }
+
     // Tells the timer what the counter says now. True when the period has passed without traffic.
     bool sample(uint64_t packets, Clock::time_point now);
 

@@ -4,7 +4,6 @@
 
 #include <sys/socket.h>
 #include <sys/uio.h>
-#include <unistd.h>
 
 namespace network {
 
@@ -12,11 +11,6 @@ namespace network {
 // that reads as fast as it is written to does not keep the other receivers waiting.
 constexpr size_t kBatchMessages = 64;
 constexpr int kBatchesPerFlush = 16;
-
-IndicationChannel::~IndicationChannel()
-{
-    ::close(m_descriptor);
-}
 
 void IndicationChannel::enqueue(uint64_t number, const NapiIndication& message)
 {
@@ -52,7 +46,7 @@ bool IndicationChannel::flush()
         msghdr header = {};
         header.msg_iov = parts;
         header.msg_iovlen = count;
-        ssize_t sent = ::sendmsg(m_descriptor, &header, MSG_NOSIGNAL | MSG_DONTWAIT);
+        ssize_t sent = ::sendmsg(descriptor(), &header, MSG_NOSIGNAL | MSG_DONTWAIT);
         if (sent < 0)
             return errno == EAGAIN || errno == EINTR || errno == ENOBUFS || errno == ENOMEM;
         drop(static_cast<size_t>(sent));

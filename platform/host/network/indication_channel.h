@@ -5,7 +5,9 @@
 #include <cstddef>
 #include <cstdint>
 #include <map>
+#include <utility>
 
+#include "base/unique_fd.h"
 #include "napi.h"
 
 namespace network {
@@ -14,10 +16,7 @@ class IndicationChannel
 {
 public:
     // Takes the descriptor: a connected stream socket.
-    explicit IndicationChannel(int descriptor) : m_descriptor(descriptor) {}
-    ~IndicationChannel();
-    IndicationChannel(const IndicationChannel&) = delete;
-    IndicationChannel& operator=(const IndicationChannel&) = delete;
+    explicit IndicationChannel(base::UniqueFd descriptor) : m_descriptor(std::move(descriptor)) {}
 
     // Puts a message at the end of the queue. Numbers rise from message to message.
     void enqueue(uint64_t number, const NapiIndication& message);
@@ -30,12 +29,12 @@ public:
     bool flush();
 
     bool waiting() const { return !m_queue.empty(); }
-    int descriptor() const { return m_descriptor; }
+    int descriptor() const { return m_descriptor.get(); }
 
 private:
     void drop(size_t bytes);
 
-    int m_descriptor;
+    base::UniqueFd m_descriptor;
     std::map<uint64_t, NapiIndication> m_queue;
     size_t m_begun = 0; // bytes of the first message that are written already
 };

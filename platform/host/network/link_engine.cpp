@@ -4,7 +4,6 @@
 
 #include <sys/eventfd.h>
 #include <sys/socket.h>
-#include <unistd.h>
 
 namespace network {
 
@@ -26,19 +25,20 @@ int LinkEngine::start()
     int ends[2];
     if (::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends) != 0)
         return NAPI_ERR_RESOURCES;
+    base::UniqueFd engineEnd(ends[0]);
+    base::UniqueFd receiverEnd(ends[1]);
     {
         Guard guard(m_mutex);
-        m_channels.emplace_back(ends[0]);
+        m_channels.emplace_back(std::move(engineEnd));
         wake();
     }
     if (m_users == 0 && begin() != NAPI_OK) {
         end();
-        ::close(ends[1]);
         return NAPI_ERR_RESOURCES;
     }
     Guard guard(m_mutex);
     ++m_users;
-    return ends[1];
+    return receiverEnd.release();
 }
 
 int LinkEngine::startBearers()
@@ -65,8 +65,8 @@ static int createThread(pthread_t* thread, void* (*function)(void*), void* argum
 int LinkEngine::begin()
 {
     m_stopping = false;
-    m_wakeDescriptor = ::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
-    if (m_wakeDescriptor < 0 || startBearers() != NAPI_OK)
+    m_wake.reset(::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK));
+    if (!m_wake.isOpen() || startBearers() != NAPI_OK)
         return NAPI_ERR_RESOURCES;
     return createThread(&m_thread, threadMain, this) == 0 ? NAPI_OK : NAPI_ERR_RESOURCES;
 }
@@ -76,9 +76,7 @@ void LinkEngine::end()
     for (Bearer* bearer : m_bearers)
         bearer->stop();
     m_channels.clear();
-    if (m_wakeDescriptor >= 0)
-        ::close(m_wakeDescriptor);
-    m_wakeDescriptor = -1;
+    m_wake.reset();
 }
 
 int LinkEngine::stop()
@@ -114,8 +112,8 @@ void LinkEngine::giveUpOpenings()
 
 void LinkEngine::wake()
 {
-    if (m_wakeDescriptor >= 0)
-        ::eventfd_write(m_wakeDescriptor, 1);
+    if (m_wake.isOpen())
+        ::eventfd_write(m_wake.get(), 1);
 }
 
 bool LinkEngine::running()
@@ -143,6 +141,7 @@ int LinkEngine::open(const std::string& profile, const NetworkProfile& record,
                      std::shared_ptr<const NetworkConfig> config)
 {
     auto link = std::make_unique<Link>();
+    link->messages.reserve(2); // one when it is up, one when it breaks
     link->opening = {-1, profile, record, std::move(config)};
     bool scenario = link->opening.config->bearer == BearerChoice::Scenario;
     Guard guard(m_mutex);

@@ -84,6 +84,7 @@ private:
     void work();
     void openRequested();
     void handOver(int link);
+    bool trafficDue(Clock::time_point now) const;
     void sampleTraffic(Clock::time_point now);
     void startIdleTimer(Link& link);
     void flushChannels();
@@ -100,7 +101,7 @@ private:
     int m_users = 0;
     bool m_stopping = false;
     pthread_t m_thread = {};
-    int m_wakeDescriptor = -1;
+    base::UniqueFd m_wake; // readable when the thread is to look around
     std::array<std::unique_ptr<Link>, NAPI_MAX_LINKS> m_links;
     std::deque<int> m_requests; // link ids; one that was closed meanwhile is passed over
     std::list<IndicationChannel> m_channels;

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <cstring>
 #include <new>
 
 #include <sys/eventfd.h>
@@ -70,7 +69,7 @@ Clock::time_point LinkEngine::nextDeadline() const
 void LinkEngine::collectDescriptors()
 {
     m_descriptors.clear();
-    m_descriptors.push_back({m_wakeDescriptor, POLLIN, 0});
+    m_descriptors.push_back({m_wake.get(), POLLIN, 0});
     for (const Bearer* bearer : m_bearers)
         m_descriptors.push_back({bearer->descriptor(), POLLIN, 0});
     for (const IndicationChannel& channel : m_channels) {
@@ -86,13 +85,13 @@ void LinkEngine::react()
     auto entry = m_descriptors.begin();
     eventfd_t count;
     if (entry++->revents != 0)
-        ::eventfd_read(m_wakeDescriptor, &count);
+        ::eventfd_read(m_wake.get(), &count);
     for (Bearer* bearer : m_bearers) {
         if (entry++->revents != 0)
             bearer->descriptorReady();
     }
     for (auto channel = m_channels.begin(); entry != m_descriptors.end(); ++entry) {
-        bool gone = (entry->revents & (POLLHUP | POLLERR)) != 0;
+        bool gone = (entry->revents & (POLLHUP | POLLERR | POLLNVAL)) != 0;
         channel = gone ? m_channels.erase(channel) : std::next(channel);
     }
 }
@@ -139,17 +138,26 @@ void LinkEngine::startIdleTimer(Link& link)
     link.idle.start(period, interfaces.packets(link.device.name), Clock::now());
 }
 
+bool LinkEngine::trafficDue(Clock::time_point now) const
+{
+    return std::any_of(m_links.begin(), m_links.end(),
+                       [now](const auto& link) { return link && link->idle.nextSample() <= now; });
+}
+
 void LinkEngine::sampleTraffic(Clock::time_point now)
 {
+    if (!trafficDue(now))
+        return;
     Interfaces interfaces;
-    bool read = false;
+    bool known = interfaces.read() == 0;
     for (int id = 0; id < NAPI_MAX_LINKS; ++id) {
         Link* link = find(id);
         if (!link || link->idle.nextSample() > now)
             continue;
-        if (!read && interfaces.read() != 0)
-            return;
-        read = true;
+        if (!known) {
+            link->idle.postpone(now);
+            continue;
+        }
         if (!link->idle.sample(interfaces.packets(link->device.name), now))
             continue;
         link->bearer->close(id);

@@ -9,9 +9,12 @@
 
 namespace network {
 
+// A process that is out of descriptors cannot ask the kernel; what has changed is not told again.
+constexpr auto kRetry = std::chrono::seconds(1);
+
 int MachineBearer::start()
 {
-    m_checkDue = !m_up.empty();
+    m_checkAt = m_up.empty() ? kNever : Clock::now();
     int error = m_watch.open();
     // Where the kernel offers no netlink, other bearers still work; openings on this one will fail.
     bool exhausted = error == EMFILE || error == ENFILE || error == ENOMEM || error == ENOBUFS;
@@ -58,12 +61,12 @@ void MachineBearer::descriptorReady()
 
 Clock::time_point MachineBearer::nextDeadline() const
 {
-    return m_checkDue ? Clock::time_point::min() : kNever;
+    return m_checkAt;
 }
 
-void MachineBearer::deadlinePassed(Clock::time_point)
+void MachineBearer::deadlinePassed(Clock::time_point now)
 {
-    if (m_checkDue)
+    if (m_checkAt <= now)
         checkLinks();
 }
 
@@ -78,9 +81,10 @@ static bool stillThere(const Device& device, const Interfaces& interfaces)
 
 void MachineBearer::checkLinks()
 {
-    m_checkDue = false;
     Interfaces interfaces;
-    if (interfaces.read() != 0)
+    bool known = interfaces.read() == 0;
+    m_checkAt = known ? kNever : Clock::now() + kRetry;
+    if (!known)
         return;
     std::vector<int> gone;
     for (const auto& [link, device] : m_up) {

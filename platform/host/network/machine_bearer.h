@@ -29,7 +29,7 @@ private:
 
     BearerListener& m_listener;
     NetlinkWatch m_watch;
-    bool m_checkDue = false;
+    Clock::time_point m_checkAt = kNever;
     std::map<int, Device> m_up; // by link id
 };
 

@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <mutex>
 
+#include <pthread.h>
 #include <sys/stat.h>
 
 #include "network/napi_host.h"
@@ -21,6 +22,26 @@ struct FileVersion
     off_t size = -1; // -1: no such file
     timespec modified = {};
     timespec changed = {};
+};
+
+// The mutex is held over a fork, so that the child finds it free.
+struct Cache
+{
+    std::mutex mutex;
+    FileVersion known;
+    std::shared_ptr<const NetworkConfig> config = std::make_shared<NetworkConfig>();
+
+    static Cache& instance()
+    {
+        static Cache* cache = [] {
+            auto created = new Cache;
+            ::pthread_atfork(lock, unlock, unlock);
+            return created;
+        }();
+        return *cache;
+    }
+    static void lock() { instance().mutex.lock(); }
+    static void unlock() { instance().mutex.unlock(); }
 };
 
 } // namespace
@@ -55,18 +76,16 @@ static std::shared_ptr<const NetworkConfig> readAndTell(const std::string& path)
 
 std::shared_ptr<const NetworkConfig> networkConfig()
 {
-    static std::mutex mutex;
-    static FileVersion known;
-    static std::shared_ptr<const NetworkConfig> config = std::make_shared<NetworkConfig>();
-    std::lock_guard<std::mutex> guard(mutex);
+    Cache& cache = Cache::instance();
+    std::lock_guard<std::mutex> guard(cache.mutex);
     // The version is taken before the file is read: a change in between is read again next time.
     FileVersion version = versionOf(networkConfigPath());
-    if (!(version == known)) {
-        config =
+    if (!(version == cache.known)) {
+        cache.config =
             version.path.empty() ? std::make_shared<NetworkConfig>() : readAndTell(version.path);
-        known = version;
+        cache.known = version;
     }
-    return config;
+    return cache.config;
 }
 
 } // namespace network
