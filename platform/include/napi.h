@@ -14,9 +14,6 @@
 
 #include "platform_export.h"
 
-// ---- Results
-// -------------------------------------------------------------------------------------
-
 enum NapiResult {
     NAPI_OK = 0,
     // No room: the disk or the quota is full, or NAPI_GetMaxProfiles() profiles exist already.
@@ -53,9 +50,6 @@ enum NapiResult {
     // The process or the machine has run out of descriptors, threads or memory.
     NAPI_ERR_RESOURCES = -215
 };
-
-// ---- Profiles
-// ------------------------------------------------------------------------------------
 
 // Profile names: 1 to 63 bytes of valid UTF-8 without '/', without control characters (U+0000 to
 // U+001F, U+007F to U+009F), and not beginning with '.'. Compared byte by byte.
@@ -133,9 +127,6 @@ static_assert(offsetof(NetworkProfile, domain1) == 862, "fixed by the stored for
 static_assert(offsetof(NetworkProfile, proxy2) == 963, "fixed by the stored format");
 static_assert(offsetof(NetworkProfile, port2) == 1064, "fixed by the stored format");
 static_assert(offsetof(NetworkProfile, domain2) == 1066, "fixed by the stored format");
-
-// ---- Indications
-// ---------------------------------------------------------------------------------
 
 // What an indication message reports.
 enum NapiIndicationType {

@@ -1,0 +1,89 @@
+// Prints, after the usual table, how the medians of two benchmarks compare.
+#ifndef BENCH_RATIOS_H
+#define BENCH_RATIOS_H
+
+#include <cstdio>
+#include <map>
+#include <string>
+#include <vector>
+
+#include <benchmark/benchmark.h>
+
+namespace bench {
+
+// One statement about two benchmarks: the time of `measured` is at most `limit` times the time of
+// `reference`. A throughput of at least x times is a time of at most 1 / x.
+struct Ratio
+{
+    std::string measured;
+    std::string reference;
+    double limit;
+};
+
+// Collects the medians of the real times while it prints the table.
+class RatioReporter : public benchmark::ConsoleReporter
+{
+public:
+    void ReportRuns(const std::vector<Run>& runs) override
+    {
+        for (const Run& run : runs) {
+            if (run.aggregate_name == "median")
+                medians[run.run_name.function_name + "/" + run.run_name.args] =
+                    run.GetAdjustedRealTime();
+        }
+        ConsoleReporter::ReportRuns(runs);
+    }
+
+    // Prints each ratio; result: whether all keep their limits.
+    bool report(const std::vector<Ratio>& ratios) const
+    {
+        bool kept = true;
+        for (const Ratio& ratio : ratios) {
+            const auto measured = find(ratio.measured);
+            const auto reference = find(ratio.reference);
+            if (measured <= 0 || reference <= 0)
+                continue;
+            const double value = measured / reference;
+            kept = kept && value <= ratio.limit;
+            std::printf("%s takes %.3f times the median of %s (speed %.2f; limit %.3f): %s\n",
+                        ratio.measured.c_str(), value, ratio.reference.c_str(), 1 / value,
+                        ratio.limit, value <= ratio.limit ? "kept" : "MISSED");
+        }
+        return kept;
+    }
+
+private:
+    double find(const std::string& name) const
+    {
+        auto found = medians.find(name);
+        if (found == medians.end())
+            found = medians.find(name + "/");
+        return found == medians.end() ? 0 : found->second;
+    }
+
+    std::map<std::string, double> medians;
+};
+
+// The main function of a benchmark program: 9 repetitions in random order unless the command line
+// says otherwise, medians, and then the ratios. Result: 0, or 1 when a limit was missed.
+inline int run(int argc, char** argv, const std::vector<Ratio>& ratios)
+{
+    std::vector<std::string> arguments(argv, argv + argc);
+    arguments.insert(arguments.begin() + 1,
+                     {"--benchmark_repetitions=9", "--benchmark_enable_random_interleaving=true",
+                      "--benchmark_report_aggregates_only=true"});
+    std::vector<char*> pointers;
+    for (std::string& argument : arguments)
+        pointers.push_back(argument.data());
+    int count = static_cast<int>(pointers.size());
+    benchmark::Initialize(&count, pointers.data());
+    if (benchmark::ReportUnrecognizedArguments(count, pointers.data()))
+        return 2;
+    RatioReporter reporter;
+    benchmark::RunSpecifiedBenchmarks(&reporter);
+    return reporter.report(ratios) ? 0 : 1;
+}
+
+} // namespace bench
+
+#endif

@@ -1,0 +1,30 @@
+#!/usr/bin/env bash
+# install_test.sh CMAKE BUILD WORK [FLAGS]: installs BUILD below WORK and builds the consumer against it.
+set -euo pipefail
+cmake=$1 build=$2 work=$3/installed flags=${4:-}
+source=$(cd "$(dirname "$0")" && pwd)/consumer
+
+rm -rf "$work"
+"$cmake" --install "$build" --prefix "$work/prefix" >/dev/null
+# Moved after the installation: nothing may have its first place written into it.
+mv "$work/prefix" "$work/moved"
+prefix=$work/moved
+
+"$cmake" -S "$source" -B "$work/cmake" -G Ninja -DCMAKE_PREFIX_PATH="$prefix" \
+    -DCMAKE_CXX_FLAGS="$flags" >/dev/null
+"$cmake" --build "$work/cmake" >/dev/null
+"$work/cmake/consumer" | grep -Fx 'before init: -101'
+
+pc=$(dirname "$(find "$prefix" -name vornqtnapi.pc)")
+export PKG_CONFIG_PATH=$pc
+[ "$(pkg-config --modversion vornqtnapi)" = 1.0.0 ]
+# shellcheck disable=SC2046,SC2086
+g++ -std=c++17 -fPIC $flags "$source/main.cpp" -o "$work/by-pkg-config" \
+    $(pkg-config --cflags --libs vornqtnapi)
+LD_LIBRARY_PATH=$(pkg-config --variable=libdir vornqtnapi) "$work/by-pkg-config" |
+    grep -Fx 'before init: -101'
+
+[ -L "$(find "$prefix" -name libvornqtnapi.so.1)" ]
+[ -x "$prefix/bin/vornctl" ]
+VORN_ROOT=$work/empty "$prefix/bin/vornctl" profile list >/dev/null
+echo 'installed, found and linked'
