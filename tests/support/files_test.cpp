@@ -1,0 +1,186 @@
+#include "support/files.h"
+
+#include <fstream>
+#include <iterator>
+#include <string>
+
+#include <stdlib.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <gtest/gtest.h>
+
+#include "support/notation.h"
+
+using namespace support;
+
+namespace {
+
+// A folder of its own as the working directory, removed afterwards.
+class RenamePath : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        char pattern[] = "/tmp/support-files-XXXXXX";
+        ASSERT_NE(nullptr, mkdtemp(pattern));
+        folder = pattern;
+        ASSERT_EQ(0, chdir(pattern));
+        put("file", "file's");
+        put("other", "other's");
+        ASSERT_EQ(0, mkdir("folder", 0700));
+        ASSERT_EQ(0, mkdir("empty", 0700));
+        put("folder/inner", "inner's");
+        ASSERT_EQ(0, symlink("nowhere", "dangling"));
+    }
+
+    void TearDown() override
+    {
+        ASSERT_EQ(0, chdir("/"));
+        ASSERT_EQ(0, system(("rm -r '" + folder + "'").c_str()));
+    }
+
+    static void put(const std::string& path, const std::string& content)
+    {
+        std::ofstream(path) << content;
+    }
+
+    static std::string content(const std::string& path)
+    {
+        std::ifstream file(path);
+        return file ? std::string(std::istreambuf_iterator<char>(file), {}) : "(none)";
+    }
+
+    static bool exists(const std::string& path)
+    {
+        struct stat status;
+        return lstat(path.c_str(), &status) == 0;
+    }
+
+    static bool renamed(const std::u16string& from, const std::u16string& to)
+    {
+        return renamePath(made(from), made(to));
+    }
+
+    std::string folder;
+};
+
+} // namespace
+
+TEST_F(RenamePath, MovesToANewRelativeName)
+{
+    EXPECT_TRUE(renamed(u"file", u"new"));
+    EXPECT_EQ("file's", content("new"));
+    EXPECT_FALSE(exists("file"));
+}
+
+TEST_F(RenamePath, MovesToANewAbsoluteName)
+{
+    const QString absolute = QString((folder + "/new").c_str());
+    EXPECT_TRUE(renamePath(made(u"file"), absolute));
+    EXPECT_EQ("file's", content("new"));
+}
+
+TEST_F(RenamePath, MovesAFolderWithWhatIsInIt)
+{
+    EXPECT_TRUE(renamed(u"folder", u"moved"));
+    EXPECT_EQ("inner's", content("moved/inner"));
+}
+
+TEST_F(RenamePath, MovesAFolderToANameWithASlashAtItsEnd)
+{
+    EXPECT_TRUE(renamed(u"folder", u"nd/"));
+    EXPECT_EQ("inner's", content("nd/inner"));
+}
+
+TEST_F(RenamePath, MovesADanglingLinkItself)
+{
+    EXPECT_TRUE(renamed(u"dangling", u"new"));
+    EXPECT_TRUE(exists("new"));
+    EXPECT_FALSE(exists("nowhere"));
+}
+
+TEST_F(RenamePath, ReplacesAFile)
+{
+    EXPECT_TRUE(renamed(u"file", u"other"));
+    EXPECT_EQ("file's", content("other"));
+    EXPECT_FALSE(exists("file"));
+}
+
+TEST_F(RenamePath, ReplacesALinkAndNotItsTarget)
+{
+    ASSERT_EQ(0, symlink("other", "link"));
+    EXPECT_TRUE(renamed(u"file", u"link"));
+    EXPECT_EQ("file's", content("link"));
+    EXPECT_EQ("other's", content("other"));
+}
+
+TEST_F(RenamePath, ReplacesADanglingLinkAndDoesNotCreateItsTarget)
+{
+    EXPECT_TRUE(renamed(u"file", u"dangling"));
+    EXPECT_EQ("file's", content("dangling"));
+    EXPECT_FALSE(exists("nowhere"));
+}
+
+TEST_F(RenamePath, ReplacesAnEmptyFolder)
+{
+    EXPECT_TRUE(renamed(u"folder", u"empty"));
+    EXPECT_EQ("inner's", content("empty/inner"));
+}
+
+TEST_F(RenamePath, AcceptsTheSameName)
+{
+    EXPECT_TRUE(renamed(u"file", u"file"));
+    EXPECT_EQ("file's", content("file"));
+}
+
+TEST_F(RenamePath, WritesNamesInUtf8)
+{
+    EXPECT_TRUE(renamed(u"file", u"caf\u00e9\u20ac"));
+    EXPECT_EQ("file's", content("caf\xc3\xa9\xe2\x82\xac"));
+    EXPECT_TRUE(renamed(u"caf\u00e9\u20ac", u"file"));
+}
+
+TEST_F(RenamePath, RefusesWhatTheFileSystemRefusesAndChangesNothing)
+{
+    struct
+    {
+        const char* name;
+        const char16_t* from;
+        const char16_t* to;
+    } const rows[] = {
+        {"onto a folder that is not empty", u"empty", u"folder"},
+        {"folder onto a file", u"folder", u"file"},
+        {"file onto a folder", u"file", u"empty"},
+        {"folder into itself", u"folder", u"folder/sub"},
+        {"no source", u"missing", u"new"},
+        {"no parent", u"file", u"missing/new"},
+        {"empty source", u"", u"new"},
+        {"empty target", u"file", u""},
+        {"another file system, file", u"file", u"/proc/new"},
+        {"another file system, folder", u"folder", u"/proc/new"},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        EXPECT_FALSE(renamed(row.from, row.to));
+    }
+    EXPECT_EQ("file's", content("file"));
+    EXPECT_EQ("inner's", content("folder/inner"));
+    EXPECT_TRUE(exists("empty"));
+    EXPECT_FALSE(exists("new"));
+}
+
+TEST_F(RenamePath, RefusesANameWithANulInIt)
+{
+    EXPECT_FALSE(renamed(u"file\0x"s, u"new"));
+    EXPECT_FALSE(renamed(u"file", u"new\0x"s));
+    EXPECT_EQ("file's", content("file"));
+    EXPECT_FALSE(exists("new"));
+}
+
+TEST_F(RenamePath, RefusesANullName)
+{
+    EXPECT_FALSE(renamePath(QString(), made(u"new")));
+    EXPECT_FALSE(renamePath(made(u"file"), QString()));
+    EXPECT_EQ("file's", content("file"));
+}

@@ -1,0 +1,228 @@
+#include "support/loop.h"
+
+#include <string>
+#include <vector>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <qapplication.h>
+#include <qevent.h>
+#include <qsocketnotifier.h>
+
+#include <gtest/gtest.h>
+
+#include "support/guarded.h"
+#include "support/later.h"
+
+using namespace support;
+
+namespace {
+
+typedef std::vector<std::string> Trace;
+
+// An object that runs a level, as a dialog does.
+class Runner : public QObject
+{
+public:
+    // Whether the object was still there when its level had returned.
+    bool run()
+    {
+        Guarded<Runner> self(this);
+        enterLoop();
+        return !self.isNull();
+    }
+};
+
+// Takes one byte for each activation.
+class ByteReader : public QSocketNotifier
+{
+public:
+    ByteReader(int descriptor)
+        : QSocketNotifier(descriptor, QSocketNotifier::Read, nullptr), source(descriptor)
+    {}
+
+    int taken = 0;
+
+protected:
+    bool event(QEvent* event) override
+    {
+        char byte;
+        if (event->type() == QEvent::SockAct && read(source, &byte, 1) == 1)
+            ++taken;
+        return QSocketNotifier::event(event);
+    }
+
+private:
+    int source;
+};
+
+} // namespace
+
+TEST(EnterLoop, ServesEventsUntilItIsLeft)
+{
+    Trace trace;
+    later(0, [&] { trace.push_back("served"); });
+    later(0, [] { exitLoop(); });
+    enterLoop();
+    EXPECT_EQ(Trace{"served"}, trace);
+}
+
+TEST(EnterLoop, ReturnsOnlyWhenTheLeavingSlotHas)
+{
+    Trace trace;
+    later(0, [&] {
+        exitLoop();
+        trace.push_back("end of the slot");
+    });
+    enterLoop();
+    trace.push_back("returned");
+    EXPECT_EQ((Trace{"end of the slot", "returned"}), trace);
+}
+
+TEST(EnterLoop, ReturnsTheLevelEnteredLastFirst)
+{
+    Trace trace;
+    later(0, [&] {
+        later(0, [&] {
+            trace.push_back("leave inner");
+            exitLoop();
+        });
+        enterLoop();
+        trace.push_back("inner returned");
+        later(0, [&] {
+            trace.push_back("leave outer");
+            exitLoop();
+        });
+    });
+    enterLoop();
+    trace.push_back("outer returned");
+    EXPECT_EQ((Trace{"leave inner", "inner returned", "leave outer", "outer returned"}), trace);
+}
+
+TEST(ExitLoop, TwiceInOneSlotLeavesOnlyTheInnermostLevel)
+{
+    Trace trace;
+    later(0, [&] {
+        later(0, [] {
+            exitLoop();
+            exitLoop();
+        });
+        enterLoop();
+        trace.push_back("inner returned");
+        later(0, [&] {
+            trace.push_back("outer still serves");
+            exitLoop();
+        });
+    });
+    enterLoop();
+    EXPECT_EQ((Trace{"inner returned", "outer still serves"}), trace);
+}
+
+TEST(ExitLoop, WithoutALevelDoesNotShortenTheNextOne)
+{
+    Trace trace;
+    exitLoop();
+    exitLoop();
+    later(0, [&] { trace.push_back("served"); });
+    later(1, [] { exitLoop(); });
+    enterLoop();
+    EXPECT_EQ(Trace{"served"}, trace);
+}
+
+TEST(ExitLoop, WithoutALevelLeavesPendingEventsToBeProcessed)
+{
+    int calls = 0;
+    exitLoop();
+    later(0, [&] { ++calls; });
+    while (calls == 0)
+        processPending();
+    EXPECT_EQ(1, calls);
+}
+
+TEST(ExitLoop, FollowedByEnterInOneSlotLeavesTheOuterLevelAfterTheInner)
+{
+    Trace trace;
+    later(0, [&] {
+        exitLoop();
+        later(0, [&] {
+            trace.push_back("inner serves");
+            exitLoop();
+        });
+        enterLoop();
+        trace.push_back("inner returned");
+    });
+    enterLoop();
+    trace.push_back("outer returned");
+    EXPECT_EQ((Trace{"inner serves", "inner returned", "outer returned"}), trace);
+}
+
+TEST(ExitLoop, AtTheLevelOfExecDoesNothing)
+{
+    Trace trace;
+    later(0, [&] {
+        exitLoop();
+        later(0, [&] {
+            trace.push_back("exec still serves");
+            qApp->exit(7);
+        });
+    });
+    EXPECT_EQ(7, qApp->exec());
+    EXPECT_EQ(Trace{"exec still serves"}, trace);
+}
+
+TEST(EnterLoop, ReturnsFromEachLevelWhenTheApplicationQuits)
+{
+    Trace trace;
+    later(0, [&] {
+        later(0, [&] {
+            later(0, [] { qApp->exit(5); });
+            enterLoop();
+            trace.push_back("inner returned");
+        });
+        enterLoop();
+        trace.push_back("outer returned");
+    });
+    EXPECT_EQ(5, qApp->exec());
+    EXPECT_EQ((Trace{"inner returned", "outer returned"}), trace);
+}
+
+TEST(EnterLoop, OutlivesTheObjectThatRunsIt)
+{
+    Runner* const runner = new Runner;
+    later(0, [runner] { delete runner; });
+    later(1, [] { exitLoop(); });
+    EXPECT_FALSE(runner->run());
+}
+
+TEST(EnterLoop, LeavesALivingObjectToItsCaller)
+{
+    Runner runner;
+    later(0, [] { exitLoop(); });
+    EXPECT_TRUE(runner.run());
+}
+
+TEST(ProcessPending, DoesNotWaitForWhatIsNotDue)
+{
+    bool due = false;
+    Later* const timer = new Later(60000, [&] { due = true; });
+    processPending();
+    EXPECT_FALSE(due);
+    delete timer;
+}
+
+TEST(ProcessPending, MakesOnePassOnly)
+{
+    int pipe[2];
+    ASSERT_EQ(0, pipe2(pipe, O_NONBLOCK));
+    ASSERT_EQ(5, write(pipe[1], "12345", 5));
+    {
+        ByteReader reader(pipe[0]);
+        for (int passes = 1; passes <= 5; ++passes) {
+            processPending();
+            EXPECT_EQ(passes, reader.taken);
+        }
+    }
+    close(pipe[0]);
+    close(pipe[1]);
+}
