@@ -258,6 +258,13 @@ TEST(JsonDocumentTest, NamesAValueByItsKeysAndItsPlaceInArrays)
                                     "text \"x\"; using 1 instead"});
 }
 
+TEST(JsonDocumentTest, NamesAKeyOfControlCharactersEscaped)
+{
+    const JsonDocument document = parsed("{\"\\u001b[2J\": {\"\": 1}}");
+    const JsonValue value = document.root().at("\x1b[2J").at("");
+    EXPECT_EQ(value.key(), "\"\\u001b[2J\".\"\"");
+}
+
 TEST(JsonDocumentTest, ShortensALongTextInAMessage)
 {
     const JsonDocument document = parsed("{\"a\": \"" + std::string(5000, 'x') + "\"}");

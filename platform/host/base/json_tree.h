@@ -50,7 +50,8 @@ struct JsonTree
                 std::string used);
 };
 
-// The name of a member below `key`: "key.name", or "name" at the outermost level.
+// The name of a member below `key`: "key.name", or "name" at the outermost level. A name that
+// is empty or holds control characters is written as a JSON text.
 std::string memberKey(const std::string& key, const std::string& name);
 
 // The text as a JSON literal, shortened when it is long.

@@ -24,9 +24,17 @@ std::string describe(const std::string& file, const JsonProblem& problem)
     return place(file, problem) + ": " + sentence(problem);
 }
 
+static bool isPlain(const std::string& name)
+{
+    return !name.empty() && std::none_of(name.begin(), name.end(), [](unsigned char byte) {
+        return byte < 0x20 || byte == 0x7f;
+    });
+}
+
 std::string memberKey(const std::string& key, const std::string& name)
 {
-    return key.empty() ? name : key + '.' + name;
+    const std::string shown = isPlain(name) ? name : literalOf(name);
+    return key.empty() ? shown : key + '.' + shown;
 }
 
 std::string literalOf(const std::string& text)

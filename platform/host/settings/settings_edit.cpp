@@ -1,0 +1,100 @@
+// Changing the two files.
+#include <cerrno>
+#include <cstring>
+
+#include <nlohmann/json.hpp>
+#include <sys/stat.h>
+
+#include "base/durable_file.h"
+#include "base/json_document.h"
+#include "base/root.h"
+#include "settings/settings_files.h"
+#include "settings/settings_host.h"
+
+namespace settingshost {
+
+using base::JsonDocument;
+using Json = nlohmann::ordered_json;
+
+static Result failed(const std::string& path, int error)
+{
+    const std::string message = path + ": " + std::strerror(error);
+    switch (error) {
+    case EACCES:
+    case EPERM:
+    case EROFS:
+        return {Code::Access, message};
+    case ENOSPC:
+    case EDQUOT:
+        return {Code::Full, message};
+    case ENOTDIR:
+    case ENAMETOOLONG:
+    case ELOOP:
+        return {Code::Root, message};
+    default:
+        return {Code::Io, message};
+    }
+}
+
+// A file keeps its mode; a new one can be read by everybody.
+static mode_t modeOf(const std::string& path)
+{
+    struct stat status;
+    return stat(path.c_str(), &status) == 0 ? status.st_mode & 0777 : 0644;
+}
+
+static Result put(const std::string& path, const std::string& name, const Json& value)
+{
+    constexpr size_t kLargest = 4 * 1024 * 1024;
+    if (Result root = settingsfiles::checkRoot(); !root.isOk())
+        return root;
+    const std::string folder = base::rootFolder() + "/etc";
+    if (const int error = base::makeFolders(folder))
+        return failed(folder, error);
+    base::LockedFolder locked;
+    if (const int error = locked.open(folder))
+        return failed(folder, error);
+    const JsonDocument document = JsonDocument::read(path, {});
+    if (Result result = settingsfiles::checkDocument(document); !result.isOk())
+        return result;
+    const bool isNew = document.state() == JsonDocument::State::Missing;
+    Json json = isNew ? Json::object() : Json::parse(document.source());
+    json[name] = value;
+    const std::string bytes = json.dump(2) + '\n';
+    if (bytes.size() > kLargest)
+        return {Code::Full, path + ": the file would grow beyond 4 MiB"};
+    const int error =
+        base::replaceFile(locked, path.substr(folder.size() + 1), bytes, modeOf(path));
+    return error == 0 ? Result() : failed(path, error);
+}
+
+static Json jsonOf(const Setting& setting)
+{
+    switch (setting.type) {
+    case Setting::Type::Integer:
+        return setting.integer;
+    case Setting::Type::Text:
+        return setting.text;
+    case Setting::Type::Truth:
+        return setting.truth;
+    }
+    return {};
+}
+
+Result setSetting(const std::string& name, const Setting& setting)
+{
+    if (!settingsfiles::isNodeName(name))
+        return {Code::Name, "a node name is 1 to 255 bytes of UTF-8 without control characters"};
+    if (setting.type == Setting::Type::Text && !settingsfiles::isNodeText(setting.text))
+        return {Code::Value, "a node's text is UTF-8 without NUL, of at most 4096 bytes"};
+    return put(settingsFile(), name, jsonOf(setting));
+}
+
+Result setFeature(int number, bool isAvailable)
+{
+    if (number <= 0)
+        return {Code::Number, "a feature number is 1 to 2147483647"};
+    return put(featuresFile(), std::to_string(number), isAvailable);
+}
+
+} // namespace settingshost

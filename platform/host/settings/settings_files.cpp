@@ -1,0 +1,118 @@
+#include "settings/settings_files.h"
+
+#include <cerrno>
+#include <cstring>
+#include <iostream>
+#include <mutex>
+
+#include <sys/stat.h>
+
+#include "base/root.h"
+
+namespace settingsfiles {
+
+using base::JsonDocument;
+using base::JsonKind;
+using base::JsonValue;
+using settingshost::Code;
+using settingshost::Result;
+using settingshost::Setting;
+
+// "" when `path` is a folder or is not there.
+static std::string folderProblem(const std::string& path)
+{
+    struct stat status;
+    if (stat(path.c_str(), &status) == 0)
+        return S_ISDIR(status.st_mode) ? "" : path + ": not a folder";
+    return errno == ENOENT ? "" : path + ": " + std::strerror(errno);
+}
+
+Result checkRoot()
+{
+    const std::string root = base::rootFolder();
+    if (root.empty())
+        return {Code::Root, "no folder stands for the phone's file system: set VORN_ROOT"};
+    if (root.front() != '/')
+        return {Code::Root, "VORN_ROOT is not an absolute path: " + root};
+    for (const std::string& folder : {root, root + "/etc"})
+        if (std::string problem = folderProblem(folder); !problem.empty())
+            return {Code::Root, problem};
+    return {};
+}
+
+static std::string complaint(const JsonDocument& document, const JsonValue& value,
+                             const std::string& expected, const std::string& used)
+{
+    return base::describe(document.path(),
+                          {value.line(), value.key(), expected, value.description(), used});
+}
+
+Result checkDocument(const JsonDocument& document)
+{
+    switch (document.state()) {
+    case JsonDocument::State::Missing:
+        return {};
+    case JsonDocument::State::Unreadable:
+    case JsonDocument::State::Broken:
+        return {Code::Broken, base::describe(document.path(), document.problems().back())};
+    case JsonDocument::State::Good:
+        break;
+    }
+    const JsonValue root = document.root();
+    if (root.kind() == JsonKind::Object)
+        return {};
+    return {Code::Broken, complaint(document, root, "an object", {})};
+}
+
+Result readLeaves(std::vector<Leaf>* leaves)
+{
+    if (Result root = checkRoot(); !root.isOk())
+        return root;
+    const JsonDocument document = JsonDocument::read(settingshost::settingsFile(), "no settings");
+    if (Result result = checkDocument(document); !result.isOk())
+        return result;
+    for (const auto& [name, value] : document.root().members()) {
+        Leaf leaf;
+        leaf.name = name;
+        if (std::optional<Setting> setting = settingOf(value))
+            leaf.value = *setting;
+        else
+            leaf.problem = complaint(document, value, kSettingExpected, {});
+        leaves->push_back(std::move(leaf));
+    }
+    return {};
+}
+
+Result readFeatures(std::map<int, FeatureLine>* lines)
+{
+    if (Result root = checkRoot(); !root.isOk())
+        return root;
+    const JsonDocument document = JsonDocument::read(settingshost::featuresFile(), "no features");
+    if (Result result = checkDocument(document); !result.isOk())
+        return result;
+    for (const auto& [name, value] : document.root().members()) {
+        const int number = featureNumber(name);
+        if (number == 0)
+            continue;
+        if (std::optional<bool> isAvailable = featureOf(value))
+            (*lines)[number] = {*isAvailable, {}};
+        else
+            (*lines)[number] = {false, complaint(document, value, kFeatureExpected, "false")};
+    }
+    return {};
+}
+
+void sayOnce(const std::string& subject, const std::string& message)
+{
+    static std::mutex mutex;
+    static std::map<std::string, std::string> said;
+    const std::lock_guard<std::mutex> lock(mutex);
+    std::string& last = said[subject];
+    if (last == message)
+        return;
+    last = message;
+    if (!message.empty())
+        std::cerr << message + '\n' << std::flush;
+}
+
+} // namespace settingsfiles

@@ -1,0 +1,61 @@
+// The two files of the settings library, read.
+#ifndef SETTINGS_FILES_H
+#define SETTINGS_FILES_H
+
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "base/json_document.h"
+#include "settings/settings_host.h"
+
+namespace settingsfiles {
+
+// One member of etc/settings.json; `value` counts where `problem` is empty.
+struct Leaf
+{
+    std::string name;
+    settingshost::Setting value;
+    std::string problem; // file, line, what was expected and what was found
+};
+
+// Tells whether the folder of the files can be used: Ok or Root.
+settingshost::Result checkRoot();
+
+// Whether a text can be a node's name, or a node's text.
+bool isNodeName(const std::string& text);
+bool isNodeText(const std::string& text);
+
+// The number that a key of etc/features.json stands for; 0 when it stands for none.
+int featureNumber(const std::string& key);
+
+// What a value must be, for messages, and the value when it is so.
+extern const char kSettingExpected[];
+extern const char kFeatureExpected[];
+std::optional<settingshost::Setting> settingOf(const base::JsonValue& value);
+std::optional<bool> featureOf(const base::JsonValue& value);
+
+// Ok, or Broken with the first problem as its message: the outermost value must be an object.
+settingshost::Result checkDocument(const base::JsonDocument& document);
+
+// Reads etc/settings.json: Ok, Broken or Root. A missing file has no leaves.
+settingshost::Result readLeaves(std::vector<Leaf>* leaves);
+
+// One member of etc/features.json; `isAvailable` is false where `problem` is not empty.
+struct FeatureLine
+{
+    bool isAvailable = false;
+    std::string problem;
+};
+
+// Reads etc/features.json, by number: Ok, Broken or Root. A missing file has no lines.
+settingshost::Result readFeatures(std::map<int, FeatureLine>* lines);
+
+// Says on standard error what is wrong with `subject` (a file, or one member of it), unless just
+// that was the last that was said of it. An empty message means that it is good.
+void sayOnce(const std::string& subject, const std::string& message);
+
+} // namespace settingsfiles
+
+#endif

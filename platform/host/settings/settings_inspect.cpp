@@ -1,0 +1,68 @@
+// Looking for what is wrong in the two files.
+#include "base/json_document.h"
+#include "settings/settings_files.h"
+#include "settings/settings_host.h"
+
+namespace settingshost {
+
+using base::JsonDocument;
+using base::JsonProblem;
+using base::JsonValue;
+
+namespace {
+
+typedef void (*Check)(const std::string& name, const JsonValue& value);
+
+void checkSetting(const std::string& name, const JsonValue& value)
+{
+    if (!settingsfiles::isNodeName(name))
+        value.reject("a name of 1 to 255 bytes without control characters", {});
+    else if (!settingsfiles::settingOf(value))
+        value.reject(settingsfiles::kSettingExpected, {});
+}
+
+void checkFeature(const std::string& name, const JsonValue& value)
+{
+    if (settingsfiles::featureNumber(name) == 0)
+        value.reject("a feature number as the key, for instance \"431\"", {});
+    else if (!settingsfiles::featureOf(value))
+        value.reject(settingsfiles::kFeatureExpected, "false");
+}
+
+std::string remedyFor(const JsonDocument& document)
+{
+    switch (document.state()) {
+    case JsonDocument::State::Unreadable:
+        return "put a readable file in its place, or remove it";
+    case JsonDocument::State::Broken:
+        return "correct the file at this line, or remove it";
+    case JsonDocument::State::Good:
+    case JsonDocument::State::Missing:
+        break;
+    }
+    return "correct this line, or remove it";
+}
+
+void inspect(const std::string& path, const char* used, Check check, std::vector<Finding>* findings)
+{
+    const JsonDocument document = JsonDocument::read(path, used);
+    for (const auto& [name, value] : document.root().members())
+        check(name, value);
+    for (const JsonProblem& problem : document.problems())
+        findings->push_back(
+            {base::place(path, problem), base::sentence(problem), remedyFor(document)});
+}
+
+} // namespace
+
+std::vector<Finding> inspectSettings()
+{
+    std::vector<Finding> findings;
+    if (const Result root = settingsfiles::checkRoot(); !root.isOk())
+        return {{"VORN_ROOT", root.message, "set VORN_ROOT to the absolute path of a folder"}};
+    inspect(settingsFile(), "no settings", checkSetting, &findings);
+    inspect(featuresFile(), "no features", checkFeature, &findings);
+    return findings;
+}
+
+} // namespace settingshost

@@ -1,0 +1,100 @@
+// What the keys and values of the two files may be.
+#include <charconv>
+#include <climits>
+
+#include <nlohmann/json.hpp>
+
+#include "settings/settings_files.h"
+
+namespace settingsfiles {
+
+using base::JsonKind;
+using base::JsonValue;
+using settingshost::Setting;
+
+const char kSettingExpected[] =
+    "an integer from -2147483648 to 2147483647, a text without NUL or a truth value";
+const char kFeatureExpected[] = "true or false";
+
+static bool isUtf8(const std::string& text)
+{
+    try {
+        static_cast<void>(nlohmann::json(text).dump());
+        return true;
+    } catch (const nlohmann::json::type_error&) {
+        return false;
+    }
+}
+
+// U+0000 to U+001F, U+007F, and U+0080 to U+009F, which are C2 80 to C2 9F in UTF-8.
+static bool hasControls(const std::string& text)
+{
+    unsigned char before = 0;
+    for (const char character : text) {
+        const auto byte = static_cast<unsigned char>(character);
+        if (byte < 0x20 || byte == 0x7f || (before == 0xc2 && byte < 0xa0))
+            return true;
+        before = byte;
+    }
+    return false;
+}
+
+bool isNodeName(const std::string& text)
+{
+    return !text.empty() && text.size() <= 255 && !hasControls(text) && isUtf8(text);
+}
+
+bool isNodeText(const std::string& text)
+{
+    return text.size() <= 4096 && text.find('\0') == std::string::npos && isUtf8(text);
+}
+
+int featureNumber(const std::string& key)
+{
+    int number = 0;
+    const char* end = key.data() + key.size();
+    const std::from_chars_result parsed = std::from_chars(key.data(), end, number);
+    const bool isWhole = parsed.ec == std::errc() && parsed.ptr == end;
+    return isWhole && number > 0 && key.front() != '0' ? number : 0;
+}
+
+std::optional<Setting> settingOf(const JsonValue& value)
+{
+    Setting setting;
+    switch (value.kind()) {
+    case JsonKind::Integer:
+        setting.type = Setting::Type::Integer;
+        if (const long long wide = value.integer(LLONG_MIN, LLONG_MAX, 0);
+            wide < INT_MIN || wide > INT_MAX)
+            return {};
+        else
+            setting.integer = static_cast<int>(wide);
+        return setting;
+    case JsonKind::Text:
+        setting.type = Setting::Type::Text;
+        setting.text = value.text({});
+        if (setting.text.find('\0') != std::string::npos)
+            return {};
+        return setting;
+    case JsonKind::Truth:
+        setting.type = Setting::Type::Truth;
+        setting.truth = value.truth(false);
+        return setting;
+    case JsonKind::Absent:
+    case JsonKind::Null:
+    case JsonKind::Number:
+    case JsonKind::Array:
+    case JsonKind::Object:
+        break;
+    }
+    return {};
+}
+
+std::optional<bool> featureOf(const JsonValue& value)
+{
+    if (value.kind() == JsonKind::Truth)
+        return value.truth(false);
+    return {};
+}
+
+} // namespace settingsfiles
