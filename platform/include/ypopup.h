@@ -8,10 +8,13 @@
 #include "platform_export.h"
 
 class QCloseEvent;
+class QEvent;
 class QHideEvent;
 class QKeyEvent;
+class QMouseEvent;
 class QPaintEvent;
 class QResizeEvent;
+class QShowEvent;
 class YSoftKey;
 
 // A layer above the pages. A modal one takes all input of the screen and dims what lies below;
@@ -69,6 +72,7 @@ protected:
     // Called whenever contentsR() may have changed.
     virtual void layoutContents();
 
+    bool event(QEvent* event);
     void showEvent(QShowEvent* event);
     void hideEvent(QHideEvent* event);
     void closeEvent(QCloseEvent* event);

@@ -1,5 +1,7 @@
 #include "ybusy.h"
 
+#include <algorithm>
+
 #include <QPainter>
 #include <QTimerEvent>
 
@@ -15,6 +17,7 @@ constexpr int litDegrees = 90;
 
 YBusy::YBusy(QWidget* parent) : QWidget(parent)
 {
+    setObjectName(QStringLiteral("busy"));
     setAttribute(Qt::WA_TransparentForMouseEvents);
     resize(sizeHint());
 }

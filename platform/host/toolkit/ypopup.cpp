@@ -1,5 +1,7 @@
 #include <ypopup.h>
 
+#include <algorithm>
+
 #include <QCloseEvent>
 #include <QEventLoop>
 #include <QKeyEvent>
@@ -9,6 +11,7 @@
 #include <QPointer>
 
 #include <yglobal.h>
+#include <ylabel.h>
 #include <ysoftkey.h>
 
 #include "ybusy.h"
@@ -45,6 +48,25 @@ int placeLine(QLabel* line, int top, int width)
     const int height = line->heightForWidth(inner);
     line->setGeometry(YTheme::margin, top + YTheme::margin / 2, inner, height);
     return top + height + YTheme::margin;
+}
+
+// Where the activity ring goes: the icon's place when there is a text to stand beside.
+QRect busyPlace(const QWidget& popup, const QRect& contents)
+{
+    for (const YLabel* label : popup.findChildren<YLabel*>(Qt::FindDirectChildrenOnly))
+        if (!label->text().isEmpty())
+            return QRect(YTheme::margin, contents.top() + YTheme::iconTop, YTheme::iconSize,
+                         YTheme::iconSize);
+    return contents;
+}
+
+// A picture from the program takes the place of the ring.
+bool hasPicture(const QWidget& popup)
+{
+    const auto labels = popup.findChildren<YLabel*>(Qt::FindDirectChildrenOnly);
+    return std::any_of(labels.begin(), labels.end(), [](const YLabel* label) {
+        return !label->pixmap(Qt::ReturnByValue).isNull();
+    });
 }
 
 } // namespace
@@ -157,6 +179,14 @@ void YPopup::done(int result)
 
 void YPopup::layoutContents() {}
 
+bool YPopup::event(QEvent* event)
+{
+    // A label with a new text or picture asks for it.
+    if (event->type() == QEvent::LayoutRequest)
+        layoutParts();
+    return QWidget::event(event);
+}
+
 void YPopup::showEvent(QShowEvent* event)
 {
     layoutParts();
@@ -212,9 +242,8 @@ void YPopup::layoutParts()
     d->softKey->setGeometry(0, height() - YTheme::softKeyHeight, width(), YTheme::softKeyHeight);
     d->headerBottom = placeLine(d->instruction, placeLine(d->title, 0, width()), width());
     if (d->busy) {
-        const QRect room = contentsR();
-        d->busy->move(room.center() - d->busy->rect().center());
-        d->busy->raise();
+        d->busy->move(busyPlace(*this, contentsR()).center() - d->busy->rect().center());
+        d->busy->setHidden(hasPicture(*this));
     }
     layoutContents();
 }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <utility>
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -63,7 +64,8 @@ class Anchor : public QObject
 public:
     Anchor(QObject* owner, QWidget* layer) : QObject(owner), held(layer) {}
     ~Anchor() override { delete std::exchange(held, nullptr); }
-    void release() { held = nullptr; }
+    // False when the anchor itself is the one who deletes the layer.
+    bool release() { return std::exchange(held, nullptr) != nullptr; }
 
 private:
     QWidget* held;
@@ -137,10 +139,8 @@ void YScreen::forget(QWidget* widget)
     widget->removeEventFilter(this);
     hidden(layer);
     layers.erase(std::find(layers.begin(), layers.end(), layer));
-    if (layer->anchor) {
-        layer->anchor->release();
+    if (layer->anchor && layer->anchor->release())
         delete layer->anchor;
-    }
     delete layer;
 }
 
@@ -222,8 +222,12 @@ void YScreen::keepFocus(QWidget*, QWidget* now)
 
 void YScreen::closeWhenEmpty()
 {
-    if (stack.empty() && isWindow())
-        hide();
+    if (!stack.empty() || !isWindow())
+        return;
+    hide();
+    // A platform without a window manager still takes a hidden window for the active one; with a
+    // new window the focus starts afresh. A hidden screen needs no window's memory either.
+    destroy();
 }
 
 YScreen::Layer* YScreen::find(const QObject* widget) const

@@ -1,0 +1,180 @@
+#include "common/gui_test.h"
+
+#include <algorithm>
+#include <memory>
+#include <sstream>
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QTest>
+#include <QTimer>
+
+#include <toolkit/yscreen.h>
+#include <yapplication.h>
+
+namespace {
+
+std::vector<std::string> warnings;
+
+void collect(QtMsgType type, const QMessageLogContext& context, const QString& text)
+{
+    if (type == QtWarningMsg || type == QtCriticalMsg || type == QtFatalMsg)
+        warnings.push_back(text.toStdString());
+    std::fprintf(stderr, "%s\n", qPrintable(qFormatLogMessage(type, context, text)));
+}
+
+// The application is made only when tests run: listing them must work where there is no display.
+class ApplicationEnvironment : public ::testing::Environment
+{
+public:
+    void SetUp() override
+    {
+        qInstallMessageHandler(collect);
+        application = std::make_unique<YApplication>(argc, argv);
+        // Tests open and close the screen's window all the time; that must end no event loop.
+        application->setQuitOnLastWindowClosed(false);
+        YScreen::instance();
+    }
+
+    void TearDown() override
+    {
+        application.reset();
+        qInstallMessageHandler(nullptr);
+    }
+
+private:
+    char name[5] = "test";
+    char* argv[2] = {name, nullptr};
+    int argc = 1;
+    std::unique_ptr<YApplication> application;
+};
+
+std::string describe(const QWidget& widget)
+{
+    std::ostringstream out;
+    out << widget.metaObject()->className() << " \"" << widget.objectName().toStdString() << '"';
+    return out.str();
+}
+
+std::set<const QWidget*> allWidgets()
+{
+    const QWidgetList widgets = QApplication::allWidgets();
+    return std::set<const QWidget*>(widgets.begin(), widgets.end());
+}
+
+// The window that takes the input: the screen's, or that of the widget in which the screen lies.
+// Keys come only to an active window, and a window manager takes its time.
+QWindow* inputWindow()
+{
+    QWindow* window = YScreen::instance()->window()->windowHandle();
+    return window && QTest::qWaitForWindowActive(window) ? window : nullptr;
+}
+
+} // namespace
+
+void GuiTest::press(Qt::Key key)
+{
+    QWindow* window = inputWindow();
+    ASSERT_TRUE(window) << "the screen is not open";
+    QTest::keyClick(window, key);
+}
+
+void GuiTest::type(const QString& text)
+{
+    QWindow* window = inputWindow();
+    ASSERT_TRUE(window) << "the screen is not open";
+    for (const QChar letter : text)
+        QTest::sendKeyEvent(QTest::Click, window, Qt::Key_unknown, QString(letter), Qt::NoModifier);
+}
+
+void GuiTest::tap(const QPoint& point)
+{
+    QWindow* window = inputWindow();
+    ASSERT_TRUE(window) << "the screen is not open";
+    const QPoint inWindow = YScreen::instance()->mapTo(YScreen::instance()->window(), point);
+    QTest::mouseClick(window, Qt::LeftButton, Qt::NoModifier, inWindow);
+}
+
+void GuiTest::tap(const QWidget* widget)
+{
+    tap(widget->mapTo(YScreen::instance(), widget->rect().center()));
+}
+
+QWidget* GuiTest::screen()
+{
+    return YScreen::instance();
+}
+
+QWidget* GuiTest::activeLayer()
+{
+    return YScreen::instance()->activeLayer();
+}
+
+void GuiTest::later(std::function<void()> step)
+{
+    QTimer::singleShot(0, qApp, std::move(step));
+}
+
+void GuiTest::later(std::vector<std::function<void()>> steps)
+{
+    if (steps.empty())
+        return;
+    later([steps = std::move(steps)]() mutable {
+        const std::function<void()> first = steps.front();
+        steps.erase(steps.begin());
+        // A step may enter a nested loop, in which the next one has to run.
+        later(std::move(steps));
+        first();
+    });
+}
+
+void GuiTest::settle()
+{
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QCoreApplication::processEvents();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+bool GuiTest::waitFor(const std::function<bool()>& condition)
+{
+    return QTest::qWaitFor(condition, 10000);
+}
+
+void GuiTest::expectWarning(const std::string& part)
+{
+    announced.push_back(part);
+}
+
+void GuiTest::SetUp()
+{
+    settle();
+    before = allWidgets();
+    warnings.clear();
+}
+
+void GuiTest::TearDown()
+{
+    settle();
+    for (const std::string& part : announced) {
+        const auto found =
+            std::find_if(warnings.begin(), warnings.end(), [&part](const std::string& warning) {
+                return warning.find(part) != std::string::npos;
+            });
+        if (found == warnings.end())
+            ADD_FAILURE() << "the warning did not come: " << part;
+        else
+            warnings.erase(found);
+    }
+    for (const std::string& warning : warnings)
+        ADD_FAILURE() << "unannounced warning: " << warning;
+    for (const QWidget* widget : allWidgets())
+        if (!before.count(widget))
+            ADD_FAILURE() << "left behind: " << describe(*widget);
+}
+
+int main(int argc, char** argv)
+{
+    ::testing::InitGoogleTest(&argc, argv);
+    ::testing::AddGlobalTestEnvironment(new ApplicationEnvironment);
+    return RUN_ALL_TESTS();
+}
