@@ -1,0 +1,100 @@
+#include "command_table.h"
+
+namespace ctl {
+
+const std::vector<Group>& groups()
+{
+    static const std::vector<Group> table = {
+        {"profile", "Network profiles: list, show and change them"},
+        {"link", "Data links: open one"},
+        {"setting", "Settings of the device-management tree"},
+        {"feature", "Features that the device has"},
+        {"doctor", "Look for damaged files below the root, and say what to do"},
+    };
+    return table;
+}
+
+const std::vector<Command>& commands()
+{
+    static const std::vector<Command> table = {
+        {"profile",
+         "list",
+         "List the stored profiles",
+         {},
+         {Flag::OnlyNames, Flag::ShowSecrets, Flag::Json},
+         profileList},
+        {"profile",
+         "show",
+         "Show one profile",
+         {Word::Profile},
+         {Flag::ShowSecrets, Flag::Json},
+         profileShow},
+        {"profile",
+         "create",
+         "Store a new profile",
+         {Word::NewProfile, Word::Assignments},
+         {Flag::Passwords, Flag::ShowSecrets, Flag::Json},
+         profileCreate},
+        {"profile",
+         "set",
+         "Change fields of a stored profile",
+         {Word::Profile, Word::Assignments},
+         {Flag::Passwords, Flag::ShowSecrets, Flag::Json},
+         profileSet},
+        {"profile",
+         "copy",
+         "Store a copy of a profile under another name",
+         {Word::Profile, Word::NewProfile},
+         {Flag::ShowSecrets, Flag::Json},
+         profileCopy},
+        {"profile",
+         "rename",
+         "Give a profile another name",
+         {Word::Profile, Word::NewProfile},
+         {Flag::Json},
+         profileRename},
+        {"profile",
+         "delete",
+         "Remove a profile, a damaged one too",
+         {Word::Profile},
+         {Flag::Json},
+         profileDelete},
+        {"profile",
+         "export",
+         "Write profiles as JSON, every bit of them",
+         {Word::Profiles},
+         {Flag::All, Flag::Output, Flag::RawExport, Flag::ShowSecrets, Flag::Json},
+         profileExport},
+        {"profile",
+         "import",
+         "Store profiles from a file that export has written",
+         {Word::File},
+         {Flag::NewName, Flag::Replace, Flag::RawImport, Flag::ShowSecrets, Flag::Json},
+         profileImport},
+        {"link",
+         "open",
+         "Open a link, print each indication, close it",
+         {Word::Profile},
+         {Flag::Hold, Flag::Timeout, Flag::Json},
+         linkOpen},
+        {"setting", "get", "Print one setting", {Word::Setting}, {Flag::Json}, settingGet},
+        {"setting",
+         "set",
+         "Change or add one setting",
+         {Word::Setting, Word::SettingValue},
+         {Flag::Type, Flag::Json},
+         settingSet},
+        {"setting", "list", "List the settings", {}, {Flag::Json}, settingList},
+        {"feature", "list", "List the features", {}, {Flag::Json}, featureList},
+        {"feature",
+         "set",
+         "Switch a feature on or off",
+         {Word::Feature, Word::FeatureValue},
+         {Flag::Json},
+         featureSet},
+        {"doctor", "", "Look for damage, and say what to do", {}, {Flag::Json}, doctor},
+    };
+    return table;
+}
+
+} // namespace ctl

@@ -1,0 +1,72 @@
+// "doctor": everything below the root that is damaged, and what a person can do about it.
+#include "failure.h"
+#include "network/napi_host.h"
+#include "output.h"
+#include "request.h"
+#include "settings/settings_host.h"
+#include "store.h"
+#include "terminal_text.h"
+#include "values.h"
+
+namespace ctl {
+
+namespace {
+
+using napihost::Finding;
+
+// A record of the right size can still hold what no program can use.
+void inspectRecord(const std::string& name, const NetworkProfile& record,
+                   std::vector<Finding>& findings)
+{
+    const std::string path = napihost::profilesFolder() + '/' + name + "/profile";
+    for (const Field& field : fields()) {
+        if (field.kind != Kind::Text && field.kind != Kind::Secret)
+            continue;
+        const std::string text = valueText(field, record);
+        if (!isUtf8(text) || hasControlCharacter(text))
+            findings.push_back({path,
+                                std::string("the field ") + field.name + " holds no readable text",
+                                "give it a new value with \"vornctl profile set\""});
+    }
+}
+
+std::vector<Finding> findAll()
+{
+    std::vector<Finding> findings;
+    if (const int result = napihost::inspectStore(&findings); result < 0)
+        failNapi(result, "look through the profiles", nullptr);
+    for (const std::string& name : listProfiles()) {
+        NetworkProfile record;
+        if (readIfUsable(name, &record))
+            inspectRecord(name, record, findings);
+    }
+    for (const Finding& finding : napihost::inspectNetworkConfiguration())
+        findings.push_back(finding);
+    for (const settingshost::Finding& finding : settingshost::inspectSettings())
+        findings.push_back({finding.path, finding.problem, finding.remedy});
+    return findings;
+}
+
+} // namespace
+
+int doctor(const Request& request)
+{
+    const std::vector<Finding> findings = findAll();
+    Json list = Json::array();
+    std::string text;
+    for (const Finding& finding : findings) {
+        list.push_back(
+            {{"path", finding.path}, {"problem", finding.problem}, {"remedy", finding.remedy}});
+        text += printable(finding.path) + ": " + printable(finding.problem) + "\n  " +
+                printable(finding.remedy) + '\n';
+    }
+    if (request.json)
+        printJson(list);
+    else
+        print(findings.empty()
+                  ? "Nothing is wrong below " + inQuotes(napihost::rootFolder()) + ".\n"
+                  : text);
+    return static_cast<int>(findings.empty() ? Exit::Done : Exit::Found);
+}
+
+} // namespace ctl

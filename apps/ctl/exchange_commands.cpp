@@ -1,0 +1,222 @@
+// Profiles out to a file and back.
+#include <algorithm>
+#include <climits>
+#include <cstring>
+#include <set>
+
+#include "base/json_document.h"
+#include "failure.h"
+#include "files.h"
+#include "output.h"
+#include "record.h"
+#include "request.h"
+#include "store.h"
+#include "terminal_text.h"
+#include "values.h"
+
+namespace ctl {
+
+namespace {
+
+const char formatName[] = "vorn-profiles";
+constexpr std::size_t largestFile = 64U << 20;
+
+struct Named
+{
+    std::string name;
+    NetworkProfile record;
+};
+
+void deliver(const Request& request, const std::string& bytes)
+{
+    if (request.file.empty() || request.file == "-")
+        print(bytes);
+    else
+        writePrivateFile(request.file, bytes);
+}
+
+bool holdsPassword(const NetworkProfile& record)
+{
+    for (const Field& field : fields())
+        if (field.kind == Kind::Secret && !valueText(field, record).empty())
+            return true;
+    return false;
+}
+
+int exportRaw(const Request& request)
+{
+    if (request.names.size() != 1)
+        throw Failure(Exit::Usage, "--raw exports exactly one profile.");
+    if (!request.showSecrets)
+        throw Failure(Exit::Usage, "a raw record holds its passwords.",
+                      "Add --show-secrets when they may be written.");
+    const NetworkProfile record = readProfile("export the profile", request.names[0]);
+    deliver(request, std::string(reinterpret_cast<const char*>(&record), sizeof record));
+    return 0;
+}
+
+// One problem a line, as compilers write them.
+[[noreturn]] void failProblems(const Request& request,
+                               const std::vector<base::JsonProblem>& problems)
+{
+    std::string lines;
+    for (const base::JsonProblem& problem : problems)
+        lines += "\n  " + printable(base::describe(request.file, problem));
+    throw Failure(Exit::Input, "cannot import " + inQuotes(request.file) + ':' + lines,
+                  "Nothing was imported.");
+}
+
+void checkHead(const base::JsonValue& document)
+{
+    const base::JsonValue format = document.at("format");
+    if (format.kind() != base::JsonKind::Text || format.text("") != formatName)
+        format.reject(std::string("the text \"") + formatName + '"', "");
+    const base::JsonValue version = document.at("version");
+    if (version.kind() != base::JsonKind::Integer || version.integer(LLONG_MIN, LLONG_MAX, 0) != 1)
+        version.reject("the number 1", "");
+}
+
+Named profileOf(const Request& request, const base::JsonValue& item)
+{
+    const base::JsonValue name = item.at("name");
+    const bool isText = name.kind() == base::JsonKind::Text;
+    Named profile = {isText ? name.text("") : "", {}};
+    if (!isText || (request.name.empty() && !nameProblem(profile.name).empty()))
+        name.reject("the name of a profile: 1 to 63 bytes, without '/' and control characters, not "
+                    "beginning with '.'",
+                    "");
+    const base::JsonValue values = item.at("fields");
+    if (values.kind() != base::JsonKind::Object)
+        values.reject("an object", "");
+    profile.record = imported(values, request.file);
+    return profile;
+}
+
+std::vector<Named> fromDocument(const Request& request, const std::string& bytes)
+{
+    base::JsonDocument document = base::JsonDocument::parse(bytes, request.file, "");
+    std::vector<Named> profiles;
+    if (document.state() == base::JsonDocument::State::Good) {
+        checkHead(document.root());
+        const base::JsonValue list = document.root().at("profiles");
+        if (list.kind() != base::JsonKind::Array)
+            list.reject("an array of profiles", "");
+        std::set<std::string> names;
+        for (const base::JsonValue& item : list.elements()) {
+            profiles.push_back(profileOf(request, item));
+            if (!names.insert(profiles.back().name).second)
+                item.at("name").reject("a name that does not stand in the file before", "");
+        }
+        document.rejectUnknownKeys();
+    }
+    if (const std::vector<base::JsonProblem> problems = document.problems(); !problems.empty())
+        failProblems(request, problems);
+    return profiles;
+}
+
+std::vector<Named> fromRecord(const Request& request, const std::string& bytes)
+{
+    if (request.name.empty())
+        throw Failure(Exit::Usage, "a raw record has no name.", "Give one with --name.");
+    Named profile = {};
+    if (bytes.size() != sizeof profile.record)
+        throw Failure(Exit::Input,
+                      "cannot import " + inQuotes(request.file) + ": it has " +
+                          std::to_string(bytes.size()) + " bytes, and a raw record has " +
+                          std::to_string(sizeof profile.record) + '.',
+                      "Nothing was imported.");
+    std::memcpy(&profile.record, bytes.data(), sizeof profile.record);
+    return {profile};
+}
+
+void giveName(const Request& request, std::vector<Named>& profiles)
+{
+    if (request.name.empty())
+        return;
+    if (profiles.size() != 1)
+        throw Failure(Exit::Usage,
+                      "--name names one profile, and the file holds " +
+                          std::to_string(profiles.size()) + '.',
+                      "Nothing was imported.");
+    profiles[0].name = request.name;
+    if (!nameProblem(request.name).empty())
+        failNapi(NAPI_ERR_NAME, "import a profile as", &request.name);
+}
+
+// Whether each of the profiles is stored already; refuses what the store would refuse.
+std::vector<bool> checkAgainstStore(const Request& request, const std::vector<Named>& profiles)
+{
+    std::vector<bool> stored;
+    for (const Named& profile : profiles) {
+        stored.push_back(profileExists(profile.name));
+        if (stored.back() && !request.replace)
+            throw Failure(Exit::Exists,
+                          "cannot import " + inQuotes(profile.name) +
+                              ": a profile of this name is stored already.",
+                          "Nothing was imported. --replace replaces stored profiles.");
+    }
+    const auto fresh = std::count(stored.begin(), stored.end(), false);
+    const std::size_t room = NAPI_GetMaxProfiles();
+    if (fresh > 0 && listProfiles().size() + static_cast<std::size_t>(fresh) > room)
+        throw Failure(Exit::NoRoom,
+                      "cannot import " + std::to_string(fresh) + " new profiles: at most " +
+                          std::to_string(room) + " are kept.",
+                      "Nothing was imported.");
+    return stored;
+}
+
+void storeAll(const std::vector<Named>& profiles, const std::vector<bool>& stored)
+{
+    for (std::size_t i = 0; i < profiles.size(); ++i) {
+        try {
+            if (stored[i])
+                modifyProfile(profiles[i].name, profiles[i].record);
+            else
+                createProfile(profiles[i].name, profiles[i].record);
+        } catch (const Failure& failure) {
+            throw Failure(failure.status(), failure.what(),
+                          std::to_string(i) + " of " + std::to_string(profiles.size()) +
+                              " profiles were imported before. " + failure.advice());
+        }
+    }
+}
+
+} // namespace
+
+int profileExport(const Request& request)
+{
+    if (request.all != request.names.empty())
+        throw Failure(Exit::Usage, "name the profiles to export, or use --all.");
+    if (request.raw)
+        return exportRaw(request);
+    Json list = Json::array();
+    bool leftOut = false;
+    for (const std::string& name : request.all ? listProfiles() : request.names) {
+        const NetworkProfile record = readProfile("export the profile", name);
+        list.push_back(exported(name, record, request.showSecrets));
+        leftOut = leftOut || (!request.showSecrets && holdsPassword(record));
+    }
+    const Json document = {{"format", formatName}, {"version", 1}, {"profiles", list}};
+    deliver(request, jsonText(document, 2));
+    if (leftOut)
+        note("passwords were left out; --show-secrets writes them.");
+    return 0;
+}
+
+int profileImport(const Request& request)
+{
+    const std::string bytes = readFile(request.file, largestFile, Exit::Input);
+    std::vector<Named> profiles =
+        request.raw ? fromRecord(request, bytes) : fromDocument(request, bytes);
+    giveName(request, profiles);
+    storeAll(profiles, checkAgainstStore(request, profiles));
+    if (!request.json)
+        return 0;
+    Json list = Json::array();
+    for (const Named& profile : profiles)
+        list.push_back(describe(profile.name, profile.record, request.showSecrets));
+    printJson(list);
+    return 0;
+}
+
+} // namespace ctl

@@ -1,0 +1,188 @@
+// "link open": each indication as it comes, and the link closed at the end.
+#include <algorithm>
+#include <chrono>
+#include <cstring>
+
+#include "failure.h"
+#include "link_session.h"
+#include "network/napi_host.h"
+#include "output.h"
+#include "request.h"
+#include "terminal_text.h"
+
+namespace ctl {
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+const char* bearerText(int kind)
+{
+    switch (static_cast<NapiBearerKind>(kind)) {
+    case NAPI_BEARER_UNKNOWN:
+        return "unknown";
+    case NAPI_BEARER_GPRS:
+        return "gprs";
+    case NAPI_BEARER_CSD:
+        return "csd";
+    case NAPI_BEARER_WIFI:
+        return "wifi";
+    }
+    return "unknown";
+}
+
+const char* eventText(int type)
+{
+    switch (static_cast<NapiIndicationType>(type)) {
+    case NAPI_IND_DEFAULT_LINK:
+        return "default-link";
+    case NAPI_IND_CONNECTED:
+        return "connected";
+    case NAPI_IND_OPEN_FAILED:
+        return "failed";
+    case NAPI_IND_BROKEN:
+        return "broken";
+    }
+    return "unknown";
+}
+
+std::string addressText(std::uint32_t address)
+{
+    std::string text;
+    for (int shift = 24; shift >= 0; shift -= 8)
+        text += std::to_string(address >> shift & 0xFF) + (shift ? "." : "");
+    return text;
+}
+
+Json describe(const NapiIndication& indication)
+{
+    Json json = {{"event", eventText(indication.type)}, {"link", indication.linkId}};
+    if (indication.type == NAPI_IND_OPEN_FAILED) {
+        json["cause"] = indication.cause1;
+        json["reason"] = napihost::causeText(indication.cause1);
+        json["detail"] = indication.cause2;
+        return json;
+    }
+    const std::size_t length = strnlen(indication.infoText, sizeof indication.infoText);
+    json["device"] = std::string(indication.infoText, length);
+    json["address"] = indication.infoWord ? addressText(indication.infoWord) : "";
+    json["bearer"] = bearerText(indication.infoByte);
+    return json;
+}
+
+// The same for people: "connected  link 0  device lo  address 127.0.0.1".
+std::string lineOf(const Json& event)
+{
+    std::string line;
+    for (const auto& [key, value] : event.items()) {
+        const std::string text = value.is_string() ? value.get<std::string>() : value.dump();
+        if (key != "event")
+            line += "  " + key + ' ';
+        line += text.empty() ? "-" : printable(text);
+    }
+    return line + '\n';
+}
+
+class Opening
+{
+public:
+    explicit Opening(const Request& request) : m_request(request) {}
+
+    int run()
+    {
+        const int link = m_session.open(m_request.name);
+        report({{"event", "opening"}, {"link", link}, {"profile", m_request.name}});
+        const int status = untilUp();
+        if (status == 0 && m_request.hold)
+            untilDown();
+        if (m_session.close())
+            report({{"event", "closed"}, {"link", link}});
+        return status;
+    }
+
+private:
+    void report(const Json& event) const
+    {
+        if (m_request.json)
+            printJsonLine(event);
+        else
+            print(lineOf(event));
+    }
+
+    double remaining() const
+    {
+        if (m_request.timeout <= 0)
+            return -1;
+        const std::chrono::duration<double> passed = Clock::now() - m_start;
+        return std::max(0.0, m_request.timeout - passed.count());
+    }
+
+    // Waits for the outcome of the opening; the exit status.
+    int untilUp()
+    {
+        for (;;) {
+            switch (m_session.wait(remaining())) {
+            case LinkSession::Event::Signal:
+                return 128 + m_session.signal();
+            case LinkSession::Event::Timeout:
+                throw Failure(Exit::TimedOut,
+                              "the link for " + inQuotes(m_request.name) + " was not open in time.",
+                              "Give --timeout a longer time, or none.");
+            case LinkSession::Event::Ended:
+                throw Failure(Exit::Io, "the network API ended by itself.");
+            case LinkSession::Event::Indication:
+                if (isUp(m_session.indication()))
+                    return 0;
+            }
+        }
+    }
+
+    bool isUp(const NapiIndication& indication)
+    {
+        report(describe(indication));
+        if (indication.type == NAPI_IND_OPEN_FAILED) {
+            m_session.forget();
+            throw Failure(Exit::OpenFailed,
+                          "the link for " + inQuotes(m_request.name) +
+                              " could not be opened: " + napihost::causeText(indication.cause1) +
+                              " (cause " + std::to_string(indication.cause1) + ", detail " +
+                              std::to_string(indication.cause2) + ").",
+                          "Look at the profile with \"vornctl profile show\", and at "
+                          "etc/network.json with \"vornctl doctor\".");
+        }
+        return indication.type == NAPI_IND_CONNECTED;
+    }
+
+    // Holds the link until a signal comes, which is how a person ends it, or until it breaks.
+    void untilDown()
+    {
+        for (;;) {
+            switch (m_session.wait(-1)) {
+            case LinkSession::Event::Signal:
+            case LinkSession::Event::Timeout:
+                return;
+            case LinkSession::Event::Ended:
+                throw Failure(Exit::Io, "the network API ended by itself.");
+            case LinkSession::Event::Indication:
+                report(describe(m_session.indication()));
+                if (m_session.indication().type == NAPI_IND_BROKEN)
+                    throw Failure(Exit::Broken,
+                                  "the link for " + inQuotes(m_request.name) + " broke.",
+                                  "Its device or address went away, or its idle time-out passed.");
+            }
+        }
+    }
+
+    const Request& m_request;
+    LinkSession m_session;
+    Clock::time_point m_start = Clock::now();
+};
+
+} // namespace
+
+int linkOpen(const Request& request)
+{
+    return Opening(request).run();
+}
+
+} // namespace ctl

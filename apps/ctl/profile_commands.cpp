@@ -1,0 +1,137 @@
+// The commands over one profile, and the list.
+#include "failure.h"
+#include "output.h"
+#include "record.h"
+#include "request.h"
+#include "secrets.h"
+#include "store.h"
+#include "terminal_text.h"
+#include "values.h"
+
+namespace ctl {
+
+namespace {
+
+// Every record that an editor has stored bears this mark.
+constexpr std::uint8_t editedMark = 1;
+
+int done(const Request& request, const std::string& name, const NetworkProfile& record)
+{
+    if (request.json)
+        printJson(describe(name, record, request.showSecrets));
+    return 0;
+}
+
+void printNames(const std::vector<std::string>& names)
+{
+    std::string text;
+    for (const std::string& name : names)
+        text += printable(name) + '\n';
+    print(text);
+}
+
+void printList(const std::vector<std::string>& names)
+{
+    Table table({"NAME", "PREFERENCE", "APN", "CSD NUMBER"});
+    const Field* columns[] = {findField("preference"), findField("apn"), findField("csd-number")};
+    for (const std::string& name : names) {
+        NetworkProfile record;
+        if (!readIfUsable(name, &record))
+            continue;
+        std::vector<std::string> cells = {name};
+        for (const Field* field : columns)
+            cells.push_back(shownText(*field, record, false));
+        table.add(std::move(cells));
+    }
+    print(table.text());
+}
+
+void printJsonList(const std::vector<std::string>& names, bool secrets)
+{
+    Json list = Json::array();
+    for (const std::string& name : names) {
+        NetworkProfile record;
+        if (readIfUsable(name, &record))
+            list.push_back(describe(name, record, secrets));
+    }
+    printJson(list);
+}
+
+} // namespace
+
+int profileList(const Request& request)
+{
+    const std::vector<std::string> names = listProfiles();
+    if (request.json && request.onlyNames)
+        printJson(Json(names));
+    else if (request.json)
+        printJsonList(names, request.showSecrets);
+    else if (request.onlyNames)
+        printNames(names);
+    else
+        printList(names);
+    return 0;
+}
+
+int profileShow(const Request& request)
+{
+    const NetworkProfile record = readProfile("show the profile", request.name);
+    if (request.json)
+        return done(request, request.name, record);
+    Table table({"Name", request.name});
+    for (const Field& field : fields())
+        if (isVisible(field))
+            table.add({field.label, shownText(field, record, request.showSecrets)});
+    print(table.text());
+    return 0;
+}
+
+int profileCreate(const Request& request)
+{
+    NetworkProfile record = {};
+    record.storedMark = editedMark;
+    assign(request.assignments, record);
+    takePasswords(request, record);
+    createProfile(request.name, record);
+    return done(request, request.name, record);
+}
+
+int profileSet(const Request& request)
+{
+    const bool passwords = request.askPassword || request.askCsdPassword ||
+                           !request.passwordFile.empty() || !request.csdPasswordFile.empty();
+    if (request.assignments.empty() && !passwords)
+        throw Failure(Exit::Usage, "nothing to set.",
+                      "Give FIELD=VALUE, for example apn=internet.");
+    NetworkProfile record = readProfile("change the profile", request.name);
+    record.storedMark = editedMark;
+    assign(request.assignments, record);
+    takePasswords(request, record);
+    modifyProfile(request.name, record);
+    return done(request, request.name, record);
+}
+
+int profileCopy(const Request& request)
+{
+    const NetworkProfile record = readProfile("copy the profile", request.name);
+    createProfile(request.newName, record);
+    return done(request, request.newName, record);
+}
+
+int profileRename(const Request& request)
+{
+    renameProfile(request.name, request.newName);
+    if (request.json)
+        printJson({{"name", request.newName}, {"renamed-from", request.name}});
+    return 0;
+}
+
+int profileDelete(const Request& request)
+{
+    deleteProfile(request.name);
+    if (request.json)
+        printJson({{"name", request.name}, {"deleted", true}});
+    return 0;
+}
+
+} // namespace ctl

@@ -1,0 +1,152 @@
+#include "record.h"
+
+#include <climits>
+
+#include "failure.h"
+#include "suggestion.h"
+#include "terminal_text.h"
+#include "values.h"
+
+namespace ctl {
+
+namespace {
+
+std::vector<std::string> fieldNames()
+{
+    std::vector<std::string> names;
+    for (const Field& field : fields())
+        if (isVisible(field))
+            names.emplace_back(field.name);
+    return names;
+}
+
+const Field& settable(const std::string& name)
+{
+    const Field* field = findField(name.c_str());
+    if (field && isVisible(*field))
+        return *field;
+    const std::string closest = suggestion(name, fieldNames());
+    throw Failure(Exit::Usage, "a profile has no field " + inQuotes(name) + ".",
+                  closest.empty() ? "\"vornctl profile set --help\" lists the fields." : closest);
+}
+
+void assignOne(const std::string& assignment, NetworkProfile& record)
+{
+    const std::size_t equals = assignment.find('=');
+    if (equals == std::string::npos)
+        throw Failure(Exit::Usage, inQuotes(assignment) + " is not of the form FIELD=VALUE.",
+                      "For example: apn=internet timeout=15");
+    const Field& field = settable(assignment.substr(0, equals));
+    const std::string value = assignment.substr(equals + 1);
+    if (field.kind == Kind::Secret && !value.empty())
+        throw Failure(
+            Exit::Usage,
+            std::string("a password does not belong on the command line, where others can "
+                        "read it (field \"") +
+                field.name + "\").",
+            std::string("Use --") + field.name + " to be asked for it, or --" + field.name +
+                "-file FILE.");
+    if (const auto problem = parseValue(field, value, record))
+        throw Failure(Exit::Usage, std::string(field.name) + ": " + *problem + ".");
+}
+
+Json jsonValue(const Field& field, const NetworkProfile& record)
+{
+    switch (field.kind) {
+    case Kind::Minutes:
+    case Kind::Port:
+    case Kind::Mark:
+        return numberOf(field, record);
+    case Kind::Text:
+    case Kind::Secret:
+    case Kind::Address:
+    case Kind::Choice:
+    case Kind::Kept:
+        break;
+    }
+    return valueText(field, record);
+}
+
+bool isZero(const Field& field, const NetworkProfile& record)
+{
+    return hexText(field, record).find_first_not_of('0') == std::string::npos;
+}
+
+// A number or a text as the text that parseValue() takes; nothing for anything else.
+std::optional<std::string> plainText(const base::JsonValue& value)
+{
+    if (value.kind() == base::JsonKind::Integer)
+        return std::to_string(value.integer(LLONG_MIN, LLONG_MAX, 0));
+    if (value.kind() == base::JsonKind::Text)
+        return value.text("");
+    return {};
+}
+
+bool importField(const Field& field, const base::JsonValue& value, NetworkProfile& record)
+{
+    if (value.kind() == base::JsonKind::Object)
+        return !parseHex(field, value.at("hex").text(""), record);
+    const std::optional<std::string> text = plainText(value);
+    return text && !parseValue(field, *text, record);
+}
+
+} // namespace
+
+void assign(const std::vector<std::string>& assignments, NetworkProfile& record)
+{
+    for (const std::string& assignment : assignments)
+        assignOne(assignment, record);
+}
+
+Json describe(const std::string& name, const NetworkProfile& record, bool secrets)
+{
+    Json json = {{"name", name}};
+    for (const Field& field : fields()) {
+        if (!isVisible(field))
+            continue;
+        if (field.kind == Kind::Secret)
+            json[std::string(field.name) + "-set"] = !valueText(field, record).empty();
+        if (field.kind != Kind::Secret || secrets)
+            json[field.name] = jsonValue(field, record);
+    }
+    return json;
+}
+
+Json exported(const std::string& name, const NetworkProfile& record, bool secrets)
+{
+    Json values = Json::object();
+    for (const Field& field : fields()) {
+        if (field.kind == Kind::Secret && !secrets)
+            continue;
+        if (!isVisible(field) && isZero(field, record))
+            continue;
+        if (isPlain(field, record))
+            values[field.name] = jsonValue(field, record);
+        else
+            values[field.name] = {{"hex", hexText(field, record)}};
+    }
+    return {{"name", name}, {"fields", values}};
+}
+
+NetworkProfile imported(const base::JsonValue& values, const std::string& file)
+{
+    NetworkProfile record = {};
+    for (const Field& field : fields()) {
+        const base::JsonValue value = values.at(field.name);
+        if (!value.present() || importField(field, value, record))
+            continue;
+        const std::string expected =
+            value.kind() == base::JsonKind::Object
+                ? "\"hex\" with " + std::to_string(2 * field.width) + " hexadecimal digits"
+                : rangeText(field);
+        if (field.kind == Kind::Secret)
+            throw Failure(Exit::Input,
+                          printable(file) + ':' + std::to_string(value.line()) + ": " +
+                              value.key() + ": expected " + expected + '.',
+                          "Nothing was imported.");
+        value.reject(expected, "");
+    }
+    return record;
+}
+
+} // namespace ctl

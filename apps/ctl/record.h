@@ -1,0 +1,32 @@
+// Whole records: assignments from the command line, and the JSON form.
+#ifndef CTL_RECORD_H
+#define CTL_RECORD_H
+
+#include <string>
+#include <vector>
+
+#include "base/json_document.h"
+#include "napi.h"
+#include "output.h"
+
+namespace ctl {
+
+// Applies FIELD=VALUE assignments. Throws Failure (Exit::Usage) on an unknown field, a value that
+// does not fit, or a password that is not empty; the record may then be half changed.
+void assign(const std::vector<std::string>& assignments, NetworkProfile& record);
+
+// The visible fields with the profile's name, for "list" and "show": texts as they read, passwords
+// only with `secrets`, and always whether they are set.
+Json describe(const std::string& name, const NetworkProfile& record, bool secrets);
+
+// The profile as "export" writes it: every bit of the record, but without `secrets` no password.
+Json exported(const std::string& name, const NetworkProfile& record, bool secrets);
+
+// The record of an exported profile, whose fields are the object `values`. What is wrong in them is
+// reported to their document; throws Failure (Exit::Input) about a password, so as not to repeat
+// it.
+NetworkProfile imported(const base::JsonValue& values, const std::string& file);
+
+} // namespace ctl
+
+#endif

@@ -1,0 +1,151 @@
+#include "store.h"
+
+#include <memory>
+
+#include "failure.h"
+#include "network/napi_host.h"
+#include "suggestion.h"
+#include "terminal_text.h"
+
+namespace ctl {
+
+std::string nameProblem(const std::string& name)
+{
+    if (name.empty())
+        return "it is empty";
+    if (name.size() > NAPI_PROFILE_NAME_MAX)
+        return "it has " + std::to_string(name.size()) + " bytes";
+    if (!isUtf8(name))
+        return "it is not valid UTF-8";
+    if (hasControlCharacter(name))
+        return "it holds a control character";
+    if (name.find('/') != std::string::npos)
+        return "it holds a '/'";
+    return name[0] == '.' ? "it begins with a '.'" : "";
+}
+
+namespace {
+
+std::string noProfileAdvice(const std::string& name)
+{
+    std::vector<std::string> names;
+    try {
+        names = listProfiles();
+    } catch (const Failure&) {
+        names.clear();
+    }
+    const std::string closest = suggestion(name, names);
+    return closest.empty() ? "\"vornctl profile list\" shows the stored names." : closest;
+}
+
+std::string advice(Exit status, const std::string* name)
+{
+    const std::string root = inQuotes(napihost::rootFolder());
+    if (status == Exit::NoProfile && name)
+        return noProfileAdvice(*name);
+    if (status == Exit::Exists)
+        return "Take another name, or change the stored profile with \"vornctl profile set\".";
+    if (status == Exit::Name)
+        return "A name has 1 to 63 bytes of UTF-8, without '/' and control characters, and does "
+               "not "
+               "begin with '.'.";
+    if (status == Exit::Damaged)
+        return "\"vornctl doctor\" tells what is wrong with it; \"vornctl profile delete\" removes "
+               "it, "
+               "and \"vornctl profile import --replace\" puts a saved copy in its place.";
+    if (status == Exit::NoRoom)
+        return "Delete profiles that nobody needs, or make room on the disk of " + root + ".";
+    if (status == Exit::Access)
+        return "Look at the owner and the permissions below " + root +
+               ", and whether it is mounted read-only.";
+    if (status == Exit::Io)
+        return "Look at the kernel's messages about the disk of " + root + ".";
+    if (status == Exit::Root)
+        return "The root is " + root + "; set VORN_ROOT to the absolute path of a folder.";
+    return status == Exit::Resources ? "End other programs, and try again." : "";
+}
+
+void check(int result, const std::string& action, const std::string& name)
+{
+    if (result < 0)
+        failNapi(result, action, &name);
+}
+
+} // namespace
+
+void failNapi(int result, const std::string& action, const std::string* name)
+{
+    const Exit status = exitOfResult(result);
+    const std::string reason =
+        status == Exit::Name && name ? nameProblem(*name) : napihost::resultText(result);
+    throw Failure(status,
+                  "cannot " + action + (name ? ' ' + inQuotes(*name) : "") + ": " + reason + " (" +
+                      std::to_string(result) + ").",
+                  advice(status, name));
+}
+
+std::vector<std::string> listProfiles()
+{
+    // As many slots as there can be profiles: one call, and only the pages that are filled cost
+    // anything.
+    unsigned int count = NAPI_GetMaxProfiles();
+    const std::unique_ptr<char[]> slots(new char[std::size_t(count) * NAPI_PROFILE_NAME_SLOT]);
+    const int result = NAPI_ListAllProfile(slots.get(), &count);
+    if (result < 0)
+        failNapi(result, "list the profiles", nullptr);
+    std::vector<std::string> names;
+    names.reserve(count);
+    for (unsigned int i = 0; i < count; ++i)
+        names.emplace_back(&slots[std::size_t(i) * NAPI_PROFILE_NAME_SLOT]);
+    return names;
+}
+
+bool profileExists(const std::string& name)
+{
+    const int result = NAPI_IsProfileValid(name.c_str());
+    if (result < 0 && result != NAPI_ERR_NO_PROFILE && result != NAPI_ERR_DAMAGED)
+        failNapi(result, "look for the profile", &name);
+    return result != NAPI_ERR_NO_PROFILE;
+}
+
+bool readIfUsable(const std::string& name, NetworkProfile* record)
+{
+    const int result = NAPI_ReadProfile(name.c_str(), record, 0, 0);
+    if (result < 0 && result != NAPI_ERR_NO_PROFILE && result != NAPI_ERR_DAMAGED)
+        failNapi(result, "read the profile", &name);
+    return result >= 0;
+}
+
+NetworkProfile readProfile(const std::string& action, const std::string& name)
+{
+    NetworkProfile record = {};
+    check(NAPI_ReadProfile(name.c_str(), &record, 0, 0), action, name);
+    return record;
+}
+
+void createProfile(const std::string& name, const NetworkProfile& record)
+{
+    check(NAPI_CreateProfile(name.c_str(), &record, 0, 0), "create the profile", name);
+}
+
+void modifyProfile(const std::string& name, const NetworkProfile& record)
+{
+    check(NAPI_ModifyProfile(name.c_str(), &record, 0, 0), "change the profile", name);
+}
+
+void renameProfile(const std::string& name, const std::string& newName)
+{
+    const int result = napihost::renameProfile(name.c_str(), newName.c_str());
+    // Only the old name can be missing, and only the new one can be taken.
+    const bool newIsBad = result == NAPI_ERR_NAME && nameProblem(name).empty();
+    if (newIsBad || result == NAPI_ERR_EXISTS)
+        failNapi(result, "rename the profile " + inQuotes(name) + " to", &newName);
+    check(result, "rename the profile", name);
+}
+
+void deleteProfile(const std::string& name)
+{
+    check(napihost::deleteProfile(name.c_str()), "delete the profile", name);
+}
+
+} // namespace ctl

@@ -1,0 +1,36 @@
+// The profile store as vornctl uses it: the calls of the network API, each failure with a message
+// that says what failed, for which profile, why, and what to do.
+#ifndef CTL_STORE_H
+#define CTL_STORE_H
+
+#include <string>
+#include <vector>
+
+#include "napi.h"
+
+namespace ctl {
+
+// Throws the Failure of a negative result. `action` is what was tried, "show the profile"; `name`
+// the profile it was tried on, without one when null.
+[[noreturn]] void failNapi(int result, const std::string& action, const std::string* name);
+
+// Why the text cannot be a profile name; "" when it can.
+std::string nameProblem(const std::string& name);
+
+// The names of the usable profiles, sorted byte by byte.
+std::vector<std::string> listProfiles();
+
+bool profileExists(const std::string& name);
+
+// False when the profile is gone or damaged; throws on every other failure.
+bool readIfUsable(const std::string& name, NetworkProfile* record);
+
+NetworkProfile readProfile(const std::string& action, const std::string& name);
+void createProfile(const std::string& name, const NetworkProfile& record);
+void modifyProfile(const std::string& name, const NetworkProfile& record);
+void renameProfile(const std::string& name, const std::string& newName);
+void deleteProfile(const std::string& name);
+
+} // namespace ctl
+
+#endif

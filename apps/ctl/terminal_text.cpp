@@ -1,0 +1,171 @@
+#include "terminal_text.h"
+
+#include <clocale>
+#include <cstdint>
+#include <cstdio>
+#include <cwchar>
+
+namespace ctl {
+
+namespace {
+
+struct Character
+{
+    std::uint32_t code = 0;
+    std::size_t length = 0; // in bytes; 0 when the bytes are no UTF-8
+};
+
+struct LeadByte
+{
+    unsigned char mask, value;
+    std::size_t length;
+    std::uint32_t smallest;
+};
+
+const LeadByte leadBytes[] = {
+    {0x80, 0x00, 1, 0}, {0xE0, 0xC0, 2, 0x80}, {0xF0, 0xE0, 3, 0x800}, {0xF8, 0xF0, 4, 0x10000}};
+
+Character decode(std::string_view text)
+{
+    const auto first = static_cast<unsigned char>(text.front());
+    for (const LeadByte& lead : leadBytes) {
+        if ((first & lead.mask) != lead.value)
+            continue;
+        if (text.size() < lead.length)
+            return {};
+        std::uint32_t code = first & static_cast<unsigned char>(~lead.mask);
+        for (std::size_t i = 1; i < lead.length; ++i) {
+            const auto byte = static_cast<unsigned char>(text[i]);
+            if ((byte & 0xC0) != 0x80)
+                return {};
+            code = code << 6 | (byte & 0x3F);
+        }
+        if (code < lead.smallest || code > 0x10FFFF || (code >= 0xD800 && code <= 0xDFFF))
+            return {};
+        return {code, lead.length};
+    }
+    return {};
+}
+
+bool isControl(std::uint32_t code)
+{
+    return code < 0x20 || (code >= 0x7F && code <= 0x9F);
+}
+
+// Marks, embeddings, overrides and isolates of bidirectional text, and the two line separators.
+bool turnsText(std::uint32_t code)
+{
+    return code == 0x200E || code == 0x200F || code == 0x061C ||
+           (code >= 0x2028 && code <= 0x202E) || (code >= 0x2066 && code <= 0x2069);
+}
+
+std::string escape(std::uint32_t code)
+{
+    if (code == '\n')
+        return "\\n";
+    if (code == '\t')
+        return "\\t";
+    if (code == '\r')
+        return "\\r";
+    char text[16];
+    std::snprintf(text, sizeof text, code < 0x80 ? "\\x%02X" : "\\u{%X}",
+                  static_cast<unsigned>(code));
+    return text;
+}
+
+std::string escapeByte(char byte)
+{
+    char text[8];
+    std::snprintf(text, sizeof text, "\\x%02X", static_cast<unsigned char>(byte));
+    return text;
+}
+
+// The C library's widths belong to a locale. The program stays in the locale "C", where nothing
+// costs time at the start, and takes this one only when the first character beyond ASCII is met.
+int wideWidth(std::uint32_t code)
+{
+    static const locale_t unicode = newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
+    if (!unicode)
+        return 1;
+    const locale_t before = uselocale(unicode);
+    const int width = wcwidth(static_cast<wchar_t>(code));
+    uselocale(before);
+    return width < 0 ? 1 : width;
+}
+
+} // namespace
+
+bool isUtf8(std::string_view text)
+{
+    while (!text.empty()) {
+        const Character c = decode(text);
+        if (c.length == 0)
+            return false;
+        text.remove_prefix(c.length);
+    }
+    return true;
+}
+
+bool hasControlCharacter(std::string_view text)
+{
+    while (!text.empty()) {
+        const Character c = decode(text);
+        if (c.length != 0 && isControl(c.code))
+            return true;
+        text.remove_prefix(c.length == 0 ? 1 : c.length);
+    }
+    return false;
+}
+
+std::string printable(std::string_view text)
+{
+    std::string result;
+    result.reserve(text.size());
+    while (!text.empty()) {
+        const Character c = decode(text);
+        if (c.length == 0)
+            result += escapeByte(text.front());
+        else if (isControl(c.code) || turnsText(c.code))
+            result += escape(c.code);
+        else
+            result += text.substr(0, c.length);
+        text.remove_prefix(c.length == 0 ? 1 : c.length);
+    }
+    return result;
+}
+
+std::string inQuotes(std::string_view text)
+{
+    return '"' + printable(text) + '"';
+}
+
+std::string printableJson(std::string_view document)
+{
+    std::string result;
+    result.reserve(document.size());
+    while (!document.empty()) {
+        const Character c = decode(document);
+        if (c.code >= 0x7F && (isControl(c.code) || turnsText(c.code))) {
+            char text[8];
+            std::snprintf(text, sizeof text, "\\u%04X", static_cast<unsigned>(c.code) & 0xFFFFU);
+            result += text;
+        } else {
+            result += document.substr(0, c.length == 0 ? 1 : c.length);
+        }
+        document.remove_prefix(c.length == 0 ? 1 : c.length);
+    }
+    return result;
+}
+
+std::size_t displayWidth(std::string_view text)
+{
+    std::size_t width = 0;
+    while (!text.empty()) {
+        const Character c = decode(text);
+        width += c.code < 0x80 ? 1U : static_cast<std::size_t>(wideWidth(c.code));
+        text.remove_prefix(c.length == 0 ? 1 : c.length);
+    }
+    return width;
+}
+
+} // namespace ctl

@@ -1,0 +1,36 @@
+// Text that goes to a terminal: how wide it is, and what of it must not reach the terminal raw.
+#ifndef CTL_TERMINAL_TEXT_H
+#define CTL_TERMINAL_TEXT_H
+
+#include <string>
+#include <string_view>
+
+namespace ctl {
+
+// True when the bytes are well-formed UTF-8 (no overlong forms, no surrogates, nothing above
+// U+10FFFF).
+bool isUtf8(std::string_view text);
+
+// True when the text holds a control character (U+0000 to U+001F, U+007F to U+009F). The text is
+// UTF-8.
+bool hasControlCharacter(std::string_view text);
+
+// The text with everything a terminal would obey instead of show written as an escape: control
+// characters (\n, \t, \x1B, \u{9B}), characters that turn the direction of writing (\u{202E}), and
+// bytes that are no UTF-8 (\xFF).
+std::string printable(std::string_view text);
+
+// printable() in double quotes.
+std::string inQuotes(std::string_view text);
+
+// A JSON document whose strings keep every character, with those that printable() would escape
+// written as JSON escapes (\u009B). The newlines between its parts stay.
+std::string printableJson(std::string_view document);
+
+// The number of terminal columns that a printable() text takes, in any locale: 2 for a wide East
+// Asian character, 0 for a combining one.
+std::size_t displayWidth(std::string_view text);
+
+} // namespace ctl
+
+#endif
