@@ -1,0 +1,200 @@
+// The popup's Cancel key, pressed and clicked as a person does.
+
+#include <QApplication>
+#include <QTest>
+
+#include <ysoftkey.h>
+#include <ystatedialog.h>
+
+#include "session/session_fixture.h"
+
+namespace {
+
+enum class By { RightSoftKey, Escape, Mouse, SlowMouse };
+
+const struct
+{
+    const char* name;
+    By by;
+} ways[] = {{"the right soft key", By::RightSoftKey},
+            {"Escape", By::Escape},
+            {"a click", By::Mouse},
+            {"a press and, later, a release", By::SlowMouse}};
+
+} // namespace
+
+class Cancel : public Session
+{
+protected:
+    void SetUp() override
+    {
+        Session::SetUp();
+        initialise();
+    }
+
+    void open()
+    {
+        ASSERT_EQ(5, manager->openLink("Internet"));
+        napi.take();
+    }
+
+    // Works the Cancel key of the popup on the screen.
+    void cancel(By by)
+    {
+        YSoftKey* keys = popup()->getSoftKey();
+        const QPoint point =
+            keys->mapTo(screen(), QPoint(keys->width() * 3 / 4, keys->height() / 2));
+        QWindow* window = screen()->window()->windowHandle();
+        switch (by) {
+        case By::RightSoftKey:
+            press(Qt::Key_F2);
+            break;
+        case By::Escape:
+            press(Qt::Key_Escape);
+            break;
+        case By::Mouse:
+            tap(point);
+            break;
+        case By::SlowMouse:
+            QTest::mousePress(window, Qt::LeftButton, {}, point);
+            pass();
+            QTest::mouseRelease(window, Qt::LeftButton, {}, point);
+            break;
+        }
+        pass();
+    }
+};
+
+TEST_F(Cancel, ClosesTheLinkAndReportsCause13Once)
+{
+    for (const auto& way : ways) {
+        open();
+        cancel(way.by);
+        EXPECT_EQ("CloseLink(5)", napi.take()) << way.name;
+        EXPECT_EQ("openFailed(5,13,0)", log->take()) << way.name;
+        EXPECT_EQ(nullptr, popup()) << way.name;
+    }
+}
+
+TEST_F(Cancel, TakesThePopupAwayAndClosesTheLinkBeforeTheSignal)
+{
+    open();
+    log->inside = [this] {
+        EXPECT_EQ(nullptr, popup());
+        EXPECT_EQ("CloseLink(5)", napi.take());
+    };
+    cancel(By::Escape);
+    EXPECT_EQ("openFailed(5,13,0)", log->take());
+}
+
+TEST_F(Cancel, IgnoresTheResultOfClosingTheLink)
+{
+    open();
+    napi.closeResult = NAPI_ERR_NO_LINK;
+    cancel(By::RightSoftKey);
+    EXPECT_EQ("openFailed(5,13,0)", log->take());
+}
+
+TEST_F(Cancel, LeavesALaterFailureOfTheSameIdToASecondSignal)
+{
+    open();
+    cancel(By::Escape);
+    EXPECT_EQ("openFailed(5,13,0)", log->take());
+    deliver(indication(NAPI_IND_OPEN_FAILED, 5));
+    EXPECT_EQ("openFailed(5,41394,772)", log->take());
+}
+
+TEST_F(Cancel, LetsTheNextOpeningShowItsPopup)
+{
+    open();
+    cancel(By::Mouse);
+    log->take();
+    open();
+    EXPECT_EQ(1, popupCount());
+}
+
+TEST_F(Cancel, MayOpenAgainFromInsideOpenFailed)
+{
+    open();
+    log->inside = [this] {
+        log->inside = nullptr;
+        napi.openResult = 6;
+        EXPECT_EQ(6, manager->openLink("Again"));
+    };
+    cancel(By::Escape);
+    EXPECT_EQ("openFailed(5,13,0)", log->take());
+    EXPECT_EQ("CloseLink(5) OpenLink(Again)", napi.take());
+    ASSERT_EQ(1, popupCount());
+    deliver(indication(NAPI_IND_CONNECTED, 6));
+    EXPECT_EQ("connected(6)", log->take());
+    EXPECT_EQ(0, popupCount());
+}
+
+TEST_F(Cancel, MayDeleteTheManagerFromInsideOpenFailed)
+{
+    for (const auto& way : ways) {
+        open();
+        log->inside = [this] { manager.reset(); };
+        cancel(way.by);
+        EXPECT_EQ("CloseLink(5) Fini()", napi.take()) << way.name;
+        EXPECT_EQ("openFailed(5,13,0)", log->take()) << way.name;
+        TearDown();
+        SetUp();
+    }
+}
+
+TEST_F(Cancel, ActsOnTheLinkThatIsStillPendingWhenThePopupWasForgotten)
+{
+    open();
+    manager->openLinkNoDialog("Quiet");
+    napi.take();
+    YStateDialog* forgotten = popup();
+    cancel(By::Escape);
+    EXPECT_EQ("CloseLink(5)", napi.take());
+    EXPECT_EQ("openFailed(5,13,0)", log->take());
+    EXPECT_EQ(forgotten, popup());
+    cancel(By::Mouse);
+    EXPECT_EQ("CloseLink(-1)", napi.take());
+    EXPECT_EQ("openFailed(-1,13,0)", log->take());
+    delete forgotten;
+}
+
+TEST_F(Cancel, OutlivesItsManagerWhenThePopupWasForgotten)
+{
+    open();
+    manager->openLinkNoDialog("Quiet");
+    manager.reset();
+    napi.take();
+    YStateDialog* forgotten = popup();
+    cancel(By::Escape);
+    EXPECT_EQ("", napi.take());
+    EXPECT_EQ("", log->take());
+    delete forgotten;
+}
+
+TEST_F(Cancel, IsTheOnlyKeyThatDoesAnything)
+{
+    open();
+    for (Qt::Key key : {Qt::Key_F1, Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space, Qt::Key_Up,
+                        Qt::Key_Down, Qt::Key_Left, Qt::Key_Tab, Qt::Key_A, Qt::Key_5}) {
+        press(key);
+        pass();
+        EXPECT_EQ("", napi.take()) << key;
+        EXPECT_EQ("", log->take()) << key;
+        ASSERT_NE(nullptr, popup()) << key;
+    }
+}
+
+TEST_F(Cancel, IsNotPressedByAClickBesideIt)
+{
+    open();
+    const QRect box(popup()->mapTo(screen(), QPoint(0, 0)), popup()->size());
+    YSoftKey* keys = popup()->getSoftKey();
+    for (const QPoint& point : {QPoint(2, 2), box.center(), box.topLeft() - QPoint(0, 5),
+                                keys->mapTo(screen(), QPoint(10, keys->height() / 2))}) {
+        tap(point);
+        pass();
+        EXPECT_EQ("", napi.take()) << point.x() << "," << point.y();
+        ASSERT_NE(nullptr, popup());
+    }
+}

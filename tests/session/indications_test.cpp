@@ -1,0 +1,351 @@
+// From indication messages to signals.
+
+#include <algorithm>
+#include <cstring>
+#include <sys/socket.h>
+#include <thread>
+
+#include <QEventLoop>
+
+#include "session/session_fixture.h"
+
+namespace {
+
+// Slots with none and with the first of the signal's arguments.
+class FewArguments : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit FewArguments(YDataSessionManager& manager)
+    {
+        connect(&manager, SIGNAL(connected(int, YLinkInfo&)), SLOT(none()));
+        connect(&manager, SIGNAL(connected(int, YLinkInfo&)), SLOT(id(int)));
+    }
+
+    std::string log;
+
+public slots:
+    void none() { log += "none, "; }
+    void id(int linkId) { log += "id " + std::to_string(linkId) + ", "; }
+};
+
+// Counts messages whose infoWord is their number, and ends its loop with the last.
+class OrderCheck : public QObject
+{
+    Q_OBJECT
+
+public:
+    OrderCheck(YDataSessionManager& manager, unsigned int total) : expected(total)
+    {
+        connect(&manager, SIGNAL(connected(int, YLinkInfo&)), SLOT(connected(int, YLinkInfo&)));
+    }
+
+    QEventLoop loop;
+    unsigned int count = 0;
+    bool inOrder = true;
+
+public slots:
+    void connected(int linkId, YLinkInfo& info)
+    {
+        inOrder = inOrder && info.infoWord == count && linkId == static_cast<int>(count % 256);
+        if (++count == expected)
+            loop.quit();
+    }
+
+private:
+    const unsigned int expected;
+};
+
+void sendAll(int descriptor, const std::vector<NapiIndication>& messages)
+{
+    const char* bytes = reinterpret_cast<const char*>(messages.data());
+    size_t left = messages.size() * sizeof(NapiIndication);
+    while (left > 0) {
+        const ssize_t count = ::send(descriptor, bytes, left, MSG_NOSIGNAL);
+        ASSERT_GT(count, 0);
+        bytes += count;
+        left -= static_cast<size_t>(count);
+    }
+}
+
+} // namespace
+
+class Indications : public Session
+{
+protected:
+    void SetUp() override
+    {
+        Session::SetUp();
+        initialise();
+    }
+};
+
+TEST_F(Indications, MapsEachTypeOfAnOrdinaryLink)
+{
+    const struct
+    {
+        const char* name;
+        uint16_t type;
+        uint8_t linkId;
+        const char* signal;
+    } rows[] = {
+        {"default link 0", 3, 0, "connected(0)"},
+        {"default link with another id", 3, 5, ""},
+        {"connected", 16, 5, "connected(5)"},
+        {"connected, link 0", 16, 0, "connected(0)"},
+        {"connected, highest id", 16, 255, "connected(255)"},
+        {"open failed", 17, 5, "openFailed(5,41394,772)"},
+        {"broken", 32, 5, "broken(5)"},
+        {"below every type", 0, 0, ""},
+        {"just below 3", 2, 0, ""},
+        {"just above 3", 4, 0, ""},
+        {"just below 16", 15, 5, ""},
+        {"just above 17", 18, 5, ""},
+        {"just below 32", 31, 5, ""},
+        {"just above 32", 33, 5, ""},
+        {"16 in the high byte", 0x1000, 5, ""},
+        {"greatest type", 65535, 5, ""},
+    };
+    for (const auto& row : rows) {
+        deliver(indication(row.type, row.linkId));
+        EXPECT_EQ(row.signal, log->take()) << row.name;
+    }
+}
+
+TEST_F(Indications, FillsTheLinkInformationFromItsOffsets)
+{
+    unsigned char bytes[112] = {};
+    bytes[0] = 16;
+    bytes[2] = 9;
+    bytes[3] = 0xFE;
+    std::memcpy(bytes + 4, "ppp0", 5);
+    bytes[104] = 0x04;
+    bytes[105] = 0x03;
+    bytes[106] = 0x02;
+    bytes[107] = 0x81;
+    napi.sendBytes(bytes, sizeof bytes);
+    pass();
+    EXPECT_EQ("connected(9)", log->take());
+    ASSERT_EQ(1u, log->infos.size());
+    EXPECT_EQ(0x81020304u, log->infos[0].infoWord);
+    EXPECT_EQ(0xFEu, log->infos[0].infoByte);
+    EXPECT_STREQ("ppp0", log->infos[0].infoText);
+}
+
+TEST_F(Indications, TakesTheCausesFromTheirOffsets)
+{
+    unsigned char bytes[112] = {};
+    bytes[0] = 17;
+    bytes[2] = 200;
+    bytes[108] = 0x34;
+    bytes[109] = 0x12;
+    bytes[110] = 0xCD;
+    bytes[111] = 0xAB;
+    napi.sendBytes(bytes, sizeof bytes);
+    pass();
+    EXPECT_EQ("openFailed(200,4660,43981)", log->take());
+}
+
+TEST_F(Indications, GivesTheSameInformationWithBroken)
+{
+    deliver(indication(32, 3));
+    ASSERT_EQ(1u, log->infos.size());
+    EXPECT_EQ(0xDEADBEEFu, log->infos[0].infoWord);
+    EXPECT_EQ(0xC7u, log->infos[0].infoByte);
+    EXPECT_STREQ("text of the link", log->infos[0].infoText);
+}
+
+TEST_F(Indications, WaitsForTheLastByteOfAMessage)
+{
+    const NapiIndication message = indication(16, 4);
+    napi.sendBytes(&message, 111);
+    pass();
+    EXPECT_EQ("", log->take());
+    EXPECT_EQ(111u, manager->size());
+    napi.sendBytes(reinterpret_cast<const char*>(&message) + 111, 1);
+    pass();
+    EXPECT_EQ("connected(4)", log->take());
+    EXPECT_EQ(0u, manager->size());
+}
+
+TEST_F(Indications, HandlesThreeMessagesOfOneArrivalInOrder)
+{
+    const NapiIndication messages[] = {indication(16, 1), indication(17, 2), indication(32, 3)};
+    napi.sendBytes(messages, sizeof messages);
+    pass();
+    EXPECT_EQ("connected(1) openFailed(2,41394,772) broken(3)", log->take());
+}
+
+TEST_F(Indications, LeavesAPartialMessageBehindWholeOnes)
+{
+    const NapiIndication messages[] = {indication(16, 1), indication(16, 2)};
+    napi.sendBytes(messages, 112 + 50);
+    pass();
+    EXPECT_EQ("connected(1)", log->take());
+    EXPECT_EQ(50u, manager->size());
+    napi.sendBytes(reinterpret_cast<const char*>(messages) + 162, 62);
+    pass();
+    EXPECT_EQ("connected(2)", log->take());
+}
+
+TEST_F(Indications, SurvivesAMessageCutAtEveryByte)
+{
+    const NapiIndication message = indication(16, 8);
+    for (size_t cut = 1; cut < sizeof message; ++cut) {
+        napi.sendBytes(&message, cut);
+        pass();
+        EXPECT_EQ("", log->take()) << cut;
+        napi.sendBytes(reinterpret_cast<const char*>(&message) + cut, sizeof message - cut);
+        pass();
+        EXPECT_EQ("connected(8)", log->take()) << cut;
+    }
+}
+
+TEST_F(Indications, EmitsNothingWhileTheManagersSignalsAreBlocked)
+{
+    manager->blockSignals(true);
+    deliver(indication(16, 1));
+    manager->blockSignals(false);
+    EXPECT_EQ("", log->take());
+}
+
+TEST_F(Indications, ReachesSlotsThatTakeOnlyTheLeadingArguments)
+{
+    FewArguments few(*manager);
+    deliver(indication(16, 6));
+    EXPECT_EQ("none, id 6, ", few.log);
+}
+
+TEST_F(Indications, DoesNothingWhenTheNetworkApiClosesTheSocket)
+{
+    napi.closeWriteEnd();
+    pass();
+    pass();
+    EXPECT_EQ("", log->take());
+    EXPECT_EQ("", napi.take());
+    EXPECT_EQ(0, manager->closeLink(1));
+}
+
+TEST_F(Indications, StillHandlesWhatCameBeforeTheSocketWasClosed)
+{
+    napi.send(indication(16, 1));
+    napi.closeWriteEnd();
+    pass();
+    pass();
+    EXPECT_EQ("connected(1)", log->take());
+}
+
+TEST_F(Indications, GoesOnWhenAReceiverClosesALinkInsideTheSignal)
+{
+    log->inside = [this] { manager->closeLink(1); };
+    const NapiIndication messages[] = {indication(16, 1), indication(16, 2)};
+    napi.sendBytes(messages, sizeof messages);
+    pass();
+    EXPECT_EQ("connected(1) connected(2)", log->take());
+    EXPECT_EQ("CloseLink(1) CloseLink(1)", napi.take());
+}
+
+TEST_F(Indications, GoesOnWhenAReceiverOpensALinkInsideOpenFailed)
+{
+    log->inside = [this] { manager->openLinkNoDialog("Again"); };
+    const NapiIndication messages[] = {indication(17, 1), indication(16, 2)};
+    napi.sendBytes(messages, sizeof messages);
+    pass();
+    EXPECT_EQ("openFailed(1,41394,772) connected(2)", log->take());
+    EXPECT_EQ("OpenLink(Again) OpenLink(Again)", napi.take());
+}
+
+TEST_F(Indications, StopsWhenAReceiverDeletesTheManagerInsideEachSignal)
+{
+    for (uint16_t type : std::initializer_list<uint16_t>{16, 17, 32}) {
+        log->inside = [this] { manager.reset(); };
+        const NapiIndication messages[] = {indication(type, 1), indication(type, 2)};
+        napi.sendBytes(messages, sizeof messages);
+        pass();
+        EXPECT_EQ("Fini()", napi.take()) << type;
+        const std::string lines = log->take();
+        EXPECT_EQ(std::string::npos, lines.find("(2")) << lines;
+        TearDown();
+        SetUp();
+    }
+}
+
+TEST_F(Indications, DeliversTheRestAfterALoopNestedInASlot)
+{
+    std::string during;
+    log->inside = [&] {
+        log->inside = nullptr;
+        napi.send(indication(16, 2));
+        pass();
+        during = log->take();
+    };
+    deliver(indication(16, 1));
+    EXPECT_EQ("connected(1)", during);
+    pass();
+    EXPECT_EQ("connected(2)", log->take());
+}
+
+TEST_F(Indications, DeliversAMillionMessagesWholeAndInOrder)
+{
+    const unsigned int total = 1'000'000;
+    log.reset();
+    OrderCheck check(*manager, total);
+    std::thread sender([this] {
+        std::vector<NapiIndication> batch(64);
+        for (unsigned int number = 0; number < total; number += 64) {
+            for (unsigned int i = 0; i < 64; ++i) {
+                batch[i] = indication(NAPI_IND_CONNECTED, static_cast<uint8_t>(number + i));
+                batch[i].infoWord = number + i;
+            }
+            sendAll(napi.writeEnd, batch);
+        }
+    });
+    check.loop.exec();
+    sender.join();
+    EXPECT_EQ(total, check.count);
+    EXPECT_TRUE(check.inOrder);
+}
+
+class LinkInformation : public Indications
+{
+protected:
+    // The information that comes of a message with `text` laid over offset 4 and whatever follows.
+    YLinkInfo infoOf(const std::string& text)
+    {
+        char bytes[112] = {NAPI_IND_CONNECTED, 0, 1};
+        std::memcpy(bytes + 4, text.data(), std::min<size_t>(text.size(), sizeof bytes - 4));
+        napi.sendBytes(bytes, sizeof bytes);
+        pass();
+        EXPECT_EQ("connected(1)", log->take());
+        return log->infos.back();
+    }
+};
+
+TEST_F(LinkInformation, HasATextOfEveryLengthThatFits)
+{
+    for (size_t length = 0; length <= 103; ++length) {
+        const std::string text(length, 'a');
+        EXPECT_EQ(text, infoOf(text).infoText) << length;
+    }
+}
+
+TEST_F(LinkInformation, StopsAtTheFirstNul)
+{
+    EXPECT_STREQ("ab", infoOf(std::string("ab\0cd", 5)).infoText);
+}
+
+TEST_F(LinkInformation, ReadsATextWithoutNulOnIntoTheBytesThatFollow)
+{
+    const YLinkInfo info = infoOf(std::string(100, 'b') + "ABC");
+    EXPECT_EQ(std::string(100, 'b') + "ABC", info.infoText);
+    EXPECT_EQ(0x00434241u, info.infoWord);
+}
+
+TEST_F(LinkInformation, CutsATextThatWouldRunOverTheRecord)
+{
+    for (size_t length : {104u, 105u, 107u, 108u})
+        EXPECT_EQ(std::string(103, 'c'), infoOf(std::string(length, 'c')).infoText) << length;
+}
+
+#include "indications_test.moc"

@@ -1,0 +1,243 @@
+// The session manager over the real network API of the host, with its own store and its scenarios.
+
+#include <arpa/inet.h>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <fstream>
+#include <netinet/in.h>
+#include <string>
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <QApplication>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QTemporaryDir>
+
+#include <napi.h>
+#include <ystatedialog.h>
+
+#include "common/gui_test.h"
+#include "session/signal_log.h"
+
+namespace {
+
+// A root of its own with profiles and scenarios for each outcome.
+class RealNetwork : public GuiTest
+{
+protected:
+    void SetUp() override
+    {
+        GuiTest::SetUp();
+        ASSERT_TRUE(root.isValid());
+        qputenv("VORN_ROOT", root.path().toUtf8());
+        ASSERT_TRUE(QDir(root.path()).mkpath("etc"));
+        std::ofstream(root.filePath("etc/network.json").toStdString()) << R"({
+            "bearer": "scenario",
+            "scenario": {
+                "default": { "outcome": "connect", "afterMs": 0 },
+                "profiles": {
+                    "Slow": { "outcome": "connect", "afterMs": 150 },
+                    "Refused": { "outcome": "fail", "afterMs": 20, "cause": 4, "detail": 33 },
+                    "Breaks": { "outcome": "connect", "afterMs": 0, "breakAfterMs": 60 },
+                    "Silent": { "outcome": "never" }
+                }
+            }
+        })";
+        NetworkProfile profile = {};
+        profile.flags = NAPI_PREFER_CELLULAR_ONLY;
+        std::strcpy(profile.gprsApn, "internet");
+        profile.gprsDns1 = 0x7F000001;
+        for (const char* name : {"Plain", "Slow", "Refused", "Breaks", "Silent"})
+            ASSERT_EQ(0, NAPI_CreateProfile(name, &profile, 0, 0)) << name;
+        manager = std::make_unique<YDataSessionManager>();
+        log = std::make_unique<SignalLog>(*manager);
+        ASSERT_GE(manager->init(false), 0);
+    }
+
+    void TearDown() override
+    {
+        log.reset();
+        manager.reset();
+        GuiTest::TearDown();
+    }
+
+    // Runs the event loop until a signal has come, and takes the first one.
+    std::string nextSignal(int limitMs = 10000)
+    {
+        QElapsedTimer limit;
+        limit.start();
+        while (log->isEmpty() && limit.elapsed() < limitMs)
+            QApplication::processEvents(QEventLoop::WaitForMoreEvents, 50);
+        return log->takeFirst();
+    }
+
+    static bool hasPopup()
+    {
+        for (QWidget* widget : QApplication::allWidgets()) {
+            if (qobject_cast<YStateDialog*>(widget))
+                return true;
+        }
+        return false;
+    }
+
+    QTemporaryDir root;
+    std::unique_ptr<YDataSessionManager> manager;
+    std::unique_ptr<SignalLog> log;
+};
+
+// A listening socket on a free port of the loopback address.
+int listeningSocket(sockaddr_in& address)
+{
+    const int listener = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    address = {};
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    socklen_t length = sizeof address;
+    EXPECT_EQ(0, ::bind(listener, reinterpret_cast<sockaddr*>(&address), sizeof address));
+    EXPECT_EQ(0, ::getsockname(listener, reinterpret_cast<sockaddr*>(&address), &length));
+    EXPECT_EQ(0, ::listen(listener, 1));
+    return listener;
+}
+
+} // namespace
+
+TEST_F(RealNetwork, OpensALinkWithThePopupAndTellsItsDevice)
+{
+    const int link = manager->openLink("Slow");
+    ASSERT_EQ(0, link);
+    EXPECT_TRUE(hasPopup());
+    EXPECT_EQ("connected(0)", nextSignal());
+    EXPECT_FALSE(hasPopup());
+
+    QString device;
+    unsigned long address = 0;
+    EXPECT_EQ(0, manager->getDeviceInfo(link, device, &address));
+    EXPECT_EQ(QString("lo"), device);
+    EXPECT_EQ(0x7F000001ul, address);
+    EXPECT_EQ(device.toStdString(), log->infos.at(0).infoText);
+    EXPECT_EQ(address, log->infos.at(0).infoWord);
+    EXPECT_EQ(1u, log->infos.at(0).infoByte);
+    EXPECT_EQ(0, manager->closeLink(link));
+    EXPECT_EQ(NAPI_ERR_NO_LINK, manager->closeLink(link));
+}
+
+TEST_F(RealNetwork, BindsASocketThatThenCarriesBytes)
+{
+    const int link = manager->openLinkNoDialog("Plain");
+    ASSERT_EQ("connected(0)", nextSignal());
+    sockaddr_in address;
+    const int listener = listeningSocket(address);
+    const int client = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    EXPECT_EQ(0, manager->bindSocket2Link(link, client));
+    char device[16] = {};
+    socklen_t length = sizeof device;
+    EXPECT_EQ(0, ::getsockopt(client, SOL_SOCKET, SO_BINDTODEVICE, device, &length));
+    EXPECT_STREQ("lo", device);
+
+    ASSERT_EQ(0, ::connect(client, reinterpret_cast<sockaddr*>(&address), sizeof address));
+    const int server = ::accept(listener, nullptr, nullptr);
+    char answer[6] = {};
+    EXPECT_EQ(5, ::send(server, "hello", 5, 0));
+    EXPECT_EQ(5, ::recv(client, answer, 5, MSG_WAITALL));
+    EXPECT_STREQ("hello", answer);
+    for (int descriptor : {client, server, listener})
+        ::close(descriptor);
+    EXPECT_EQ(0, manager->closeLink(link));
+}
+
+TEST_F(RealNetwork, ReportsWhyALinkCouldNotBeOpened)
+{
+    EXPECT_EQ(0, manager->openLink("Refused"));
+    EXPECT_EQ("openFailed(0,4,33)", nextSignal());
+    EXPECT_FALSE(hasPopup());
+    EXPECT_EQ(NAPI_ERR_NO_LINK, manager->closeLink(0));
+}
+
+TEST_F(RealNetwork, ReportsAnEstablishedLinkThatBreaks)
+{
+    const int link = manager->openLinkNoDialog("Breaks");
+    EXPECT_EQ("connected(0)", nextSignal());
+    EXPECT_EQ("broken(0)", nextSignal());
+    EXPECT_EQ(NAPI_ERR_LINK_NOT_UP, manager->bindSocket2Link(link, 0));
+    EXPECT_EQ(0, manager->closeLink(link));
+}
+
+TEST_F(RealNetwork, GivesUpAnOpeningThatNeverAnswers)
+{
+    const int link = manager->openLink("Silent");
+    EXPECT_TRUE(hasPopup());
+    EXPECT_EQ(0, manager->closeLink(link));
+    EXPECT_FALSE(hasPopup());
+    EXPECT_EQ("", nextSignal(100));
+}
+
+TEST_F(RealNetwork, WritesTheNameServersOfTheProfile)
+{
+    const int link = manager->openLinkNoDialog("Plain");
+    ASSERT_EQ("connected(0)", nextSignal());
+    EXPECT_EQ(0, manager->dnsResolverConfig(link));
+    std::ifstream file(root.filePath("etc/resolv.conf").toStdString());
+    const std::string text((std::istreambuf_iterator<char>(file)), {});
+    EXPECT_NE(std::string::npos, text.find("nameserver 127.0.0.1\n")) << text;
+    EXPECT_EQ(0, manager->closeLink(link));
+}
+
+TEST_F(RealNetwork, PassesTheNetworkApisErrorsThrough)
+{
+    EXPECT_EQ(NAPI_ERR_NO_PROFILE, manager->openLink("Missing"));
+    EXPECT_EQ(NAPI_ERR_NAME, manager->openLink("../Plain"));
+    EXPECT_EQ(NAPI_ERR_NAME, manager->openLinkNoDialog(""));
+    EXPECT_EQ(NAPI_ERR_NO_LINK, manager->closeLink(0));
+    EXPECT_EQ(NAPI_ERR_NO_LINK, manager->closeLink(256));
+    EXPECT_FALSE(hasPopup());
+}
+
+TEST_F(RealNetwork, OpensALinkFromInsideOpenFailed)
+{
+    bool again = true;
+    log->inside = [&] {
+        if (again) {
+            again = false;
+            EXPECT_EQ(0, manager->openLink("Plain"));
+        }
+    };
+    EXPECT_EQ(0, manager->openLink("Refused"));
+    EXPECT_EQ("openFailed(0,4,33)", nextSignal());
+    EXPECT_EQ("connected(0)", nextSignal());
+    EXPECT_EQ(0, manager->closeLink(0));
+}
+
+TEST_F(RealNetwork, ClosesTheLinkFromInsideConnected)
+{
+    log->inside = [this] { EXPECT_EQ(0, manager->closeLink(0)); };
+    EXPECT_EQ(0, manager->openLink("Plain"));
+    EXPECT_EQ("connected(0)", nextSignal());
+    EXPECT_EQ(NAPI_ERR_NO_LINK, manager->closeLink(0));
+}
+
+TEST_F(RealNetwork, LetsAReceiverDeleteTheManagerInsideConnected)
+{
+    log->inside = [this] {
+        EXPECT_EQ(0, manager->closeLink(0));
+        manager.reset();
+    };
+    EXPECT_EQ(0, manager->openLink("Plain"));
+    EXPECT_EQ("connected(0)", nextSignal());
+    EXPECT_EQ(NAPI_ERR_NOT_INITIALISED, NAPI_CloseLink(0));
+}
+
+TEST_F(RealNetwork, ServesTwoManagersOfOneProcess)
+{
+    YDataSessionManager second;
+    ASSERT_GE(second.init(true), 0);
+    SignalLog secondLog(second);
+    EXPECT_EQ(0, manager->openLinkNoDialog("Plain"));
+    EXPECT_EQ("connected(0)", nextSignal());
+    for (int i = 0; i < 100 && secondLog.isEmpty(); ++i)
+        QApplication::processEvents(QEventLoop::WaitForMoreEvents, 50);
+    EXPECT_EQ("connected(0)", secondLog.take());
+    EXPECT_EQ(0, second.closeLink(0));
+}

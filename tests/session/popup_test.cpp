@@ -1,0 +1,237 @@
+// Opening a link with the connecting popup.
+
+#include <QApplication>
+#include <QTest>
+
+#include <yglobal.h>
+#include <ylabel.h>
+#include <ysoftkey.h>
+#include <ystatedialog.h>
+
+#include "session/session_fixture.h"
+
+class Popup : public Session
+{
+protected:
+    void SetUp() override
+    {
+        Session::SetUp();
+        initialise();
+    }
+
+    // Opens link 5 with its popup and drops the record of the call.
+    void open()
+    {
+        ASSERT_EQ(5, manager->openLink("Internet"));
+        ASSERT_NE(nullptr, popup());
+        napi.take();
+        pass();
+    }
+
+    std::vector<YLabel*> labels()
+    {
+        std::vector<YLabel*> found;
+        for (QObject* child : popup()->children()) {
+            if (auto* label = qobject_cast<YLabel*>(child))
+                found.push_back(label);
+        }
+        return found;
+    }
+};
+
+TEST_F(Popup, OpensTheLinkForTheUtf8Name)
+{
+    EXPECT_EQ(5, manager->openLink(QString::fromUtf8("Büro")));
+    EXPECT_EQ("OpenLink(Büro)", napi.take());
+}
+
+TEST_F(Popup, IsShownWhileTheOpeningIsPending)
+{
+    open();
+    EXPECT_EQ(1, popupCount());
+    EXPECT_TRUE(popup()->isVisible());
+    EXPECT_STREQ("YStateDialog", popup()->metaObject()->className());
+    EXPECT_TRUE(popup()->inherits("YPopup"));
+}
+
+TEST_F(Popup, ReturnsTheErrorOfAFailedOpeningAndShowsNothing)
+{
+    for (int error : {-1, -152, int(NAPI_ERR_NO_PROFILE)}) {
+        napi.openResult = error;
+        EXPECT_EQ(error, manager->openLink("Internet"));
+        EXPECT_EQ(nullptr, popup());
+    }
+}
+
+TEST_F(Popup, HasTheSmallDialogsRectangle)
+{
+    open();
+    const QRect dialog = YGlobal::getDlgSmallR();
+    EXPECT_EQ(dialog.size(), popup()->size());
+    EXPECT_EQ(QRect(QPoint(0, 0), dialog.size()), YGlobal::mapFromGlobalR(popup(), dialog));
+}
+
+TEST_F(Popup, HasAnIconAreaWithoutContent)
+{
+    open();
+    ASSERT_EQ(2u, labels().size());
+    EXPECT_EQ(QRect(8, 11, 50, 50), labels()[0]->geometry());
+    EXPECT_TRUE(labels()[0]->text().isEmpty());
+}
+
+TEST_F(Popup, HasAnEmptyTextBesideTheIconArea)
+{
+    open();
+    QRect content = YGlobal::getDlgSmallConR();
+    content.setLeft(content.left() + 64);
+    ASSERT_EQ(2u, labels().size());
+    EXPECT_EQ(YGlobal::mapFromGlobalR(popup(), content), labels()[1]->geometry());
+    EXPECT_TRUE(labels()[1]->text().isEmpty());
+}
+
+TEST_F(Popup, TakesATextThroughSetStateString)
+{
+    open();
+    popup()->setStateString("Signing in");
+    EXPECT_EQ(QString("Signing in"), labels()[1]->text());
+    EXPECT_TRUE(labels()[0]->text().isEmpty());
+}
+
+TEST_F(Popup, HasOnlyTheCancelKey)
+{
+    open();
+    EXPECT_FALSE(popup()->getSoftKey()->isButtonVisible(0));
+    EXPECT_TRUE(popup()->getSoftKey()->isButtonVisible(1));
+    EXPECT_EQ(QString("Cancel"), popup()->getSoftKey()->text(1));
+}
+
+TEST_F(Popup, GoesBeforeConnectedIsEmitted)
+{
+    open();
+    bool shownInside = true;
+    log->inside = [&] { shownInside = popup() != nullptr; };
+    deliver(indication(NAPI_IND_CONNECTED, 5));
+    EXPECT_EQ("connected(5)", log->take());
+    EXPECT_FALSE(shownInside);
+    EXPECT_EQ("", napi.take());
+}
+
+TEST_F(Popup, GoesBeforeOpenFailedIsEmittedWithTheCauses)
+{
+    open();
+    bool shownInside = true;
+    log->inside = [&] { shownInside = popup() != nullptr; };
+    deliver(indication(NAPI_IND_OPEN_FAILED, 5));
+    EXPECT_EQ("openFailed(5,41394,772)", log->take());
+    EXPECT_FALSE(shownInside);
+}
+
+TEST_F(Popup, StaysForOtherTypesOfItsLinkAndEmitsNothing)
+{
+    open();
+    for (uint16_t type : std::initializer_list<uint16_t>{0, 2, 3, 4, 15, 18, 31, 32, 33, 65535}) {
+        deliver(indication(type, 5));
+        EXPECT_EQ("", log->take()) << type;
+        EXPECT_NE(nullptr, popup()) << type;
+    }
+}
+
+TEST_F(Popup, StaysForType3OfLink0WhenLink0IsPending)
+{
+    napi.openResult = 0;
+    EXPECT_EQ(0, manager->openLink("Internet"));
+    deliver(indication(NAPI_IND_DEFAULT_LINK, 0));
+    EXPECT_EQ("", log->take());
+    EXPECT_NE(nullptr, popup());
+}
+
+TEST_F(Popup, StaysForTheOutcomeOfOtherLinksAndPassesItOn)
+{
+    open();
+    deliver(indication(NAPI_IND_CONNECTED, 6));
+    deliver(indication(NAPI_IND_OPEN_FAILED, 4));
+    deliver(indication(NAPI_IND_BROKEN, 7));
+    deliver(indication(NAPI_IND_DEFAULT_LINK, 0));
+    EXPECT_EQ("connected(6) openFailed(4,41394,772) broken(7) connected(0)", log->take());
+    EXPECT_NE(nullptr, popup());
+}
+
+TEST_F(Popup, LetsBrokenThroughOnceTheLinkIsUp)
+{
+    open();
+    deliver(indication(NAPI_IND_CONNECTED, 5));
+    deliver(indication(NAPI_IND_BROKEN, 5));
+    EXPECT_EQ("connected(5) broken(5)", log->take());
+}
+
+TEST_F(Popup, IsNotShownASecondTimeWhileOneIsPending)
+{
+    open();
+    napi.openResult = 6;
+    EXPECT_EQ(6, manager->openLink("Second"));
+    EXPECT_EQ("OpenLink(Second)", napi.take());
+    EXPECT_EQ(1, popupCount());
+    deliver(indication(NAPI_IND_CONNECTED, 6));
+    EXPECT_EQ("connected(6)", log->take());
+    EXPECT_EQ(1, popupCount());
+    deliver(indication(NAPI_IND_CONNECTED, 5));
+    EXPECT_EQ(0, popupCount());
+}
+
+TEST_F(Popup, IsShownAgainForTheNextOpening)
+{
+    open();
+    deliver(indication(NAPI_IND_CONNECTED, 5));
+    EXPECT_EQ(0, popupCount());
+    open();
+    EXPECT_EQ(1, popupCount());
+}
+
+TEST_F(Popup, GoesWithCloseLinkOfItsLinkWithoutASignal)
+{
+    open();
+    EXPECT_EQ(0, manager->closeLink(5));
+    EXPECT_EQ(0, popupCount());
+    EXPECT_EQ("CloseLink(5)", napi.take());
+    EXPECT_EQ("", log->take());
+    open();
+    EXPECT_EQ(1, popupCount());
+}
+
+TEST_F(Popup, StaysWhenAnotherLinkIsClosed)
+{
+    open();
+    EXPECT_EQ(0, manager->closeLink(6));
+    EXPECT_EQ(1, popupCount());
+}
+
+TEST_F(Popup, GoesWithTheManagerBeforeTheNetworkApiIsFinalised)
+{
+    open();
+    manager.reset();
+    EXPECT_EQ(0, popupCount());
+    EXPECT_EQ("Fini()", napi.take());
+}
+
+TEST_F(Popup, IsForgottenByOpenLinkNoDialogAndStaysOnTheScreen)
+{
+    open();
+    YStateDialog* forgotten = popup();
+    EXPECT_EQ(5, manager->openLinkNoDialog("Quiet"));
+    EXPECT_EQ(forgotten, popup());
+    deliver(indication(NAPI_IND_CONNECTED, 5));
+    EXPECT_EQ("connected(5)", log->take());
+    EXPECT_EQ(forgotten, popup());
+    delete forgotten;
+}
+
+TEST_F(Popup, IsForgottenByOpenLinkNoDialogEvenWhenThatFails)
+{
+    open();
+    YStateDialog* forgotten = popup();
+    napi.openResult = -1;
+    EXPECT_EQ(-1, manager->openLinkNoDialog("Quiet"));
+    EXPECT_EQ(0, manager->closeLink(5));
+    EXPECT_EQ(forgotten, popup());
+    delete forgotten;
+}
