@@ -43,16 +43,23 @@ int ProfileWriter::open(IfMissing ifMissing)
     return error ? rootResultOf(error) : resultOf(sweep());
 }
 
-// Leftovers that cannot be removed are put aside, so that they do not stop the writers for good.
+// Leftovers that may not be removed are put aside, so that they do not stop the writers for good.
 int ProfileWriter::sweep()
 {
     Place pending{m_folder.fd(), kPendingName};
     int error = removeTree(pending, "");
     struct stat status;
-    if (error == 0 || fstatat(pending.folder, pending.name, &status, AT_SYMLINK_NOFOLLOW) != 0)
+    if (resultOf(error) != NAPI_ERR_ACCESS ||
+        fstatat(pending.folder, pending.name, &status, AT_SYMLINK_NOFOLLOW) != 0)
         return error;
     std::string aside = ".unremovable-" + std::to_string(status.st_ino);
     return moveToFree(pending, {m_folder.fd(), aside.c_str()});
+}
+
+// Removes what this writer does not need any more; where that fails, the next writer tries again.
+void ProfileWriter::discardPending()
+{
+    removeTree({m_folder.fd(), kPendingName}, "");
 }
 
 // A folder's link count tells how many folders are in it, on file systems that keep it (a count
@@ -113,7 +120,7 @@ int ProfileWriter::create(const std::string& name, const NetworkProfile& record)
     if (error == 0)
         error = move(kPendingName, name.c_str());
     if (error != 0)
-        sweep();
+        discardPending();
     // ENOENT: the store itself was taken away from under this writer.
     return error == ENOENT ? int(NAPI_ERR_IO) : resultOf(error);
 }
@@ -161,7 +168,7 @@ int ProfileWriter::modify(const std::string& name, const NetworkProfile& record)
         error = replaceRecord(profile.get(), record);
     else if (error == ENOTDIR)
         error = replaceFolder(name, record);
-    sweep();
+    discardPending();
     return resultOf(error);
 }
 
@@ -170,10 +177,11 @@ int ProfileWriter::remove(const std::string& name)
     if (int error = move(name.c_str(), kPendingName))
         return resultOf(error);
     int error = removeTree({m_folder.fd(), kPendingName}, kRecordName);
-    // The profile is still there when its folder cannot be emptied: its passwords must not stay in
-    // a place where nobody looks.
-    if (error != 0)
-        move(kPendingName, name.c_str());
+    std::string record = std::string(kPendingName) + "/" + kRecordName;
+    if (error == 0 || recordStatus(m_folder.fd(), record.c_str()).state == RecordState::Missing)
+        return NAPI_OK; // the next writer removes an empty folder
+    // The record stays where people look for it: it holds passwords.
+    move(kPendingName, name.c_str());
     return resultOf(error);
 }
 

@@ -31,6 +31,7 @@ public:
 
 private:
     int sweep();
+    void discardPending();
     int checkLimit() const;
     int buildFolder(const NetworkProfile& record);
     int replaceRecord(int profile, const NetworkProfile& record);
