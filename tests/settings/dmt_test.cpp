@@ -1,0 +1,372 @@
+#include "dmt.h"
+
+#include "settings/settings_host.h"
+#include "settings/settings_root.h"
+
+namespace {
+
+class SettingsTree : public SettingsRoot
+{
+protected:
+    void SetUp() override
+    {
+        SettingsRoot::SetUp();
+        ASSERT_EQ(DmtTreeFactory::Initialize().GetCode(), DMT_OK);
+    }
+
+    void TearDown() override
+    {
+        DmtTreeFactory::Uninitialize();
+        SettingsRoot::TearDown();
+    }
+
+    static int obtain(DmtTreeHandle& tree, const char* principal = "localhost")
+    {
+        return DmtTreeFactory::GetTree(DmtPrincipal(principal), tree).GetCode();
+    }
+
+    // Reads a node from the beginning; the first code that is not DMT_OK.
+    static int readNode(const char* name, DmtData& data)
+    {
+        DmtTreeHandle tree;
+        DmtNodeHandle node;
+        if (const int code = obtain(tree))
+            return code;
+        if (const int code = tree->GetNode(name, node).GetCode())
+            return code;
+        return node->GetValue(data).GetCode();
+    }
+};
+
+TEST_F(SettingsTree, GivesAnInteger)
+{
+    write(settings(), "{\"DefConnPrefer\": -7}");
+    DmtData data;
+    int value = 1;
+    ASSERT_EQ(readNode("DefConnPrefer", data), DMT_OK);
+    EXPECT_EQ(data.GetType(), 2);
+    EXPECT_EQ(data.GetInt(value).GetCode(), DMT_OK);
+    EXPECT_EQ(value, -7);
+}
+
+TEST_F(SettingsTree, GivesAText)
+{
+    write(settings(), "{\"Name\": \"\\u7f51\\u7edc\"}");
+    DmtData data;
+    const char* text = nullptr;
+    ASSERT_EQ(readNode("Name", data), DMT_OK);
+    EXPECT_EQ(data.GetType(), DMT_TYPE_TEXT);
+    EXPECT_EQ(data.GetString(text).GetCode(), DMT_OK);
+    EXPECT_STREQ(text, "\xe7\xbd\x91\xe7\xbb\x9c");
+}
+
+TEST_F(SettingsTree, GivesATruthValue)
+{
+    write(settings(), "{\"Roaming\": true}");
+    DmtData data;
+    bool truth = false;
+    ASSERT_EQ(readNode("Roaming", data), DMT_OK);
+    EXPECT_EQ(data.GetType(), DMT_TYPE_TRUTH);
+    EXPECT_EQ(data.GetBool(truth).GetCode(), DMT_OK);
+    EXPECT_TRUE(truth);
+}
+
+TEST_F(SettingsTree, RefusesAGetterOfAnotherTypeAndLeavesItsArgument)
+{
+    DmtData text, integer;
+    text.SetString("5");
+    integer.SetInt(5);
+    int value = 77;
+    bool truth = true;
+    const char* pointer = "kept";
+    EXPECT_EQ(text.GetInt(value).GetCode(), DMT_WRONG_TYPE);
+    EXPECT_EQ(DmtData().GetInt(value).GetCode(), DMT_WRONG_TYPE);
+    EXPECT_EQ(integer.GetBool(truth).GetCode(), DMT_WRONG_TYPE);
+    EXPECT_EQ(integer.GetString(pointer).GetCode(), DMT_WRONG_TYPE);
+    EXPECT_EQ(value, 77);
+    EXPECT_TRUE(truth);
+    EXPECT_STREQ(pointer, "kept");
+    EXPECT_EQ(DmtData().GetType(), DMT_TYPE_NONE);
+}
+
+TEST_F(SettingsTree, HasNoNodesWhereNoSettingWasEverStored)
+{
+    DmtData data;
+    EXPECT_EQ(readNode("DefConnPrefer", data), DMT_NOT_FOUND);
+    std::filesystem::remove_all(m_root);
+    EXPECT_EQ(readNode("DefConnPrefer", data), DMT_NOT_FOUND);
+}
+
+TEST_F(SettingsTree, FindsANodeByItsExactNameOnly)
+{
+    write(settings(), "{\"DefConnPrefer\": 1}");
+    DmtData data;
+    EXPECT_EQ(readNode("defconnprefer", data), DMT_NOT_FOUND);
+    EXPECT_EQ(readNode("./DefConnPrefer", data), DMT_NOT_FOUND);
+    EXPECT_EQ(readNode("DefConnPrefe", data), DMT_NOT_FOUND);
+    EXPECT_EQ(readNode("", data), DMT_NOT_FOUND);
+    EXPECT_EQ(readNode(nullptr, data), DMT_NOT_FOUND);
+}
+
+TEST_F(SettingsTree, EmptiesTheHandleWhenANodeIsNotFound)
+{
+    write(settings(), "{\"DefConnPrefer\": 1}");
+    DmtTreeHandle tree;
+    DmtNodeHandle node;
+    ASSERT_EQ(obtain(tree), DMT_OK);
+    ASSERT_EQ(tree->GetNode("DefConnPrefer", node).GetCode(), DMT_OK);
+    EXPECT_EQ(tree->GetNode("Other", node).GetCode(), DMT_NOT_FOUND);
+    EXPECT_TRUE(node.IsEmpty());
+}
+
+TEST_F(SettingsTree, SeesWhatAnotherProcessHasChanged)
+{
+    write(settings(), "{\"DefConnPrefer\": 1}");
+    DmtData data;
+    ASSERT_EQ(readNode("DefConnPrefer", data), DMT_OK);
+    inAnotherProcess([] {
+        settingshost::Setting two;
+        two.integer = 2;
+        return settingshost::setSetting("DefConnPrefer", two).isOk();
+    });
+    int value = 0;
+    ASSERT_EQ(readNode("DefConnPrefer", data), DMT_OK);
+    ASSERT_EQ(data.GetInt(value).GetCode(), DMT_OK);
+    EXPECT_EQ(value, 2);
+}
+
+TEST_F(SettingsTree, IsAPictureOfTheMomentInWhichItWasObtained)
+{
+    write(settings(), "{\"DefConnPrefer\": 1}");
+    DmtTreeHandle tree;
+    DmtNodeHandle node;
+    DmtData data;
+    int value = 0;
+    ASSERT_EQ(obtain(tree), DMT_OK);
+    write(settings(), "{\"DefConnPrefer\": 2}");
+    ASSERT_EQ(tree->GetNode("DefConnPrefer", node).GetCode(), DMT_OK);
+    ASSERT_EQ(node->GetValue(data).GetCode(), DMT_OK);
+    ASSERT_EQ(data.GetInt(value).GetCode(), DMT_OK);
+    EXPECT_EQ(value, 1);
+}
+
+TEST_F(SettingsTree, OfABrokenFileIsRefusedAndSaidOnceWithFileAndLine)
+{
+    write(settings(), "{\n\"DefConnPrefer\" 1}");
+    DmtTreeHandle tree;
+    testing::internal::CaptureStderr();
+    const DmtStatus first = DmtTreeFactory::GetTree(DmtPrincipal("localhost"), tree);
+    EXPECT_EQ(obtain(tree), DMT_DAMAGED);
+    const std::string said = testing::internal::GetCapturedStderr();
+    EXPECT_EQ(first.GetCode(), DMT_DAMAGED);
+    EXPECT_TRUE(tree.IsEmpty());
+    EXPECT_EQ(said.rfind(settings() + ":2: expected JSON, found ", 0), 0U) << said;
+    EXPECT_EQ(std::count(said.begin(), said.end(), '\n'), 1);
+    EXPECT_EQ(said, first.GetMessage() + std::string("\n"));
+}
+
+TEST_F(SettingsTree, OfAFileBrokenAgainAfterItWasMendedIsSaidAgain)
+{
+    DmtTreeHandle tree;
+    testing::internal::CaptureStderr();
+    for (const char* text : {"{", "{}", "{"}) {
+        write(settings(), text);
+        obtain(tree);
+    }
+    const std::string said = testing::internal::GetCapturedStderr();
+    EXPECT_EQ(std::count(said.begin(), said.end(), '\n'), 2) << said;
+}
+
+TEST_F(SettingsTree, NeedsAnObjectAsTheOutermostValue)
+{
+    write(settings(), "\n[1]");
+    DmtTreeHandle tree;
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(obtain(tree), DMT_DAMAGED);
+    EXPECT_EQ(testing::internal::GetCapturedStderr(),
+              settings() + ":2: expected an object, found an array\n");
+}
+
+TEST_F(SettingsTree, ReadsANodeThoughAnotherIsUnusable)
+{
+    write(settings(), "{\"Bad\": null, \"DefConnPrefer\": 2}");
+    DmtData data;
+    EXPECT_EQ(readNode("DefConnPrefer", data), DMT_OK);
+}
+
+TEST_F(SettingsTree, IsForTheLocalPrincipalOnly)
+{
+    DmtTreeHandle tree;
+    ASSERT_EQ(obtain(tree), DMT_OK);
+    EXPECT_EQ(obtain(tree, "operator"), DMT_NOT_PERMITTED);
+    EXPECT_TRUE(tree.IsEmpty());
+    DmtPrincipal principal;
+    EXPECT_EQ(DmtTreeFactory::GetTree(principal, tree).GetCode(), DMT_NOT_PERMITTED);
+    principal.SetName("localhost");
+    EXPECT_EQ(DmtTreeFactory::GetTree(principal, tree).GetCode(), DMT_OK);
+}
+
+TEST_F(SettingsTree, IsThereUntilTheLastUserHasGone)
+{
+    DmtTreeHandle tree;
+    ASSERT_EQ(DmtTreeFactory::Initialize().GetCode(), DMT_OK);
+    DmtTreeFactory::Uninitialize();
+    EXPECT_EQ(obtain(tree), DMT_OK);
+    DmtTreeFactory::Uninitialize();
+    EXPECT_EQ(obtain(tree), DMT_NOT_INITIALIZED);
+    DmtTreeFactory::Uninitialize();
+    ASSERT_EQ(DmtTreeFactory::Initialize().GetCode(), DMT_OK);
+    EXPECT_EQ(obtain(tree), DMT_OK);
+}
+
+TEST_F(SettingsTree, StaysWithItsHandlesAfterTheFactoryHasGone)
+{
+    write(settings(), "{\"DefConnPrefer\": 1}");
+    DmtTreeHandle tree;
+    DmtNodeHandle node;
+    DmtData data;
+    ASSERT_EQ(obtain(tree), DMT_OK);
+    ASSERT_EQ(tree->GetNode("DefConnPrefer", node).GetCode(), DMT_OK);
+    DmtTreeFactory::Uninitialize();
+    tree.Release();
+    EXPECT_TRUE(tree.IsEmpty());
+    EXPECT_EQ(tree.operator->(), nullptr);
+    EXPECT_EQ(node->GetValue(data).GetCode(), DMT_OK);
+    ASSERT_EQ(DmtTreeFactory::Initialize().GetCode(), DMT_OK);
+}
+
+TEST_F(SettingsTree, IsSharedByTheCopiesOfItsHandle)
+{
+    write(settings(), "{\"DefConnPrefer\": 1}");
+    DmtTreeHandle first;
+    ASSERT_EQ(obtain(first), DMT_OK);
+    DmtTreeHandle second(first);
+    DmtTreeHandle third;
+    third = second;
+    third = *&third;
+    EXPECT_EQ(first.operator->(), third.operator->());
+    first.Release();
+    second.Release();
+    DmtNodeHandle node;
+    ASSERT_EQ(third->GetNode("DefConnPrefer", node).GetCode(), DMT_OK);
+    DmtNodeHandle copy(node);
+    node.Release();
+    node = copy;
+    EXPECT_EQ(node.operator->(), copy.operator->());
+}
+
+TEST(SettingsValues, AreCopiedWithWhatTheyHold)
+{
+    DmtData first;
+    first.SetString("one");
+    DmtData second(first);
+    DmtData third;
+    third = first;
+    first.SetBool(true);
+    const char* text = nullptr;
+    ASSERT_EQ(second.GetString(text).GetCode(), DMT_OK);
+    EXPECT_STREQ(text, "one");
+    ASSERT_EQ(third.GetString(text).GetCode(), DMT_OK);
+    EXPECT_STREQ(text, "one");
+    second.SetString(nullptr);
+    ASSERT_EQ(second.GetString(text).GetCode(), DMT_OK);
+    EXPECT_STREQ(text, "");
+}
+
+TEST(SettingsStatus, CarriesAMessageThatCanBeSet)
+{
+    DmtStatus status(DMT_NOT_FOUND, "gone");
+    const DmtStatus copy(status);
+    status.SetMessage("Refer error code for more information.");
+    EXPECT_STREQ(status.GetMessage(), "Refer error code for more information.");
+    EXPECT_EQ(status.GetCode(), DMT_NOT_FOUND);
+    EXPECT_STREQ(copy.GetMessage(), "gone");
+    status.SetMessage(nullptr);
+    EXPECT_STREQ(status.GetMessage(), "");
+    status = copy;
+    EXPECT_STREQ(status.GetMessage(), "gone");
+    EXPECT_EQ(DmtStatus().GetCode(), DMT_OK);
+}
+
+struct Row
+{
+    const char* name;
+    const char* text;
+    const char* said; // what is said after file, line and key
+};
+
+void PrintTo(const Row& row, std::ostream* out)
+{
+    *out << row.name;
+}
+
+class UnusableNode : public SettingsTree, public testing::WithParamInterface<Row>
+{};
+
+TEST_P(UnusableNode, HasNoValueAndIsSaidOnce)
+{
+    write(settings(), std::string("{\n\n\"Node\": ") + GetParam().text + "}");
+    DmtData data;
+    data.SetInt(5);
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(readNode("Node", data), DMT_NO_VALUE);
+    EXPECT_EQ(readNode("Node", data), DMT_NO_VALUE);
+    EXPECT_EQ(testing::internal::GetCapturedStderr(),
+              settings() +
+                  ":3: Node: expected an integer from -2147483648 to 2147483647, a text without "
+                  "NUL or a truth value, found " +
+                  GetParam().said + '\n');
+    int value = 0;
+    EXPECT_EQ(data.GetInt(value).GetCode(), DMT_OK);
+    EXPECT_EQ(value, 5);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Values, UnusableNode,
+    testing::Values(Row{"Null", "null", "null"}, Row{"Fraction", "1.5", "the number 1.5"},
+                    Row{"OneAbove32Bits", "2147483648", "the number 2147483648"},
+                    Row{"OneBelow32Bits", "-2147483649", "the number -2147483649"},
+                    Row{"Above64Bits", "18446744073709551616", "the number 18446744073709551616"},
+                    Row{"Array", "[1]", "an array"}, Row{"Object", "{\"a\": 1}", "an object"},
+                    Row{"TextWithNul", "\"a\\u0000b\"", "the text \"a\\u0000b\""}),
+    [](const auto& row) { return std::string(row.param.name); });
+
+class LimitNode : public SettingsTree, public testing::WithParamInterface<int>
+{};
+
+TEST_P(LimitNode, IsRead)
+{
+    write(settings(), "{\"Node\": " + std::to_string(GetParam()) + "}");
+    DmtData data;
+    int value = 0;
+    ASSERT_EQ(readNode("Node", data), DMT_OK);
+    ASSERT_EQ(data.GetInt(value).GetCode(), DMT_OK);
+    EXPECT_EQ(value, GetParam());
+}
+
+INSTANTIATE_TEST_SUITE_P(Values, LimitNode, testing::Values(INT32_MIN, -1, 0, INT32_MAX));
+
+TEST(SettingsFactory, NeedsAFolderForTheFileSystem)
+{
+    const char* const roots[] = {"relative/path", "/dev/null", "/dev/null/below"};
+    for (const char* root : roots) {
+        ::setenv("VORN_ROOT", root, 1);
+        EXPECT_EQ(DmtTreeFactory::Initialize().GetCode(), DMT_NO_STORAGE) << root;
+    }
+    ::unsetenv("VORN_ROOT");
+    DmtTreeHandle tree;
+    EXPECT_EQ(DmtTreeFactory::GetTree(DmtPrincipal("localhost"), tree).GetCode(),
+              DMT_NOT_INITIALIZED);
+}
+
+TEST_F(SettingsTree, IsRefusedWhenItsFolderHasBecomeAFile)
+{
+    std::filesystem::remove_all(m_root + "/etc");
+    write(m_root + "/etc", "");
+    DmtTreeHandle tree;
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(obtain(tree), DMT_NO_STORAGE);
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), m_root + "/etc: not a folder\n");
+}
+
+} // namespace

@@ -1,0 +1,430 @@
+#include "settings/settings_host.h"
+
+#include <cerrno>
+#include <csignal>
+#include <cstring>
+#include <random>
+
+#include <sys/stat.h>
+#include <sys/syscall.h>
+
+#include "settings/settings_root.h"
+
+using settingshost::Code;
+using settingshost::Result;
+using settingshost::Setting;
+
+// The errno with which the renaming of a new file fails; 0 lets it happen.
+static int renameError = 0;
+
+extern "C" __attribute__((visibility("default"))) int
+renameat(int fromFolder, const char* from, int toFolder, const char* to) noexcept
+{
+    if (renameError == 0)
+        return static_cast<int>(::syscall(SYS_renameat2, fromFolder, from, toFolder, to, 0));
+    errno = renameError;
+    return -1;
+}
+
+namespace {
+
+Setting integer(int value)
+{
+    Setting setting;
+    setting.integer = value;
+    return setting;
+}
+
+Setting text(const std::string& value)
+{
+    Setting setting;
+    setting.type = Setting::Type::Text;
+    setting.text = value;
+    return setting;
+}
+
+Setting truth(bool value)
+{
+    Setting setting;
+    setting.type = Setting::Type::Truth;
+    setting.truth = value;
+    return setting;
+}
+
+class SettingsHost : public SettingsRoot
+{
+protected:
+    void TearDown() override
+    {
+        renameError = 0;
+        SettingsRoot::TearDown();
+    }
+};
+
+TEST_F(SettingsHost, GivesBackWhatWasSet)
+{
+    Setting got;
+    ASSERT_TRUE(settingshost::setSetting("a", integer(-2147483647 - 1)).isOk());
+    ASSERT_TRUE(settingshost::setSetting("b", text("\xe7\xbd\x91\n\"")).isOk());
+    ASSERT_TRUE(settingshost::setSetting("c", truth(true)).isOk());
+    ASSERT_TRUE(settingshost::getSetting("a", &got).isOk());
+    EXPECT_EQ(got.type, Setting::Type::Integer);
+    EXPECT_EQ(got.integer, -2147483647 - 1);
+    ASSERT_TRUE(settingshost::getSetting("b", &got).isOk());
+    EXPECT_EQ(got.type, Setting::Type::Text);
+    EXPECT_EQ(got.text, "\xe7\xbd\x91\n\"");
+    ASSERT_TRUE(settingshost::getSetting("c", &got).isOk());
+    EXPECT_EQ(got.type, Setting::Type::Truth);
+    EXPECT_TRUE(got.truth);
+}
+
+TEST_F(SettingsHost, WritesAFileForPeople)
+{
+    ASSERT_TRUE(settingshost::setSetting("DefConnPrefer", integer(1)).isOk());
+    ASSERT_TRUE(settingshost::setSetting("Name", text("x")).isOk());
+    ASSERT_TRUE(settingshost::setFeature(431, true).isOk());
+    EXPECT_EQ(read(settings()), "{\n  \"DefConnPrefer\": 1,\n  \"Name\": \"x\"\n}\n");
+    EXPECT_EQ(read(features()), "{\n  \"431\": true\n}\n");
+}
+
+TEST_F(SettingsHost, KeepsEverythingElseInItsOrder)
+{
+    write(settings(), "{\"z\": {\"x\": [1, 2.5, null]}, \"m\": 1, \"a\": \"t\"}");
+    ASSERT_TRUE(settingshost::setSetting("m", truth(false)).isOk());
+    EXPECT_EQ(read(settings()), "{\n  \"z\": {\n    \"x\": [\n      1,\n      2.5,\n      null\n"
+                                "    ]\n  },\n  \"m\": false,\n  \"a\": \"t\"\n}\n");
+}
+
+TEST_F(SettingsHost, MakesTheFoldersOnTheWay)
+{
+    ::setenv("VORN_ROOT", (m_root + "/new/root").c_str(), 1);
+    EXPECT_TRUE(settingshost::setFeature(431, true).isOk());
+    EXPECT_TRUE(std::filesystem::exists(m_root + "/new/root/etc/features.json"));
+}
+
+TEST_F(SettingsHost, KeepsTheModeOfAFile)
+{
+    struct stat status;
+    ASSERT_TRUE(settingshost::setSetting("a", integer(1)).isOk());
+    ASSERT_EQ(::stat(settings().c_str(), &status), 0);
+    EXPECT_EQ(status.st_mode & 0777, 0644U);
+    ASSERT_EQ(::chmod(settings().c_str(), 0640), 0);
+    ASSERT_TRUE(settingshost::setSetting("a", integer(2)).isOk());
+    ASSERT_EQ(::stat(settings().c_str(), &status), 0);
+    EXPECT_EQ(status.st_mode & 0777, 0640U);
+}
+
+TEST_F(SettingsHost, ListsTheUsableNodesInTheOrderOfTheFile)
+{
+    write(settings(), "{\"z\": 1, \"bad\": null, \"\": 3, \"a\": \"t\", \"m\": true}");
+    settingshost::Settings all;
+    ASSERT_TRUE(settingshost::listSettings(&all).isOk());
+    ASSERT_EQ(all.size(), 3U);
+    EXPECT_EQ(all[0].first, "z");
+    EXPECT_EQ(all[0].second.integer, 1);
+    EXPECT_EQ(all[1].first, "a");
+    EXPECT_EQ(all[1].second.text, "t");
+    EXPECT_EQ(all[2].first, "m");
+    EXPECT_TRUE(all[2].second.truth);
+}
+
+TEST_F(SettingsHost, ListsTheFeaturesByNumber)
+{
+    write(features(), "{\"1000\": false, \"431\": true, \"x\": true, \"5\": \"yes\"}");
+    settingshost::Features all;
+    ASSERT_TRUE(settingshost::listFeatures(&all).isOk());
+    EXPECT_EQ(all, (settingshost::Features{{5, false}, {431, true}, {1000, false}}));
+}
+
+TEST_F(SettingsHost, ListsNothingWhereNoFileIs)
+{
+    settingshost::Settings settings = {{"old", {}}};
+    settingshost::Features features = {{1, true}};
+    EXPECT_TRUE(settingshost::listSettings(&settings).isOk());
+    EXPECT_TRUE(settingshost::listFeatures(&features).isOk());
+    EXPECT_TRUE(settings.empty());
+    EXPECT_TRUE(features.empty());
+}
+
+TEST_F(SettingsHost, SaysThatANodeIsNotThere)
+{
+    Setting kept = integer(5);
+    const Result result = settingshost::getSetting("Nothing", &kept);
+    EXPECT_EQ(result.code, Code::NoNode);
+    EXPECT_EQ(result.message, "there is no node Nothing in " + settings());
+    EXPECT_EQ(kept.integer, 5);
+}
+
+TEST_F(SettingsHost, SaysWhatIsWrongWithAnUnusableNode)
+{
+    write(settings(), "{\n\"a\": null}");
+    Setting kept = integer(5);
+    const Result result = settingshost::getSetting("a", &kept);
+    EXPECT_EQ(result.code, Code::Unusable);
+    EXPECT_EQ(result.message.rfind(settings() + ":2: a: expected an integer", 0), 0U)
+        << result.message;
+    EXPECT_EQ(kept.integer, 5);
+}
+
+TEST_F(SettingsHost, MendsAnUnusableNodeBySettingIt)
+{
+    write(settings(), "{\"a\": null}");
+    EXPECT_TRUE(settingshost::setSetting("a", integer(1)).isOk());
+    EXPECT_EQ(read(settings()), "{\n  \"a\": 1\n}\n");
+}
+
+TEST_F(SettingsHost, RefusesABrokenFileAndLeavesItAsItIs)
+{
+    for (const std::string broken : {"{\"a\": 1,}", "", "[]", "{\"a\": \"\xff\"}"}) {
+        write(settings(), broken);
+        Setting setting;
+        settingshost::Settings all;
+        EXPECT_EQ(settingshost::getSetting("a", &setting).code, Code::Broken) << broken;
+        EXPECT_EQ(settingshost::listSettings(&all).code, Code::Broken) << broken;
+        const Result result = settingshost::setSetting("a", integer(1));
+        EXPECT_EQ(result.code, Code::Broken) << broken;
+        EXPECT_EQ(result.message.rfind(settings() + ":1: expected ", 0), 0U) << result.message;
+        EXPECT_EQ(read(settings()), broken);
+    }
+}
+
+TEST_F(SettingsHost, RefusesWhatIsNoFile)
+{
+    std::filesystem::create_directory(settings());
+    const Result result = settingshost::setSetting("a", integer(1));
+    EXPECT_EQ(result.code, Code::Broken);
+    EXPECT_EQ(result.message, settings() + ": expected a readable file, found a folder");
+}
+
+struct Name
+{
+    const char* name;
+    std::string text;
+};
+
+void PrintTo(const Name& row, std::ostream* out)
+{
+    *out << row.name;
+}
+
+class NoNodeName : public SettingsHost, public testing::WithParamInterface<Name>
+{};
+
+TEST_P(NoNodeName, IsRefusedAndTouchesNothing)
+{
+    Setting setting;
+    EXPECT_EQ(settingshost::setSetting(GetParam().text, integer(1)).code, Code::Name);
+    EXPECT_EQ(settingshost::getSetting(GetParam().text, &setting).code, Code::Name);
+    EXPECT_FALSE(std::filesystem::exists(settings()));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Names, NoNodeName,
+    testing::Values(Name{"Empty", ""}, Name{"Newline", "a\nb"}, Name{"Delete", "a\x7f"},
+                    Name{"Escape", "\x1b[2J"}, Name{"Nul", std::string("a\0b", 3)},
+                    Name{"SecondControlBlock", "a\xc2\x9f"}, Name{"BrokenUtf8", "a\xff"},
+                    Name{"Surrogate", "\xed\xa0\x80"}, Name{"TooLong", std::string(256, 'x')}),
+    [](const auto& row) { return std::string(row.param.name); });
+
+class NodeName : public SettingsHost, public testing::WithParamInterface<Name>
+{};
+
+TEST_P(NodeName, IsTaken)
+{
+    Setting setting;
+    EXPECT_TRUE(settingshost::setSetting(GetParam().text, integer(4)).isOk());
+    EXPECT_TRUE(settingshost::getSetting(GetParam().text, &setting).isOk());
+    EXPECT_EQ(setting.integer, 4);
+}
+
+INSTANTIATE_TEST_SUITE_P(Names, NodeName,
+                         testing::Values(Name{"OneByte", "x"}, Name{"Slash", "./a/b"},
+                                         Name{"Blank", " "}, Name{"Quote", "\"\\"},
+                                         Name{"FirstAfterTheControls", "\xc2\xa0"},
+                                         Name{"Chinese", "\xe7\xbd\x91"},
+                                         Name{"Longest", std::string(255, 'x')}),
+                         [](const auto& row) { return std::string(row.param.name); });
+
+TEST_F(SettingsHost, RefusesTextsThatNoNodeCanHold)
+{
+    for (const std::string& bad :
+         {std::string("\xff"), std::string("a\0b", 3), std::string(4097, 'x')})
+        EXPECT_EQ(settingshost::setSetting("a", text(bad)).code, Code::Value);
+    EXPECT_FALSE(std::filesystem::exists(settings()));
+    EXPECT_TRUE(settingshost::setSetting("a", text(std::string(4096, 'x'))).isOk());
+}
+
+TEST_F(SettingsHost, RefusesFeatureNumbersThatAreNotPositive)
+{
+    EXPECT_EQ(settingshost::setFeature(0, true).code, Code::Number);
+    EXPECT_EQ(settingshost::setFeature(-431, true).code, Code::Number);
+    EXPECT_FALSE(std::filesystem::exists(features()));
+    EXPECT_TRUE(settingshost::setFeature(2147483647, true).isOk());
+}
+
+TEST_F(SettingsHost, RefusesToGrowAFileBeyondWhatItReads)
+{
+    const std::string large = "{\"z\": \"" + std::string(4 * 1024 * 1024 - 100, 'x') + "\"}";
+    write(settings(), large);
+    EXPECT_EQ(settingshost::setSetting("a", text(std::string(200, 'y'))).code, Code::Full);
+    EXPECT_EQ(read(settings()), large);
+}
+
+struct Refusal
+{
+    const char* name;
+    int error;
+    Code code;
+};
+
+void PrintTo(const Refusal& row, std::ostream* out)
+{
+    *out << row.name;
+}
+
+class RefusingFileSystem : public SettingsHost, public testing::WithParamInterface<Refusal>
+{};
+
+TEST_P(RefusingFileSystem, IsToldAndNothingIsLost)
+{
+    write(settings(), "{\"a\": 1}");
+    renameError = GetParam().error;
+    const Result result = settingshost::setSetting("a", integer(2));
+    EXPECT_EQ(result.code, GetParam().code);
+    EXPECT_EQ(result.message, settings() + ": " + std::strerror(GetParam().error));
+    EXPECT_EQ(read(settings()), "{\"a\": 1}");
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(m_root + "/etc"), {}), 1);
+}
+
+INSTANTIATE_TEST_SUITE_P(Errors, RefusingFileSystem,
+                         testing::Values(Refusal{"Permission", EACCES, Code::Access},
+                                         Refusal{"NotTheOwner", EPERM, Code::Access},
+                                         Refusal{"MountedReadOnly", EROFS, Code::Access},
+                                         Refusal{"DiskFull", ENOSPC, Code::Full},
+                                         Refusal{"QuotaFull", EDQUOT, Code::Full},
+                                         Refusal{"DiskFault", EIO, Code::Io}),
+                         [](const auto& row) { return std::string(row.param.name); });
+
+TEST(SettingsHostRoot, MustBeAnAbsolutePathOfAFolder)
+{
+    for (const char* root : {"relative", "/dev/null", "/dev/null/below"}) {
+        ::setenv("VORN_ROOT", root, 1);
+        Setting setting;
+        settingshost::Features features;
+        EXPECT_EQ(settingshost::getSetting("a", &setting).code, Code::Root) << root;
+        EXPECT_EQ(settingshost::setSetting("a", setting).code, Code::Root) << root;
+        EXPECT_EQ(settingshost::listFeatures(&features).code, Code::Root) << root;
+        EXPECT_EQ(settingshost::setFeature(1, true).code, Code::Root) << root;
+        EXPECT_EQ(settingshost::inspectSettings().size(), 1U) << root;
+    }
+    ::unsetenv("VORN_ROOT");
+}
+
+TEST_F(SettingsHost, LosesNothingOfTwoProcessesThatWriteAtOnce)
+{
+    constexpr int kEach = 60;
+    pid_t children[2];
+    for (int writer = 0; writer < 2; ++writer) {
+        children[writer] = ::fork();
+        ASSERT_GE(children[writer], 0);
+        if (children[writer] != 0)
+            continue;
+        bool isGood = true;
+        for (int i = 0; i < kEach; ++i)
+            isGood = isGood && settingshost::setSetting(
+                                   std::to_string(writer) + '/' + std::to_string(i), integer(i))
+                                   .isOk();
+        ::_exit(isGood ? 0 : 1);
+    }
+    for (const pid_t child : children) {
+        int status = 1;
+        ASSERT_EQ(::waitpid(child, &status, 0), child);
+        EXPECT_EQ(status, 0);
+    }
+    settingshost::Settings all;
+    ASSERT_TRUE(settingshost::listSettings(&all).isOk());
+    EXPECT_EQ(all.size(), 2U * kEach);
+}
+
+TEST_F(SettingsHost, IsWholeWheneverAWriterIsKilled)
+{
+    std::mt19937 random(20240229);
+    std::uniform_int_distribution<int> microseconds(0, 3000);
+    write(settings(), "{\"kept\": \"yes\", \"n\": 0}");
+    for (int round = 0; round < 100; ++round) {
+        const pid_t child = ::fork();
+        ASSERT_GE(child, 0);
+        for (int i = 0; child == 0; ++i)
+            settingshost::setSetting("n", integer(i));
+        ::usleep(static_cast<useconds_t>(microseconds(random)));
+        ASSERT_EQ(::kill(child, SIGKILL), 0);
+        ASSERT_EQ(::waitpid(child, nullptr, 0), child);
+        Setting kept;
+        ASSERT_TRUE(settingshost::getSetting("n", &kept).isOk()) << read(settings());
+        ASSERT_TRUE(settingshost::getSetting("kept", &kept).isOk());
+        ASSERT_EQ(kept.text, "yes");
+    }
+    ASSERT_TRUE(settingshost::setSetting("n", integer(-1)).isOk());
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(m_root + "/etc"), {}), 1);
+}
+
+// ---- Inspection
+
+TEST_F(SettingsHost, FindsNothingWrongWhereNothingIs)
+{
+    EXPECT_TRUE(settingshost::inspectSettings().empty());
+    write(settings(), "{\"a\": 1, \"b\": \"\", \"c\": false}");
+    write(features(), "{\"431\": true}");
+    EXPECT_TRUE(settingshost::inspectSettings().empty());
+}
+
+TEST_F(SettingsHost, FindsEverythingThatIsWrongInTheOrderOfTheFiles)
+{
+    write(settings(), "{\n\"a\": null,\n\"\": 1,\n\"b\": 1,\n\"b\": 4294967296\n}");
+    write(features(), "{\n\"431\": 1,\n\"wifi\": true\n}");
+    std::vector<std::string> found;
+    for (const settingshost::Finding& finding : settingshost::inspectSettings()) {
+        found.push_back(finding.path.substr(m_root.size()) + ": " + finding.problem);
+        EXPECT_EQ(finding.remedy, "correct this line, or remove it");
+    }
+    const std::string value = "expected an integer from -2147483648 to 2147483647, a text without "
+                              "NUL or a truth value, found ";
+    const std::vector<std::string> expected = {
+        "/etc/settings.json:2: a: " + value + "null",
+        "/etc/settings.json:3: \"\": expected a name of 1 to 255 bytes without control characters, "
+        "found the number 1",
+        "/etc/settings.json:5: b: expected each key once, found the key again after line 4; using "
+        "the last one instead",
+        "/etc/settings.json:5: b: " + value + "the number 4294967296",
+        "/etc/features.json:2: 431: expected true or false, found the number 1; using false "
+        "instead",
+        "/etc/features.json:3: wifi: expected a feature number as the key, for instance \"431\", "
+        "found true"};
+    EXPECT_EQ(found, expected);
+}
+
+TEST_F(SettingsHost, FindsABrokenFileWithItsLine)
+{
+    write(features(), "{\n\"431\" true\n}");
+    const std::vector<settingshost::Finding> findings = settingshost::inspectSettings();
+    ASSERT_EQ(findings.size(), 1U);
+    EXPECT_EQ(findings[0].path, features() + ":2");
+    EXPECT_EQ(findings[0].remedy, "correct the file at this line, or remove it");
+}
+
+TEST_F(SettingsHost, FindsAFolderInTheFilesPlace)
+{
+    std::filesystem::create_directory(features());
+    const std::vector<settingshost::Finding> findings = settingshost::inspectSettings();
+    ASSERT_EQ(findings.size(), 1U);
+    EXPECT_EQ(findings[0].path, features());
+    EXPECT_EQ(findings[0].remedy, "put a readable file in its place, or remove it");
+}
+
+TEST_F(SettingsHost, NamesTheFeaturesItKnows)
+{
+    EXPECT_STREQ(settingshost::featureText(431), "WiFi");
+    EXPECT_STREQ(settingshost::featureText(1), "");
+}
+
+} // namespace

@@ -1,0 +1,63 @@
+// A folder that stands for the phone's file system, for one test.
+#ifndef TESTS_SETTINGS_ROOT_H
+#define TESTS_SETTINGS_ROOT_H
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <string>
+
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+class SettingsRoot : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        char folder[] = "/tmp/settings-test-XXXXXX";
+        ASSERT_NE(::mkdtemp(folder), nullptr);
+        m_root = folder;
+        std::filesystem::create_directory(m_root + "/etc");
+        ::setenv("VORN_ROOT", m_root.c_str(), 1);
+    }
+
+    void TearDown() override
+    {
+        ::unsetenv("VORN_ROOT");
+        std::filesystem::remove_all(m_root);
+    }
+
+    std::string settings() const { return m_root + "/etc/settings.json"; }
+    std::string features() const { return m_root + "/etc/features.json"; }
+
+    static void write(const std::string& path, const std::string& text)
+    {
+        std::ofstream(path, std::ios::binary) << text;
+    }
+
+    static std::string read(const std::string& path)
+    {
+        std::ostringstream text;
+        text << std::ifstream(path, std::ios::binary).rdbuf();
+        return text.str();
+    }
+
+    // Runs `work` in another process and waits for it; `work` tells whether it has succeeded.
+    template <typename Work> static void inAnotherProcess(Work work)
+    {
+        const pid_t child = ::fork();
+        ASSERT_GE(child, 0);
+        if (child == 0)
+            ::_exit(work() ? 0 : 1);
+        int status = 0;
+        ASSERT_EQ(::waitpid(child, &status, 0), child);
+        ASSERT_EQ(status, 0);
+    }
+
+    std::string m_root;
+};
+
+#endif
