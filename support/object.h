@@ -11,7 +11,8 @@
 
 namespace support {
 
-// The third argument of a widget's constructor; 0 stands for none.
+// The third argument of a widget's constructor; WidgetFlags() stands for none. Write it with its
+// namespace: inside a widget class, Qt 2.3 has an enumeration of the same name.
 typedef qt::WidgetFlags WidgetFlags;
 
 // The name that the object was given; empty, not null, when it has none.

@@ -19,7 +19,7 @@ public:
 class Widget : public QWidget
 {
 public:
-    Widget(QWidget* parent, const char* name, WidgetFlags flags)
+    Widget(QWidget* parent, const char* name, support::WidgetFlags flags)
         : SUPPORT_QWIDGET(parent, name, flags)
     {}
 };

@@ -1,0 +1,6 @@
+#ifndef QKEYCODE_H
+#define QKEYCODE_H
+
+#include "qnamespace.h"
+
+#endif

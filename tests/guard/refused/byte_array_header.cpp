@@ -1,0 +1,2 @@
+// refused: qbytearray.h
+#include <qbytearray.h>

@@ -1,0 +1,7 @@
+// refused: deleteLater
+#include <qobject.h>
+
+void refusedDeleteLater(QObject* object)
+{
+    object->deleteLater();
+}

@@ -1,0 +1,2 @@
+// refused: qeventloop.h
+#include <qeventloop.h>

@@ -1,0 +1,7 @@
+// refused: KeypadModifier
+#include <qevent.h>
+
+bool refusedKeyCombination(QKeyEvent* event)
+{
+    return event->modifiers() == Qt::KeypadModifier;
+}

@@ -1,0 +1,7 @@
+// refused: QStringList
+#include <qstringlist.h>
+
+QStringList refusedListInBraces()
+{
+    return QStringList{"a", "b", "c", "d"};
+}

@@ -1,0 +1,7 @@
+// refused: setObjectName
+#include <qobject.h>
+
+void refusedObjectName(QObject* object)
+{
+    object->setObjectName("manager");
+}

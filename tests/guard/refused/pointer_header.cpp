@@ -1,0 +1,2 @@
+// refused: qpointer.h
+#include <qpointer.h>

@@ -1,0 +1,8 @@
+// refused: Q_SLOTS
+#include <qobject.h>
+
+struct RefusedQSlots : QObject
+{
+public Q_SLOTS:
+    void act() {}
+};

@@ -1,0 +1,7 @@
+// refused: setVisible
+#include <qwidget.h>
+
+void refusedSetVisible(QWidget* widget)
+{
+    widget->setVisible(true);
+}

@@ -1,0 +1,7 @@
+// refused: override
+#include <qwidget.h>
+
+struct RefusedSetVisibleOverride : QWidget
+{
+    void setVisible(bool) override {}
+};

@@ -1,0 +1,7 @@
+// refused: singleShot
+#include <qtimer.h>
+
+void refusedSingleShotLambda()
+{
+    QTimer::singleShot(0, [] {});
+}

@@ -1,0 +1,7 @@
+// refused: without object
+#include <qapplication.h>
+
+QWidget* refusedStaticFocusWidget()
+{
+    return QApplication::focusWidget();
+}

@@ -1,0 +1,7 @@
+// refused: without object
+#include <qapplication.h>
+
+void refusedStaticProcessEvents()
+{
+    QApplication::processEvents();
+}

@@ -1,0 +1,7 @@
+// refused: QStringLiteral
+#include <qstring.h>
+
+QString refusedStringLiteral()
+{
+    return QStringLiteral("Profile");
+}

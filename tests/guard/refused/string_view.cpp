@@ -1,0 +1,7 @@
+// refused: QStringView
+#include <qstring.h>
+
+bool refusedStringView(const QString& text)
+{
+    return QStringView(text).isEmpty();
+}

@@ -1,0 +1,7 @@
+// refused: QObject::tr
+#include <qobject.h>
+
+QString refusedTrWithNumber()
+{
+    return QObject::tr("%n links", "count", 3);
+}

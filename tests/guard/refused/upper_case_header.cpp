@@ -1,0 +1,2 @@
+// refused: QString
+#include <QString>

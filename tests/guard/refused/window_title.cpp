@@ -1,0 +1,7 @@
+// refused: setWindowTitle
+#include <qwidget.h>
+
+void refusedWindowTitle(QWidget* widget)
+{
+    widget->setWindowTitle("Title");
+}
