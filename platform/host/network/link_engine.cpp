@@ -68,7 +68,10 @@ int LinkEngine::begin()
     m_wake.reset(::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK));
     if (!m_wake.isOpen() || startBearers() != NAPI_OK)
         return NAPI_ERR_RESOURCES;
-    return createThread(&m_thread, threadMain, this) == 0 ? NAPI_OK : NAPI_ERR_RESOURCES;
+    if (createThread(&m_thread, threadMain, this) != 0)
+        return NAPI_ERR_RESOURCES;
+    ::pthread_setname_np(m_thread, "napi-links");
+    return NAPI_OK;
 }
 
 void LinkEngine::end()

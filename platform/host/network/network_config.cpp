@@ -1,5 +1,6 @@
 #include "network/network_config.h"
 
+#include <cerrno>
 #include <cstdio>
 #include <mutex>
 
@@ -13,13 +14,15 @@ namespace network {
 
 namespace {
 
+constexpr off_t kMissing = -1;
+
 // Tells one state of a file from the next without reading it.
 struct FileVersion
 {
     std::string path;
     dev_t device = 0;
     ino_t inode = 0;
-    off_t size = -1; // -1: no such file
+    off_t size = kMissing;
     timespec modified = {};
     timespec changed = {};
 };
@@ -29,6 +32,7 @@ struct Cache
 {
     std::mutex mutex;
     FileVersion known;
+    std::string told;
     std::shared_ptr<const NetworkConfig> config = std::make_shared<NetworkConfig>();
 
     static Cache& instance()
@@ -59,19 +63,28 @@ static bool operator==(const FileVersion& a, const FileVersion& b)
 
 static FileVersion versionOf(const std::string& path)
 {
-    struct stat status;
-    if (path.empty() || ::stat(path.c_str(), &status) != 0)
-        return {path, 0, 0, -1, {}, {}};
-    return {path, status.st_dev, status.st_ino, status.st_size, status.st_mtim, status.st_ctim};
+    struct stat status = {};
+    bool there = !path.empty() && (::stat(path.c_str(), &status) == 0 || errno != ENOENT);
+    off_t size = there ? status.st_size : kMissing;
+    return {path, status.st_dev, status.st_ino, size, status.st_mtim, status.st_ctim};
 }
 
-static std::shared_ptr<const NetworkConfig> readAndTell(const std::string& path)
+// A file that cannot be opened may be one that there was no descriptor for, so it is tried again
+// each time; a person hears of it once.
+static void read(const FileVersion& version, Cache* cache)
 {
-    base::JsonDocument document = base::JsonDocument::read(path);
-    auto config = std::make_shared<NetworkConfig>(readNetworkConfig(document));
+    base::JsonDocument document = version.size == kMissing
+                                      ? base::JsonDocument::parse("{}", version.path)
+                                      : base::JsonDocument::read(version.path);
+    cache->config = std::make_shared<NetworkConfig>(readNetworkConfig(document));
+    bool readable = document.state() != base::JsonDocument::State::Unreadable;
+    cache->known = readable ? version : FileVersion{};
+    std::string text;
     for (const base::JsonProblem& problem : document.problems())
-        std::fputs((base::describe(path, problem) + '\n').c_str(), stderr);
-    return config;
+        text += base::describe(version.path, problem) + '\n';
+    if (readable || text != cache->told)
+        std::fputs(text.c_str(), stderr);
+    cache->told = text;
 }
 
 std::shared_ptr<const NetworkConfig> networkConfig()
@@ -80,11 +93,8 @@ std::shared_ptr<const NetworkConfig> networkConfig()
     std::lock_guard<std::mutex> guard(cache.mutex);
     // The version is taken before the file is read: a change in between is read again next time.
     FileVersion version = versionOf(networkConfigPath());
-    if (!(version == cache.known)) {
-        cache.config =
-            version.path.empty() ? std::make_shared<NetworkConfig>() : readAndTell(version.path);
-        cache.known = version;
-    }
+    if (!(version == cache.known))
+        read(version, &cache);
     return cache.config;
 }
 
