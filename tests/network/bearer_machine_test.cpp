@@ -28,6 +28,8 @@ protected:
         ASSERT_GE(child, 0);
         if (child == 0) {
             bool real = kernel == Kernel::Real && enterNetworkNamespace();
+            if (kernel == Kernel::Real && !real)
+                puts("No network namespace is allowed here; the test plays the kernel instead.");
             run(real, body);
             fflush(nullptr);
             _exit(HasFailure() ? 1 : 0);
