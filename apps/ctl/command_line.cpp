@@ -1,6 +1,7 @@
 #include "command_line.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <cstring>
 
 #include <CLI/App.hpp>
@@ -39,6 +40,23 @@ std::string fieldHelp()
         text += "  " + name + std::string(14 - name.size(), ' ') + rangeText(field) + '\n';
     }
     return text + "A password is never given as an argument; \"password=\" removes it.\n";
+}
+
+std::string timeoutProblem(std::string& text)
+{
+    const bool isNumber =
+        !text.empty() && text.find_first_not_of("0123456789.") == std::string::npos;
+    const double seconds = isNumber ? std::strtod(text.c_str(), nullptr) : 0;
+    return seconds >= 0.001 && seconds <= 1e6
+               ? ""
+               : inQuotes(text) + " does not fit; it takes 0.001 to 1000000 seconds";
+}
+
+std::string typeProblem(std::string& text)
+{
+    return text == "integer" || text == "text" || text == "truth"
+               ? ""
+               : inQuotes(text) + " does not fit; it takes integer, text or truth";
 }
 
 CLI::Option* positional(CLI::App& app, const char* name, std::string& target, const char* help)
@@ -138,13 +156,13 @@ void addFlag(CLI::App& app, Flag flag, Request& request)
     case Flag::Timeout:
         app.add_option("--timeout", request.timeout, "Give up when the link is not open in time")
             ->type_name("SECONDS")
-            ->check(CLI::Range(0.001, 1e6));
+            ->check(CLI::Validator(timeoutProblem, ""));
         break;
     case Flag::Type:
         app.add_option("--type", request.type,
                        "integer, text or truth; by default the setting's own")
             ->type_name("TYPE")
-            ->check(CLI::IsMember({"integer", "text", "truth"}));
+            ->check(CLI::Validator(typeProblem, ""));
         break;
     }
 }

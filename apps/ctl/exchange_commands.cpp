@@ -55,64 +55,93 @@ int exportRaw(const Request& request)
     return 0;
 }
 
-// One problem a line, as compilers write them.
-[[noreturn]] void failProblems(const Request& request,
-                               const std::vector<base::JsonProblem>& problems)
-{
-    std::string lines;
-    for (const base::JsonProblem& problem : problems)
-        lines += "\n  " + printable(base::describe(request.file, problem));
-    throw Failure(Exit::Input, "cannot import " + inQuotes(request.file) + ':' + lines,
-                  "Nothing was imported.");
-}
+const char nameExpected[] =
+    "the name of a profile: 1 to 63 bytes of UTF-8, without '/' and control "
+    "characters, not beginning with '.'";
 
-void checkHead(const base::JsonValue& document)
+// Reads a file of exported profiles, and collects everything that is wrong in it.
+class Reader
 {
-    const base::JsonValue format = document.at("format");
-    if (format.kind() != base::JsonKind::Text || format.text("") != formatName)
-        format.reject(std::string("the text \"") + formatName + '"', "");
-    const base::JsonValue version = document.at("version");
-    if (version.kind() != base::JsonKind::Integer || version.integer(LLONG_MIN, LLONG_MAX, 0) != 1)
-        version.reject("the number 1", "");
-}
+public:
+    Reader(const Request& request, const std::string& bytes)
+        : m_request(request), m_document(base::JsonDocument::parse(bytes, request.file, ""))
+    {}
 
-Named profileOf(const Request& request, const base::JsonValue& item)
-{
-    const base::JsonValue name = item.at("name");
-    const bool isText = name.kind() == base::JsonKind::Text;
-    Named profile = {isText ? name.text("") : "", {}};
-    if (!isText || (request.name.empty() && !nameProblem(profile.name).empty()))
-        name.reject("the name of a profile: 1 to 63 bytes, without '/' and control characters, not "
-                    "beginning with '.'",
-                    "");
-    const base::JsonValue values = item.at("fields");
-    if (values.kind() != base::JsonKind::Object)
-        values.reject("an object", "");
-    profile.record = imported(values, request.file);
-    return profile;
-}
-
-std::vector<Named> fromDocument(const Request& request, const std::string& bytes)
-{
-    base::JsonDocument document = base::JsonDocument::parse(bytes, request.file, "");
-    std::vector<Named> profiles;
-    if (document.state() == base::JsonDocument::State::Good) {
-        checkHead(document.root());
-        const base::JsonValue list = document.root().at("profiles");
-        if (list.kind() != base::JsonKind::Array)
-            list.reject("an array of profiles", "");
-        std::set<std::string> names;
-        for (const base::JsonValue& item : list.elements()) {
-            profiles.push_back(profileOf(request, item));
-            if (!names.insert(profiles.back().name).second)
-                item.at("name").reject("a name that does not stand in the file before", "");
-        }
-        document.rejectUnknownKeys();
+    std::vector<Named> read()
+    {
+        if (m_document.state() == base::JsonDocument::State::Good)
+            readDocument(m_document.root());
+        m_document.rejectUnknownKeys();
+        for (const base::JsonProblem& problem : m_document.problems())
+            m_problems.push_back(problem);
+        if (!m_problems.empty())
+            fail();
+        return std::move(m_profiles);
     }
-    if (const std::vector<base::JsonProblem> problems = document.problems(); !problems.empty())
-        failProblems(request, problems);
-    return profiles;
-}
+
+private:
+    // Of a value that is missing, the line is that of the object in which it should stand.
+    void reject(const base::JsonValue& parent, const base::JsonValue& value,
+                const std::string& expected)
+    {
+        const int line = value.present() ? value.line() : parent.line();
+        m_problems.push_back({line, value.key(), expected, value.description(), ""});
+    }
+
+    void readDocument(const base::JsonValue& root)
+    {
+        if (root.kind() != base::JsonKind::Object)
+            return reject(root, root, "an object with exported profiles");
+        const base::JsonValue format = root.at("format");
+        if (format.kind() != base::JsonKind::Text || format.text("") != formatName)
+            reject(root, format, std::string("the text \"") + formatName + '"');
+        const base::JsonValue version = root.at("version");
+        if (version.kind() != base::JsonKind::Integer ||
+            version.integer(LLONG_MIN, LLONG_MAX, 0) != 1)
+            reject(root, version, "the number 1");
+        const base::JsonValue list = root.at("profiles");
+        if (list.kind() != base::JsonKind::Array)
+            return reject(root, list, "an array of profiles");
+        for (const base::JsonValue& item : list.elements())
+            readProfile(item);
+    }
+
+    void readProfile(const base::JsonValue& item)
+    {
+        if (item.kind() != base::JsonKind::Object)
+            return reject(item, item, "an object with \"name\" and \"fields\"");
+        const base::JsonValue name = item.at("name");
+        const bool isText = name.kind() == base::JsonKind::Text;
+        const std::string text = isText ? name.text("") : "";
+        // A name that --name replaces may be any text.
+        if (!isText || (m_request.name.empty() && !nameProblem(text).empty()))
+            reject(item, name, nameExpected);
+        else if (!m_names.insert(text).second)
+            reject(item, name, "a name that does not stand in the file before");
+        const base::JsonValue values = item.at("fields");
+        if (values.kind() != base::JsonKind::Object)
+            return reject(item, values, "an object with fields");
+        m_profiles.push_back({text, imported(values, &m_problems)});
+    }
+
+    // One problem a line, as compilers write them, in the order of the file.
+    [[noreturn]] void fail()
+    {
+        std::stable_sort(m_problems.begin(), m_problems.end(),
+                         [](const auto& a, const auto& b) { return a.line < b.line; });
+        std::string lines;
+        for (const base::JsonProblem& problem : m_problems)
+            lines += "\n  " + printable(base::describe(m_request.file, problem));
+        throw Failure(Exit::Input, "cannot import " + inQuotes(m_request.file) + ':' + lines,
+                      "Nothing was imported.");
+    }
+
+    const Request& m_request;
+    base::JsonDocument m_document;
+    std::vector<base::JsonProblem> m_problems;
+    std::vector<Named> m_profiles;
+    std::set<std::string> m_names;
+};
 
 std::vector<Named> fromRecord(const Request& request, const std::string& bytes)
 {
@@ -174,6 +203,9 @@ void storeAll(const std::vector<Named>& profiles, const std::vector<bool>& store
             else
                 createProfile(profiles[i].name, profiles[i].record);
         } catch (const Failure& failure) {
+            if (i == 0)
+                throw Failure(failure.status(), failure.what(),
+                              "Nothing was imported. " + failure.advice());
             throw Failure(failure.status(), failure.what(),
                           std::to_string(i) + " of " + std::to_string(profiles.size()) +
                               " profiles were imported before. " + failure.advice());
@@ -207,7 +239,7 @@ int profileImport(const Request& request)
 {
     const std::string bytes = readFile(request.file, largestFile, Exit::Input);
     std::vector<Named> profiles =
-        request.raw ? fromRecord(request, bytes) : fromDocument(request, bytes);
+        request.raw ? fromRecord(request, bytes) : Reader(request, bytes).read();
     giveName(request, profiles);
     storeAll(profiles, checkAgainstStore(request, profiles));
     if (!request.json)

@@ -90,14 +90,18 @@ public:
 
     int run()
     {
-        const int link = m_session.open(m_request.name);
-        report({{"event", "opening"}, {"link", link}, {"profile", m_request.name}});
-        const int status = untilUp();
-        if (status == 0 && m_request.hold)
-            untilDown();
-        if (m_session.close())
-            report({{"event", "closed"}, {"link", link}});
-        return status;
+        m_link = m_session.open(m_request.name);
+        try {
+            report({{"event", "opening"}, {"link", m_link}, {"profile", m_request.name}});
+            const int status = untilUp();
+            if (status == 0 && m_request.hold)
+                untilDown();
+            close();
+            return status;
+        } catch (const Failure&) {
+            close();
+            throw;
+        }
     }
 
 private:
@@ -107,6 +111,12 @@ private:
             printJsonLine(event);
         else
             print(lineOf(event));
+    }
+
+    void close()
+    {
+        if (m_session.close())
+            report({{"event", "closed"}, {"link", m_link}});
     }
 
     double remaining() const
@@ -175,6 +185,7 @@ private:
 
     const Request& m_request;
     LinkSession m_session;
+    int m_link = -1;
     Clock::time_point m_start = Clock::now();
 };
 

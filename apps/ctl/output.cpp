@@ -21,8 +21,7 @@ void writeAll(int descriptor, const std::string& bytes, const std::string& what)
         else if (errno == EPIPE)
             throw Failure(Exit::Pipe, "");
         else if (errno != EINTR)
-            throw Failure(Exit::Output, "cannot write " + what + ": " + std::strerror(errno) + ".",
-                          "What was asked for may have been done; only its report is incomplete.");
+            throw Failure(Exit::Output, "cannot write " + what + ": " + std::strerror(errno) + ".");
     }
 }
 

@@ -128,23 +128,19 @@ Json exported(const std::string& name, const NetworkProfile& record, bool secret
     return {{"name", name}, {"fields", values}};
 }
 
-NetworkProfile imported(const base::JsonValue& values, const std::string& file)
+NetworkProfile imported(const base::JsonValue& values, std::vector<base::JsonProblem>* problems)
 {
     NetworkProfile record = {};
     for (const Field& field : fields()) {
         const base::JsonValue value = values.at(field.name);
         if (!value.present() || importField(field, value, record))
             continue;
-        const std::string expected =
-            value.kind() == base::JsonKind::Object
-                ? "\"hex\" with " + std::to_string(2 * field.width) + " hexadecimal digits"
-                : rangeText(field);
-        if (field.kind == Kind::Secret)
-            throw Failure(Exit::Input,
-                          printable(file) + ':' + std::to_string(value.line()) + ": " +
-                              value.key() + ": expected " + expected + '.',
-                          "Nothing was imported.");
-        value.reject(expected, "");
+        const bool isHex = value.kind() == base::JsonKind::Object;
+        const std::string hex =
+            "\"hex\" with " + std::to_string(2 * field.width) + " hexadecimal digits";
+        const bool isSecret = field.kind == Kind::Secret;
+        problems->push_back({value.line(), value.key(), isHex ? hex : rangeText(field),
+                             isSecret ? "something else" : value.description(), ""});
     }
     return record;
 }

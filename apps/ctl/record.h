@@ -23,9 +23,8 @@ Json describe(const std::string& name, const NetworkProfile& record, bool secret
 Json exported(const std::string& name, const NetworkProfile& record, bool secrets);
 
 // The record of an exported profile, whose fields are the object `values`. What is wrong in them is
-// reported to their document; throws Failure (Exit::Input) about a password, so as not to repeat
-// it.
-NetworkProfile imported(const base::JsonValue& values, const std::string& file);
+// added to `problems`; of a password without its text.
+NetworkProfile imported(const base::JsonValue& values, std::vector<base::JsonProblem>* problems);
 
 } // namespace ctl
 

@@ -60,6 +60,8 @@ std::string advice(Exit status, const std::string* name)
                ", and whether it is mounted read-only.";
     if (status == Exit::Io)
         return "Look at the kernel's messages about the disk of " + root + ".";
+    if (status == Exit::Root && napihost::rootFolder().empty())
+        return "No root is named; set VORN_ROOT to the absolute path of a folder.";
     if (status == Exit::Root)
         return "The root is " + root + "; set VORN_ROOT to the absolute path of a folder.";
     return status == Exit::Resources ? "End other programs, and try again." : "";

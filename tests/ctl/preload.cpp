@@ -1,0 +1,132 @@
+// Preloaded into vornctl by its tests: writes down the link calls that reach the network API, and
+// plays a disk that is full or mounted read-only, which takes no privileges this way.
+#include <cerrno>
+#include <cstdarg>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <string>
+
+#include <dlfcn.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "platform_export.h"
+
+namespace {
+
+template <typename Function> Function next(const char* name)
+{
+    return reinterpret_cast<Function>(dlsym(RTLD_NEXT, name));
+}
+
+void record(const char* call, const char* argument, int result)
+{
+    const char* path = std::getenv("VORN_TEST_CALLS");
+    FILE* calls = path ? std::fopen(path, "ae") : nullptr;
+    if (!calls)
+        return;
+    std::fprintf(calls, "%s(%s) = %d\n", call, argument, result);
+    std::fclose(calls);
+}
+
+bool diskIs(const char* state)
+{
+    const char* disk = std::getenv("VORN_TEST_DISK");
+    return disk && std::strcmp(disk, state) == 0;
+}
+
+bool isBelowRoot(int fd)
+{
+    char link[64], path[4096];
+    std::snprintf(link, sizeof link, "/proc/self/fd/%d", fd);
+    const ssize_t length = readlink(link, path, sizeof path);
+    const char* root = std::getenv("VORN_ROOT");
+    return length > 0 && root && std::strlen(root) <= static_cast<std::size_t>(length) &&
+           std::strncmp(path, root, std::strlen(root)) == 0;
+}
+
+int refused(int error)
+{
+    errno = error;
+    return -1;
+}
+
+} // namespace
+
+extern "C" {
+
+VORN_PLATFORM_API int NAPI_OpenLink(const char* name)
+{
+    const int result = next<int (*)(const char*)>("NAPI_OpenLink")(name);
+    record("OpenLink", name, result);
+    return result;
+}
+
+VORN_PLATFORM_API int NAPI_CloseLink(int link)
+{
+    const int result = next<int (*)(int)>("NAPI_CloseLink")(link);
+    record("CloseLink", std::to_string(link).c_str(), result);
+    return result;
+}
+
+VORN_PLATFORM_API int NAPI_Fini()
+{
+    const int result = next<int (*)()>("NAPI_Fini")();
+    record("Fini", "", result);
+    return result;
+}
+
+VORN_PLATFORM_API ssize_t write(int fd, const void* bytes, size_t count)
+{
+    if (fd > STDERR_FILENO && diskIs("full") && isBelowRoot(fd))
+        return refused(ENOSPC);
+    return next<ssize_t (*)(int, const void*, size_t)>("write")(fd, bytes, count);
+}
+
+VORN_PLATFORM_API int mkdirat(int folder, const char* path, mode_t mode)
+{
+    if (diskIs("read-only"))
+        return refused(EROFS);
+    return next<int (*)(int, const char*, mode_t)>("mkdirat")(folder, path, mode);
+}
+
+VORN_PLATFORM_API int mkdir(const char* path, mode_t mode)
+{
+    return mkdirat(AT_FDCWD, path, mode);
+}
+
+VORN_PLATFORM_API int renameat2(int from, const char* name, int to, const char* newName,
+                                unsigned int flags)
+{
+    using Function = int (*)(int, const char*, int, const char*, unsigned int);
+    if (diskIs("read-only"))
+        return refused(EROFS);
+    return next<Function>("renameat2")(from, name, to, newName, flags);
+}
+
+VORN_PLATFORM_API int renameat(int from, const char* name, int to, const char* newName)
+{
+    return renameat2(from, name, to, newName, 0);
+}
+
+VORN_PLATFORM_API int unlinkat(int folder, const char* path, int flags)
+{
+    if (diskIs("read-only"))
+        return refused(EROFS);
+    return next<int (*)(int, const char*, int)>("unlinkat")(folder, path, flags);
+}
+
+VORN_PLATFORM_API int openat(int folder, const char* path, int flags, ...)
+{
+    va_list rest;
+    va_start(rest, flags);
+    const mode_t mode = flags & O_CREAT ? va_arg(rest, mode_t) : 0;
+    va_end(rest);
+    if (diskIs("read-only") && (flags & O_ACCMODE) != O_RDONLY)
+        return refused(EROFS);
+    return next<int (*)(int, const char*, int, ...)>("openat")(folder, path, flags, mode);
+}
+
+} // extern "C"
