@@ -75,7 +75,7 @@ const NameCase kNames[] = {
 class ProfileName : public testing::TestWithParam<NameCase>
 {
 protected:
-    StoreWorld world;
+    StoreWorld world{StoreWorld::On::Memory};
     NetworkProfile record = uniformRecord(7);
     std::string name = GetParam().name;
 };

@@ -16,10 +16,27 @@ namespace store {
 // are now. More than a few times in a row takes a program that does nothing else.
 static const int kLooks = 64;
 
-static bool exists(int folder, const std::string& name)
+static base::UniqueFd openProfile(int folder, const std::string& name)
 {
-    struct stat status;
-    return fstatat(folder, name.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0;
+    return base::UniqueFd(base::retried([&] {
+        return openat(folder, name.c_str(), O_PATH | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
+    }));
+}
+
+enum class Look { Usable, Unusable, Gone };
+
+static Look lookAt(int folder, const std::string& name)
+{
+    std::string path = name + "/" + kRecordName;
+    RecordState state = recordStatus(folder, path.c_str()).state;
+    if (state == RecordState::Missing) {
+        // Either the folder has no record, or it has another name by now.
+        base::UniqueFd profile = openProfile(folder, name);
+        if (!profile.isOpen())
+            return errno == ENOENT ? Look::Gone : Look::Unusable;
+        state = recordStatus(profile.get(), kRecordName).state;
+    }
+    return state == RecordState::Usable ? Look::Usable : Look::Unusable;
 }
 
 // Gives the names of the usable profiles among the entries; false when an entry is gone already, so
@@ -27,19 +44,17 @@ static bool exists(int folder, const std::string& name)
 static bool pickUsable(int folder, const std::vector<Entry>& entries,
                        std::vector<std::string>* names)
 {
-    std::string path;
+    bool areAllThere = true;
     names->clear();
     for (const Entry& entry : entries) {
         if (!isProfileName(entry.name) || !isFolder(folder, entry))
             continue;
-        path.assign(entry.name).append("/").append(kRecordName);
-        RecordState state = recordStatus(folder, path.c_str()).state;
-        if (state == RecordState::Usable)
+        Look look = lookAt(folder, entry.name);
+        if (look == Look::Usable)
             names->push_back(entry.name);
-        else if (state == RecordState::Missing && !exists(folder, entry.name))
-            return false;
+        areAllThere = areAllThere && look != Look::Gone;
     }
-    return true;
+    return areAllThere;
 }
 
 int listProfiles(std::vector<std::string>* names)
