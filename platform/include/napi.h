@@ -203,11 +203,14 @@ extern "C" {
 // treats both alike.
 // Result: the caller's indication socket (>= 0), a stream socket on which every link's messages of
 // this process arrive; the caller owns the descriptor and closes it. A caller that does not read
-// loses nothing and holds nobody up. Errors: NAPI_ERR_ARGUMENT (another mode), NAPI_ERR_RESOURCES.
+// loses nothing and holds nobody up; the last NAPI_Fini ends the stream. It hears of what happens
+// from now on. A forked child has no network API and may start its own. Errors: NAPI_ERR_ARGUMENT
+// (another mode), NAPI_ERR_RESOURCES.
 VORN_PLATFORM_API int NAPI_Init(int mode);
 
 // Takes back one NAPI_Init. With the last one the network API ends: openings still under way are
-// given up without a message, links that are up stay up and keep their ids for the next NAPI_Init.
+// given up without a message, links that are up stay up and keep their ids for the next NAPI_Init,
+// which tells with NAPI_IND_BROKEN when one of them has gone meanwhile.
 // Waits for the network API's thread to end. Result: 0, or NAPI_ERR_NOT_INITIALISED.
 VORN_PLATFORM_API int NAPI_Fini();
 
@@ -219,14 +222,15 @@ VORN_PLATFORM_API int NAPI_Fini();
 VORN_PLATFORM_API int NAPI_OpenLink(const char* name);
 
 // Closes a link, or cancels its opening; the id is free afterwards. When it has returned, no
-// message of this opening is written any more. Result: 0. Errors: NAPI_ERR_NOT_INITIALISED,
-// NAPI_ERR_NO_LINK.
+// message of this opening is written any more; one that was written before may still be unread. An
+// opening that has failed meanwhile is NAPI_ERR_NO_LINK, and its NAPI_IND_OPEN_FAILED comes.
+// Result: 0. Errors: NAPI_ERR_NOT_INITIALISED, NAPI_ERR_NO_LINK.
 VORN_PLATFORM_API int NAPI_CloseLink(int linkId);
 
-// Binds an open socket to the link's network device, so that all its traffic takes this link. Call
-// it before the socket connects. Result: 0. Errors: NAPI_ERR_NOT_INITIALISED, NAPI_ERR_NO_LINK,
-// NAPI_ERR_LINK_NOT_UP, NAPI_ERR_SOCKET, NAPI_ERR_NOT_PERMITTED (an unprivileged process may bind a
-// socket only once), NAPI_ERR_IO.
+// Binds an open IPv4 or IPv6 socket to the link's network device, so that all its traffic takes
+// this link. Call it before the socket connects. Result: 0. Errors: NAPI_ERR_NOT_INITIALISED,
+// NAPI_ERR_NO_LINK, NAPI_ERR_LINK_NOT_UP, NAPI_ERR_SOCKET, NAPI_ERR_NOT_PERMITTED (an unprivileged
+// process may bind a socket only once), NAPI_ERR_IO.
 VORN_PLATFORM_API int NAPI_BindSocket2Link(int linkId, int socket);
 
 // Tells one item (NapiDeviceItem) of an established link's device. `length` is the size of `buffer`
@@ -236,9 +240,10 @@ VORN_PLATFORM_API int NAPI_BindSocket2Link(int linkId, int socket);
 VORN_PLATFORM_API int NAPI_GetDeviceInfo(int linkId, int item, void* buffer, int length);
 
 // Makes the system name resolver use the link's name servers: those of its profile, else those that
-// the network gave; writes etc/resolv.conf below the root. Result: 0. Errors:
-// NAPI_ERR_NOT_INITIALISED, NAPI_ERR_NO_LINK, NAPI_ERR_LINK_NOT_UP, NAPI_ERR_MEMORY_FULL,
-// NAPI_ERR_ACCESS, NAPI_ERR_IO, NAPI_ERR_ROOT, NAPI_ERR_RESOURCES.
+// the network gave, else those that this machine uses itself. Writes etc/resolv.conf below the
+// root, whole or not at all, and waits for the disk. Result: 0. Errors: NAPI_ERR_NOT_INITIALISED,
+// NAPI_ERR_NO_LINK, NAPI_ERR_LINK_NOT_UP, NAPI_ERR_MEMORY_FULL, NAPI_ERR_ACCESS, NAPI_ERR_IO,
+// NAPI_ERR_ROOT, NAPI_ERR_RESOURCES.
 VORN_PLATFORM_API int NAPI_DnsResolverConfig(int linkId);
 
 // Lists the stored profiles, sorted by name (byte by byte). With a null `buffer` the number of
