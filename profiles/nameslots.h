@@ -1,0 +1,23 @@
+// The list of profile names as the network API fills it: one slot after the other, without a
+// header.
+#ifndef PROFILES_NAMESLOTS_H
+#define PROFILES_NAMESLOTS_H
+
+#include <stddef.h>
+
+#include <napi.h>
+#include <qstring.h>
+
+namespace profiles {
+
+// The size in bytes of a buffer for `count` names; 0 when no buffer can be that large, or `count`
+// is 0.
+size_t slotsSize(unsigned int count);
+
+// The name in slot `index` of a buffer: up to its NUL, or the whole slot when it has none. A byte
+// that belongs to no well-formed UTF-8 sequence gives one U+FFFD.
+QString slotName(const char* buffer, unsigned int index);
+
+} // namespace profiles
+
+#endif

@@ -1,0 +1,36 @@
+#include "profiles/recorder.h"
+
+#include <cstdio>
+
+#include <applog.h>
+
+namespace recorder {
+
+Calls& calls()
+{
+    static Calls all;
+    return all;
+}
+
+// The stream has no buffer, so each part that it prints arrives by itself; a message is one print
+// of a format without arguments, which is one part.
+static ssize_t take(void*, const char* bytes, size_t size)
+{
+    note("log: " + std::string(bytes, size));
+    return static_cast<ssize_t>(size);
+}
+
+Recording::Recording()
+{
+    calls().clear();
+    APPLOG_ModuleStream = ::fopencookie(nullptr, "w", {nullptr, take, nullptr, nullptr});
+    std::setvbuf(APPLOG_ModuleStream, nullptr, _IONBF, 0);
+}
+
+Recording::~Recording()
+{
+    std::fclose(APPLOG_ModuleStream);
+    APPLOG_ModuleStream = nullptr;
+}
+
+} // namespace recorder

@@ -1,0 +1,65 @@
+#include "profiles/scripted_napi.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include <napi.h>
+
+#include "profiles/recorder.h"
+
+namespace scripted {
+
+static Napi current;
+
+std::string slot(const std::string& name)
+{
+    return name + '\0';
+}
+
+void play(const Napi& napi)
+{
+    current = napi;
+}
+
+static unsigned int countOr(int scriptedCount, size_t otherwise)
+{
+    return static_cast<unsigned int>(scriptedCount == asStored ? static_cast<int>(otherwise)
+                                                               : scriptedCount);
+}
+
+static void fill(char* buffer, size_t count)
+{
+    for (size_t i = 0; i < count; ++i) {
+        char* place = buffer + 64 * i;
+        std::memset(place, '9', 64);
+        std::memcpy(place, current.filled[i].data(),
+                    std::min<size_t>(64, current.filled[i].size()));
+    }
+}
+
+} // namespace scripted
+
+int NAPI_ListAllProfile(char* buffer, unsigned int* count)
+{
+    using namespace scripted;
+    if (!buffer) {
+        recorder::note("list count " + std::to_string(*count));
+        *count = countOr(current.firstCount, current.filled.size());
+        return current.firstResult;
+    }
+    recorder::note("list names " + std::to_string(*count));
+    const size_t taken = std::min<size_t>(*count, current.filled.size());
+    fill(buffer, taken);
+    *count = countOr(current.secondCount, taken);
+    return current.secondResult;
+}
+
+unsigned int NAPI_GetMaxProfiles()
+{
+    std::vector<unsigned int>& limits = scripted::current.limits;
+    const unsigned int limit = limits.front();
+    if (limits.size() > 1)
+        limits.erase(limits.begin());
+    recorder::note("limit " + std::to_string(limit));
+    return limit;
+}
