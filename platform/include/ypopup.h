@@ -69,6 +69,10 @@ protected:
     // Hides the popup and lets exec() return `result`.
     void done(int result);
 
+    // The height in pixels that the contents need at this width, at most `most`. The popup takes
+    // its height from it when it is shown, and stands at the bottom of the screen. Negative, as
+    // here: the popup keeps the geometry that it was given.
+    virtual int contentsHint(int width, int most) const;
     // Called whenever contentsR() may have changed.
     virtual void layoutContents();
 
@@ -83,6 +87,7 @@ protected:
     bool focusNextPrevChild(bool next);
 
 private:
+    void fit();
     void layoutParts();
 
     struct Private;

@@ -70,6 +70,19 @@ QWindow* inputWindow()
     return window && QTest::qWaitForWindowActive(window) ? window : nullptr;
 }
 
+// An opened screen becomes the active window only after a while; a step that had to wait for it
+// would let the next step overtake it.
+void runWhenReady(std::function<void()> step, int tries)
+{
+    QTimer::singleShot(tries == 10000 ? 0 : 1, qApp, [step = std::move(step), tries] {
+        const QWindow* window = YScreen::instance()->window()->windowHandle();
+        if (YScreen::instance()->isVisible() && window && !window->isActive() && tries > 0)
+            runWhenReady(step, tries - 1);
+        else
+            step();
+    });
+}
+
 } // namespace
 
 void GuiTest::press(Qt::Key key)
@@ -112,7 +125,7 @@ QWidget* GuiTest::activeLayer()
 
 void GuiTest::later(std::function<void()> step)
 {
-    QTimer::singleShot(0, qApp, std::move(step));
+    runWhenReady(std::move(step), 10000);
 }
 
 void GuiTest::later(std::vector<std::function<void()>> steps)

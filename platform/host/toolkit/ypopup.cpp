@@ -80,6 +80,12 @@ struct YPopup::Private
     QEventLoop* loop = nullptr;
     int result = Cancelled;
     int headerBottom = 0;
+
+    // Lays out title and instruction.
+    int headerHeight(int width) const
+    {
+        return placeLine(instruction, placeLine(title, 0, width), width);
+    }
 };
 
 YPopup::YPopup(int /*type*/, QWidget* parent, const char* name, bool modal, int style,
@@ -177,6 +183,11 @@ void YPopup::done(int result)
     hide();
 }
 
+int YPopup::contentsHint(int /*width*/, int /*most*/) const
+{
+    return -1;
+}
+
 void YPopup::layoutContents() {}
 
 bool YPopup::event(QEvent* event)
@@ -189,7 +200,7 @@ bool YPopup::event(QEvent* event)
 
 void YPopup::showEvent(QShowEvent* event)
 {
-    layoutParts();
+    fit();
     QWidget::showEvent(event);
 }
 
@@ -237,10 +248,21 @@ bool YPopup::focusNextPrevChild(bool next)
     return true;
 }
 
+void YPopup::fit()
+{
+    const QRect largest = YGlobal::getDlgLargeR();
+    const int header = d->headerHeight(largest.width());
+    const int around = header + YTheme::softKeyHeight;
+    const int contents = contentsHint(largest.width(), largest.height() - around);
+    if (contents >= 0)
+        setGeometry(largest.adjusted(0, largest.height() - around - contents, 0, 0));
+    layoutParts();
+}
+
 void YPopup::layoutParts()
 {
     d->softKey->setGeometry(0, height() - YTheme::softKeyHeight, width(), YTheme::softKeyHeight);
-    d->headerBottom = placeLine(d->instruction, placeLine(d->title, 0, width()), width());
+    d->headerBottom = d->headerHeight(width());
     if (d->busy) {
         d->busy->move(busyPlace(*this, contentsR()).center() - d->busy->rect().center());
         d->busy->setHidden(hasPicture(*this));

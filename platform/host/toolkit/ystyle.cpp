@@ -2,6 +2,7 @@
 
 #include <QPainter>
 #include <QStyleOptionButton>
+#include <QStyleOptionSlider>
 
 #include "ytheme.h"
 
@@ -19,6 +20,37 @@ void drawFlatButton(const QStyleOptionButton& button, QPainter* painter)
                       Qt::AlignCenter | Qt::TextSingleLine, button.text);
 }
 
+// A scroll indicator: the part that is in sight, without buttons or groove.
+constexpr int indicatorWidth = 4;
+constexpr int shortestIndicator = 16;
+
+QRect indicatorRect(const QStyleOptionSlider& bar)
+{
+    const bool upright = bar.orientation == Qt::Vertical;
+    const int length = upright ? bar.rect.height() : bar.rect.width();
+    const int range = bar.maximum - bar.minimum;
+    if (range <= 0)
+        return bar.rect;
+    const auto part = static_cast<int>(qint64(length) * bar.pageStep / (range + bar.pageStep));
+    const int size = qMin(length, qMax(shortestIndicator, part));
+    const int offset = QStyle::sliderPositionFromValue(bar.minimum, bar.maximum, bar.sliderPosition,
+                                                       length - size, bar.upsideDown);
+    return upright ? QRect(bar.rect.left(), bar.rect.top() + offset, bar.rect.width(), size)
+                   : QRect(bar.rect.left() + offset, bar.rect.top(), size, bar.rect.height());
+}
+
+void drawIndicator(const QStyleOptionSlider& bar, QPainter* painter)
+{
+    const YTheme& theme = YTheme::current();
+    painter->fillRect(bar.rect, theme.surface);
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->setPen(Qt::NoPen);
+    painter->setBrush(theme.mutedText);
+    painter->drawRoundedRect(indicatorRect(bar), indicatorWidth / 2.0, indicatorWidth / 2.0);
+    painter->restore();
+}
+
 } // namespace
 
 YStyle::YStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
@@ -34,11 +66,47 @@ void YStyle::drawControl(ControlElement element, const QStyleOption* option, QPa
     QProxyStyle::drawControl(element, option, painter, widget);
 }
 
+void YStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
+                                QPainter* painter, const QWidget* widget) const
+{
+    const auto* bar = qstyleoption_cast<const QStyleOptionSlider*>(option);
+    if (control == CC_ScrollBar && bar) {
+        drawIndicator(*bar, painter);
+        return;
+    }
+    QProxyStyle::drawComplexControl(control, option, painter, widget);
+}
+
+QRect YStyle::subControlRect(ComplexControl control, const QStyleOptionComplex* option,
+                             SubControl part, const QWidget* widget) const
+{
+    const auto* bar = qstyleoption_cast<const QStyleOptionSlider*>(option);
+    if (control == CC_ScrollBar && bar) {
+        if (part == SC_ScrollBarSlider)
+            return indicatorRect(*bar);
+        if (part == SC_ScrollBarAddLine || part == SC_ScrollBarSubLine)
+            return QRect();
+        if (part == SC_ScrollBarGroove)
+            return bar->rect;
+    }
+    return QProxyStyle::subControlRect(control, option, part, widget);
+}
+
+int YStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const
+{
+    if (metric == PM_ScrollBarExtent)
+        return indicatorWidth;
+    return QProxyStyle::pixelMetric(metric, option, widget);
+}
+
 int YStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                       QStyleHintReturn* data) const
 {
     // Soft-key texts are translated texts, in which "&" is a letter like any other.
     if (hint == SH_UnderlineShortcut)
         return 0;
+    // One tap chooses a row, as on every phone.
+    if (hint == SH_ItemView_ActivateItemOnSingleClick)
+        return 1;
     return QProxyStyle::styleHint(hint, option, widget, data);
 }

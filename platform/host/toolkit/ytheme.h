@@ -35,6 +35,8 @@ struct VORN_PLATFORM_API YTheme
     QColor accent; // focus, selection, checked marks
     QColor onAccent;
     QColor border;
+    QColor success;
+    QColor failure;
     QColor shade; // over what lies below a modal popup; translucent
 
     static constexpr int margin = 8;

@@ -1,0 +1,176 @@
+#include <ylistbox.h>
+
+#include <algorithm>
+
+#include <QListView>
+
+#include "ylistdelegate.h"
+#include "ylistmodel.h"
+#include "ytheme.h"
+
+struct YListBox::Private
+{
+    QListView* view;
+    YListModel* model;
+    YListDelegate* delegate;
+};
+
+YListBox::YListBox(QWidget* parent, const char* name, YWidgetFlags /*flags*/)
+    : QWidget(parent), d(new Private)
+{
+    if (name)
+        setObjectName(QString::fromUtf8(name));
+    d->model = new YListModel(this);
+    d->delegate = new YListDelegate(this, *d->model);
+    d->view = new QListView(this);
+    d->view->setModel(d->model);
+    d->view->setItemDelegate(d->delegate);
+    d->view->setFrameShape(QFrame::NoFrame);
+    d->view->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    d->view->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    d->view->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+    d->view->setResizeMode(QListView::Adjust);
+    setFocusProxy(d->view);
+    connect(d->view, SIGNAL(activated(QModelIndex)), this, SLOT(choose(QModelIndex)));
+    connect(d->view->selectionModel(), SIGNAL(currentChanged(QModelIndex, QModelIndex)), this,
+            SLOT(moved(QModelIndex)));
+}
+
+YListBox::~YListBox()
+{
+    delete d->view;
+    delete d->model;
+    delete d;
+}
+
+void YListBox::setItemType(QString type)
+{
+    d->delegate->listType = type;
+    if (count() > 0)
+        d->view->doItemsLayout();
+}
+
+QString YListBox::itemType() const
+{
+    return d->delegate->listType;
+}
+
+void YListBox::insertItem(YListBoxItem* item, int index, bool /*repaint*/)
+{
+    if (!item)
+        return;
+    const int old = d->model->row(item);
+    if (old >= 0)
+        d->model->take(old);
+    const int rows = count();
+    d->model->insert(index < 0 ? rows : std::min(index, rows), item);
+}
+
+void YListBox::removeItem(int index)
+{
+    delete item(index);
+}
+
+void YListBox::clear()
+{
+    d->model->clear();
+}
+
+int YListBox::count() const
+{
+    return d->model->rowCount();
+}
+
+YListBoxItem* YListBox::item(int index) const
+{
+    return d->model->item(index);
+}
+
+int YListBox::index(const YListBoxItem* item) const
+{
+    return d->model->row(item);
+}
+
+int YListBox::currentItem() const
+{
+    return d->view->currentIndex().row();
+}
+
+void YListBox::setCurrentItem(int index)
+{
+    if (item(index))
+        d->view->setCurrentIndex(d->model->index(index));
+}
+
+void YListBox::checkItem(int index, bool checked)
+{
+    YListBoxItem* row = item(index);
+    if (!row)
+        return;
+    if (checked) {
+        d->model->check(row);
+        setCurrentItem(index);
+    } else if (d->model->checked() == row) {
+        d->model->check(nullptr);
+    }
+}
+
+void YListBox::checkItem(YListBoxItem* item, bool checked)
+{
+    checkItem(index(item), checked);
+}
+
+YListBoxItem* YListBox::getCheckedItem() const
+{
+    return d->model->checked();
+}
+
+int YListBox::heightOfRows(int width, int most) const
+{
+    int height = 0;
+    for (int row = 0; row < count() && height < most; ++row)
+        height += d->delegate->height(row, width);
+    return std::min(height, most);
+}
+
+QSize YListBox::sizeHint() const
+{
+    const int wide = std::max(minimumWidth(), 200);
+    return QSize(wide, heightOfRows(wide, 5 * YTheme::rowHeight));
+}
+
+void YListBox::resizeEvent(QResizeEvent*)
+{
+    d->view->setGeometry(rect());
+    if (d->view->currentIndex().isValid())
+        d->view->scrollTo(d->view->currentIndex());
+}
+
+void YListBox::choose(const QModelIndex& index)
+{
+    checkItem(index.row(), true);
+    emit selected(index.row());
+}
+
+void YListBox::moved(const QModelIndex& index)
+{
+    emit highlighted(index.row());
+}
+
+void YListBox::adopt(YListBoxItem* item)
+{
+    d->model->adopt(item);
+}
+
+void YListBox::release(YListBoxItem* item)
+{
+    d->model->disown(item);
+    const int row = d->model->row(item);
+    if (row >= 0)
+        d->model->take(row);
+}
+
+void YListBox::changed(YListBoxItem* item)
+{
+    d->model->refresh(d->model->row(item));
+}

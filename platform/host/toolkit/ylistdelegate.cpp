@@ -1,0 +1,182 @@
+#include "ylistdelegate.h"
+
+#include <algorithm>
+
+#include <QAbstractItemView>
+#include <QPainter>
+#include <QTextLayout>
+
+#include "ylistitemdata.h"
+#include "ylistmodel.h"
+#include "ytheme.h"
+
+namespace {
+
+constexpr int markSize = 16;
+constexpr int gap = YTheme::margin;
+constexpr int linePadding = 9; // above and below the text of a row
+
+QFont fontOf(const YListSubItem& subItem)
+{
+    QFont font = YTheme::bodyFont();
+    font.setBold(subItem.strong);
+    return font;
+}
+
+QTextOption wrapping()
+{
+    QTextOption option(Qt::AlignLeft | Qt::AlignVCenter);
+    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    return option;
+}
+
+int wrappedHeight(const QString& text, const QFont& font, int width)
+{
+    QTextLayout layout(text, font);
+    layout.setTextOption(wrapping());
+    layout.beginLayout();
+    double height = 0;
+    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+        line.setLineWidth(width);
+        height += line.height();
+    }
+    layout.endLayout();
+    return static_cast<int>(height + 0.5);
+}
+
+// How the two texts of a sub-item share their width.
+struct Split
+{
+    int first;
+    int second;
+};
+
+Split split(const YListSubItem& subItem, const QFontMetrics& metrics, int width)
+{
+    if (subItem.second.isEmpty())
+        return {width, 0};
+    const int first = metrics.horizontalAdvance(subItem.first);
+    const int second = metrics.horizontalAdvance(subItem.second);
+    if (first + gap + second <= width)
+        return {width - second - gap, second};
+    const int room = width - gap;
+    switch (subItem.priority) {
+    case YListBoxItem::ShowFirst:
+        return {std::min(first, room), std::max(0, room - first)};
+    case YListBoxItem::ShowSecond:
+        return {std::max(0, room - second), std::min(second, room)};
+    case YListBoxItem::ShowEvenly:
+        break;
+    }
+    const int share = room * static_cast<int>(subItem.share) / 100;
+    return {share, room - share};
+}
+
+void paintMark(QPainter& painter, const QRect& place, bool checked, const QColor& colour)
+{
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QRectF ring = QRectF(place).adjusted(1, 1, -1, -1);
+    painter.setPen(QPen(colour, 1.6));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawEllipse(ring);
+    if (checked) {
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(colour);
+        painter.drawEllipse(ring.adjusted(3.6, 3.6, -3.6, -3.6));
+    }
+    painter.restore();
+}
+
+void paintSubItem(QPainter& painter, const YListSubItem& subItem, QRect place)
+{
+    if (!subItem.picture.isNull()) {
+        const QSizeF size = subItem.picture.deviceIndependentSize();
+        painter.drawPixmap(QPointF(place.left(), place.center().y() - size.height() / 2),
+                           subItem.picture);
+        place.setLeft(place.left() + static_cast<int>(size.width()) + gap);
+    }
+    painter.setFont(fontOf(subItem));
+    const QFontMetrics metrics(painter.font());
+    const Split widths = split(subItem, metrics, place.width());
+    if (subItem.second.isEmpty()) {
+        painter.drawText(QRectF(place), subItem.first, wrapping());
+        return;
+    }
+    QRect left = place;
+    left.setWidth(widths.first);
+    painter.drawText(left, Qt::AlignVCenter | Qt::AlignLeft,
+                     metrics.elidedText(subItem.first, Qt::ElideRight, widths.first));
+    QRect right = place;
+    right.setLeft(place.right() + 1 - widths.second);
+    painter.drawText(right, Qt::AlignVCenter | Qt::AlignRight,
+                     metrics.elidedText(subItem.second, Qt::ElideRight, widths.second));
+}
+
+} // namespace
+
+YListDelegate::YListDelegate(QObject* parent, const YListModel& rows)
+    : QStyledItemDelegate(parent), model(rows)
+{}
+
+void YListDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                          const QModelIndex& index) const
+{
+    const YListBoxItem* item = model.item(index.row());
+    if (!item)
+        return;
+    const YTheme& theme = YTheme::current();
+    const bool current = option.state & QStyle::State_Selected;
+    const bool enabled = option.state & QStyle::State_Enabled;
+    painter->save();
+    if (current)
+        painter->fillRect(option.rect, theme.accent);
+    painter->setPen(current ? theme.onAccent : enabled ? theme.text : theme.disabledText);
+
+    QRect place = option.rect.adjusted(gap, 0, -gap, 0);
+    if (hasMark(index.row())) {
+        const QRect mark(place.left(), place.center().y() - markSize / 2, markSize, markSize);
+        paintMark(*painter, mark, item == model.checked(), painter->pen().color());
+        place.setLeft(mark.right() + 1 + gap);
+    }
+    const auto& subItems = item->d->subItems;
+    if (!subItems.empty())
+        place.setWidth(place.width() / static_cast<int>(subItems.size()));
+    for (const auto& [number, subItem] : subItems) {
+        paintSubItem(*painter, subItem, place);
+        place.translate(place.width(), 0);
+    }
+    painter->restore();
+}
+
+QSize YListDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const
+{
+    const auto* view = qobject_cast<const QAbstractItemView*>(option.widget);
+    const int width = view ? view->viewport()->width() : option.rect.width();
+    return QSize(width, height(index.row(), width));
+}
+
+int YListDelegate::height(int row, int width) const
+{
+    const YListBoxItem* item = model.item(row);
+    if (!item || item->d->subItems.empty())
+        return YTheme::rowHeight;
+    const auto& subItems = item->d->subItems;
+    int room = width - 2 * gap - (hasMark(row) ? markSize + gap : 0);
+    room /= static_cast<int>(subItems.size());
+    int height = YTheme::rowHeight;
+    for (const auto& [number, subItem] : subItems) {
+        if (!subItem.second.isEmpty())
+            continue;
+        const QFont font = fontOf(subItem);
+        if (QFontMetrics(font).horizontalAdvance(subItem.first) > room)
+            height = std::max(height, wrappedHeight(subItem.first, font, room) + 2 * linePadding);
+    }
+    return height;
+}
+
+bool YListDelegate::hasMark(int row) const
+{
+    const QString own = model.item(row)->type();
+    return (own.isNull() ? listType : own).contains(QStringLiteral("%R"));
+}

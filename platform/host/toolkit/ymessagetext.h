@@ -1,0 +1,27 @@
+// The text of a message, scrolled where it is too long.
+#ifndef YMESSAGETEXT_H
+#define YMESSAGETEXT_H
+
+#include <QScrollArea>
+
+class QLabel;
+
+class YMessageText : public QScrollArea
+{
+    Q_OBJECT
+
+public:
+    explicit YMessageText(QWidget* parent);
+
+    void setText(const QString& text);
+    QString text() const;
+    // The height that shows the whole text at a width.
+    int heightFor(int width) const;
+    // Scrolls by one line for the keys Up and Down; false for other keys.
+    bool scrollByKey(int key);
+
+private:
+    QLabel* label;
+};
+
+#endif
