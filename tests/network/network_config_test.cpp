@@ -162,8 +162,8 @@ class NetworkConfigProblem : public NetworkConfig, public testing::WithParamInte
 
 TEST_P(NetworkConfigProblem, IsToldOnceWithItsLine)
 {
-    configure(GetParam().json);
     store("Home", wifiProfile());
+    configure(GetParam().json);
     std::string expected;
     for (const std::string& line : GetParam().lines)
         expected += path() + line + "\n";
@@ -213,8 +213,8 @@ class NetworkConfigBroken : public NetworkConfig, public testing::WithParamInter
 
 TEST_P(NetworkConfigBroken, IsToldWithTheLineAndNotUsed)
 {
-    configure(GetParam().json);
     store("Home", dialledProfile());
+    configure(GetParam().json);
     std::string said = told([] {
         Receiver receiver;
         NAPI_OpenLink("Home");
@@ -228,6 +228,19 @@ TEST_P(NetworkConfigBroken, IsToldWithTheLineAndNotUsed)
 
 INSTANTIATE_TEST_SUITE_P(All, NetworkConfigBroken, testing::ValuesIn(brokenRows),
                          [](const auto& row) { return row.param.name; });
+
+TEST_F(NetworkConfig, LimitsTheNumberOfProfiles)
+{
+    EXPECT_EQ(NAPI_GetMaxProfiles(), 1024u);
+    configure(R"({"maxProfiles": 2})");
+    EXPECT_EQ(NAPI_GetMaxProfiles(), 2u);
+    store("First");
+    store("Second");
+    NetworkProfile third = packetProfile();
+    EXPECT_EQ(NAPI_CreateProfile("Third", &third, 0, 0), -152);
+    configure(R"({"maxProfiles": 3})");
+    EXPECT_EQ(NAPI_CreateProfile("Third", &third, 0, 0), 0);
+}
 
 TEST_F(NetworkConfig, UsesTheOtherKeysOfAFileWithOneMistake)
 {

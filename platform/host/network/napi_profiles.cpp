@@ -4,6 +4,7 @@
 #include <new>
 
 #include "network/napi_host.h"
+#include "network/network_config.h"
 #include "network/profile_name.h"
 #include "network/profile_reader.h"
 #include "network/profile_writer.h"
@@ -64,7 +65,11 @@ int NAPI_ListAllProfile(char* buffer, unsigned int* count)
 
 unsigned int NAPI_GetMaxProfiles()
 {
-    return store::kMaxProfiles;
+    try {
+        return network::networkConfig()->maxProfiles;
+    } catch (const std::bad_alloc&) {
+        return network::kDefaultMaxProfiles;
+    }
 }
 
 int NAPI_ReadProfile(const char* name, NetworkProfile* out, int, int)

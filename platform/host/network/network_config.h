@@ -17,6 +17,8 @@ namespace network {
 
 using Milliseconds = std::chrono::milliseconds;
 
+inline constexpr unsigned kDefaultMaxProfiles = 1024;
+
 enum class BearerChoice { Machine, Scenario };
 
 // What becomes of an opening in a scenario.
@@ -43,7 +45,7 @@ struct NetworkConfig
     std::optional<std::string> cellular;
     Scenario defaultScenario;
     std::map<std::string, Scenario> scenarios; // by profile name
-    unsigned maxProfiles = 1024;
+    unsigned maxProfiles = kDefaultMaxProfiles;
     Milliseconds minute{60000}; // the length of a minute of the idle time-outs
 
     const Scenario& scenarioFor(const std::string& profile) const

@@ -9,6 +9,7 @@
 #include "base/durable_file.h"
 #include "network/file_moves.h"
 #include "network/napi_host.h"
+#include "network/network_config.h"
 #include "network/profile_name.h"
 #include "network/store_errors.h"
 #include "network/store_folder.h"
@@ -67,10 +68,11 @@ void ProfileWriter::discardPending()
 // many.
 int ProfileWriter::checkLimit() const
 {
+    const unsigned int limit = network::networkConfig()->maxProfiles;
     struct stat status;
     if (fstat(m_folder.fd(), &status) != 0)
         return errno;
-    if (status.st_nlink >= 2 && status.st_nlink - 2 < kMaxProfiles)
+    if (status.st_nlink >= 2 && status.st_nlink - 2 < limit)
         return 0;
     std::vector<Entry> entries;
     if (int error = readEntries(m_folder.fd(), &entries))
@@ -78,7 +80,7 @@ int ProfileWriter::checkLimit() const
     auto profiles = std::count_if(entries.begin(), entries.end(), [this](const Entry& entry) {
         return isProfileName(entry.name) && isFolder(m_folder.fd(), entry);
     });
-    return profiles < kMaxProfiles ? 0 : ENOSPC;
+    return profiles < limit ? 0 : ENOSPC;
 }
 
 // Makes the whole profile under the pending name, on the disk but for that name.

@@ -10,9 +10,6 @@
 
 namespace store {
 
-// The largest number of profiles; see NAPI_GetMaxProfiles.
-inline constexpr unsigned int kMaxProfiles = 1024;
-
 // Holds the writers' lock of the store from open() to its end. All names are profile names. Results
 // as the calls of napi.h and napi_host.h that carry the same names.
 class ProfileWriter
