@@ -127,7 +127,7 @@ int hexDigit(char c)
 // another.
 unsigned char ownBits(const Field& field, std::size_t i)
 {
-    return field.mask == 0 ? 0xFF : static_cast<unsigned char>(field.mask >> (8 * i));
+    return static_cast<unsigned char>(field.mask == 0 ? 0xFF : field.mask >> (8 * i));
 }
 
 } // namespace
