@@ -1,0 +1,90 @@
+# What the build for the phone needs beside a compiler.
+include(VornSources)
+
+# vorn_path_option(NAME TEXT): a folder, given with -D or by the environment variable of the same name.
+function(vorn_path_option name text)
+  if(NOT ${name})
+    set(${name} "$ENV{${name}}" CACHE PATH "${text}" FORCE)
+  endif()
+  set_property(CACHE ${name} PROPERTY HELPSTRING "${text}")
+endfunction()
+
+# vorn_check_qt2(QTDIR MOC): stops unless there is a Qt/Embedded 2.3 in the folder.
+function(vorn_check_qt2 qtdir moc)
+  if(NOT qtdir)
+    message(FATAL_ERROR "QTDIR is not set: it names the folder of Qt/Embedded 2.3 (docs/phone-build.md).")
+  endif()
+  if(NOT EXISTS "${qtdir}/include/qglobal.h")
+    message(FATAL_ERROR "QTDIR is ${qtdir}, which has no include/qglobal.h.")
+  endif()
+  file(STRINGS "${qtdir}/include/qglobal.h" version REGEX "#[ \t]*define[ \t]+QT_VERSION[ \t]")
+  if(NOT version MATCHES "QT_VERSION[ \t]+23[0-9]+([^0-9]|$)")
+    message(FATAL_ERROR "The Qt in ${qtdir} is not Qt 2.3; its qglobal.h says: ${version}")
+  endif()
+  if(NOT EXISTS "${moc}")
+    message(FATAL_ERROR "There is no moc at ${moc}. Set VORN_MOC where it is not ${qtdir}/bin/moc.")
+  endif()
+endfunction()
+
+# vorn_check_sdk_headers(SDK SOURCES...): stops unless the platform has each of its headers that the
+# sources include.
+function(vorn_check_sdk_headers sdk)
+  if(NOT sdk)
+    message(FATAL_ERROR
+      "VORN_SDK is not set: it names the folder of the phone's platform (docs/phone-build.md).")
+  endif()
+  file(GLOB names RELATIVE "${PROJECT_SOURCE_DIR}/platform/include"
+    "${PROJECT_SOURCE_DIR}/platform/include/*.h")
+  set(missing "")
+  foreach(source IN LISTS ARGN)
+    file(STRINGS "${source}" includes REGEX "^[ \t]*#[ \t]*include[ \t]+[<\"]")
+    foreach(include IN LISTS includes)
+      string(REGEX REPLACE "^[^<\"]*[<\"]([^>\"]+)[>\"].*" "\\1" name "${include}")
+      if(name IN_LIST names AND NOT EXISTS "${sdk}/include/${name}")
+        list(APPEND missing ${name})
+      endif()
+    endforeach()
+  endforeach()
+  if(missing)
+    list(REMOVE_DUPLICATES missing)
+    list(SORT missing)
+    list(JOIN missing ", " missing)
+    message(FATAL_ERROR "The platform in ${sdk}/include has no ${missing}.")
+  endif()
+endfunction()
+
+# vorn_find_phone_libraries(VARIABLE FOLDER NAMES...): appends the path of each library, which has to
+# lie in that folder and nowhere else.
+function(vorn_find_phone_libraries variable folder)
+  foreach(name IN LISTS ARGN)
+    set(path "${folder}/${CMAKE_SHARED_LIBRARY_PREFIX}${name}${CMAKE_SHARED_LIBRARY_SUFFIX}")
+    if(NOT EXISTS "${path}")
+      message(FATAL_ERROR "There is no library ${path}.")
+    endif()
+    list(APPEND ${variable} "${path}")
+  endforeach()
+  set(${variable} "${${variable}}" PARENT_SCOPE)
+endfunction()
+
+# vorn_run_moc(VARIABLE MOC SOURCES...): one more source for each header that has a class with Q_OBJECT.
+# This moc knows neither -D nor -I. What it writes is not held to the warnings of today.
+function(vorn_run_moc variable moc)
+  set(folder "${CMAKE_CURRENT_BINARY_DIR}/moc")
+  file(MAKE_DIRECTORY "${folder}")
+  foreach(source IN LISTS ARGN)
+    if(NOT source MATCHES "\\.h$")
+      continue()
+    endif()
+    file(STRINGS "${source}" macro REGEX "^[ \t]*Q_OBJECT[ \t;]*$")
+    if(NOT macro)
+      continue()
+    endif()
+    get_filename_component(name "${source}" NAME_WE)
+    set(output "${folder}/moc_${name}.cpp")
+    add_custom_command(OUTPUT "${output}" COMMAND "${moc}" -o "${output}" "${source}"
+      DEPENDS "${source}" "${moc}" COMMENT "moc ${name}.h" VERBATIM)
+    set_source_files_properties("${output}" PROPERTIES COMPILE_OPTIONS -w)
+    list(APPEND ${variable} "${output}")
+  endforeach()
+  set(${variable} "${${variable}}" PARENT_SCOPE)
+endfunction()
