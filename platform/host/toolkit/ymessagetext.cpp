@@ -7,6 +7,7 @@
 
 YMessageText::YMessageText(QWidget* parent) : QScrollArea(parent), label(new QLabel)
 {
+    label->setObjectName(QStringLiteral("text"));
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
     label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
