@@ -184,12 +184,14 @@ std::vector<bool> checkAgainstStore(const Request& request, const std::vector<Na
                               ": a profile of this name is stored already.",
                           "Nothing was imported. --replace replaces stored profiles.");
     }
-    const auto fresh = std::count(stored.begin(), stored.end(), false);
+    const auto fresh = static_cast<std::size_t>(std::count(stored.begin(), stored.end(), false));
     const std::size_t room = NAPI_GetMaxProfiles();
-    if (fresh > 0 && listProfiles().size() + static_cast<std::size_t>(fresh) > room)
+    const std::size_t all = fresh > 0 ? listProfiles().size() + fresh : 0;
+    if (all > room)
         throw Failure(Exit::NoRoom,
-                      "cannot import " + std::to_string(fresh) + " new profiles: at most " +
-                          std::to_string(room) + " are kept.",
+                      "cannot import " + inQuotes(request.file) + ": there would be " +
+                          std::to_string(all) + " profiles, and at most " + std::to_string(room) +
+                          " are kept.",
                       "Nothing was imported.");
     return stored;
 }

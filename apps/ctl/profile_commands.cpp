@@ -1,5 +1,6 @@
 // The commands over one profile, and the list.
 #include "failure.h"
+#include "network/napi_host.h"
 #include "output.h"
 #include "record.h"
 #include "request.h"
@@ -46,6 +47,18 @@ void printList(const std::vector<std::string>& names)
     print(table.text());
 }
 
+// Who misses a profile in the list learns where to look for it.
+void noteDamage()
+{
+    std::vector<napihost::Finding> findings;
+    if (napihost::inspectStore(&findings) < 0 || findings.empty())
+        return;
+    const std::string count = std::to_string(findings.size());
+    note(findings.size() == 1
+             ? "1 damaged entry is not listed; \"vornctl doctor\" tells more."
+             : count + " damaged entries are not listed; \"vornctl doctor\" tells more.");
+}
+
 void printJsonList(const std::vector<std::string>& names, bool secrets)
 {
     Json list = Json::array();
@@ -68,8 +81,10 @@ int profileList(const Request& request)
         printJsonList(names, request.showSecrets);
     else if (request.onlyNames)
         printNames(names);
-    else
+    else {
         printList(names);
+        noteDamage();
+    }
     return 0;
 }
 

@@ -92,8 +92,8 @@ std::string askFor(const Field& field)
     if (!::isatty(STDIN_FILENO))
         return readLine();
     const std::string prompt = std::string(field.label) + ": ";
-    writeAll(STDERR_FILENO, prompt, "the prompt");
     const SilentTerminal silent(STDIN_FILENO);
+    writeAll(STDERR_FILENO, prompt, "the prompt");
     return readLine();
 }
 

@@ -88,18 +88,22 @@ void failNapi(int result, const std::string& action, const std::string* name)
 
 std::vector<std::string> listProfiles()
 {
-    // As many slots as there can be profiles: one call, and only the pages that are filled cost
+    // One call is enough unless there are more profiles than slots; only slots that are filled cost
     // anything.
-    unsigned int count = NAPI_GetMaxProfiles();
-    const std::unique_ptr<char[]> slots(new char[std::size_t(count) * NAPI_PROFILE_NAME_SLOT]);
-    const int result = NAPI_ListAllProfile(slots.get(), &count);
-    if (result < 0)
-        failNapi(result, "list the profiles", nullptr);
-    std::vector<std::string> names;
-    names.reserve(count);
-    for (unsigned int i = 0; i < count; ++i)
-        names.emplace_back(&slots[std::size_t(i) * NAPI_PROFILE_NAME_SLOT]);
-    return names;
+    for (unsigned int slots = 2048;; slots *= 2) {
+        const std::unique_ptr<char[]> buffer(new char[std::size_t(slots) * NAPI_PROFILE_NAME_SLOT]);
+        unsigned int count = slots;
+        const int result = NAPI_ListAllProfile(buffer.get(), &count);
+        if (result < 0)
+            failNapi(result, "list the profiles", nullptr);
+        if (count == slots)
+            continue;
+        std::vector<std::string> names;
+        names.reserve(count);
+        for (unsigned int i = 0; i < count; ++i)
+            names.emplace_back(&buffer[std::size_t(i) * NAPI_PROFILE_NAME_SLOT]);
+        return names;
+    }
 }
 
 bool profileExists(const std::string& name)
