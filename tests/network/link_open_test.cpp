@@ -182,6 +182,24 @@ TEST_F(LinkOpen, CancelsAnOpeningThatIsNeverAnswered)
     EXPECT_EQ(receiver.next(), failed(link, 5, 691)) << "and nothing of the cancelled opening";
 }
 
+TEST_F(LinkOpen, TellsNothingOfWhatWouldHaveHappenedToAClosedLink)
+{
+    configure(R"({"bearer": "scenario", "scenario": {"profiles": {
+        "Slow": {"afterMs": 50}, "Breaks": {"breakAfterMs": 100},
+        "Later": {"afterMs": 200, "outcome": "fail"}}}})");
+    for (const char* name : {"Slow", "Breaks", "Later"})
+        store(name);
+    Receiver receiver;
+    EXPECT_EQ(NAPI_OpenLink("Breaks"), 0);
+    EXPECT_EQ(receiver.next(), connected(0));
+    EXPECT_EQ(NAPI_OpenLink("Slow"), 1);
+    EXPECT_EQ(NAPI_OpenLink("Later"), 2);
+    usleep(1000); // the opening is with the bearer
+    EXPECT_EQ(NAPI_CloseLink(0), 0);
+    EXPECT_EQ(NAPI_CloseLink(1), 0);
+    EXPECT_EQ(receiver.next(), failed(2, 2, 0));
+}
+
 TEST_F(LinkOpen, KeepsABrokenLinksIdUntilItIsClosed)
 {
     configure(R"({"bearer": "scenario", "scenario": {"default": {"breakAfterMs": 1}}})");

@@ -1,9 +1,11 @@
 #include "network/link_world.h"
 
 #include <cstdlib>
+#include <ctime>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
+#include <thread>
 #include <tuple>
 
 #include <poll.h>
@@ -162,6 +164,29 @@ long sleepsOf(int thread)
     std::string status = readFile("/proc/self/task/" + std::to_string(thread) + "/status");
     size_t at = status.find(key);
     return at == std::string::npos ? -1 : std::stol(status.substr(at + key.size()));
+}
+
+long long workOf(int thread)
+{
+    // The kernel's numbering of the clocks of other threads, which pthread_getcpuclockid uses too.
+    clockid_t clock = static_cast<clockid_t>((~static_cast<unsigned>(thread) << 3) | 6);
+    timespec used = {};
+    EXPECT_EQ(clock_gettime(clock, &used), 0);
+    return used.tv_sec * 1000000000LL + used.tv_nsec;
+}
+
+long long workWhenAsleep(int thread)
+{
+    auto patience = std::chrono::steady_clock::now() + std::chrono::milliseconds(kPatienceMs);
+    for (long long before = -1; std::chrono::steady_clock::now() < patience;) {
+        long long now = workOf(thread);
+        if (now == before)
+            return now;
+        before = now;
+        std::this_thread::sleep_for(std::chrono::milliseconds(50));
+    }
+    ADD_FAILURE() << "the thread does not fall asleep";
+    return -1;
 }
 
 void LinkTest::SetUp()

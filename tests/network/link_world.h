@@ -99,6 +99,13 @@ int engineThread();
 // How often a thread has gone to sleep so far.
 long sleepsOf(int thread);
 
+// How many nanoseconds of processor time a thread has used so far. It does not change while the
+// thread makes no system call and computes nothing.
+long long workOf(int thread);
+
+// Waits until a thread is asleep with nothing more to do, and gives its processor time then.
+long long workWhenAsleep(int thread);
+
 } // namespace linktest
 
 #endif
