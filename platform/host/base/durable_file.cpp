@@ -63,6 +63,16 @@ int syncFolder(int fd)
     return error == EINVAL ? 0 : error;
 }
 
+int setMode(int fd, mode_t mode)
+{
+    struct stat status;
+    if (fstat(fd, &status) != 0)
+        return errno;
+    if ((status.st_mode & 07777) == mode)
+        return 0; // the usual case, and looking is cheaper than one more change for the disk
+    return fchmod(fd, mode) == 0 ? 0 : errno;
+}
+
 int createFile(int folder, const char* name, std::string_view bytes, mode_t mode)
 {
     UniqueFd file(retried([&] {
@@ -70,9 +80,8 @@ int createFile(int folder, const char* name, std::string_view bytes, mode_t mode
     }));
     if (!file.isOpen())
         return errno;
-    // The process's umask must not change the mode.
-    if (fchmod(file.get(), mode) != 0)
-        return errno;
+    if (int error = setMode(file.get(), mode))
+        return error;
     if (int error = writeAll(file.get(), bytes))
         return error;
     return syncFile(file.get());

@@ -37,6 +37,9 @@ int writeAll(int fd, std::string_view bytes);
 int syncFile(int fd);
 int syncFolder(int fd);
 
+// Gives a new file or folder its mode where the process's umask has changed it.
+int setMode(int fd, mode_t mode);
+
 // Makes the new file `name` in the folder with the given descriptor, with exactly `mode`, and
 // brings its bytes to the disk (its entry in the folder is the caller's to sync). EEXIST when there
 // is something of that name. What a failure leaves behind is the caller's to remove.

@@ -28,6 +28,12 @@ static int lookFor(int folder, const std::string& name)
     return fstatat(folder, name.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0 ? 0 : errno;
 }
 
+static base::UniqueFd openFolderIn(int folder, const char* name)
+{
+    return base::UniqueFd(base::retried(
+        [&] { return openat(folder, name, O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC); }));
+}
+
 int ProfileWriter::open(IfMissing ifMissing)
 {
     if (int result = checkRoot())
@@ -86,14 +92,18 @@ int ProfileWriter::checkLimit() const
 // Makes the whole profile under the pending name, on the disk but for that name.
 int ProfileWriter::buildFolder(const NetworkProfile& record)
 {
-    if (mkdirat(m_folder.fd(), kPendingName, 0700) != 0 ||
-        fchmodat(m_folder.fd(), kPendingName, 0700, 0) != 0)
+    if (mkdirat(m_folder.fd(), kPendingName, 0700) != 0)
         return errno;
-    base::UniqueFd profile(base::retried([&] {
-        return openat(m_folder.fd(), kPendingName, O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
-    }));
+    base::UniqueFd profile = openFolderIn(m_folder.fd(), kPendingName);
+    if (!profile.isOpen() && errno == EACCES) {
+        // The process's umask keeps even the owner out.
+        fchmodat(m_folder.fd(), kPendingName, 0700, 0);
+        profile = openFolderIn(m_folder.fd(), kPendingName);
+    }
     if (!profile.isOpen())
         return errno;
+    if (int error = base::setMode(profile.get(), 0700))
+        return error;
     if (int error = base::createFile(profile.get(), kRecordName, bytesOf(record), 0600))
         return error;
     return base::syncFolder(profile.get());
@@ -162,9 +172,7 @@ int ProfileWriter::replaceFolder(const std::string& name, const NetworkProfile& 
 
 int ProfileWriter::modify(const std::string& name, const NetworkProfile& record)
 {
-    base::UniqueFd profile(base::retried([&] {
-        return openat(m_folder.fd(), name.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
-    }));
+    base::UniqueFd profile = openFolderIn(m_folder.fd(), name.c_str());
     int error = errno;
     if (profile.isOpen())
         error = replaceRecord(profile.get(), record);

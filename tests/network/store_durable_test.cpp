@@ -1,0 +1,102 @@
+// The durable files that the host libraries share.
+#include <cerrno>
+#include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include "base/durable_file.h"
+#include "network/store_faults.h"
+#include "network/store_world.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+class DurableFile : public testing::Test
+{
+protected:
+    StoreWorld world{StoreWorld::On::Memory};
+    std::string path = world.root() + "/file";
+};
+
+TEST_F(DurableFile, IsMadeWithItsMode)
+{
+    ASSERT_EQ(base::replaceFile(path, "text", 0640), 0);
+    EXPECT_EQ(contentOf(path), "text");
+    EXPECT_EQ(fs::status(path).permissions(), fs::perms(0640));
+    EXPECT_EQ(entriesOf(world.root()), std::vector<std::string>{"file"});
+}
+
+TEST_F(DurableFile, IsReplacedWholly)
+{
+    ASSERT_EQ(base::replaceFile(path, std::string(100000, 'a'), 0600), 0);
+    ASSERT_EQ(base::replaceFile(path, "b", 0600), 0);
+    EXPECT_EQ(contentOf(path), "b");
+    ASSERT_EQ(base::replaceFile(path, "", 0600), 0);
+    EXPECT_EQ(contentOf(path), "");
+}
+
+TEST_F(DurableFile, ReplacesAndSweepsWhatAKilledWriterLeft)
+{
+    std::ofstream(world.root() + "/.file.new") << "half";
+    ASSERT_EQ(base::replaceFile(path, "whole", 0600), 0);
+    EXPECT_EQ(contentOf(path), "whole");
+    EXPECT_EQ(entriesOf(world.root()), std::vector<std::string>{"file"});
+}
+
+TEST_F(DurableFile, NeedsItsFolder)
+{
+    EXPECT_EQ(base::replaceFile(world.root() + "/none/file", "text", 0600), ENOENT);
+    EXPECT_TRUE(entriesOf(world.root()).empty());
+}
+
+TEST_F(DurableFile, IsTheOldOneWhenItsProcessEndsBeforeTheRenameAndElseTheNewOne)
+{
+    for (size_t at = 0;; ++at) {
+        ASSERT_EQ(base::replaceFile(path, "old", 0600), 0);
+        int status = inChild([&] {
+            faults::begin({faults::Fault::Die, at, 0});
+            return base::replaceFile(path, "new", 0600);
+        });
+        std::string content = contentOf(path);
+        ASSERT_TRUE(content == "old" || content == "new") << content;
+        if (status == 0)
+            break;
+        ASSERT_EQ(status, faults::kDeathStatus);
+    }
+    EXPECT_EQ(contentOf(path), "new");
+}
+
+TEST_F(DurableFile, FailingWriteOrSyncLeavesTheOldOneAndNothingElse)
+{
+    ASSERT_EQ(base::replaceFile(path, "old", 0600), 0);
+    int failures = 0;
+    for (size_t at = 0;; ++at) {
+        faults::begin({faults::Fault::Fail, at, ENOSPC});
+        int error = base::replaceFile(path, "new", 0600);
+        std::vector<faults::Call> calls = faults::end();
+        if (at >= calls.size())
+            break;
+        ASSERT_EQ(error, ENOSPC) << calls[at].function;
+        ++failures;
+        // The last call brings the rename to the disk: only whether it stays is open when it fails.
+        bool isLast = at + 1 == calls.size() && calls[at].function == "fsync";
+        ASSERT_TRUE(isLast || contentOf(path) == "old") << calls[at].function;
+        ASSERT_EQ(entriesOf(world.root()), std::vector<std::string>{"file"});
+    }
+    EXPECT_GE(failures, 6);
+}
+
+TEST_F(DurableFile, FoldersAreMadeOnTheWayAndOnlyOnce)
+{
+    std::string folder = world.root() + "/a/b/c";
+    EXPECT_EQ(base::makeFolders(folder), 0);
+    EXPECT_TRUE(fs::is_directory(folder));
+    EXPECT_EQ(base::makeFolders(folder), 0);
+    std::ofstream(world.root() + "/file") << "x";
+    EXPECT_EQ(base::makeFolders(world.root() + "/file"), ENOTDIR);
+    EXPECT_EQ(base::makeFolders(world.root() + "/file/below"), ENOTDIR);
+}
+
+} // namespace
