@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 #include <random>
 #include <sys/mman.h>
+#include <sys/prctl.h>
 #include <sys/wait.h>
 #include <time.h>
 
@@ -99,6 +100,7 @@ protected:
         *progress = {};
         pid_t child = fork();
         if (child == 0) {
+            prctl(PR_SET_PDEATHSIG, SIGKILL); // should the test itself be ended
             for (;;) {
                 Change change = randomChange(&random);
                 progress->begun = progress->begun + 1;

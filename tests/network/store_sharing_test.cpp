@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 #include <sstream>
 #include <sys/file.h>
+#include <sys/prctl.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <thread>
@@ -25,8 +26,10 @@ protected:
     {
         fflush(nullptr);
         pid_t child = fork();
-        if (child == 0)
+        if (child == 0) {
+            prctl(PR_SET_PDEATHSIG, SIGKILL); // should the test itself be ended
             _exit(body());
+        }
         return child;
     }
 
