@@ -9,6 +9,21 @@
 
 #include "vornqtnapi_export.h"
 
+// Has the user pick one of the stored profiles, from a modal list in the order of the network API.
+// The row of the profile `name` is checked at first; the first row when `name` is empty or no
+// stored profile is called exactly so. Returns when the user has decided; the application's events
+// are served meanwhile.
+//
+// Result: 0 when the user has picked a profile, whose name is now in `name`. In every other case
+// `name` keeps its value: -100 when no profile is stored (no list is shown then), memory has run
+// out, or the user has cancelled; the negative result of NAPI_ListAllProfile when the profiles
+// cannot be listed. All but cancelling is also written to the application log.
+//
+//     QString name = lastUsedProfile;
+//     if (getProfileNamebySelect(name) == 0)
+//         manager->openLink(name);
+VORNQTNAPI_EXPORT int getProfileNamebySelect(QString& name);
+
 // Makes a name for a new profile: "Profile" and the number after the highest one that a stored
 // profile's name has there. With "Profile1" and "Profile5" stored it is "Profile6": gaps are not
 // filled. Names that do not begin with exactly "Profile", or whose rest is not a whole decimal

@@ -20,14 +20,14 @@ static ssize_t take(void*, const char* bytes, size_t size)
     return static_cast<ssize_t>(size);
 }
 
-Recording::Recording()
+Log::Log()
 {
     calls().clear();
     APPLOG_ModuleStream = ::fopencookie(nullptr, "w", {nullptr, take, nullptr, nullptr});
     std::setvbuf(APPLOG_ModuleStream, nullptr, _IONBF, 0);
 }
 
-Recording::~Recording()
+Log::~Log()
 {
     std::fclose(APPLOG_ModuleStream);
     APPLOG_ModuleStream = nullptr;

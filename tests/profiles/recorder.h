@@ -20,12 +20,20 @@ inline void note(const std::string& call)
     calls().push_back(call);
 }
 
-// Attaches the application log to the list of calls for the time of a test.
+// Attaches the application log to the list of calls, which is emptied, as long as it lives; and a
+// fixture that has one.
+class Log
+{
+public:
+    Log();
+    ~Log();
+    Log(const Log&) = delete;
+    Log& operator=(const Log&) = delete;
+};
+
 class Recording : public testing::Test
 {
-protected:
-    Recording();
-    ~Recording() override;
+    Log m_log;
 };
 
 } // namespace recorder

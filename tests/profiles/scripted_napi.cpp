@@ -61,5 +61,6 @@ unsigned int NAPI_GetMaxProfiles()
     if (limits.size() > 1)
         limits.erase(limits.begin());
     recorder::note("limit " + std::to_string(limit));
+    scripted::current.afterLimit();
     return limit;
 }

@@ -3,6 +3,7 @@
 #define TESTS_PROFILES_SCRIPTED_NAPI_H
 
 #include <climits>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -21,6 +22,8 @@ struct Napi
     int secondCount = asStored;
     // What NAPI_GetMaxProfiles answers, call by call; the last one stays.
     std::vector<unsigned int> limits = {100};
+    // Runs at the end of each NAPI_GetMaxProfiles.
+    std::function<void()> afterLimit = [] {};
 };
 
 // A name as it stands in a slot, with its NUL.

@@ -1,0 +1,109 @@
+#include <stdlib.h>
+#include <string.h>
+
+#include <memory>
+
+#include <qapplication.h>
+#include <qstringlist.h>
+
+#include <napi.h>
+
+#include "profilefunctions.h"
+#include "profiles/nameslots.h"
+#include "support/guarded.h"
+#include "support/log.h"
+#include "support/loop.h"
+#include "yprofileselectdlg.h"
+
+using support::logPrint;
+
+// No profile, no memory, or none chosen.
+static const int noneSelected = -100;
+
+struct Freeing
+{
+    void operator()(char* buffer) const { free(buffer); }
+};
+
+typedef std::unique_ptr<char, Freeing> Buffer;
+
+// Stores in `count` how many names there are, at most as many as the network API keeps. Result: 0,
+// or the result of getProfileNamebySelect().
+static int countNames(unsigned int& count)
+{
+    count = 0;
+    const int result = NAPI_ListAllProfile(nullptr, &count);
+    if (result < 0) {
+        logPrint(4, "NAPI_ListAllProfile return error\n");
+        return result;
+    }
+    if (count == 0) {
+        logPrint(4, "No profile exists.\n");
+        return noneSelected;
+    }
+    // The number is asked for again where it counts, as the phone does.
+    if (NAPI_GetMaxProfiles() < count)
+        count = NAPI_GetMaxProfiles();
+    return 0;
+}
+
+// Null when there is no memory. Each name is empty until the network API has filled its slot,
+// whatever count it reports.
+static Buffer newBuffer(unsigned int count)
+{
+    const size_t size = profiles::slotsSize(count);
+    const bool fits = size > 0 || count == 0;
+    Buffer buffer(fits ? static_cast<char*>(malloc(size)) : nullptr);
+    for (size_t slot = 0; buffer && slot < size; slot += NAPI_PROFILE_NAME_SLOT)
+        memset(buffer.get() + slot, 0, 4);
+    return buffer;
+}
+
+// Fills `buffer`, which has room for `room` names, and appends them to `names`. Result: as
+// countNames().
+static int listNames(char* buffer, unsigned int room, QStringList& names)
+{
+    unsigned int count = room;
+    const int result = NAPI_ListAllProfile(buffer, &count);
+    if (result < 0) {
+        logPrint(4, "NAPI_ListAllProfile return error\n");
+        return result;
+    }
+    for (unsigned int i = 0; i < count && i < room; ++i)
+        names.append(profiles::slotName(buffer, i));
+    return 0;
+}
+
+// Shows the dialog until the user has decided, and deletes it. The two calls around that have it
+// painted at once, and gone from the screen before the caller goes on.
+static int runDialog(YProfileSelectDlg* newDialog, QString& name)
+{
+    const support::Guarded<YProfileSelectDlg> dialog(newDialog);
+    if (qApp)
+        support::wakeLoop();
+    int result = noneSelected;
+    const bool isAccepted = newDialog->exec() != 0;
+    if (isAccepted && dialog && dialog->selectedProfile(name) == 0)
+        result = 0;
+    delete dialog.get();
+    support::processPending();
+    return result;
+}
+
+int getProfileNamebySelect(QString& name)
+{
+    unsigned int count = 0;
+    if (const int result = countNames(count))
+        return result;
+    Buffer buffer = newBuffer(count);
+    if (!buffer) {
+        logPrint(4, "Can not malloc memory for profiles.\n");
+        return noneSelected;
+    }
+    QStringList names;
+    if (const int result = listNames(buffer.get(), count, names))
+        return result;
+    YProfileSelectDlg* dialog = new YProfileSelectDlg(names, name, nullptr, nullptr);
+    buffer.reset();
+    return runDialog(dialog, name);
+}
