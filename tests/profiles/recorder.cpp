@@ -23,6 +23,8 @@ static ssize_t take(void*, const char* bytes, size_t size)
 Log::Log()
 {
     calls().clear();
+    // A call that is noted while an allocation is watched for must not allocate.
+    calls().reserve(64);
     APPLOG_ModuleStream = ::fopencookie(nullptr, "w", {nullptr, take, nullptr, nullptr});
     std::setvbuf(APPLOG_ModuleStream, nullptr, _IONBF, 0);
 }
