@@ -26,5 +26,7 @@ LD_LIBRARY_PATH=$(pkg-config --variable=libdir vornqtnapi) "$work/by-pkg-config"
 
 [ -L "$(find "$prefix" -name libvornqtnapi.so.1)" ]
 [ -x "$prefix/bin/vornctl" ]
+[ -f "$prefix/share/bash-completion/completions/vornctl" ]
+[ -f "$prefix/share/man/man1/vornctl.1" ]
 VORN_ROOT=$work/empty "$prefix/bin/vornctl" profile list >/dev/null
 echo 'installed, found and linked'
