@@ -3,8 +3,10 @@
 #include <algorithm>
 
 #include <QListView>
+#include <QResizeEvent>
 
 #include "ylistdelegate.h"
+#include "ylistitemdata.h"
 #include "ylistmodel.h"
 #include "ytheme.h"
 
@@ -29,7 +31,6 @@ YListBox::YListBox(QWidget* parent, const char* name, YWidgetFlags /*flags*/)
     d->view->setEditTriggers(QAbstractItemView::NoEditTriggers);
     d->view->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     d->view->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
-    d->view->setResizeMode(QListView::Adjust);
     setFocusProxy(d->view);
     connect(d->view, SIGNAL(activated(QModelIndex)), this, SLOT(choose(QModelIndex)));
     connect(d->view->selectionModel(), SIGNAL(currentChanged(QModelIndex, QModelIndex)), this,
@@ -59,9 +60,8 @@ void YListBox::insertItem(YListBoxItem* item, int index, bool /*repaint*/)
 {
     if (!item)
         return;
-    const int old = d->model->row(item);
-    if (old >= 0)
-        d->model->take(old);
+    if (item->d->inserted)
+        d->model->take(d->model->row(item));
     const int rows = count();
     d->model->insert(index < 0 ? rows : std::min(index, rows), item);
 }
@@ -139,11 +139,15 @@ QSize YListBox::sizeHint() const
     return QSize(wide, heightOfRows(wide, 5 * YTheme::rowHeight));
 }
 
-void YListBox::resizeEvent(QResizeEvent*)
+void YListBox::resizeEvent(QResizeEvent* event)
 {
     d->view->setGeometry(rect());
-    if (d->view->currentIndex().isValid())
-        d->view->scrollTo(d->view->currentIndex());
+    // Only the width changes the rows.
+    if (event->oldSize().width() != width() && isVisible())
+        d->view->doItemsLayout();
+    // A choice far down the list is shown with what stands around it.
+    if (d->view->currentIndex().isValid() && isVisible())
+        d->view->scrollTo(d->view->currentIndex(), QAbstractItemView::PositionAtCenter);
 }
 
 void YListBox::choose(const QModelIndex& index)

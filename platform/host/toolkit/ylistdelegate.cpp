@@ -4,7 +4,7 @@
 
 #include <QAbstractItemView>
 #include <QPainter>
-#include <QTextLayout>
+#include <QTextOption>
 
 #include "ylistitemdata.h"
 #include "ylistmodel.h"
@@ -16,32 +16,11 @@ constexpr int markSize = 16;
 constexpr int gap = YTheme::margin;
 constexpr int linePadding = 9; // above and below the text of a row
 
-QFont fontOf(const YListSubItem& subItem)
-{
-    QFont font = YTheme::bodyFont();
-    font.setBold(subItem.strong);
-    return font;
-}
-
 QTextOption wrapping()
 {
     QTextOption option(Qt::AlignLeft | Qt::AlignVCenter);
     option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     return option;
-}
-
-int wrappedHeight(const QString& text, const QFont& font, int width)
-{
-    QTextLayout layout(text, font);
-    layout.setTextOption(wrapping());
-    layout.beginLayout();
-    double height = 0;
-    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
-        line.setLineWidth(width);
-        height += line.height();
-    }
-    layout.endLayout();
-    return static_cast<int>(height + 0.5);
 }
 
 // How the two texts of a sub-item share their width.
@@ -88,7 +67,7 @@ void paintMark(QPainter& painter, const QRect& place, bool checked, const QColor
     painter.restore();
 }
 
-void paintSubItem(QPainter& painter, const YListSubItem& subItem, QRect place)
+void paintSubItem(QPainter& painter, const YListSubItem& subItem, const YRowFont& font, QRect place)
 {
     if (!subItem.picture.isNull()) {
         const QSizeF size = subItem.picture.deviceIndependentSize();
@@ -96,8 +75,8 @@ void paintSubItem(QPainter& painter, const YListSubItem& subItem, QRect place)
                            subItem.picture);
         place.setLeft(place.left() + static_cast<int>(size.width()) + gap);
     }
-    painter.setFont(fontOf(subItem));
-    const QFontMetrics metrics(painter.font());
+    painter.setFont(font.font());
+    const QFontMetrics& metrics = font.metrics();
     const Split widths = split(subItem, metrics, place.width());
     if (subItem.second.isEmpty()) {
         painter.drawText(QRectF(place), subItem.first, wrapping());
@@ -116,7 +95,7 @@ void paintSubItem(QPainter& painter, const YListSubItem& subItem, QRect place)
 } // namespace
 
 YListDelegate::YListDelegate(QObject* parent, const YListModel& rows)
-    : QStyledItemDelegate(parent), model(rows)
+    : QStyledItemDelegate(parent), model(rows), plainFont(false), strongFont(true)
 {}
 
 void YListDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
@@ -133,7 +112,9 @@ void YListDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
         painter->fillRect(option.rect, theme.accent);
     painter->setPen(current ? theme.onAccent : enabled ? theme.text : theme.disabledText);
 
-    QRect place = option.rect.adjusted(gap, 0, -gap, 0);
+    QRect place = option.rect;
+    place.setWidth(option.widget ? option.widget->width() - YTheme::indicatorWidth : place.width());
+    place.adjust(gap, 0, -gap, 0);
     if (hasMark(index.row())) {
         const QRect mark(place.left(), place.center().y() - markSize / 2, markSize, markSize);
         paintMark(*painter, mark, item == model.checked(), painter->pen().color());
@@ -143,7 +124,7 @@ void YListDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
     if (!subItems.empty())
         place.setWidth(place.width() / static_cast<int>(subItems.size()));
     for (const auto& [number, subItem] : subItems) {
-        paintSubItem(*painter, subItem, place);
+        paintSubItem(*painter, subItem, fontOf(subItem), place);
         place.translate(place.width(), 0);
     }
     painter->restore();
@@ -152,8 +133,8 @@ void YListDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
 QSize YListDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const
 {
     const auto* view = qobject_cast<const QAbstractItemView*>(option.widget);
-    const int width = view ? view->viewport()->width() : option.rect.width();
-    return QSize(width, height(index.row(), width));
+    const int width = view ? view->width() : option.rect.width();
+    return QSize(width - YTheme::indicatorWidth, height(index.row(), width));
 }
 
 int YListDelegate::height(int row, int width) const
@@ -162,17 +143,23 @@ int YListDelegate::height(int row, int width) const
     if (!item || item->d->subItems.empty())
         return YTheme::rowHeight;
     const auto& subItems = item->d->subItems;
-    int room = width - 2 * gap - (hasMark(row) ? markSize + gap : 0);
+    // The scroll indicator's place stays free, so that rows do not change when it comes.
+    int room = width - 2 * gap - YTheme::indicatorWidth - (hasMark(row) ? markSize + gap : 0);
     room /= static_cast<int>(subItems.size());
     int height = YTheme::rowHeight;
     for (const auto& [number, subItem] : subItems) {
         if (!subItem.second.isEmpty())
             continue;
-        const QFont font = fontOf(subItem);
-        if (QFontMetrics(font).horizontalAdvance(subItem.first) > room)
-            height = std::max(height, wrappedHeight(subItem.first, font, room) + 2 * linePadding);
+        const YRowFont& font = fontOf(subItem);
+        if (!font.fits(subItem.first, room))
+            height = std::max(height, font.wrappedHeight(subItem.first, room) + 2 * linePadding);
     }
     return height;
+}
+
+const YRowFont& YListDelegate::fontOf(const YListSubItem& subItem) const
+{
+    return subItem.strong ? strongFont : plainFont;
 }
 
 bool YListDelegate::hasMark(int row) const

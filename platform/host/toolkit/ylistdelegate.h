@@ -4,7 +4,10 @@
 
 #include <QStyledItemDelegate>
 
+#include "yrowfont.h"
+
 class YListModel;
+struct YListSubItem;
 
 // A row is one line high, or as many lines as its text needs: a name is shown whole. The height
 // depends on the width, which is the view's unless `setWidth` says otherwise.
@@ -26,9 +29,12 @@ public:
     QString listType;
 
 private:
+    const YRowFont& fontOf(const YListSubItem& subItem) const;
     bool hasMark(int row) const;
 
     const YListModel& model;
+    const YRowFont plainFont;
+    const YRowFont strongFont;
 };
 
 #endif

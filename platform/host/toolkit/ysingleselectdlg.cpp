@@ -43,6 +43,8 @@ void YSingleSelectDlg::build()
     keys->setText(YSoftKey::Left, tr("TXT_RID_SOFTKEY_SELECT", "Select"), 0);
     keys->setText(YSoftKey::Right, tr("TXT_RID_SOFTKEY_CANCEL", "Cancel"), 0);
     keys->setClickedSlot(YSoftKey::Left, this, SLOT(acceptCurrent()));
+    // With its final width from the start, the list lays its rows out once.
+    layoutContents();
 }
 
 YListBox* YSingleSelectDlg::getListBox() const

@@ -21,7 +21,6 @@ void drawFlatButton(const QStyleOptionButton& button, QPainter* painter)
 }
 
 // A scroll indicator: the part that is in sight, without buttons or groove.
-constexpr int indicatorWidth = 4;
 constexpr int shortestIndicator = 16;
 
 QRect indicatorRect(const QStyleOptionSlider& bar)
@@ -47,7 +46,8 @@ void drawIndicator(const QStyleOptionSlider& bar, QPainter* painter)
     painter->setRenderHint(QPainter::Antialiasing);
     painter->setPen(Qt::NoPen);
     painter->setBrush(theme.mutedText);
-    painter->drawRoundedRect(indicatorRect(bar), indicatorWidth / 2.0, indicatorWidth / 2.0);
+    painter->drawRoundedRect(indicatorRect(bar), YTheme::indicatorWidth / 2.0,
+                             YTheme::indicatorWidth / 2.0);
     painter->restore();
 }
 
@@ -95,7 +95,7 @@ QRect YStyle::subControlRect(ComplexControl control, const QStyleOptionComplex* 
 int YStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const
 {
     if (metric == PM_ScrollBarExtent)
-        return indicatorWidth;
+        return YTheme::indicatorWidth;
     return QProxyStyle::pixelMetric(metric, option, widget);
 }
 

@@ -47,6 +47,7 @@ struct VORN_PLATFORM_API YTheme
     static constexpr int iconTop = 11;
     static constexpr int radius = 10;
     static constexpr int focusWidth = 2;
+    static constexpr int indicatorWidth = 4; // of what shows how far a list is scrolled
 
     static QFont bodyFont();
     static QFont titleFont();
