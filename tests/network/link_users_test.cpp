@@ -72,22 +72,24 @@ TEST_F(LinkUsers, LeaveLinksUpWithTheirIds)
     char name[16];
     EXPECT_EQ(NAPI_GetDeviceInfo(1, 0, name, 16), 0);
     EXPECT_EQ(NAPI_GetDeviceInfo(3, 0, name, 16), 0);
-    EXPECT_EQ(NAPI_OpenLink("Fail"), 0) << "openings are given up";
-    EXPECT_EQ(NAPI_OpenLink("Fail"), 2) << "and keep no ids, a link that is up does";
-    EXPECT_EQ(after.next(), failed(0, 5, 691)) << "no message of a given-up opening";
+    EXPECT_EQ(NAPI_OpenLink("Never"), 0) << "openings are given up";
+    EXPECT_EQ(NAPI_OpenLink("Never"), 2) << "and keep no ids, a link that is up does";
+    EXPECT_EQ(NAPI_OpenLink("Fail"), 4);
+    EXPECT_EQ(after.next(), failed(4, 5, 691)) << "no message of a given-up opening";
 }
 
 TEST_F(LinkUsers, HearOfALinkThatBrokeWhileNobodyListened)
 {
-    configure(R"({"bearer": "scenario", "scenario": {"default": {"breakAfterMs": 30}}})");
+    configure(R"({"bearer": "scenario", "scenario": {"default": {"breakAfterMs": 100}}})");
     store("Home");
-    {
-        Receiver before;
-        NAPI_OpenLink("Home");
-        EXPECT_EQ(before.next(), connected(0));
-    }
+    Receiver before;
+    NAPI_OpenLink("Home");
+    EXPECT_EQ(before.next(), connected(0));
+    before.finish();
+    // On a loaded machine the link may have broken before.
+    auto early = before.ready();
     Receiver after;
-    EXPECT_EQ(after.next(), broken(0));
+    EXPECT_EQ(early ? *early : after.next(), broken(0));
 }
 
 // Some descriptors are kept back, one after the other, until a NAPI_Init has all that it needs.

@@ -189,6 +189,21 @@ long long workWhenAsleep(int thread)
     return -1;
 }
 
+// A thread that has been joined may be listed for an instant more, so the list is looked at until
+// it has not changed for a while.
+static size_t lastingThreads()
+{
+    size_t threads = 0;
+    for (int same = 0; same < 3; ++same) {
+        size_t now = entriesOf("/proc/self/task");
+        if (now != threads)
+            same = 0;
+        threads = now;
+        std::this_thread::sleep_for(std::chrono::milliseconds(2));
+    }
+    return threads;
+}
+
 void LinkTest::SetUp()
 {
     std::string pattern = fs::temp_directory_path() / "napi-link-XXXXXX";
@@ -196,8 +211,10 @@ void LinkTest::SetUp()
     m_root = pattern;
     fs::create_directory(m_root + "/etc");
     setenv("VORN_ROOT", m_root.c_str(), 1);
+    // Tools that watch a program start a thread of their own with the program's first one.
+    std::thread([] {}).join();
     m_descriptors = entriesOf("/proc/self/fd");
-    m_threads = entriesOf("/proc/self/task");
+    m_threads = lastingThreads();
 }
 
 void LinkTest::TearDown()
@@ -209,7 +226,7 @@ void LinkTest::TearDown()
     }
     EXPECT_EQ(NAPI_Fini(), -201) << "a NAPI_Init without its NAPI_Fini";
     EXPECT_EQ(entriesOf("/proc/self/fd"), m_descriptors) << "a descriptor is left behind";
-    EXPECT_EQ(entriesOf("/proc/self/task"), m_threads) << "a thread is left behind";
+    EXPECT_EQ(lastingThreads(), m_threads) << "a thread is left behind";
     fs::remove_all(m_root);
 }
 
