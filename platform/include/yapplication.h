@@ -3,8 +3,11 @@
 #define YAPPLICATION_H
 
 #include <qapplication.h>
+#include <qstring.h>
 
 #include "platform_export.h"
+
+class QWidget;
 
 // A QApplication that belongs to the phone's toolkit. The toolkit's other classes work with a plain
 // QApplication too. Texts, theme and screen are set up with the first of either kind.
@@ -18,6 +21,15 @@ public:
 
     // Makes the event loop of the GUI thread look for work at once. From any thread.
     void wakeUpGuiThread();
+
+    // Chooses how a text is typed into a YLineEdit, or a line edit of Qt's own. `method` is the
+    // input method's identifier in braces; the host's one method goes by every identifier, that of
+    // the phone's keypad being keypadMethod(). `mode` is a YInputField::InputMode; `extra` is a
+    // text for the method, of which the host's takes no notice. Other widgets are left alone.
+    static void setInputMethod(QWidget* widget, const QString& method, int mode,
+                               const QString& extra);
+    // "{637a8c00-1098-42ca-969a-2bf163cd3c14}"
+    static QString keypadMethod();
 };
 
 #endif

@@ -1,0 +1,103 @@
+#include <yinputfield.h>
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+
+#include "yinputmode.h"
+#include "ykeypad.h"
+#include "ymultitap.h"
+
+struct YInputField::Private
+{
+    int mode = TextInput;
+    YMultiTap* keypad = nullptr;
+};
+
+YInputField::YInputField(QWidget* parent) : QLineEdit(parent), d(new Private)
+{
+    d->keypad = new YMultiTap(this);
+    connect(d->keypad, SIGNAL(modeChanged()), this, SIGNAL(keypadTextChanged()));
+    setFrame(false);
+    setFocusPolicy(Qt::NoFocus);
+    setFocusProxy(parent);
+    QPalette clear;
+    clear.setColor(QPalette::Base, Qt::transparent);
+    setPalette(clear);
+    // A phone has no second mouse button, and nothing is dragged out of its fields.
+    setContextMenuPolicy(Qt::NoContextMenu);
+    setDragEnabled(false);
+    setAcceptDrops(false);
+}
+
+YInputField::~YInputField()
+{
+    delete d;
+}
+
+void YInputField::setInputMode(int mode)
+{
+    d->mode = mode;
+    d->keypad->commit();
+    setInputMethodHints(YInputMode::hints(mode) | YInputMode::hints(echoMode()));
+    emit keypadTextChanged();
+}
+
+int YInputField::inputMode() const
+{
+    return d->mode;
+}
+
+QString YInputField::keypadText() const
+{
+    return YKeypad::isPresent() && !isReadOnly() ? d->keypad->modeText() : QString();
+}
+
+void YInputField::keyPressEvent(QKeyEvent* event)
+{
+    const bool keypad = YKeypad::isPresent() && event->modifiers().testFlag(Qt::KeypadModifier);
+    if (keypad && !isReadOnly() && d->keypad->press(*event))
+        return;
+    d->keypad->commit();
+    if (pasteKey(event))
+        return;
+    const QString typed = event->text();
+    if (!typed.isEmpty() && typed[0].isPrint() && YInputMode::filtered(d->mode, typed) != typed)
+        return;
+    QLineEdit::keyPressEvent(event);
+}
+
+void YInputField::inputMethodEvent(QInputMethodEvent* event)
+{
+    const QString kept = YInputMode::filtered(d->mode, event->commitString());
+    if (kept == event->commitString()) {
+        QLineEdit::inputMethodEvent(event);
+        return;
+    }
+    QInputMethodEvent filtered(YInputMode::filtered(d->mode, event->preeditString()),
+                               event->attributes());
+    filtered.setCommitString(kept, event->replacementStart(), event->replacementLength());
+    QLineEdit::inputMethodEvent(&filtered);
+}
+
+void YInputField::focusInEvent(QFocusEvent* event)
+{
+    QLineEdit::focusInEvent(event);
+    emit keypadTextChanged();
+}
+
+void YInputField::focusOutEvent(QFocusEvent* event)
+{
+    d->keypad->commit();
+    QLineEdit::focusOutEvent(event);
+}
+
+// Pastes what the input mode lets through; false when the key is another one.
+bool YInputField::pasteKey(QKeyEvent* event)
+{
+    if (d->mode == TextInput || isReadOnly() || !event->matches(QKeySequence::Paste))
+        return false;
+    insert(YInputMode::filtered(d->mode, QGuiApplication::clipboard()->text()));
+    return true;
+}

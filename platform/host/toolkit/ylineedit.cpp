@@ -1,0 +1,387 @@
+#include <ylineedit.h>
+
+#include <QCoreApplication>
+#include <QInputMethodQueryEvent>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QPainterPath>
+
+#include <yinputfield.h>
+#include <yskinservice.h>
+
+#include "yinputmode.h"
+#include "yrowlook.h"
+#include "ytheme.h"
+
+namespace {
+
+constexpr int usualWidth = 160;
+constexpr int eyeWidth = 30;
+
+// An open eye shows the password, a crossed one hides it.
+void drawEye(QPainter& painter, const QRect& place, bool open, const QColor& colour)
+{
+    const QPointF middle = QRectF(place).center();
+    QPainterPath outline;
+    outline.moveTo(middle - QPointF(8, 0));
+    outline.quadTo(middle - QPointF(0, 9), middle + QPointF(8, 0));
+    outline.quadTo(middle + QPointF(0, 9), middle - QPointF(8, 0));
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(colour, 1.4));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawPath(outline);
+    painter.setBrush(colour);
+    painter.drawEllipse(middle, 2.0, 2.0);
+    if (!open)
+        painter.drawLine(middle + QPointF(-6, 6), middle + QPointF(6, -6));
+    painter.restore();
+}
+
+} // namespace
+
+struct YLineEdit::Private
+{
+    YInputField* field = nullptr;
+    YRowLook look;
+    QLineEdit::EchoMode echo = QLineEdit::Normal;
+    int preferredWidth = 0;
+    bool enabled = true;
+    bool readOnly = false;
+    bool revealed = false;
+    bool onEye = false; // the cursor has gone on from the text to the eye
+    bool pressed = false;
+
+    bool hasEye() const { return echo == QLineEdit::Password && enabled; }
+
+    QRect eyeR(const QSize& row) const
+    {
+        QRect place = look.boxR(row);
+        place.setLeft(place.right() + 1 - eyeWidth);
+        return place;
+    }
+
+    void reveal(bool show)
+    {
+        revealed = show;
+        field->setEchoMode(show ? QLineEdit::Normal : echo);
+        // The field's own echo mode is but what the user sees; input methods are not to learn a
+        // password that is shown.
+        field->setInputMethodHints(YInputMode::hints(field->inputMode()) | YInputMode::hints(echo));
+    }
+};
+
+YLineEdit::YLineEdit(QWidget* parent, const char* name, int widgetClassId)
+    : QWidget(parent), d(new Private)
+{
+    if (name)
+        setObjectName(QString::fromUtf8(name));
+    setFocusPolicy(Qt::StrongFocus);
+    QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    policy.setHeightForWidth(true);
+    setSizePolicy(policy);
+    d->look.setCompact(widgetClassId == YSkinService::SegmentField);
+    d->field = new YInputField(this);
+    connect(d->field, SIGNAL(textChanged(QString)), this, SIGNAL(textChanged(QString)));
+    connect(d->field, SIGNAL(keypadTextChanged()), this, SLOT(update()));
+    refresh();
+}
+
+YLineEdit::~YLineEdit()
+{
+    delete d;
+}
+
+void YLineEdit::setLabel(const QString& label)
+{
+    d->look.setLabel(label);
+    setAccessibleName(label);
+    updateGeometry();
+    update();
+}
+
+QString YLineEdit::label() const
+{
+    return d->look.label();
+}
+
+QString YLineEdit::text() const
+{
+    return d->field->text();
+}
+
+void YLineEdit::setMaxLength(int length)
+{
+    d->field->setMaxLength(length);
+}
+
+int YLineEdit::maxLength() const
+{
+    return d->field->maxLength();
+}
+
+void YLineEdit::setValidator(const QValidator* validator)
+{
+    d->field->setValidator(validator);
+}
+
+const QValidator* YLineEdit::validator() const
+{
+    return d->field->validator();
+}
+
+void YLineEdit::setEchoMode(QLineEdit::EchoMode mode)
+{
+    d->echo = mode;
+    d->onEye = false;
+    d->reveal(false);
+    refresh();
+}
+
+QLineEdit::EchoMode YLineEdit::echoMode() const
+{
+    return d->echo;
+}
+
+void YLineEdit::setReadOnly(bool readOnly)
+{
+    d->readOnly = readOnly;
+    refresh();
+}
+
+bool YLineEdit::isReadOnly() const
+{
+    return d->readOnly;
+}
+
+void YLineEdit::setAlignment(int alignment)
+{
+    const Qt::Alignment sideways = Qt::Alignment(alignment) & Qt::AlignHorizontal_Mask;
+    d->field->setAlignment(sideways | Qt::AlignVCenter);
+}
+
+int YLineEdit::alignment() const
+{
+    return static_cast<int>(d->field->alignment());
+}
+
+void YLineEdit::setPreferredWidth(int width)
+{
+    d->preferredWidth = width;
+    updateGeometry();
+}
+
+int YLineEdit::cursorPosition() const
+{
+    return d->field->cursorPosition();
+}
+
+void YLineEdit::setCursorPosition(int position)
+{
+    d->field->setCursorPosition(position);
+}
+
+YInputField* YLineEdit::getInputField() const
+{
+    return d->field;
+}
+
+bool YLineEdit::isYEnabled() const
+{
+    return d->enabled;
+}
+
+QSize YLineEdit::sizeHint() const
+{
+    const int width = d->preferredWidth > 0 ? d->preferredWidth : usualWidth;
+    return QSize(width, heightForWidth(width));
+}
+
+QSize YLineEdit::minimumSizeHint() const
+{
+    return QSize(d->preferredWidth, YRowLook::boxHeight);
+}
+
+int YLineEdit::heightForWidth(int width) const
+{
+    return d->look.heightForWidth(width);
+}
+
+bool YLineEdit::event(QEvent* event)
+{
+    switch (static_cast<int>(event->type())) {
+    case QEvent::ShortcutOverride:
+    case QEvent::InputMethod:
+        return d->enabled && d->field->event(event);
+    case QEvent::InputMethodQuery: {
+        // The field answers in its own coordinates.
+        auto* query = static_cast<QInputMethodQueryEvent*>(event);
+        d->field->event(query);
+        for (const Qt::InputMethodQuery what :
+             {Qt::ImCursorRectangle, Qt::ImAnchorRectangle, Qt::ImInputItemClipRectangle}) {
+            if (query->queries() & what)
+                query->setValue(what, query->value(what).toRectF().translated(d->field->pos()));
+        }
+        query->setValue(Qt::ImEnabled, d->enabled && !d->readOnly);
+        return true;
+    }
+    }
+    return QWidget::event(event);
+}
+
+void YLineEdit::setEnabled(bool enabled)
+{
+    if (enabled == d->enabled)
+        return;
+    d->enabled = enabled;
+    d->onEye = false;
+    d->reveal(false);
+    refresh();
+}
+
+void YLineEdit::setText(const QString& text)
+{
+    d->field->setText(text);
+}
+
+void YLineEdit::clear()
+{
+    d->field->clear();
+}
+
+void YLineEdit::selectAll()
+{
+    d->field->selectAll();
+}
+
+void YLineEdit::keyPressEvent(QKeyEvent* event)
+{
+    event->ignore();
+    if (!d->enabled)
+        return;
+    if (eyeKey(event)) {
+        event->accept();
+        return;
+    }
+    event->accept();
+    d->field->event(event);
+}
+
+void YLineEdit::keyReleaseEvent(QKeyEvent* event)
+{
+    if (d->enabled)
+        d->field->event(event);
+    else
+        event->ignore();
+}
+
+void YLineEdit::focusInEvent(QFocusEvent* event)
+{
+    if (d->enabled)
+        d->field->event(event);
+    update();
+}
+
+void YLineEdit::focusOutEvent(QFocusEvent* event)
+{
+    d->field->event(event);
+    d->onEye = false;
+    d->reveal(false);
+    update();
+}
+
+void YLineEdit::mousePressEvent(QMouseEvent*)
+{
+    d->pressed = true;
+}
+
+void YLineEdit::mouseReleaseEvent(QMouseEvent* event)
+{
+    const bool tapped = d->pressed && rect().contains(event->position().toPoint());
+    d->pressed = false;
+    if (!tapped)
+        return;
+    if (!d->enabled) {
+        QKeyEvent key(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
+        QCoreApplication::sendEvent(this, &key);
+        return;
+    }
+    if (d->hasEye() && d->eyeR(size()).contains(event->position().toPoint()))
+        d->reveal(!d->revealed);
+    else
+        d->field->end(false);
+    update();
+}
+
+void YLineEdit::hideEvent(QHideEvent*)
+{
+    d->onEye = false;
+    d->reveal(false);
+}
+
+void YLineEdit::paintEvent(QPaintEvent*)
+{
+    const YTheme& theme = YTheme::current();
+    const YRowLook::State state{d->enabled, hasFocus(), false};
+    QPainter painter(this);
+    d->look.drawLabel(painter, size(), state, hasFocus() ? d->field->keypadText() : QString());
+    d->look.drawBox(painter, size(), state);
+    if (!d->hasEye())
+        return;
+    const QRect eye = d->eyeR(size());
+    if (d->onEye) {
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(theme.accent);
+        painter.drawRoundedRect(eye.adjusted(3, 4, -4, -4), 4, 4);
+    }
+    drawEye(painter, eye, d->revealed, d->onEye ? theme.onAccent : theme.mutedText);
+}
+
+void YLineEdit::resizeEvent(QResizeEvent*)
+{
+    layoutField();
+}
+
+void YLineEdit::layoutField()
+{
+    QRect place = d->look.textR(size());
+    if (d->hasEye())
+        place.setRight(d->eyeR(size()).left() - 1);
+    d->field->setGeometry(place);
+}
+
+// Keys at the eye, and the one that goes there; false when the text is to have the key.
+bool YLineEdit::eyeKey(QKeyEvent* event)
+{
+    if (!d->hasEye())
+        return false;
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter ||
+                       event->key() == Qt::Key_Select;
+    if (!d->onEye) {
+        const bool atEnd = event->key() == Qt::Key_Right && event->modifiers() == Qt::NoModifier &&
+                           d->field->cursorPosition() == d->field->text().size();
+        d->onEye = atEnd;
+        update();
+        return atEnd;
+    }
+    if (enter && !event->isAutoRepeat()) {
+        d->reveal(!d->revealed);
+        update();
+    }
+    const bool stays = enter || event->key() == Qt::Key_Right;
+    d->onEye = stays;
+    update();
+    return stays || event->key() == Qt::Key_Left;
+}
+
+// Makes the field look and act as the row's settings say.
+void YLineEdit::refresh()
+{
+    d->field->setReadOnly(d->readOnly);
+    d->field->setEnabled(d->enabled);
+    // A tap on a row that is switched off is the row's own.
+    d->field->setAttribute(Qt::WA_TransparentForMouseEvents, !d->enabled);
+    setAttribute(Qt::WA_InputMethodEnabled, d->enabled && !d->readOnly);
+    layoutField();
+    update();
+}

@@ -1,0 +1,51 @@
+// How the rows of a form look: a label above a box.
+#ifndef YROWLOOK_H
+#define YROWLOOK_H
+
+#include <QMargins>
+#include <QRect>
+#include <QString>
+
+class QPainter;
+class QWidget;
+
+// One row's measures and drawing. All rows of a form share them, so that labels and boxes line up.
+class YRowLook
+{
+public:
+    struct State
+    {
+        bool enabled;
+        bool focused;
+        bool pressed;
+    };
+
+    // Whether a row keeps a distance to the edges of the form, or is a part of another row.
+    void setCompact(bool compact);
+
+    void setLabel(const QString& text);
+    const QString& label() const { return text; }
+
+    int heightForWidth(int width) const;
+    // The box in a row of this size, and the room for text in it.
+    QRect boxR(const QSize& row) const;
+    QRect textR(const QSize& row) const;
+
+    // `note` is a short text at the right end of the label's line.
+    void drawLabel(QPainter& painter, const QSize& row, State state, const QString& note) const;
+    void drawBox(QPainter& painter, const QSize& row, State state) const;
+
+    static constexpr int boxHeight = 28;
+    static constexpr int textMargin = 7;
+
+private:
+    int labelHeight(int width) const;
+    QMargins margins() const;
+
+    QString text;
+    bool compact = false;
+    mutable int measuredWidth = -1;
+    mutable int measuredHeight = 0;
+};
+
+#endif

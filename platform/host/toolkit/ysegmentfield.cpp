@@ -1,0 +1,298 @@
+#include <ysegmentfield.h>
+
+#include <algorithm>
+#include <vector>
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QPainter>
+
+#include <yinputfield.h>
+#include <ylineedit.h>
+
+#include "ykeypad.h"
+#include "yrowlook.h"
+#include "ytheme.h"
+
+namespace {
+
+constexpr int mostSegments = 16;
+constexpr int usualWidth = 40;
+constexpr int separatorPadding = 2;
+constexpr int unlimited = 32767;
+
+bool isFull(const YLineEdit& segment)
+{
+    return segment.maxLength() < unlimited && segment.text().size() >= segment.maxLength() &&
+           segment.cursorPosition() == segment.text().size();
+}
+
+} // namespace
+
+struct YSegmentField::Private
+{
+    std::vector<YLineEdit*> segments;
+    QString separator = QStringLiteral(".");
+    YRowLook look;
+    int widgetClass = 0;
+    bool enabled = true;
+
+    int count() const { return static_cast<int>(segments.size()); }
+
+    YLineEdit* at(int index) const
+    {
+        return index >= 0 && index < count() ? segments[static_cast<std::size_t>(index)] : nullptr;
+    }
+
+    int indexOf(const QObject* segment) const
+    {
+        const auto found = std::find(segments.begin(), segments.end(), segment);
+        return found == segments.end() ? -1 : static_cast<int>(found - segments.begin());
+    }
+
+    int separatorWidth(const QFontMetrics& metrics) const
+    {
+        return metrics.horizontalAdvance(separator) + 2 * separatorPadding;
+    }
+
+    int contentsWidth(const QFontMetrics& metrics) const
+    {
+        int width = std::max(0, count() - 1) * separatorWidth(metrics);
+        for (const YLineEdit* segment : segments)
+            width += segment->sizeHint().width();
+        return width;
+    }
+};
+
+YSegmentField::YSegmentField(QWidget* parent, const char* name, YWidgetFlags /*flags*/,
+                             int widgetClassId)
+    : QWidget(parent), d(new Private)
+{
+    if (name)
+        setObjectName(QString::fromUtf8(name));
+    d->widgetClass = widgetClassId;
+    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    policy.setHeightForWidth(true);
+    setSizePolicy(policy);
+}
+
+YSegmentField::~YSegmentField()
+{
+    delete d;
+}
+
+void YSegmentField::setNumSegments(int count)
+{
+    const int wanted = std::clamp(count, 0, mostSegments);
+    while (d->count() > wanted) {
+        delete d->segments.back();
+        d->segments.pop_back();
+    }
+    while (d->count() < wanted)
+        addSegment();
+    setFocusProxy(d->at(0));
+    updateGeometry();
+    layoutSegments();
+    update();
+}
+
+int YSegmentField::numSegments() const
+{
+    return d->count();
+}
+
+void YSegmentField::setSeparatorString(const QString& separator)
+{
+    d->separator = separator;
+    updateGeometry();
+    layoutSegments();
+    update();
+}
+
+QString YSegmentField::separatorString() const
+{
+    return d->separator;
+}
+
+YLineEdit* YSegmentField::getField(int index) const
+{
+    return d->at(index);
+}
+
+void YSegmentField::setLabel(const QString& label)
+{
+    d->look.setLabel(label);
+    setAccessibleName(label);
+    updateGeometry();
+    layoutSegments();
+    update();
+}
+
+QString YSegmentField::label() const
+{
+    return d->look.label();
+}
+
+bool YSegmentField::isYEnabled() const
+{
+    return d->enabled;
+}
+
+QSize YSegmentField::sizeHint() const
+{
+    const int around = width() - d->look.boxR(size()).width();
+    const int wide = d->contentsWidth(fontMetrics()) + around;
+    return QSize(wide, heightForWidth(wide));
+}
+
+QSize YSegmentField::minimumSizeHint() const
+{
+    return QSize(0, YRowLook::boxHeight);
+}
+
+int YSegmentField::heightForWidth(int width) const
+{
+    return d->look.heightForWidth(width);
+}
+
+bool YSegmentField::eventFilter(QObject* watched, QEvent* event)
+{
+    const int index = d->indexOf(watched);
+    if (index < 0)
+        return QWidget::eventFilter(watched, event);
+    switch (static_cast<int>(event->type())) {
+    case QEvent::KeyPress:
+        return d->at(index)->isYEnabled() && crossKey(index, *static_cast<QKeyEvent*>(event));
+    case QEvent::FocusIn:
+    case QEvent::FocusOut:
+        update();
+        break;
+    case QEvent::LayoutRequest:
+        layoutSegments();
+        break;
+    }
+    return false;
+}
+
+void YSegmentField::setEnabled(bool enabled)
+{
+    d->enabled = enabled;
+    for (YLineEdit* segment : d->segments)
+        segment->setEnabled(enabled);
+    update();
+}
+
+void YSegmentField::paintEvent(QPaintEvent*)
+{
+    const YTheme& theme = YTheme::current();
+    const bool focused = d->indexOf(focusWidget()) >= 0 && focusWidget()->hasFocus();
+    const YLineEdit* first = d->at(0);
+    QPainter painter(this);
+    d->look.drawLabel(painter, size(), {d->enabled, focused, false},
+                      focused && first ? first->getInputField()->keypadText() : QString());
+    painter.setFont(font());
+    painter.setPen(d->enabled ? theme.text : theme.disabledText);
+    for (int i = 1; i < d->count(); ++i) {
+        const QRect before = d->at(i - 1)->geometry();
+        const QRect between(before.right() + 1, before.top(),
+                            d->at(i)->geometry().left() - before.right() - 1, before.height());
+        painter.drawText(between, Qt::AlignCenter | Qt::TextSingleLine, d->separator);
+    }
+}
+
+void YSegmentField::resizeEvent(QResizeEvent*)
+{
+    layoutSegments();
+}
+
+void YSegmentField::addSegment()
+{
+    auto* segment = new YLineEdit(this, nullptr, d->widgetClass);
+    segment->setPreferredWidth(usualWidth);
+    segment->setEnabled(d->enabled);
+    segment->installEventFilter(this);
+    segment->setVisible(true);
+    d->segments.push_back(segment);
+    // Only what the user types hands over: a program may fill the segments in any order.
+    connect(segment->getInputField(), &QLineEdit::textEdited, this, [this, segment] {
+        if (segment->hasFocus() && isFull(*segment))
+            enter(d->indexOf(segment) + 1, false);
+    });
+}
+
+// Takes the keys with which the cursor leaves a segment for the one beside it.
+bool YSegmentField::crossKey(int index, const QKeyEvent& event)
+{
+    const YLineEdit& segment = *d->at(index);
+    const bool selected = segment.getInputField()->hasSelectedText();
+    const bool atStart = !selected && segment.cursorPosition() == 0;
+    const bool atEnd = !selected && segment.cursorPosition() == segment.text().size();
+    const bool keypad = YKeypad::isPresent() && event.modifiers().testFlag(Qt::KeypadModifier);
+    const bool plain = event.modifiers() == Qt::NoModifier || keypad;
+    const bool separator =
+        (!d->separator.isEmpty() && event.text() == d->separator.left(1)) ||
+        (keypad && (event.key() == Qt::Key_Asterisk || event.key() == Qt::Key_NumberSign) &&
+         segment.getInputField()->inputMode() == YInputField::NumericInput);
+
+    if (event.matches(QKeySequence::Paste))
+        return paste(index);
+    if (separator) {
+        if (!segment.text().isEmpty())
+            enter(index + 1, false);
+        return true;
+    }
+    if (plain && atStart && (event.key() == Qt::Key_Left || event.key() == Qt::Key_Backspace)) {
+        enter(index - 1, true);
+        return true;
+    }
+    if (plain && atEnd && event.key() == Qt::Key_Right) {
+        enter(index + 1, false);
+        return true;
+    }
+    return false;
+}
+
+// Spreads the clipboard's text over the segments, each of which judges its part.
+bool YSegmentField::paste(int index)
+{
+    const QString text = QGuiApplication::clipboard()->text().trimmed();
+    if (d->separator.isEmpty() || !text.contains(d->separator))
+        return false;
+    const QStringList parts = text.split(d->separator);
+    const int last = std::min(d->count(), index + static_cast<int>(parts.size())) - 1;
+    for (int i = index; i <= last; ++i) {
+        d->at(i)->selectAll();
+        d->at(i)->getInputField()->insert(parts[i - index]);
+    }
+    enter(last, true);
+    return true;
+}
+
+void YSegmentField::enter(int index, bool atEnd)
+{
+    YLineEdit* segment = d->at(index);
+    if (!segment)
+        return;
+    segment->setFocus(Qt::OtherFocusReason);
+    if (atEnd)
+        segment->setCursorPosition(static_cast<int>(segment->text().size()));
+    else
+        segment->selectAll();
+}
+
+// The segments have the widths that they prefer, and share what there is where that is too little.
+void YSegmentField::layoutSegments()
+{
+    const QRect box = d->look.boxR(size());
+    const int gap = d->separatorWidth(fontMetrics());
+    const int wanted = d->contentsWidth(fontMetrics());
+    const int missing = std::max(0, wanted - box.width());
+    int left = box.left();
+    for (int i = 0; i < d->count(); ++i) {
+        const int share = missing * (i + 1) / d->count() - missing * i / d->count();
+        const int width = std::max(0, d->at(i)->sizeHint().width() - share);
+        d->at(i)->setGeometry(left, box.top(), width, box.height());
+        left += width + gap;
+    }
+}

@@ -1,0 +1,309 @@
+// Line edits: what typing gives at limits, in input modes and on a keypad, by keys and by finger.
+#include <memory>
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+#include <QSignalSpy>
+#include <QTest>
+#include <QValidator>
+
+#include <toolkit/ykeypad.h>
+#include <yapplication.h>
+#include <yinputfield.h>
+#include <ylineedit.h>
+#include <ypopup.h>
+#include <yskinservice.h>
+
+#include "common/gui_test.h"
+
+namespace {
+
+// A number from 0 to 255, or nothing yet.
+class ByteValidator : public QValidator
+{
+public:
+    using QValidator::QValidator;
+    State validate(QString& text, int&) const override
+    {
+        bool isNumber = false;
+        const int number = text.toInt(&isNumber);
+        if (text.isEmpty())
+            return Intermediate;
+        return isNumber && number >= 0 && number <= 255 ? Acceptable : Invalid;
+    }
+};
+
+class LineEdit : public GuiTest
+{
+protected:
+    void SetUp() override
+    {
+        GuiTest::SetUp();
+        popup = std::make_unique<YPopup>(0, nullptr, nullptr, true, 0, 0);
+        edit = new YLineEdit(popup.get(), "row", YSkinService::FormLineEdit);
+        edit->setGeometry(0, 0, 240, 50);
+        popup->show();
+        edit->setFocus();
+        settle();
+    }
+
+    void TearDown() override
+    {
+        popup.reset();
+        YKeypad::setPresent(false);
+        GuiTest::TearDown();
+    }
+
+    // A key of the phone's keypad, by its character; "222" is the key pressed three times.
+    void keypad(const QString& keys)
+    {
+        for (const QChar key : keys) {
+            QTest::sendKeyEvent(QTest::Press, edit, Qt::Key(key.unicode()), QString(key),
+                                Qt::KeypadModifier);
+            QTest::sendKeyEvent(QTest::Release, edit, Qt::Key(key.unicode()), QString(key),
+                                Qt::KeypadModifier);
+        }
+    }
+
+    void hold(char key)
+    {
+        keypad(QString(QChar(key)));
+        QKeyEvent again(QEvent::KeyPress, key, Qt::KeypadModifier, QString(QChar(key)), true);
+        QCoreApplication::sendEvent(edit, &again);
+        QCoreApplication::sendEvent(edit, &again);
+    }
+
+    std::unique_ptr<YPopup> popup;
+    YLineEdit* edit = nullptr;
+};
+
+TEST_F(LineEdit, TakesTheTypedTextAndTellsEachChange)
+{
+    QStringList changes;
+    QObject::connect(edit, &YLineEdit::textChanged, [&](const QString& text) { changes << text; });
+    type("ab");
+    press(Qt::Key_Backspace);
+    edit->setText("wap");
+    edit->setText("wap");
+    edit->clear();
+    EXPECT_EQ(changes, QStringList({"a", "ab", "a", "wap", ""}));
+}
+
+TEST_F(LineEdit, RefusesTheLetterBehindTheLastOne)
+{
+    edit->setMaxLength(3);
+    type("abcd");
+    EXPECT_EQ(edit->text(), "abc");
+    edit->setText("abcd");
+    EXPECT_EQ(edit->text(), "abc");
+}
+
+TEST_F(LineEdit, RefusesTheKeyThatMakesAValidTextInvalid)
+{
+    edit->setValidator(new ByteValidator(edit));
+    QSignalSpy changes(edit, SIGNAL(textChanged(QString)));
+    type("256");
+    EXPECT_EQ(edit->text(), "25");
+    EXPECT_EQ(changes.count(), 2);
+    press(Qt::Key_Backspace);
+    press(Qt::Key_Backspace);
+    EXPECT_EQ(edit->text(), "");
+}
+
+TEST_F(LineEdit, PassesFocusAndKeysThroughItsOwnHandlers)
+{
+    class Watched : public YLineEdit
+    {
+    public:
+        using YLineEdit::YLineEdit;
+        QList<int> keys;
+        int focusIn = 0;
+        int focusOut = 0;
+
+    protected:
+        void keyPressEvent(QKeyEvent* event) override
+        {
+            keys << event->key();
+            YLineEdit::keyPressEvent(event);
+        }
+        void focusInEvent(QFocusEvent* event) override
+        {
+            ++focusIn;
+            YLineEdit::focusInEvent(event);
+        }
+        void focusOutEvent(QFocusEvent* event) override
+        {
+            ++focusOut;
+            YLineEdit::focusOutEvent(event);
+        }
+    };
+    auto* watched = new Watched(popup.get(), nullptr, YSkinService::FormLineEdit);
+    watched->setGeometry(0, 60, 240, 50);
+    watched->show();
+    tap(watched->getInputField());
+    press(Qt::Key_Return);
+    press(Qt::Key_Down);
+    press(Qt::Key_A);
+    tap(edit->getInputField());
+    EXPECT_EQ(watched->keys, QList<int>({Qt::Key_Return, Qt::Key_Down, Qt::Key_A}));
+    EXPECT_EQ(watched->focusIn, 1);
+    EXPECT_EQ(watched->focusOut, 1);
+}
+
+TEST_F(LineEdit, LeavesUpDownAndReturnToTheForm)
+{
+    for (const Qt::Key key : {Qt::Key_Up, Qt::Key_Down, Qt::Key_Return, Qt::Key_Enter}) {
+        QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier);
+        edit->event(&event);
+        EXPECT_FALSE(event.isAccepted()) << key;
+    }
+}
+
+struct Typed
+{
+    const char* name;
+    int mode;
+    const char* keys;
+    const char* text;
+};
+
+std::ostream& operator<<(std::ostream& out, const Typed& row)
+{
+    return out << row.name;
+}
+
+class Keyboard : public LineEdit, public ::testing::WithParamInterface<Typed>
+{};
+
+TEST_P(Keyboard, GivesWhatTheInputModeLetsThrough)
+{
+    YApplication::setInputMethod(edit, YApplication::keypadMethod(), GetParam().mode, QString());
+    type(QString::fromUtf8(GetParam().keys));
+    EXPECT_EQ(edit->text(), QString::fromUtf8(GetParam().text));
+}
+
+TEST_P(Keyboard, LetsTheSameThroughWhenPasted)
+{
+    edit->getInputField()->setInputMode(GetParam().mode);
+    QGuiApplication::clipboard()->setText(QString::fromUtf8(GetParam().keys));
+    QTest::keyClick(edit, Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(edit->text(), QString::fromUtf8(GetParam().text));
+}
+
+TEST_P(Keyboard, LetsTheSameThroughFromAnInputMethod)
+{
+    edit->getInputField()->setInputMode(GetParam().mode);
+    QInputMethodEvent event;
+    event.setCommitString(QString::fromUtf8(GetParam().keys));
+    QCoreApplication::sendEvent(edit, &event);
+    EXPECT_EQ(edit->text(), QString::fromUtf8(GetParam().text));
+}
+
+INSTANTIATE_TEST_SUITE_P(Modes, Keyboard,
+                         ::testing::Values(Typed{"Text", 0, "Aé8 *", "Aé8 *"},
+                                           Typed{"UnknownModeIsText", 77, "Aé8 *", "Aé8 *"},
+                                           Typed{"Numeric", 6, "8a0.8-0 +", "8080"},
+                                           Typed{"DialNumber", 4, "+49 (0)3x*#pw", "+4903*#pw"},
+                                           Typed{"Password", 8, "aÄ 1*", "aÄ 1*"}),
+                         [](const auto& row) { return std::string(row.param.name); });
+
+class Keypad : public LineEdit, public ::testing::WithParamInterface<Typed>
+{
+protected:
+    void SetUp() override
+    {
+        LineEdit::SetUp();
+        YKeypad::setPresent(true);
+    }
+};
+
+TEST_P(Keypad, GivesItsLettersOneAfterTheOther)
+{
+    edit->getInputField()->setInputMode(GetParam().mode);
+    keypad(GetParam().keys);
+    EXPECT_EQ(edit->text(), QString::fromUtf8(GetParam().text));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Keys, Keypad,
+    ::testing::Values(
+        Typed{"FirstLetter", 0, "2", "a"}, Typed{"SecondLetter", 0, "22", "b"},
+        Typed{"ThirdLetter", 0, "222", "c"}, Typed{"DigitBehindTheLetters", 0, "2222", "2"},
+        Typed{"AccentedLetters", 0, "22222", "ä"}, Typed{"AroundToTheFirst", 0, "55555", "j"},
+        Typed{"OtherKeyBeginsALetter", 0, "9277", "waq"}, Typed{"Full stop", 0, "1", "."},
+        Typed{"Blank", 0, "0", " "}, Typed{"Capitals", 0, "#999", "Y"},
+        Typed{"SharpSHasNoCapital", 0, "#777777", "ß"}, Typed{"Digits", 0, "##1902", "1902"},
+        Typed{"SmallLettersAgain", 0, "###2", "a"},
+        Typed{"SamePlaceTwiceAfterAModeKey", 0, "2###2", "aa"},
+        Typed{"Numeric", 6, "2222#*0", "22220"}, Typed{"DialNumber", 4, "22#", "22#"},
+        Typed{"DialPause", 4, "5***", "5p"}, Typed{"DialPlus", 4, "00", "+"},
+        Typed{"Password", 8, "22#2", "bA"}),
+    [](const auto& row) {
+        std::string name = row.param.name;
+        name.erase(std::remove(name.begin(), name.end(), ' '), name.end());
+        return name;
+    });
+
+class KeypadField : public Keypad
+{};
+
+TEST_F(KeypadField, BeginsANewLetterAfterASecond)
+{
+    keypad("2");
+    QTest::qWait(1100);
+    keypad("2");
+    EXPECT_EQ(edit->text(), "aa");
+}
+
+TEST_F(KeypadField, GivesTheDigitOfAKeyThatIsHeldOnce)
+{
+    hold('2');
+    EXPECT_EQ(edit->text(), "2");
+    keypad("2");
+    EXPECT_EQ(edit->text(), "2a");
+}
+
+TEST_F(KeypadField, KeepsToTheLengthWhileALetterIsChosen)
+{
+    edit->setMaxLength(2);
+    keypad("92222");
+    EXPECT_EQ(edit->text(), "w2");
+    keypad("3");
+    EXPECT_EQ(edit->text(), "w2");
+}
+
+TEST_F(KeypadField, PassesOverLettersThatTheValidatorRefuses)
+{
+    edit->setValidator(new ByteValidator(edit));
+    keypad("2");
+    EXPECT_EQ(edit->text(), "2");
+    keypad("2");
+    EXPECT_EQ(edit->text(), "2");
+}
+
+TEST_F(KeypadField, ShowsWhatTheKeysGive)
+{
+    YInputField* field = edit->getInputField();
+    EXPECT_EQ(field->keypadText(), "abc");
+    keypad("#");
+    EXPECT_EQ(field->keypadText(), "ABC");
+    keypad("#");
+    EXPECT_EQ(field->keypadText(), "123");
+    keypad("#");
+    EXPECT_EQ(field->keypadText(), "abc");
+    field->setInputMode(YInputField::NumericInput);
+    EXPECT_EQ(field->keypadText(), "123");
+    YKeypad::setPresent(false);
+    EXPECT_EQ(field->keypadText(), "");
+}
+
+TEST_F(KeypadField, IsANumberBlockWhereThereIsNoKeypad)
+{
+    YKeypad::setPresent(false);
+    keypad("2222#");
+    EXPECT_EQ(edit->text(), "2222#");
+}
+
+} // namespace
