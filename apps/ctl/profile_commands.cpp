@@ -1,4 +1,6 @@
 // The commands over one profile, and the list.
+#include <filesystem>
+
 #include "failure.h"
 #include "network/napi_host.h"
 #include "output.h"
@@ -47,11 +49,24 @@ void printList(const std::vector<std::string>& names)
     print(table.text());
 }
 
-// Who misses a profile in the list learns where to look for it.
-void noteDamage()
+// How many entries the store has: one for each profile, usable or not.
+std::size_t countEntries()
+{
+    std::size_t count = 0;
+    std::error_code error;
+    std::filesystem::directory_iterator entry(napihost::profilesFolder(), error);
+    for (; !error && entry != std::filesystem::directory_iterator(); entry.increment(error))
+        if (entry->path().filename().native()[0] != '.')
+            ++count;
+    return count;
+}
+
+// Who misses a profile in the list learns where to look for it. Looking for damage takes as long as
+// listing, so it is done only when there is more than was listed.
+void noteDamage(std::size_t listed)
 {
     std::vector<napihost::Finding> findings;
-    if (napihost::inspectStore(&findings) < 0 || findings.empty())
+    if (countEntries() <= listed || napihost::inspectStore(&findings) < 0 || findings.empty())
         return;
     const std::string count = std::to_string(findings.size());
     note(findings.size() == 1
@@ -83,7 +98,7 @@ int profileList(const Request& request)
         printNames(names);
     else {
         printList(names);
-        noteDamage();
+        noteDamage(names.size());
     }
     return 0;
 }

@@ -1,5 +1,6 @@
 #include "terminal_text.h"
 
+#include <algorithm>
 #include <clocale>
 #include <cstdint>
 #include <cstdio>
@@ -144,15 +145,23 @@ std::string printableJson(std::string_view document)
     std::string result;
     result.reserve(document.size());
     while (!document.empty()) {
+        const auto special = std::find_if(document.begin(), document.end(), [](char byte) {
+            return static_cast<unsigned char>(byte) >= 0x7F;
+        });
+        const auto plain = static_cast<std::size_t>(special - document.begin());
+        result += document.substr(0, plain);
+        document.remove_prefix(plain);
+        if (document.empty())
+            break;
         const Character c = decode(document);
-        if (c.code >= 0x7F && (isControl(c.code) || turnsText(c.code))) {
-            char text[8];
-            std::snprintf(text, sizeof text, "\\u%04X", static_cast<unsigned>(c.code) & 0xFFFFU);
-            result += text;
-        } else {
-            result += document.substr(0, c.length == 0 ? 1 : c.length);
-        }
-        document.remove_prefix(c.length == 0 ? 1 : c.length);
+        const std::size_t length = std::max<std::size_t>(c.length, 1);
+        char escaped[8];
+        std::snprintf(escaped, sizeof escaped, "\\u%04X", static_cast<unsigned>(c.code) & 0xFFFFU);
+        if (c.length != 0 && (isControl(c.code) || turnsText(c.code)))
+            result += escaped;
+        else
+            result += document.substr(0, length);
+        document.remove_prefix(length);
     }
     return result;
 }
