@@ -46,6 +46,9 @@ public:
     // exec() of the same popup runs returns 0 at once.
     int exec();
 
+    // What the constructor was told.
+    bool isModalPopup() const;
+
     // The title line; an empty text takes the line away.
     void setTitle(const QString& title);
     QString title() const;

@@ -57,7 +57,10 @@ YNoticeDlg::YNoticeDlg(int noticeType, const QString& title, const QString& text
     d->text->setText(text);
     d->text->setAttribute(Qt::WA_TransparentForMouseEvents);
     setTitle(title);
-    setAccessibleDescription(text);
+    if (title.isEmpty())
+        setAccessibleName(text);
+    else
+        setAccessibleDescription(text);
     YSoftKey* keys = getSoftKey();
     keys->showButton(YSoftKey::Left, false);
     keys->setText(YSoftKey::Right, tr("TXT_RID_SOFTKEY_OK", "OK"), 0);

@@ -80,6 +80,7 @@ struct YPopup::Private
     QEventLoop* loop = nullptr;
     int result = Cancelled;
     int headerBottom = 0;
+    bool modal = false;
 
     // Lays out title and instruction.
     int headerHeight(int width) const
@@ -94,6 +95,7 @@ YPopup::YPopup(int /*type*/, QWidget* parent, const char* name, bool modal, int 
 {
     if (name)
         setObjectName(QString::fromUtf8(name));
+    d->modal = modal;
     YScreen::instance()->addLayer(this, parent, YScreen::Kind::Popup, modal);
     d->title = makeLine(this, YTheme::titleFont());
     d->instruction = makeLine(this, YTheme::bodyFont());
@@ -129,6 +131,11 @@ int YPopup::exec()
     // The application may have quit with the popup still on the screen.
     hide();
     return self ? d->result : Cancelled;
+}
+
+bool YPopup::isModalPopup() const
+{
+    return d->modal;
 }
 
 void YPopup::setTitle(const QString& title)

@@ -72,6 +72,7 @@ void YSingleSelectDlg::showEvent(QShowEvent* event)
 {
     if (d->list->currentItem() < 0)
         d->list->setCurrentItem(0);
+    d->list->focusProxy()->setAccessibleName(title());
     getSoftKey()->showButton(YSoftKey::Left, d->list->count() > 0);
     YPopup::showEvent(event);
     d->list->setFocus();
