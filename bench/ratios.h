@@ -20,6 +20,13 @@ struct Ratio
     double limit;
 };
 
+// One statement about one benchmark: it runs at least `perSecond` times a second.
+struct Rate
+{
+    std::string measured;
+    double perSecond;
+};
+
 // Collects the medians of the real times while it prints the table.
 class RatioReporter : public benchmark::ConsoleReporter
 {
@@ -29,7 +36,7 @@ public:
         for (const Run& run : runs) {
             if (run.aggregate_name == "median")
                 medians[run.run_name.function_name + "/" + run.run_name.args] =
-                    run.GetAdjustedRealTime();
+                    run.GetAdjustedRealTime() / benchmark::GetTimeUnitMultiplier(run.time_unit);
         }
         ConsoleReporter::ReportRuns(runs);
     }
@@ -52,7 +59,24 @@ public:
         return kept;
     }
 
+    // The same for rates.
+    bool report(const std::vector<Rate>& rates) const
+    {
+        bool kept = true;
+        for (const Rate& rate : rates) {
+            const auto seconds = find(rate.measured);
+            if (seconds <= 0)
+                continue;
+            kept = kept && 1 / seconds >= rate.perSecond;
+            std::printf("%s runs %.0f times a second (limit %.0f): %s\n", rate.measured.c_str(),
+                        1 / seconds, rate.perSecond,
+                        1 / seconds >= rate.perSecond ? "kept" : "MISSED");
+        }
+        return kept;
+    }
+
 private:
+    // The median in seconds; 0 when the benchmark did not run.
     double find(const std::string& name) const
     {
         auto found = medians.find(name);
@@ -61,12 +85,13 @@ private:
         return found == medians.end() ? 0 : found->second;
     }
 
-    std::map<std::string, double> medians;
+    std::map<std::string, double> medians; // in seconds
 };
 
 // The main function of a benchmark program: 9 repetitions in random order unless the command line
-// says otherwise, medians, and then the ratios. Result: 0, or 1 when a limit was missed.
-inline int run(int argc, char** argv, const std::vector<Ratio>& ratios)
+// says otherwise, medians, and then the ratios and rates. Result: 0, or 1 when a limit was missed.
+inline int run(int argc, char** argv, const std::vector<Ratio>& ratios,
+               const std::vector<Rate>& rates = {})
 {
     std::vector<std::string> arguments(argv, argv + argc);
     arguments.insert(arguments.begin() + 1,
@@ -81,7 +106,9 @@ inline int run(int argc, char** argv, const std::vector<Ratio>& ratios)
         return 2;
     RatioReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
-    return reporter.report(ratios) ? 0 : 1;
+    const bool ratiosKept = reporter.report(ratios);
+    const bool ratesKept = reporter.report(rates);
+    return ratiosKept && ratesKept ? 0 : 1;
 }
 
 } // namespace bench

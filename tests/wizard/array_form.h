@@ -1,0 +1,20 @@
+// A form without widgets.
+#ifndef TESTS_WIZARD_ARRAY_FORM_H
+#define TESTS_WIZARD_ARRAY_FORM_H
+
+#include "wizard/formfields.h"
+
+class ArrayForm : public wizard::FormFields
+{
+public:
+    QString text(wizard::Text field) const override { return texts[int(field)]; }
+    void setText(wizard::Text field, const QString& text) override { texts[int(field)] = text; }
+    int choice(wizard::Choice field) const override { return choices[int(field)]; }
+    void setChoice(wizard::Choice field, int item) override { choices[int(field)] = item; }
+
+private:
+    QString texts[wizard::textCount];
+    int choices[wizard::choiceCount] = {};
+};
+
+#endif
