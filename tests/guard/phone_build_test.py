@@ -158,6 +158,11 @@ class PhoneBuild(unittest.TestCase):
         rules = ROOT / "tests/rules"
         run(sys.executable, rules / "exported_symbols.py", self.library, rules / "exported_symbols.txt")
 
+    def test_keeps_the_run_time_library_to_itself(self):
+        exported = run("nm", "-D", "-C", "--defined-only", self.library)
+        self.assertNotIn("std::", exported)
+        self.assertNotIn("__gnu_cxx", exported)
+
     def test_throws_nothing_through_its_callers(self):
         self.assertEqual([], [text for text in self.undefined.values()
                               if re.match(r"__cxa_(throw|rethrow|begin_catch|allocate_exception)", text)])
