@@ -43,7 +43,7 @@ void connecting(Stage& stage)
 void connectingWithText(Stage& stage)
 {
     auto& dialog = stage.make<YStateDialog>();
-    dialog.setStateString("Connecting to Profile3 ...");
+    dialog.setStateString(QString::fromUtf8("Connecting to Profile3…"));
     dialog.show();
 }
 

@@ -124,6 +124,14 @@ INSTANTIATE_TEST_SUITE_P(Ways, SingleSelect,
 class Dialogs : public GuiTest
 {};
 
+bool shows(const QWidget& dialog, const QString& text)
+{
+    for (const QLabel* label : dialog.findChildren<QLabel*>())
+        if (label->text() == text && label->isVisible())
+            return true;
+    return false;
+}
+
 TEST_F(Dialogs, ASelectionWithoutAnyCheckedRowStartsAtTheFirst)
 {
     YSingleSelectDlg dialog(nullptr, nullptr, true, 0);
@@ -142,6 +150,17 @@ TEST_F(Dialogs, AnEmptySelectionCanOnlyBeCancelled)
                press(Qt::Key_F2);
            }});
     EXPECT_EQ(dialog.exec(), 0);
+}
+
+TEST_F(Dialogs, AnEmptySelectionSaysSo)
+{
+    YSingleSelectDlg dialog(nullptr, nullptr, true, 0);
+    dialog.show();
+    EXPECT_TRUE(shows(dialog, "(empty)"));
+    fill(dialog, {"a"});
+    dialog.hide();
+    dialog.show();
+    EXPECT_FALSE(shows(dialog, "(empty)"));
 }
 
 TEST_F(Dialogs, ASelectionStandsAtTheBottomAndIsAsHighAsItsRows)

@@ -326,6 +326,52 @@ TEST_F(List, ARowTellsAReaderItsTextAndWhetherItIsChecked)
     EXPECT_EQ(model->index(0, 0).data(Qt::CheckStateRole).toInt(), Qt::Unchecked);
 }
 
+// The row's pixels as text, so that two rows can be compared.
+QImage pictureOf(YListBox& list, int row)
+{
+    const int height = list.heightOfRows(240, 10000) / list.count();
+    return list.grab(QRect(0, row * height, 240, height)).toImage();
+}
+
+struct Sharing
+{
+    const char* name;
+    YListBoxItem::ShowPriority priority;
+    int whole; // which text is not cut
+};
+
+std::ostream& operator<<(std::ostream& out, const Sharing& row)
+{
+    return out << row.name;
+}
+
+class ListSharing : public List, public ::testing::WithParamInterface<Sharing>
+{};
+
+TEST_P(ListSharing, KeepsThisTextWhole)
+{
+    const QString wide = "A text that needs very nearly the row";
+    const QString texts[2][2] = {{"whole", wide}, {wide, "whole"}};
+    const int whole = GetParam().whole;
+    auto* alone = new YListBoxItem(&list, "%M240");
+    alone->appendSubItem(1, whole == 0 ? "whole" : QString(), whole == 1 ? "whole" : QString(),
+                         nullptr, 50, YListBoxItem::ShowEvenly);
+    list.insertItem(alone, -1, true);
+    auto* both = new YListBoxItem(&list, "%M240");
+    both->appendSubItem(1, texts[whole][0], texts[whole][1], nullptr, 50, GetParam().priority);
+    list.insertItem(both, -1, true);
+    open();
+    settle();
+    // The half of the row in which the short text stands looks as if it stood there alone.
+    const QRect place(whole == 0 ? 0 : 190, 0, 45, 36);
+    EXPECT_EQ(pictureOf(list, 0).copy(place), pictureOf(list, 1).copy(place));
+}
+
+INSTANTIATE_TEST_SUITE_P(Priorities, ListSharing,
+                         ::testing::Values(Sharing{"First", YListBoxItem::ShowFirst, 0},
+                                           Sharing{"Second", YListBoxItem::ShowSecond, 1}),
+                         [](const auto& row) { return std::string(row.param.name); });
+
 TEST_F(List, APictureIsCopied)
 {
     auto* item = new YListBoxItem(&list, QString());

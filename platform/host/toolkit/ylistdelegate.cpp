@@ -34,8 +34,10 @@ Split split(const YListSubItem& subItem, const QFontMetrics& metrics, int width)
 {
     if (subItem.second.isEmpty())
         return {width, 0};
-    const int first = metrics.horizontalAdvance(subItem.first);
-    const int second = metrics.horizontalAdvance(subItem.second);
+    // A pixel more than the sum of the letters, which is rounded: a text that fits is not to be
+    // cut.
+    const int first = metrics.horizontalAdvance(subItem.first) + 1;
+    const int second = metrics.horizontalAdvance(subItem.second) + 1;
     if (first + gap + second <= width)
         return {width - second - gap, second};
     const int room = width - gap;

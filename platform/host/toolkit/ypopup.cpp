@@ -39,6 +39,8 @@ QPainterPath outline(const QRect& rect)
     return path;
 }
 
+constexpr int linePadding = 6; // above and below title and instruction
+
 // Sets the line's place below `top` and returns its lower edge.
 int placeLine(QLabel* line, int top, int width)
 {
@@ -46,8 +48,8 @@ int placeLine(QLabel* line, int top, int width)
         return top;
     const int inner = width - 2 * YTheme::margin;
     const int height = line->heightForWidth(inner);
-    line->setGeometry(YTheme::margin, top + YTheme::margin / 2, inner, height);
-    return top + height + YTheme::margin;
+    line->setGeometry(YTheme::margin, top + linePadding, inner, height);
+    return top + height + 2 * linePadding;
 }
 
 // Where the activity ring goes: the icon's place when there is a text to stand beside.

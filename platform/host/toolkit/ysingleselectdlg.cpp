@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include <QKeyEvent>
+#include <QLabel>
 
 #include <ysoftkey.h>
 
@@ -11,6 +11,7 @@
 struct YSingleSelectDlg::Private
 {
     YListBox* list;
+    QLabel* empty; // says that there is nothing to choose
 };
 
 YSingleSelectDlg::YSingleSelectDlg(QWidget* parent, const char* name, bool modal,
@@ -38,6 +39,9 @@ YSingleSelectDlg::~YSingleSelectDlg()
 void YSingleSelectDlg::build()
 {
     d->list = new YListBox(this, nullptr, 0);
+    d->empty = new QLabel(tr("TXT_RID_LIST_EMPTY", "(empty)"), this);
+    d->empty->setAlignment(Qt::AlignCenter);
+    d->empty->setForegroundRole(QPalette::PlaceholderText);
     connect(d->list, SIGNAL(selected(int)), this, SLOT(accept()));
     YSoftKey* keys = getSoftKey();
     keys->setText(YSoftKey::Left, tr("TXT_RID_SOFTKEY_SELECT", "Select"), 0);
@@ -66,6 +70,7 @@ int YSingleSelectDlg::contentsHint(int width, int most) const
 void YSingleSelectDlg::layoutContents()
 {
     d->list->setGeometry(contentsR());
+    d->empty->setGeometry(contentsR());
 }
 
 void YSingleSelectDlg::showEvent(QShowEvent* event)
@@ -73,6 +78,7 @@ void YSingleSelectDlg::showEvent(QShowEvent* event)
     if (d->list->currentItem() < 0)
         d->list->setCurrentItem(0);
     d->list->focusProxy()->setAccessibleName(title());
+    d->empty->setVisible(d->list->count() == 0);
     getSoftKey()->showButton(YSoftKey::Left, d->list->count() > 0);
     YPopup::showEvent(event);
     d->list->setFocus();

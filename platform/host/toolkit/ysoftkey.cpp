@@ -98,6 +98,7 @@ void YSoftKey::setText(int button, const QString& text, int priority)
     else
         alternatives[priority] = text;
     d->refresh(button);
+    update();
 }
 
 QString YSoftKey::text(int button) const
@@ -144,7 +145,8 @@ void YSoftKey::paintEvent(QPaintEvent*)
     QPainter painter(this);
     painter.fillRect(rect(), theme.bar);
     painter.fillRect(0, 0, width(), 1, theme.border);
-    if (isButtonVisible(Left) && isButtonVisible(Right))
+    const bool both = isButtonVisible(Left) && isButtonVisible(Right);
+    if (both && !text(Left).isEmpty() && !text(Right).isEmpty())
         painter.fillRect(width() / 2, YTheme::margin, 1, height() - 2 * YTheme::margin,
                          theme.border);
 }
