@@ -83,7 +83,7 @@ def library_of(readable):
         return "vornsettings"
     if re.match(r"Y[A-Z]\w*(::|$)", owner):
         return "ytoolkit"
-    if re.match(r"(Q[A-Z]\w*(<.*>)?(::|$)|q[A-Z]\w*)", owner) or re.match(r"operator.*Q(String|Rect)", owner):
+    if re.match(r"(Q[A-Z]\w*(<.*>)?(::|$)|q[A-Z]\w*)", owner) or re.match(r"operator.*\bQ[A-Z]", owner):
         return "qte-mt"
     return None
 
