@@ -60,6 +60,7 @@ private:
     void addSegment();
     bool crossKey(int index, const QKeyEvent& event);
     bool paste(int index);
+    void handOver(int index);
     void enter(int index, bool atEnd);
     void layoutSegments();
 

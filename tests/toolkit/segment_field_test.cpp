@@ -127,6 +127,23 @@ TEST_F(SegmentField, ReplacesASegmentThatIsEnteredFromTheLeft)
     EXPECT_EQ(texts(), "1|7|3|");
 }
 
+TEST_F(SegmentField, ReplacesItsTextsByATextWithSeparatorsBehindFullSegments)
+{
+    type("10.20.30.40");
+    tap(field->getField(0)->getInputField());
+    field->getField(0)->selectAll();
+    type("192.168.7.1");
+    EXPECT_EQ(texts(), "192|168|7|1");
+}
+
+TEST_F(SegmentField, GoesOnFromAFilledSegmentAtEachSeparator)
+{
+    type("10.20.30.40");
+    tap(field->getField(0)->getInputField());
+    type("..5");
+    EXPECT_EQ(texts(), "10|20|5|40");
+}
+
 TEST_F(SegmentField, TapPutsTheCursorIntoThatSegment)
 {
     tap(field->getField(2)->getInputField());

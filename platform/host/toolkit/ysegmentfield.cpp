@@ -1,6 +1,7 @@
 #include <ysegmentfield.h>
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 #include <QClipboard>
@@ -36,6 +37,8 @@ struct YSegmentField::Private
     QString separator = QStringLiteral(".");
     YRowLook look;
     int widgetClass = 0;
+    // The segment to which a full one has handed over, until the next key; -1 for none.
+    int handedOver = -1;
     bool enabled = true;
 
     int count() const { return static_cast<int>(segments.size()); }
@@ -217,7 +220,7 @@ void YSegmentField::addSegment()
     // Only what the user types hands over: a program may fill the segments in any order.
     connect(segment->getInputField(), &QLineEdit::textEdited, this, [this, segment] {
         if (segment->hasFocus() && isFull(*segment))
-            enter(d->indexOf(segment) + 1, false);
+            handOver(d->indexOf(segment) + 1);
     });
 }
 
@@ -235,10 +238,13 @@ bool YSegmentField::crossKey(int index, const QKeyEvent& event)
         (keypad && (event.key() == Qt::Key_Asterisk || event.key() == Qt::Key_NumberSign) &&
          segment.getInputField()->inputMode() == YInputField::NumericInput);
 
+    const bool justEntered = std::exchange(d->handedOver, -1) == index;
+
     if (event.matches(QKeySequence::Paste))
         return paste(index);
     if (separator) {
-        if (!segment.text().isEmpty())
+        // The separator behind a full segment, which has handed over already.
+        if (!segment.text().isEmpty() && !justEntered)
             enter(index + 1, false);
         return true;
     }
@@ -267,6 +273,12 @@ bool YSegmentField::paste(int index)
     }
     enter(last, true);
     return true;
+}
+
+void YSegmentField::handOver(int index)
+{
+    enter(index, false);
+    d->handedOver = index;
 }
 
 void YSegmentField::enter(int index, bool atEnd)
