@@ -1,0 +1,122 @@
+#include "ipaddressedit.h"
+
+#include <string.h>
+
+#include <string>
+
+#include <yapplication.h>
+#include <ylineedit.h>
+
+#include "ipaddressedit_validator.h"
+#include "support/ipv4.h"
+#include "support/text.h"
+
+static const int segmentCount = 4;
+static const int largestOctet = 255;
+static const unsigned int broadcast = 0xFFFFFFFFU;
+
+// Values that the toolkit gives a meaning to.
+static const int segmentFieldClass = 63;
+static const int segmentWidth = 40;
+static const int centred = 36;
+static const int numericMode = 6;
+static const char keypadMethod[] = "{637a8c00-1098-42ca-969a-2bf163cd3c14}";
+
+static void setUpSegment(YLineEdit* segment)
+{
+    segment->setMaxLength(3);
+    segment->setPreferredWidth(segmentWidth);
+    segment->setAlignment(centred);
+    IPAddressEdit_Validator* validator = new IPAddressEdit_Validator(segment);
+    validator->setRange(0, largestOctet);
+    segment->setValidator(validator);
+    YApplication::setInputMethod(segment, keypadMethod, numericMode, QString());
+}
+
+// Each byte is one character, as a QString of the phone takes it.
+static QString textOf(const unsigned char* bytes)
+{
+    QString text;
+    for (; bytes && *bytes; ++bytes)
+        text += QChar(static_cast<unsigned short>(*bytes));
+    return text;
+}
+
+// 0 for a text that is no address.
+static unsigned int addressOf(const QString& text)
+{
+    unsigned int address = 0;
+    support::ipv4FromText(text, &address);
+    return address;
+}
+
+IPAddressEdit::IPAddressEdit(QWidget* parent) : YSegmentField(parent, 0, 0, segmentFieldClass)
+{
+    setNumSegments(segmentCount);
+    setSeparatorString(".");
+    for (int i = 0; i < segmentCount; ++i) {
+        segments[i] = getField(i);
+        setUpSegment(segments[i]);
+    }
+    resize(sizeHint());
+}
+
+IPAddressEdit::~IPAddressEdit() {}
+
+void IPAddressEdit::setIPAddress(QString& text)
+{
+    const unsigned int address = addressOf(text);
+    for (int i = 0; i < segmentCount; ++i) {
+        const int octet = int(address >> (24 - 8 * i) & 0xFF);
+        segments[i]->setText(address ? QString::number(octet) : QString(""));
+    }
+}
+
+void IPAddressEdit::setIPAddress(unsigned long address)
+{
+    QString text = support::ipv4ToText(static_cast<unsigned int>(address & broadcast));
+    setIPAddress(text);
+}
+
+void IPAddressEdit::setIPAddress(unsigned char* text)
+{
+    setIPAddress(static_cast<unsigned long>(addressOf(textOf(text))));
+}
+
+void IPAddressEdit::getIPAddress(unsigned long& address)
+{
+    QString text = segments[0]->text();
+    for (int i = 1; i < segmentCount; ++i)
+        text += "." + segments[i]->text();
+    address = addressOf(text);
+}
+
+void IPAddressEdit::getIPAddress(QString& text)
+{
+    unsigned long address = 0;
+    getIPAddress(address);
+    text = support::ipv4ToText(static_cast<unsigned int>(address));
+}
+
+void IPAddressEdit::getIPAddress(unsigned char* buffer)
+{
+    QString text;
+    getIPAddress(text);
+    const std::string bytes = support::latin1(text);
+    memcpy(buffer, bytes.c_str(), bytes.size() + 1);
+}
+
+bool IPAddressEdit::isIPValid()
+{
+    unsigned long address = 0;
+    getIPAddress(address);
+    return address != 0 && address != broadcast;
+}
+
+bool IPAddressEdit::isEmpty()
+{
+    for (int i = 0; i < segmentCount; ++i)
+        if (!support::trimmed(segments[i]->text()).isEmpty())
+            return false;
+    return true;
+}
