@@ -1,7 +1,8 @@
 """Refuses what compiles today and would not work on Qt 2.3. Usage: qt2_lint.py ROOT.
 
-Three things that no compiler tells: class headers that the moc of Qt 2.3 cannot read, texts of connections
-that it does not find, and sources that ask which Qt they are compiled with. Prints each finding and exits
+Four things that no compiler tells: class headers that the moc of Qt 2.3 cannot read, texts of connections
+that it does not find, calls that both Qts have and answer differently, and sources that ask which Qt they
+are compiled with. Prints each finding and exits
 with 1 if there is any.
 """
 
@@ -21,7 +22,7 @@ SEAM = ("support/qt.h", "support/qt2.h", "support/qt6.h")
 QT_SIGNALS = {
     "destroyed()", "clicked()", "pressed()", "released()", "toggled(bool)", "textChanged(const QString&)",
     "returnPressed()", "activated(int)", "highlighted(int)", "activated(const QString&)", "timeout()",
-    "readyRead()", "connectionClosed()", "error(int)", "lastWindowClosed()", "aboutToQuit()",
+    "readyRead()", "connectionClosed()", "error(int)",
 }
 QT_SLOTS = {
     "show()", "hide()", "close()", "update()", "setFocus()", "clear()", "setText(const QString&)", "quit()",
@@ -227,6 +228,35 @@ def declared_names(texts):
     return signals, slots
 
 
+# ---- Calls that differ ----
+
+DIFFERENT = {
+    r"[.>](toShort|toUShort|toInt|toUInt|toLong|toULong)\s*\(":
+        "which blanks, digits and numbers it takes differs; use support::toInt32 or toUInt32",
+    r"(?<!support::)(?<!\w)fromUtf8\s*\(":
+        "what it makes of broken sequences differs; use support::fromUtf8",
+    r"([.>]|\bQString::)compare\s*\(": "where a null text comes differs; use support::compare",
+    r"\bQHostAddress\b": "which texts are addresses differs; use support::ipv4FromText",
+    r"\bQDir\b": "what may be replaced differs; use support::renamePath",
+    r"\bprocessEvents\s*\(": "how long it goes on differs; use support::processPending",
+    r"\b(enter_loop|exit_loop)\b|\bQEventLoop\b": "levels end differently; use support::enterLoop",
+    r"\bQObject::tr\s*\(": "without an application it ends the program on Qt 2; use support::translate",
+    r"\bQ\w*Validator::validate\s*\(": "what it takes differs; judge the text without the base class",
+    r"\bSIGNAL\s*\(\s*(aboutToQuit|destroyed)\b": "when it is emitted differs; do without it",
+}
+
+
+def lint_calls(text):
+    """Only for folders other than support/, whose helpers even these out."""
+    source = without_comments(text)
+    for pattern, reason in DIFFERENT.items():
+        for match in re.finditer(pattern, source):
+            yield source.count("\n", 0, match.start()) + 1, f"{match.group().strip('.>( ')}: {reason}"
+    for token in tokens_of(text):
+        if token.kind in ("string", "character") and not token.text.isascii():
+            yield token.line, "bytes above 7f in a text: Latin-1 to Qt 2, UTF-8 to Qt 6; use support::fromUtf8"
+
+
 # ---- Which Qt ----
 
 
@@ -269,10 +299,12 @@ def lint(root):
         if name not in SEAM:
             note(name, lint_which_qt(text))
         note(name, lint_connections(text, signals, slots))
+        if not name.startswith("support/"):
+            note(name, lint_calls(text))
     return findings
 
 
 if __name__ == "__main__":
     found = lint(sys.argv[1])
-    print("\n".join(found) or "every class header and connection suits Qt 2.3")
+    print("\n".join(found) or "every source suits Qt 2.3")
     sys.exit(1 if found else 0)

@@ -136,6 +136,28 @@ WHICH_QT = {
     'const char* text = "QT_VERSION";': None,
 }
 
+CALLS = {
+    "int n = text.toInt(&ok);": "toInt: which blanks",
+    "int n = field->text().toUInt(&ok, 10);": "toUInt: which blanks",
+    "QString t = QString::fromUtf8(bytes);": "fromUtf8: what it makes",
+    "if (QString::compare(a, b) == 0) {}": "QString::compare: where a null text",
+    "if (a.compare(b) == 0) {}": "compare: where a null text",
+    "QHostAddress address;": "QHostAddress: which texts",
+    "QDir().rename(a, b);": "QDir: what may be replaced",
+    "qApp->processEvents();": "processEvents: how long",
+    "qApp->enter_loop();": "enter_loop: levels",
+    "qApp->exit_loop();": "exit_loop: levels",
+    'QString t = QObject::tr("text");': "QObject::tr: without an application",
+    "return QIntValidator::validate(text, position);": "QIntValidator::validate: what it takes",
+    "connect(qApp, SIGNAL(aboutToQuit()), this, SLOT(end()));": "when it is emitted",
+    'QString t("caf\u00e9");': "bytes above 7f",
+    'QString t = support::fromUtf8(bytes); // not QString::fromUtf8("\u00e9")': None,
+    "int n = support::toInt32(text, &ok);": None,
+    "if (support::compare(a, b) == 0) {}": None,
+    'QString t = tr("text");': None,
+    "State validate(QString& text, int& position) const;": None,
+}
+
 
 class Lint(unittest.TestCase):
     def expect(self, findings, expected):
@@ -175,6 +197,11 @@ class Lint(unittest.TestCase):
             with self.subTest(text):
                 self.expect(qt2_lint.lint_connections(text, signals, slots), expected)
 
+    def test_finds_calls_that_both_qts_answer_differently(self):
+        for text, expected in CALLS.items():
+            with self.subTest(text):
+                self.expect(qt2_lint.lint_calls(text), expected)
+
     def test_finds_who_asks_which_qt_this_is(self):
         for text, expected in WHICH_QT.items():
             with self.subTest(text):
@@ -193,12 +220,15 @@ class Lint(unittest.TestCase):
             (root / "session/page.cpp").write_text(
                 'class A : public QObject { Q_OBJECT };\nvoid f() { connect(a, SIGNAL(b()), c, SLOT(d())); }\n')
             (root / "platform/include/ypage.h").write_text(question)
+            (root / "session/call.cpp").write_text("int n = text.toInt();\n")
+            (root / "support/call.cpp").write_text("int n = text.toInt();\n")
             findings = "\n".join(qt2_lint.lint(root))
             for expected in ("support/text.cpp:1: QT_VERSION", "platform/include/ypage.h:1: QT_VERSION",
                              "session/page.h:19: among the public slots: noexcept",
                              "session/page.cpp:1: a class with a Q_OBJECT",
-                             "session/page.cpp:2: SIGNAL(b())", "session/page.cpp:2: SLOT(d())"):
+                             "session/page.cpp:2: SIGNAL(b())", "session/call.cpp:1: toInt", "session/page.cpp:2: SLOT(d())"):
                 self.assertIn(expected, findings)
+            self.assertNotIn("support/call.cpp", findings)
 
 
 class Reader(unittest.TestCase):
