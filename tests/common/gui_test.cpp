@@ -161,7 +161,7 @@ void GuiTest::expectWarning(const std::string& part)
 void GuiTest::SetUp()
 {
     settle();
-    before = allWidgets();
+    widgetsBefore = allWidgets();
     warnings.clear();
 }
 
@@ -182,7 +182,7 @@ void GuiTest::TearDown()
         ADD_FAILURE() << "unannounced warning: " << warning;
     for (const QWidget* widget : allWidgets())
         // Qt makes its desktop widget when it is first needed, and keeps it.
-        if (!before.count(widget) && widget->windowType() != Qt::Desktop)
+        if (!widgetsBefore.count(widget) && widget->windowType() != Qt::Desktop)
             ADD_FAILURE() << "left behind: " << describe(*widget);
 }
 

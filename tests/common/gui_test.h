@@ -52,7 +52,7 @@ protected:
     void TearDown() override;
 
 private:
-    std::set<const QWidget*> before;
+    std::set<const QWidget*> widgetsBefore;
     std::vector<std::string> announced;
 };
 
