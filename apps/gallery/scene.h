@@ -40,5 +40,6 @@ struct Scene
 
 // The scenes of each kind of widget.
 std::vector<Scene> dialogScenes();
+std::vector<Scene> formScenes();
 
 #endif

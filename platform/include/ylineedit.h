@@ -102,6 +102,7 @@ protected:
 
 private:
     bool eyeKey(QKeyEvent* event);
+    QString keypadNote() const;
     void layoutField();
     void refresh();
 

@@ -10,6 +10,7 @@
 class QEvent;
 class QResizeEvent;
 class QPaintEvent;
+class YOptionsMenu;
 
 // Two keys: button 0 on the left (F1) and button 1 on the right (F2 and Escape), worked by the
 // phone's keys and by the finger alike. A key that repeats because it is held acts once.
@@ -38,6 +39,9 @@ public:
     // Calls `member`, written as SLOT() writes it, when the button is clicked. It takes the place
     // of the slot set before; a null receiver leaves the button without one.
     void setClickedSlot(int button, QObject* receiver, const char* member);
+
+    // Makes the button open a menu, in the place of its slot.
+    void setOptionsMenu(int button, YOptionsMenu* menu);
 
     // What a click on the button does; nothing while it is hidden. The bar may be deleted by it.
     void click(int button);

@@ -1,5 +1,7 @@
 #include <ylineedit.h>
 
+#include <algorithm>
+
 #include <QCoreApplication>
 #include <QInputMethodQueryEvent>
 #include <QKeyEvent>
@@ -17,6 +19,7 @@ namespace {
 
 constexpr int usualWidth = 160;
 constexpr int eyeWidth = 30;
+constexpr int fieldMargin = 2;
 
 // An open eye shows the password, a crossed one hides it.
 void drawEye(QPainter& painter, const QRect& place, bool open, const QColor& colour)
@@ -61,6 +64,12 @@ struct YLineEdit::Private
         return place;
     }
 
+    // Where the room for the text ends.
+    int rightEdge(const QSize& row) const
+    {
+        return (hasEye() ? eyeR(row).left() : look.boxR(row).right() + 1);
+    }
+
     void reveal(bool show)
     {
         revealed = show;
@@ -83,7 +92,7 @@ YLineEdit::YLineEdit(QWidget* parent, const char* name, int widgetClassId)
     d->look.setCompact(widgetClassId == YSkinService::SegmentField);
     d->field = new YInputField(this);
     connect(d->field, SIGNAL(textChanged(QString)), this, SIGNAL(textChanged(QString)));
-    connect(d->field, SIGNAL(keypadTextChanged()), this, SLOT(update()));
+    connect(d->field, &YInputField::keypadTextChanged, this, [this] { refresh(); });
     refresh();
 }
 
@@ -277,9 +286,13 @@ void YLineEdit::keyReleaseEvent(QKeyEvent* event)
 
 void YLineEdit::focusInEvent(QFocusEvent* event)
 {
+    // A text that is gone to with the keys is gone on with, not typed over.
+    QFocusEvent entered(event->type(), event->reason() == Qt::MouseFocusReason
+                                           ? Qt::MouseFocusReason
+                                           : Qt::OtherFocusReason);
     if (d->enabled)
-        d->field->event(event);
-    update();
+        d->field->event(&entered);
+    refresh();
 }
 
 void YLineEdit::focusOutEvent(QFocusEvent* event)
@@ -287,7 +300,7 @@ void YLineEdit::focusOutEvent(QFocusEvent* event)
     d->field->event(event);
     d->onEye = false;
     d->reveal(false);
-    update();
+    refresh();
 }
 
 void YLineEdit::mousePressEvent(QMouseEvent*)
@@ -324,8 +337,11 @@ void YLineEdit::paintEvent(QPaintEvent*)
     const YTheme& theme = YTheme::current();
     const YRowLook::State state{d->enabled, hasFocus(), false};
     QPainter painter(this);
-    d->look.drawLabel(painter, size(), state, hasFocus() ? d->field->keypadText() : QString());
+    d->look.drawLabel(painter, size(), state);
     d->look.drawBox(painter, size(), state);
+    YRowLook::drawNote(
+        painter, QRect(QPoint(0, d->field->y()), QSize(d->rightEdge(size()), d->field->height())),
+        keypadNote());
     if (!d->hasEye())
         return;
     const QRect eye = d->eyeR(size());
@@ -342,12 +358,19 @@ void YLineEdit::resizeEvent(QResizeEvent*)
     layoutField();
 }
 
+// What the keypad gives, while it types into this row and there is room to say so.
+QString YLineEdit::keypadNote() const
+{
+    return hasFocus() && isYEnabled() && !d->look.isCompact() ? d->field->keypadText() : QString();
+}
+
 void YLineEdit::layoutField()
 {
+    const int note = YRowLook::noteWidth(keypadNote());
     QRect place = d->look.textR(size());
-    if (d->hasEye())
-        place.setRight(d->eyeR(size()).left() - 1);
-    d->field->setGeometry(place);
+    place.setRight(std::min(place.right(), d->rightEdge(size()) - note - 1));
+    // Qt's line edit has a margin of its own.
+    d->field->setGeometry(place.adjusted(-fieldMargin, 0, fieldMargin, 0));
 }
 
 // Keys at the eye, and the one that goes there; false when the text is to have the key.

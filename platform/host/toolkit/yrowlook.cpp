@@ -57,9 +57,10 @@ QRect YRowLook::textR(const QSize& row) const
     return boxR(row).adjusted(side, YTheme::focusWidth, -side, -YTheme::focusWidth);
 }
 
-void YRowLook::drawLabel(QPainter& painter, const QSize& row, State state,
-                         const QString& note) const
+void YRowLook::drawLabel(QPainter& painter, const QSize& row, State state) const
 {
+    if (text.isEmpty())
+        return;
     const YTheme& theme = YTheme::current();
     QRect line = QRect(QPoint(), row).marginsRemoved(margins());
     line.setBottom(boxR(row).top() - 1 - labelGap);
@@ -67,10 +68,7 @@ void YRowLook::drawLabel(QPainter& painter, const QSize& row, State state,
     painter.setPen(!state.enabled  ? theme.disabledText
                    : state.focused ? theme.accent
                                    : theme.mutedText);
-    if (!text.isEmpty())
-        painter.drawText(line, wrapFlags(painter.fontMetrics(), text, line.width()), text);
-    if (!note.isEmpty())
-        painter.drawText(line, Qt::AlignRight | Qt::AlignBottom | Qt::TextSingleLine, note);
+    painter.drawText(line, wrapFlags(painter.fontMetrics(), text, line.width()), text);
 }
 
 void YRowLook::drawBox(QPainter& painter, const QSize& row, State state) const
@@ -84,6 +82,19 @@ void YRowLook::drawBox(QPainter& painter, const QSize& row, State state) const
     painter.setBrush(state.pressed ? theme.bar : state.enabled ? theme.surface : theme.background);
     painter.drawRoundedRect(box, boxRadius, boxRadius);
     painter.restore();
+}
+
+int YRowLook::noteWidth(const QString& note)
+{
+    return note.isEmpty() ? 0 : QFontMetrics(labelFont()).horizontalAdvance(note) + textMargin;
+}
+
+void YRowLook::drawNote(QPainter& painter, const QRect& place, const QString& note)
+{
+    painter.setFont(labelFont());
+    painter.setPen(YTheme::current().mutedText);
+    painter.drawText(place.adjusted(0, 0, -textMargin, 0),
+                     Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine, note);
 }
 
 int YRowLook::labelHeight(int width) const

@@ -22,6 +22,7 @@ public:
 
     // Whether a row keeps a distance to the edges of the form, or is a part of another row.
     void setCompact(bool compact);
+    bool isCompact() const { return compact; }
 
     void setLabel(const QString& text);
     const QString& label() const { return text; }
@@ -31,9 +32,12 @@ public:
     QRect boxR(const QSize& row) const;
     QRect textR(const QSize& row) const;
 
-    // `note` is a short text at the right end of the label's line.
-    void drawLabel(QPainter& painter, const QSize& row, State state, const QString& note) const;
+    void drawLabel(QPainter& painter, const QSize& row, State state) const;
     void drawBox(QPainter& painter, const QSize& row, State state) const;
+
+    // A short text at the right end of a part of the box.
+    static int noteWidth(const QString& note);
+    static void drawNote(QPainter& painter, const QRect& place, const QString& note);
 
     static constexpr int boxHeight = 28;
     static constexpr int textMargin = 7;

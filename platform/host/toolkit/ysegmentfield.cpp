@@ -190,10 +190,8 @@ void YSegmentField::paintEvent(QPaintEvent*)
 {
     const YTheme& theme = YTheme::current();
     const bool focused = d->indexOf(focusWidget()) >= 0 && focusWidget()->hasFocus();
-    const YLineEdit* first = d->at(0);
     QPainter painter(this);
-    d->look.drawLabel(painter, size(), {d->enabled, focused, false},
-                      focused && first ? first->getInputField()->keypadText() : QString());
+    d->look.drawLabel(painter, size(), {d->enabled, focused, false});
     painter.setFont(font());
     painter.setPen(d->enabled ? theme.text : theme.disabledText);
     for (int i = 1; i < d->count(); ++i) {

@@ -7,6 +7,8 @@
 #include <QPainter>
 #include <QPushButton>
 
+#include <yoptionsmenu.h>
+
 #include "ytheme.h"
 
 namespace {
@@ -113,6 +115,11 @@ void YSoftKey::setClickedSlot(int button, QObject* receiver, const char* member)
     disconnect(d->at(button), SIGNAL(clicked()), nullptr, nullptr);
     if (receiver)
         connect(d->at(button), SIGNAL(clicked()), receiver, member);
+}
+
+void YSoftKey::setOptionsMenu(int button, YOptionsMenu* menu)
+{
+    setClickedSlot(button, menu, SLOT(show()));
 }
 
 void YSoftKey::click(int button)

@@ -1,0 +1,242 @@
+#include <ycombobox.h>
+
+#include <algorithm>
+
+#include <QPainter>
+#include <QPainterPath>
+#include <QPointer>
+#include <QStringList>
+
+#include <yformcontainer.h>
+#include <ysingleselectdlg.h>
+#include <yskinservice.h>
+
+#include "yrowlook.h"
+#include "ytheme.h"
+
+namespace {
+
+constexpr int arrowWidth = 20;
+
+// Two lines of small letters take the place of one that is too long.
+void drawValue(QPainter& painter, const QString& text, const QRect& place)
+{
+    painter.setFont(YTheme::bodyFont());
+    if (painter.fontMetrics().horizontalAdvance(text) <= place.width()) {
+        painter.drawText(place, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine, text);
+        return;
+    }
+    painter.setFont(YTheme::smallFont());
+    painter.drawText(place, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextWordWrap, text);
+}
+
+void drawArrow(QPainter& painter, const QRect& place, const QColor& colour)
+{
+    const QPointF middle = QRectF(place).center();
+    QPainterPath path;
+    path.moveTo(middle + QPointF(-4, -2));
+    path.lineTo(middle + QPointF(0, 2));
+    path.lineTo(middle + QPointF(4, -2));
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(colour, 1.8, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawPath(path);
+    painter.restore();
+}
+
+bool isFormRow(const QWidget& widget)
+{
+    for (const QWidget* above = widget.parentWidget(); above; above = above->parentWidget())
+        if (qobject_cast<const YFormContainer*>(above))
+            return true;
+    return false;
+}
+
+} // namespace
+
+struct YComboBox::Private
+{
+    YRowLook look;
+    QStringList items;
+    QString title;
+    QString dlgTitle;
+    int dlgType = MarkedDlg;
+    int current = -1;
+    bool titled = true;
+    bool autoResize = false;
+};
+
+YComboBox::YComboBox(QWidget* parent, const char* name, bool titled)
+    : YButton(parent, name, YSkinService::DefaultClass), d(new Private)
+{
+    d->titled = titled;
+    connect(this, SIGNAL(clicked()), this, SLOT(choose()));
+}
+
+YComboBox::~YComboBox()
+{
+    delete d;
+}
+
+void YComboBox::setTitle(const QString& title)
+{
+    d->title = title;
+    if (d->titled)
+        d->look.setLabel(title);
+    setAccessibleName(title);
+    changed();
+}
+
+QString YComboBox::title() const
+{
+    return d->title;
+}
+
+void YComboBox::setDlgTitle(const QString& title, int type)
+{
+    d->dlgTitle = title;
+    d->dlgType = type;
+}
+
+QString YComboBox::dlgTitle() const
+{
+    return d->dlgTitle.isNull() ? d->title : d->dlgTitle;
+}
+
+int YComboBox::dlgType() const
+{
+    return d->dlgType;
+}
+
+void YComboBox::setAutoResize(bool enable)
+{
+    d->autoResize = enable;
+    changed();
+}
+
+bool YComboBox::autoResize() const
+{
+    return d->autoResize;
+}
+
+void YComboBox::insertItem(const QString& text, int index)
+{
+    const int end = count();
+    const int place = index < 0 || index > end ? end : index;
+    d->items.insert(place, text);
+    if (d->current < 0)
+        d->current = 0;
+    else if (place <= d->current)
+        ++d->current;
+    changed();
+}
+
+void YComboBox::removeItem(int index)
+{
+    if (index < 0 || index >= count())
+        return;
+    d->items.removeAt(index);
+    if (index < d->current || d->current == count())
+        --d->current;
+    changed();
+}
+
+void YComboBox::clear()
+{
+    d->items.clear();
+    d->current = -1;
+    changed();
+}
+
+int YComboBox::count() const
+{
+    return static_cast<int>(d->items.size());
+}
+
+QString YComboBox::text(int index) const
+{
+    return d->items.value(index);
+}
+
+QString YComboBox::currentText() const
+{
+    return text(d->current);
+}
+
+int YComboBox::currentItem() const
+{
+    return d->current;
+}
+
+void YComboBox::setCurrentItem(int index)
+{
+    if (index < 0 || index >= count() || index == d->current)
+        return;
+    d->current = index;
+    changed();
+}
+
+QSize YComboBox::sizeHint() const
+{
+    int widest = 0;
+    for (const QString& item : d->autoResize ? QStringList(currentText()) : d->items)
+        widest = std::max(widest, fontMetrics().horizontalAdvance(item));
+    const int width =
+        widest + arrowWidth + this->width() - d->look.textR(size()).width() + YRowLook::textMargin;
+    return QSize(width, heightForWidth(width));
+}
+
+int YComboBox::heightForWidth(int width) const
+{
+    return d->look.heightForWidth(width);
+}
+
+void YComboBox::paintEvent(QPaintEvent*)
+{
+    const YTheme& theme = YTheme::current();
+    const YRowLook::State state{isYEnabled(), hasFocus(), isDown()};
+    QPainter painter(this);
+    d->look.drawLabel(painter, size(), state);
+    d->look.drawBox(painter, size(), state);
+    QRect place = d->look.textR(size());
+    const QRect arrow(place.right() + 1 - arrowWidth, place.top(), arrowWidth, place.height());
+    place.setRight(arrow.left() - 1);
+    drawArrow(painter, arrow, isYEnabled() ? theme.mutedText : theme.disabledText);
+    painter.setPen(isYEnabled() ? theme.text : theme.disabledText);
+    drawValue(painter, currentText(), place);
+}
+
+// The box and its dialog may both be deleted while the dialog is open.
+void YComboBox::choose()
+{
+    if (d->items.isEmpty())
+        return;
+    QPointer<YSingleSelectDlg> dialog =
+        new YSingleSelectDlg(dlgTitle(), QString(), this, nullptr, true, 0, 0);
+    YListBox* list = dialog->getListBox();
+    list->setItemType(d->dlgType == PlainDlg ? QStringLiteral("%M") : QStringLiteral("%R%M"));
+    for (const QString& text : d->items) {
+        auto* item = new YListBoxItem(list, QString());
+        item->appendSubItem(1, text, false, nullptr);
+        list->insertItem(item, -1, false);
+    }
+    list->checkItem(d->current, true);
+    const bool accepted = dialog->exec() == YPopup::Accepted;
+    if (!dialog)
+        return;
+    const int index = list->currentItem();
+    delete dialog;
+    if (!accepted || index < 0 || index >= count())
+        return;
+    setCurrentItem(index);
+    emit activated(index);
+}
+
+void YComboBox::changed()
+{
+    if (d->autoResize && !isFormRow(*this))
+        resize(sizeHint());
+    updateGeometry();
+    update();
+}

@@ -1,0 +1,230 @@
+#include <yscrollpanel.h>
+
+#include <algorithm>
+
+#include <QApplication>
+#include <QChildEvent>
+#include <QKeyEvent>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QScroller>
+
+// The widget that is scrolled.
+class YScrollContents : public QWidget
+{
+public:
+    explicit YScrollContents(YScrollPanel* owner) : panel(owner) {}
+
+protected:
+    bool event(QEvent* event) override
+    {
+        // A child with a new size hint asks for it, and so does one that is shown or hidden.
+        if (event->type() == QEvent::LayoutRequest)
+            panel->updateContents();
+        return QWidget::event(event);
+    }
+    void keyPressEvent(QKeyEvent* event) override { panel->contentsKeyPressEvent(event); }
+    void childEvent(QChildEvent* event) override
+    {
+        if (event->removed())
+            panel->contentsChildRemoved(event->child());
+    }
+    bool focusNextPrevChild(bool next) override { return panel->focusNextPrevChild(next); }
+
+private:
+    YScrollPanel* panel;
+};
+
+namespace {
+
+// A finger moves the contents as it goes; a flick lets them run on, but never past their ends.
+void scrollByFinger(QWidget* viewport)
+{
+    QScroller::grabGesture(viewport, QScroller::LeftMouseButtonGesture);
+    QScroller* scroller = QScroller::scroller(viewport);
+    QScrollerProperties properties = scroller->scrollerProperties();
+    for (const auto metric : {QScrollerProperties::VerticalOvershootPolicy,
+                              QScrollerProperties::HorizontalOvershootPolicy})
+        properties.setScrollMetric(metric,
+                                   QVariant::fromValue(QScrollerProperties::OvershootAlwaysOff));
+    scroller->setScrollerProperties(properties);
+}
+
+constexpr int lineStep = 24;
+
+} // namespace
+
+struct YScrollPanel::Private
+{
+    QScrollArea* area = nullptr;
+    YScrollContents* contents = nullptr;
+    int wantedY = -1; // to be gone to when the panel is shown
+    bool updating = false;
+
+    QScrollBar* bar() const { return area->verticalScrollBar(); }
+};
+
+YScrollPanel::YScrollPanel(QWidget* parent, const char* name, int /*widgetClassId*/)
+    : QWidget(parent), d(new Private)
+{
+    if (name)
+        setObjectName(QString::fromUtf8(name));
+    d->area = new QScrollArea(this);
+    d->area->setFrameShape(QFrame::NoFrame);
+    d->area->setFocusPolicy(Qt::NoFocus);
+    d->area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    d->contents = new YScrollContents(this);
+    d->area->setWidget(d->contents);
+    d->bar()->setFocusPolicy(Qt::NoFocus);
+    d->bar()->setSingleStep(lineStep);
+    connect(d->bar(), &QScrollBar::valueChanged, this,
+            [this](int value) { emit contentsMoving(0, value); });
+    connect(qApp, &QApplication::focusChanged, this,
+            [this](QWidget*, QWidget* now) { followFocus(now); });
+}
+
+YScrollPanel::~YScrollPanel()
+{
+    // The children go with the panel; none of them is to ask it for anything now.
+    delete d->area;
+    delete d;
+}
+
+QWidget* YScrollPanel::viewport() const
+{
+    return d->contents;
+}
+
+int YScrollPanel::contentsX() const
+{
+    return 0;
+}
+
+int YScrollPanel::contentsY() const
+{
+    return d->wantedY >= 0 ? d->wantedY : d->bar()->value();
+}
+
+int YScrollPanel::contentsHeight() const
+{
+    const_cast<YScrollPanel*>(this)->updateContents();
+    return d->contents->height();
+}
+
+int YScrollPanel::childX(QWidget* child) const
+{
+    return child && child->parentWidget() == d->contents ? child->x() : 0;
+}
+
+int YScrollPanel::childY(QWidget* child) const
+{
+    if (!child || child->parentWidget() != d->contents)
+        return 0;
+    const_cast<YScrollPanel*>(this)->updateContents();
+    return child->y();
+}
+
+void YScrollPanel::setContentsPos(int /*x*/, int y)
+{
+    updateContents();
+    d->wantedY = std::clamp(y, 0, std::max(0, d->contents->height() - visibleHeight()));
+    if (isVisible())
+        applyPosition();
+}
+
+void YScrollPanel::ensureChildVisible(QWidget* child)
+{
+    if (child && child->parentWidget() == d->contents)
+        ensureRangeVisible(child->y(), child->geometry().bottom() + 1);
+}
+
+int YScrollPanel::layoutContents(int /*width*/)
+{
+    return d->contents->childrenRect().bottom() + 1;
+}
+
+void YScrollPanel::contentsKeyPressEvent(QKeyEvent* event)
+{
+    const int before = d->bar()->value();
+    if (event->key() == Qt::Key_Down)
+        d->bar()->triggerAction(QScrollBar::SliderSingleStepAdd);
+    else if (event->key() == Qt::Key_Up)
+        d->bar()->triggerAction(QScrollBar::SliderSingleStepSub);
+    event->setAccepted(d->bar()->value() != before);
+}
+
+void YScrollPanel::contentsChildRemoved(QObject* /*child*/) {}
+
+int YScrollPanel::visibleHeight() const
+{
+    return height();
+}
+
+void YScrollPanel::ensureRangeVisible(int top, int bottom)
+{
+    const int now = contentsY();
+    if (top < now || bottom - top > visibleHeight())
+        setContentsPos(0, top);
+    else if (bottom > now + visibleHeight())
+        setContentsPos(0, bottom - visibleHeight());
+}
+
+// The bar takes its room only where it is needed, which may in turn make the contents higher.
+void YScrollPanel::updateContents()
+{
+    if (d->updating || width() <= 0)
+        return;
+    d->updating = true;
+    int room = width();
+    int wanted = layoutContents(room);
+    if (wanted > height()) {
+        room -= d->bar()->sizeHint().width();
+        wanted = layoutContents(room);
+    }
+    d->contents->resize(room, wanted);
+    d->updating = false;
+}
+
+void YScrollPanel::resizeEvent(QResizeEvent*)
+{
+    d->area->setGeometry(rect());
+    updateContents();
+    QWidget* focused = d->contents->focusWidget();
+    if (focused && isVisible())
+        followFocus(focused);
+}
+
+void YScrollPanel::showEvent(QShowEvent*)
+{
+    if (!QScroller::hasScroller(d->area->viewport()))
+        scrollByFinger(d->area->viewport());
+    updateContents();
+    applyPosition();
+}
+
+void YScrollPanel::hideEvent(QHideEvent*)
+{
+    d->wantedY = d->bar()->value();
+}
+
+void YScrollPanel::applyPosition()
+{
+    if (d->wantedY < 0)
+        return;
+    const int target = d->wantedY;
+    d->wantedY = -1;
+    // A flick that is under way would take the contents elsewhere.
+    if (QScroller::hasScroller(d->area->viewport()))
+        QScroller::scroller(d->area->viewport())->stop();
+    d->bar()->setValue(target);
+}
+
+void YScrollPanel::followFocus(QWidget* now)
+{
+    if (!now || !isVisible() || !d->contents->isAncestorOf(now))
+        return;
+    QWidget* child = now;
+    while (child->parentWidget() != d->contents)
+        child = child->parentWidget();
+    ensureChildVisible(child);
+}
