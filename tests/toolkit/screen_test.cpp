@@ -300,6 +300,7 @@ TEST_F(Screen, InAnotherWidgetItStaysWhereItIs)
     screen()->setParent(&phone);
     screen()->move(30, 20);
     phone.show();
+    phone.activateWindow();
     screen()->show();
     auto dialog = popup();
     dialog->getSoftKey()->setText(YSoftKey::Right, "Cancel", 0);
