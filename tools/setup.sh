@@ -1,5 +1,7 @@
 # Sourced by run and check from the root of the checkout. Gives setup (Debian packages) and build.
 
+configure_options=()
+
 say() { printf '\n== %s\n' "$*"; }
 
 die() {
@@ -45,12 +47,14 @@ setup() {
         { tail -n 20 "$log" >&2; die "apt-get could not install the packages; the whole log is in $log"; }
 }
 
-# build PRESET [cmake --build arguments]: configures when needed and builds; quiet unless it fails.
+# build PRESET [cmake --build arguments]: configures and builds; quiet unless it fails. The array
+# configure_options, when set, goes to the configuration.
 build() {
     local preset=$1 log=build/$1.log
     shift
     mkdir -p build
-    if ! { cmake --preset "$preset" && cmake --build --preset "$preset" "$@"; } >"$log" 2>&1; then
+    if ! { cmake --preset "$preset" "${configure_options[@]}" &&
+        cmake --build --preset "$preset" "$@"; } >"$log" 2>&1; then
         grep -E -A12 'error|Error|FAILED' "$log" | head -n 60 >&2
         die "the $preset build failed; the whole log is in $log"
     fi
