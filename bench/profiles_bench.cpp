@@ -1,13 +1,18 @@
-// The default name over 1,000 stored profiles, against the two list calls that it makes.
+// 1,000 stored profiles: the default name, against the two list calls that it makes; and the
+// selection dialog, against Qt's own list view on the same names.
 
-#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <string>
 #include <vector>
 
+#include <QListView>
+#include <QStringListModel>
+
 #include <napi.h>
 #include <profilefunctions.h>
+#include <yapplication.h>
+#include <yprofileselectdlg.h>
 
 #include "ratios.h"
 
@@ -60,6 +65,49 @@ void defaultName(benchmark::State& state)
     }
 }
 
+QStringList names()
+{
+    QStringList all;
+    for (int i = 1; i <= stored; ++i)
+        all << "Profile" + QString::number(i);
+    return all;
+}
+
+// Both appear within a window that is on the screen already, and are painted before they go.
+void bareListView(benchmark::State& state)
+{
+    const QStringList all = names();
+    QWidget window;
+    window.resize(240, 320);
+    window.show();
+    for (auto _ : state) {
+        QStringListModel model(all);
+        QListView view(&window);
+        view.setModel(&model);
+        view.setGeometry(window.rect());
+        view.setCurrentIndex(model.index(stored / 2, 0));
+        view.show();
+        QCoreApplication::processEvents();
+        benchmark::DoNotOptimize(view.grab());
+    }
+}
+
+void selectionDialog(benchmark::State& state)
+{
+    QStringList all = names();
+    const QString current = all[stored / 2];
+    YPopup below(0, nullptr, nullptr, true, YPopup::PlainStyle, 0);
+    below.show();
+    for (auto _ : state) {
+        YProfileSelectDlg dialog(all, current, nullptr, nullptr);
+        dialog.show();
+        QCoreApplication::processEvents();
+        benchmark::DoNotOptimize(dialog.grab());
+    }
+}
+
+BENCHMARK(bareListView)->UseRealTime()->Unit(benchmark::kMicrosecond);
+BENCHMARK(selectionDialog)->UseRealTime()->Unit(benchmark::kMicrosecond);
 BENCHMARK(listTwice)->UseRealTime()->Unit(benchmark::kMicrosecond);
 BENCHMARK(defaultName)->UseRealTime()->Unit(benchmark::kMicrosecond);
 
@@ -67,6 +115,11 @@ BENCHMARK(defaultName)->UseRealTime()->Unit(benchmark::kMicrosecond);
 
 int main(int argc, char** argv)
 {
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    int count = 1;
+    const YApplication application(count, argv);
     const Store store;
-    return bench::run(argc, argv, {{"defaultName", "listTwice", 1.2}});
+    return bench::run(
+        argc, argv, {{"defaultName", "listTwice", 1.2}, {"selectionDialog", "bareListView", 2.0}});
 }
