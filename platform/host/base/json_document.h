@@ -131,6 +131,12 @@ public:
     // The outermost value; absent unless the state is Good.
     JsonValue root() const;
 
+    // The source with the member `name` of the outermost object being `literal`, a JSON value: put
+    // in the place of its value, the last one of a duplicate name, or added behind the last member.
+    // Everything else stays as it is, byte for byte. A missing file counts as an empty object. ""
+    // when the outermost value is no object.
+    std::string withMember(const std::string& name, const std::string& literal) const;
+
     // Reports the members that nobody asked for, in every object of which a member was asked for.
     // Call it once, when everything has been read.
     void rejectUnknownKeys();

@@ -18,9 +18,12 @@ constexpr std::size_t kMaximumDepth = 100;
 // so the newline consumed last is not counted yet; no token ends in a newline.
 struct Progress
 {
+    const char* begin;
     const char* counted;
     const char* consumed;
     int line = 1;
+
+    std::size_t offset() const { return static_cast<std::size_t>(consumed - begin); }
 
     int currentLine()
     {
@@ -109,15 +112,15 @@ public:
     {
         JsonNode& object = *m_open.back().node;
         const int line = m_progress.currentLine();
-        if (JsonMember* first = object.find(name)) {
+        m_current = object.find(name);
+        if (m_current)
             m_tree.report(line, memberKey(m_open.back().key, name), "each key once",
-                          "the key again after line " + std::to_string(first->line),
+                          "the key again after line " + std::to_string(m_current->line),
                           "the last one");
-            first->line = line;
-            m_current = first;
-            return true;
-        }
-        m_current = &object.add(name, line);
+        else
+            m_current = &object.add(name);
+        m_current->line = line;
+        m_current->nameEnd = m_progress.offset();
         return true;
     }
 
@@ -150,6 +153,18 @@ private:
         return false;
     }
 
+    // The parser has looked one character past a number, except at the end of the text, where
+    // nothing is ever replaced.
+    static bool isNumber(JsonKind kind)
+    {
+        return kind == JsonKind::Integer || kind == JsonKind::Number;
+    }
+
+    std::size_t valueBegin(std::size_t nameEnd) const
+    {
+        return m_tree.source.find_first_not_of(": \t\r\n", nameEnd);
+    }
+
     JsonNode* add(JsonKind kind)
     {
         JsonNode* node = &m_tree.root;
@@ -162,6 +177,11 @@ private:
         *node = JsonNode();
         node->kind = kind;
         node->line = m_progress.currentLine();
+        node->end = m_progress.offset() - (isNumber(kind) ? 1 : 0);
+        if (!m_open.empty() && node == &m_current->value)
+            node->begin = valueBegin(m_current->nameEnd);
+        else
+            node->begin = node->end - 1;
         return node;
     }
 
@@ -186,6 +206,7 @@ private:
 
     bool close()
     {
+        m_open.back().node->end = m_progress.offset();
         m_open.pop_back();
         return true;
     }
@@ -202,7 +223,7 @@ private:
 void parseTree(JsonTree& tree, const std::string& used)
 {
     const char* begin = tree.source.data();
-    Progress progress{begin, begin};
+    Progress progress{begin, begin, begin};
     TreeBuilder builder(tree, progress, used);
     const bool good =
         json::sax_parse(CountingIterator(begin, &progress),

@@ -17,6 +17,9 @@ struct JsonNode
 {
     JsonKind kind = JsonKind::Null;
     int line = 0;
+    // The place in the source; `begin` of the outermost value and of a member's value only.
+    std::size_t begin = 0;
+    std::size_t end = 0;
     bool truth = false;
     bool objectReported = false; // "expected an object" is said once, whatever is asked of it
     bool allKnown = false;       // the members were enumerated
@@ -28,13 +31,14 @@ struct JsonNode
     std::vector<std::string> asked;                     // the names that the program knows
 
     JsonMember* find(const std::string& name); // null when there is none
-    JsonMember& add(const std::string& name, int nameLine);
+    JsonMember& add(const std::string& name);
 };
 
 struct JsonMember
 {
     std::string name;
-    int line = 0; // of the name
+    int line = 0;            // of the name
+    std::size_t nameEnd = 0; // the place in the source behind the name
     JsonNode value;
 };
 

@@ -52,10 +52,11 @@ JsonMember* JsonNode::find(const std::string& name)
     return found == index.end() ? nullptr : &members[found->second];
 }
 
-JsonMember& JsonNode::add(const std::string& name, int nameLine)
+JsonMember& JsonNode::add(const std::string& name)
 {
     index.emplace(name, members.size());
-    members.push_back({name, nameLine, {}});
+    members.emplace_back();
+    members.back().name = name;
     return members.back();
 }
 

@@ -14,7 +14,6 @@
 namespace settingshost {
 
 using base::JsonDocument;
-using Json = nlohmann::ordered_json;
 
 static Result failed(const std::string& path, int error)
 {
@@ -43,7 +42,7 @@ static mode_t modeOf(const std::string& path)
     return stat(path.c_str(), &status) == 0 ? status.st_mode & 0777 : 0644;
 }
 
-static Result put(const std::string& path, const std::string& name, const Json& value)
+static Result put(const std::string& path, const std::string& name, const nlohmann::json& value)
 {
     constexpr size_t kLargest = 4 * 1024 * 1024;
     if (Result root = settingsfiles::checkRoot(); !root.isOk())
@@ -57,10 +56,7 @@ static Result put(const std::string& path, const std::string& name, const Json& 
     const JsonDocument document = JsonDocument::read(path, {});
     if (Result result = settingsfiles::checkDocument(document); !result.isOk())
         return result;
-    const bool isNew = document.state() == JsonDocument::State::Missing;
-    Json json = isNew ? Json::object() : Json::parse(document.source());
-    json[name] = value;
-    const std::string bytes = json.dump(2) + '\n';
+    const std::string bytes = document.withMember(name, value.dump());
     if (bytes.size() > kLargest)
         return {Code::Full, path + ": the file would grow beyond 4 MiB"};
     const int error =
@@ -68,7 +64,7 @@ static Result put(const std::string& path, const std::string& name, const Json& 
     return error == 0 ? Result() : failed(path, error);
 }
 
-static Json jsonOf(const Setting& setting)
+static nlohmann::json jsonOf(const Setting& setting)
 {
     switch (setting.type) {
     case Setting::Type::Integer:

@@ -1,0 +1,39 @@
+// Changing one member in the text of a document.
+#include <nlohmann/json.hpp>
+
+#include "base/json_tree.h"
+
+namespace base {
+
+static const char kBlanks[] = " \t\r\n";
+
+// What stands between the opening brace and the first member also goes before a new one, so that it
+// is laid out as the others are.
+static std::string added(const std::string& source, const JsonNode& root, const std::string& member)
+{
+    const std::size_t first = source.find_first_not_of(kBlanks, root.begin + 1);
+    const std::size_t last = source.find_last_not_of(kBlanks, root.end - 2);
+    if (root.members.empty())
+        return source.substr(0, root.begin) + "{\n  " + member + "\n}" + source.substr(root.end);
+    std::string lead = source.substr(root.begin + 1, first - root.begin - 1);
+    if (lead.empty())
+        lead = " ";
+    return source.substr(0, last + 1) + ',' + lead + member + source.substr(last + 1);
+}
+
+std::string JsonDocument::withMember(const std::string& name, const std::string& literal) const
+{
+    const std::string member = nlohmann::json(name).dump() + ": " + literal;
+    if (state() == State::Missing)
+        return "{\n  " + member + "\n}\n";
+    if (state() != State::Good || m_tree->root.kind != JsonKind::Object)
+        return {};
+    const JsonMember* present = m_tree->root.find(name);
+    if (!present)
+        return added(m_tree->source, m_tree->root, member);
+    std::string changed = m_tree->source;
+    return changed.replace(present->value.begin, present->value.end - present->value.begin,
+                           literal);
+}
+
+} // namespace base
