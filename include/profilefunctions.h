@@ -39,4 +39,43 @@ VORNQTNAPI_EXPORT int getProfileNamebySelect(QString& name);
 //     field->setText(name);
 VORNQTNAPI_EXPORT void getDefaultProfileName(QString& name);
 
+// The profile wizard: two pages that fill the screen, on which the user creates, copies or edits a
+// profile. It returns when the user has saved or cancelled; the application's events are served
+// meanwhile, and its windows may be closed or deleted. A wizard may be started from inside another
+// one; the inner one has to end first.
+//
+// Result: 0 when a profile was stored, 1 when the user has cancelled, 2 when the wizard was closed
+// in any other way: the network API has refused the profile (the user is told when memory was
+// full), the screen was closed, or the application has quit. Failures are written to the
+// application log.
+
+// Creates a profile. What `name` holds is not looked at; with result 0 it is the name under which
+// the new profile is stored, otherwise it keeps its value.
+//
+//     QString name;
+//     if (createProfilebyUser(name) == 0)
+//         manager->openLink(name);
+VORNQTNAPI_EXPORT int createProfilebyUser(QString& name);
+
+// Creates a profile that starts as a copy of the profile `name`, under a name of its own. `name`
+// keeps its value. The result is 0 as well when `name` is no stored, usable profile; nothing is
+// shown then.
+VORNQTNAPI_EXPORT int copyProfilebyUser(QString& name);
+
+// Changes the profile `name` or its name. `name` keeps its value, even when the user has given the
+// profile another name. The result is 0 as well when `name` is no stored, usable profile; nothing
+// is shown then.
+VORNQTNAPI_EXPORT int editProfilebyUser(QString& name);
+
+// For an application that has found no connection: tells the user, who may create a profile with
+// createProfilebyUser() or pick one with getProfileNamebySelect(). Result: that of the function
+// that the user has chosen, with what it says about `name`; 1 when the user has cancelled before
+// choosing; -1 when the platform's dialog has no list or no choice. With result 0 `name` is the
+// profile to be used.
+//
+//     QString name;
+//     if (getProfileIfNoFound(name) == 0)
+//         manager->openLink(name);
+VORNQTNAPI_EXPORT int getProfileIfNoFound(QString& name);
+
 #endif

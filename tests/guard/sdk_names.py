@@ -17,6 +17,8 @@ LIBRARY = ("include", "support", "widgets", "wizard", "profiles", "session")
 DOCUMENT = "docs/phone-build.md"
 # What the host's headers need among themselves; a platform has its own way.
 OWN_AFFAIRS = {"platform_export.h"}
+# Calls that the library makes to other classes that have the same name in another header.
+OF_OTHER_CLASSES = {("ysegmentfield.h", "isYEnabled"), ("ysegmentfield.h", "setLabel")}
 NO_NAMES = {"if", "while", "for", "switch", "return", "sizeof", "static_assert", "offsetof", "delete",
             "operator", "default", "defined", "d", "const", "override", "__attribute__", "visibility"}
 INCLUDE = re.compile(r'^\s*#\s*include\s*[<"]([\w.]+)[>"]', re.MULTILINE)
@@ -102,6 +104,7 @@ def missing(root):
                  if name in (calls if call else words) and not (call and name in shared)}
         if taken and header not in sections:
             yield f"{DOCUMENT} has no section on {header}"
+        taken -= {name for other, name in OF_OTHER_CLASSES if other == header}
         for name in sorted(taken - sections.get(header, set())):
             yield f"{DOCUMENT} does not name {name} of {header}"
 

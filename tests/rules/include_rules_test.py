@@ -12,7 +12,8 @@ GOOD = {
     "session/manager.cpp": '#include "api.h"\n#include "support/text.h"\n#include <napi.h>\n'
                            '#include <qwssocket_qws.h>\n',
     "profiles/list.cpp": '#include "wizard/page.h"\n#include "widgets/field.h"\n',
-    "wizard/page.h": '#include "widgets/field.h"\n',
+    "profiles/readdmint.h": "",
+    "wizard/page.h": '#include "widgets/field.h"\n#include "profiles/readdmint.h"\n',
     "widgets/field.h": "",
     "platform/include/napi.h": "#include <stdint.h>\n",
     "platform/include/ypopup.h": "#include <qwidget.h>\n",
@@ -29,6 +30,8 @@ BAD = {
     "profiles names session": ("profiles/list.cpp", '#include "session/manager.h"\n'),
     "widgets names wizard": ("widgets/field.h", '#include "wizard/page.h"\n'),
     "wizard names profiles": ("wizard/page.h", '#include "profiles/list.h"\n'),
+    "others name the header that the wizard may name":
+        ("session/manager.cpp", '#include "profiles/readdmint.h"\n'),
     "an exported header names a private one": ("include/api.h", '#include "support/text.h"\n'),
     "the library names the host by folder": ("session/manager.cpp", '#include "network/store.h"\n'),
     "the library names the host by path":

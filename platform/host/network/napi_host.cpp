@@ -1,5 +1,7 @@
 #include "network/napi_host.h"
 
+#include <cstring>
+
 #include "base/root.h"
 
 namespace napihost {
@@ -15,3 +17,12 @@ std::string profilesFolder()
 }
 
 } // namespace napihost
+
+int NAPIHOST_RootFolder(char* buffer, size_t size)
+{
+    const std::string root = napihost::rootFolder();
+    if (!buffer || root.size() >= size)
+        return NAPI_ERR_ARGUMENT;
+    std::memcpy(buffer, root.c_str(), root.size() + 1);
+    return NAPI_OK;
+}

@@ -51,4 +51,9 @@ VORN_PLATFORM_API const char* indicationText(int type);
 
 } // namespace napihost
 
+// napihost::rootFolder() for those who know this library by its C interface only: the library for
+// the phone asks for it where it is there. Result: 0 with the folder and a NUL in `buffer`, or
+// NAPI_ERR_ARGUMENT when they do not fit into `size` bytes.
+extern "C" VORN_PLATFORM_API int NAPIHOST_RootFolder(char* buffer, size_t size);
+
 #endif

@@ -1,0 +1,79 @@
+#include "wizard/recorded_napi.h"
+
+#include <cstring>
+
+#include "profiles/recorder.h"
+
+static RecordedNapi* current = nullptr;
+
+RecordedNapi::RecordedNapi()
+{
+    current = this;
+}
+
+RecordedNapi::~RecordedNapi()
+{
+    current = nullptr;
+}
+
+static std::string trailing(int reserved1, int reserved2)
+{
+    return reserved1 == 0 && reserved2 == 0
+               ? ""
+               : " with " + std::to_string(reserved1) + " and " + std::to_string(reserved2);
+}
+
+int NAPI_ListAllProfile(char* buffer, unsigned int* count)
+{
+    if (!buffer) {
+        *count = static_cast<unsigned int>(current->profiles.size());
+        return 0;
+    }
+    unsigned int filled = 0;
+    for (const auto& profile : current->profiles) {
+        if (filled < *count)
+            std::strncpy(buffer + 64 * filled++, profile.first.c_str(), 64);
+    }
+    *count = filled;
+    return 0;
+}
+
+unsigned int NAPI_GetMaxProfiles()
+{
+    return 100;
+}
+
+int NAPI_ReadProfile(const char* name, NetworkProfile* out, int reserved1, int reserved2)
+{
+    recorder::note("read " + std::string(name) + trailing(reserved1, reserved2));
+    const auto found = current->profiles.find(name);
+    if (found == current->profiles.end())
+        return NAPI_ERR_NO_PROFILE;
+    if (current->readResult == 0)
+        *out = found->second;
+    return current->readResult;
+}
+
+int NAPI_CreateProfile(const char* name, const NetworkProfile* record, int reserved1, int reserved2)
+{
+    recorder::note("create " + std::string(name) + trailing(reserved1, reserved2));
+    current->written = *record;
+    if (current->createResult == 0)
+        current->profiles[name] = *record;
+    return current->createResult;
+}
+
+int NAPI_ModifyProfile(const char* name, const NetworkProfile* record, int reserved1, int reserved2)
+{
+    recorder::note("modify " + std::string(name) + trailing(reserved1, reserved2));
+    current->written = *record;
+    if (current->modifyResult == 0)
+        current->profiles[name] = *record;
+    return current->modifyResult;
+}
+
+int NAPI_IsProfileValid(const char* name)
+{
+    recorder::note("valid " + std::string(name));
+    return current->profiles.count(name) ? 0 : NAPI_ERR_NO_PROFILE;
+}

@@ -1,0 +1,110 @@
+#include "wizard/wizard_fixture.h"
+
+#include <cstdio>
+#include <fstream>
+
+#include <QDir>
+
+#include <applog.h>
+#include <profilefunctions.h>
+#include <ykbmainwidget.h>
+#include <ypopup.h>
+
+static ssize_t takeLog(void*, const char* bytes, size_t size)
+{
+    recorder::note("log: " + std::string(bytes, size));
+    return static_cast<ssize_t>(size);
+}
+
+// A buffer that holds every message whole; it is emptied when the calls are taken.
+Wizard::Wizard() : log(::fopencookie(nullptr, "w", {nullptr, takeLog, nullptr, nullptr}))
+{
+    std::setvbuf(log, nullptr, _IOFBF, 65536);
+    APPLOG_ModuleStream = log;
+    recorder::calls().clear();
+}
+
+Wizard::~Wizard()
+{
+    APPLOG_ModuleStream = nullptr;
+    std::fclose(log);
+}
+
+void Wizard::SetUp()
+{
+    GuiTest::SetUp();
+    qputenv("VORN_ROOT", root.path().toUtf8());
+    QDir(root.path()).mkpath("etc");
+    setWifi(true);
+}
+
+void Wizard::writeFile(const char* file, const std::string& text)
+{
+    std::ofstream(root.filePath(file).toStdString()) << text;
+}
+
+void Wizard::setWifi(bool available)
+{
+    writeFile("etc/features.json", available ? "{\"431\": true}" : "{\"431\": false}");
+}
+
+void Wizard::setDefaultPreference(const std::string& json)
+{
+    writeFile("etc/settings.json", "{\"DefConnPrefer\": " + json + "}");
+}
+
+// A wizard that the steps have left open would wait for ever.
+static void closeWhatIsOpen()
+{
+    while (auto* popup = qobject_cast<YPopup*>(GuiTest::activeLayer())) {
+        ADD_FAILURE() << "left open: " << popupText();
+        popup->reject();
+        popup->hide();
+    }
+    YKbMainWidget* page = wizardPage(1);
+    if (page && page->isVisible()) {
+        ADD_FAILURE() << "the wizard was left open";
+        page->hide();
+    }
+}
+
+int Wizard::run(EntryPoint entry, const Steps& steps)
+{
+    bool hasEnded = false;
+    perform(Steps{steps, closeWhatIsOpen, [&hasEnded] { hasEnded = true; }});
+    const int result = entry(name);
+    EXPECT_TRUE(waitFor([&hasEnded] { return hasEnded; }));
+    settle();
+    return result;
+}
+
+int Wizard::create(const Steps& steps)
+{
+    return run(createProfilebyUser, steps);
+}
+
+int Wizard::copy(const QString& source, const Steps& steps)
+{
+    name = source;
+    return run(copyProfilebyUser, steps);
+}
+
+int Wizard::edit(const QString& profile, const Steps& steps)
+{
+    name = profile;
+    return run(editProfilebyUser, steps);
+}
+
+void Wizard::openPage2()
+{
+    walkTo(wizardPage(1), "Additional settings:");
+    press(Qt::Key_Return);
+}
+
+recorder::Calls Wizard::take()
+{
+    std::fflush(APPLOG_ModuleStream);
+    recorder::Calls calls;
+    calls.swap(recorder::calls());
+    return calls;
+}

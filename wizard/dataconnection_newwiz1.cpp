@@ -1,0 +1,185 @@
+#include "wizard/dataconnection_newwiz1.h"
+
+#include <setuputility.h>
+#include <ycombobox.h>
+#include <yformcontainer.h>
+#include <ylineedit.h>
+#include <yseparator.h>
+
+#include "profilefunctions.h"
+#include "profiles/readdmint.h"
+#include "support/log.h"
+#include "support/text.h"
+#include "wizard/codetables.h"
+#include "wizard/dataconnection_newwiz2.h"
+#include "wizard/nspressbutton.h"
+#include "wizard/page1rows.h"
+#include "wizard/pageparts.h"
+#include "wizard/recordmapping.h"
+
+using support::logPrint;
+using wizard::Choice;
+using wizard::Text;
+
+// A value that the toolkit gives a meaning to.
+static const int formMorphMode = 3;
+
+DataConnection_NewWiz1::DataConnection_NewWiz1(const QString& name, bool creating, QWidget* parent,
+                                               const char* objectName, unsigned int flags)
+    : YKbMainWidget(parent, objectName, flags),
+      reserved(nullptr),
+      page2(nullptr),
+      form(nullptr),
+      currentName(""),
+      additionalSettings(nullptr),
+      cellularSeparator(nullptr),
+      softKeys(nullptr),
+      isCreating(creating),
+      inModalLoop(false),
+      hasWifi(false),
+      result(ResultClosed),
+      currentPreference(wizard::WifiThenCellular),
+      defaultPreference(wizard::WifiThenCellular)
+{
+    setMorphMode(formMorphMode);
+    const SETUP_Utility features;
+    hasWifi = features.isFeatureAvailable(SETUP_FEATURE_WIFI) != 0;
+
+    setTitleAndName(name);
+    form = wizard::addForm(this);
+    addRows();
+    page2 = new DataConnection_NewWiz2(this, nullptr, nullptr, 0);
+    if (loadProfile(name))
+        logPrint(8, "Load Profile Ok!\n");
+    else
+        logPrint(4, "Load profile content failed\n");
+    addKeys();
+    rows.edit(Text::ProfileName)->setFocus();
+    if (hasWifi)
+        QObject::connect(rows.combo(Choice::Preference), "2activated ( int )", this,
+                         "1slotPreferencChanged( int )");
+    QObject::connect(additionalSettings, SIGNAL(clicked()), this, SLOT(slotGoToNext()));
+}
+
+DataConnection_NewWiz1::~DataConnection_NewWiz1()
+{
+    delete page2;
+    page2 = nullptr;
+    record.reset();
+    DataConnection_NewWiz1::hide();
+    logPrint(8, "Destory an object...\n ");
+}
+
+void DataConnection_NewWiz1::setTitleAndName(const QString& name)
+{
+    if (!isCreating) {
+        setMainWidgetTitle(name);
+        currentName = name;
+        return;
+    }
+    setMainWidgetTitle(name.isEmpty() ? tr("TXT_RID_HEADER_CONNECTION_SETUP", "Connection Setup")
+                                      : tr("TXT_RID_HEADER_NEW_CONNECTION", "New Connection"));
+    getDefaultProfileName(currentName);
+}
+
+void DataConnection_NewWiz1::addRows()
+{
+    for (const wizard::Page1Row& entry : wizard::page1Rows) {
+        if (entry.onlyWithWifi && !hasWifi)
+            continue;
+        QWidget* widget = wizard::addRow(entry.row, form, rows);
+        if (entry.row.kind == wizard::RowKind::Separator)
+            cellularSeparator = static_cast<YSeparator*>(widget);
+        else if (entry.row.kind == wizard::RowKind::PressButton)
+            additionalSettings = static_cast<NSPressButton*>(widget);
+        else if (widget == rows.combo(Choice::Preference))
+            chooseDefaultPreference();
+    }
+    rows.setText(Text::ProfileName, currentName);
+}
+
+// A new profile shows "WiFi Only" without switching its rows off when that is the device's default:
+// only a choice of the user, or a stored one, switches them.
+void DataConnection_NewWiz1::chooseDefaultPreference()
+{
+    if (!readDmInt("DefConnPrefer", defaultPreference)) {
+        logPrint(4, "Get default connection preference faild\n");
+        defaultPreference = wizard::WifiThenCellular;
+    }
+    rows.setChoice(Choice::Preference, defaultPreference);
+    logPrint(8, "set WiFi preference dialog ok");
+}
+
+void DataConnection_NewWiz1::addKeys()
+{
+    const wizard::PhoneText cancelProfile = {"TXT_RID_OPTION_CANCEL_PROFILE", "Cancel Profile"};
+    const wizard::PhoneText cancelEdit = {"TXT_RID_OPTION_CANCEL_EDIT", "Cancel Edit"};
+    YOptionsMenu* menu = wizard::addOptionsMenu(this, isCreating ? cancelProfile : cancelEdit,
+                                                SLOT(slotGotoPrevious()));
+    softKeys = wizard::addSoftKeys(this, menu, SLOT(slotGotoPrevious()));
+}
+
+// Non-zero when there is a record that belongs to the profile.
+int DataConnection_NewWiz1::loadProfile(const QString& name)
+{
+    record = wizard::newRecord();
+    if (!record)
+        return 0;
+    if (name.isEmpty())
+        return 1;
+    const std::string bytes = support::utf8(name);
+    if (NAPI_ReadProfile(bytes.c_str(), record.get(), 0, 0) != 0) {
+        logPrint(4, "Read profile error.\n");
+        return 0;
+    }
+    wizard::fillPage1(*record, rows);
+    if (hasWifi) {
+        currentPreference = wizard::preferenceItemOf(record->flags, defaultPreference);
+        rows.setChoice(Choice::Preference, currentPreference);
+        if (currentPreference == wizard::WifiOnly)
+            switchCellularRows(false);
+    }
+    logPrint(8, "Load Profile: %s successfully\n", bytes.c_str());
+    return 1;
+}
+
+void DataConnection_NewWiz1::switchCellularRows(bool on)
+{
+    for (int field = int(Text::Proxy1); field <= int(Text::GprsDns2); ++field) {
+        rows.edit(Text(field))->setEnabled(on);
+        rows.edit(Text(field))->setReadOnly(!on);
+    }
+    rows.combo(Choice::QosPolicy)->setEnabled(on);
+    rows.combo(Choice::GprsTimeout)->setEnabled(on);
+    additionalSettings->setEnabled(on);
+    if (hasWifi)
+        cellularSeparator->setEnabled(on);
+}
+
+void DataConnection_NewWiz1::slotGotoPrevious()
+{
+    result = ResultCancelled;
+    hide();
+}
+
+void DataConnection_NewWiz1::slotGoToNext()
+{
+    if (record)
+        wizard::fillPage2(*record, rows);
+    page2->open();
+}
+
+void DataConnection_NewWiz1::slotPreferencChanged(int index)
+{
+    if (index == wizard::WifiOnly)
+        switchCellularRows(false);
+    else if (currentPreference == wizard::WifiOnly)
+        switchCellularRows(true);
+    currentPreference = index;
+    slotContentChanged();
+}
+
+void DataConnection_NewWiz1::slotContentChanged()
+{
+    wizard::offerSave(softKeys, this, SLOT(slotSaveProfile()));
+}

@@ -1,0 +1,84 @@
+// The first page of the profile wizard.
+#ifndef WIZARD_DATACONNECTION_NEWWIZ1_H
+#define WIZARD_DATACONNECTION_NEWWIZ1_H
+
+#include <qstring.h>
+
+#include <ykbmainwidget.h>
+
+#include "wizard/formcheck.h"
+#include "wizard/formrows.h"
+#include "wizard/record.h"
+
+class DataConnection_NewWiz2;
+class NSPressButton;
+class YFormContainer;
+class YSeparator;
+class YSoftKey;
+
+// The profile's name, its connection preference and its GPRS settings. Owns the second page, the
+// record that was read, and the run of the wizard. The record is never changed from the form: it is
+// what page 2 is filled from, and tells whether an edited profile has to be written at all.
+class DataConnection_NewWiz1 : public YKbMainWidget
+{
+    Q_OBJECT
+
+public:
+    enum Outcome { ResultStored = 0, ResultCancelled = 1, ResultClosed = 2 };
+
+    // `name` is the profile to load, or empty for a new one. With `creating` it is a new one or a
+    // copy, under a new name; without, the profile itself is edited.
+    DataConnection_NewWiz1(const QString& name, bool creating, QWidget* parent,
+                           const char* objectName, unsigned int flags);
+    ~DataConnection_NewWiz1();
+
+    // Shows the page and blocks in a nested event loop until it is hidden. Result: an Outcome;
+    // ResultClosed when the page was deleted meanwhile.
+    int run();
+
+    // Ends run().
+    void hide() override;
+
+    // The name under which the profile is stored, or will be.
+    QString profileName() const { return currentName; }
+
+    wizard::FormRows& formRows() { return rows; }
+
+    // Belongs to whoever runs the page, who clears it first; the page takes no notice of it.
+    void* reserved;
+
+public slots:
+    void slotGotoPrevious();
+    void slotGoToNext();
+    void slotPreferencChanged(int index);
+    void slotSaveProfile();
+    void slotContentChanged();
+
+private:
+    void setTitleAndName(const QString& name);
+    void addRows();
+    void chooseDefaultPreference();
+    void addKeys();
+    int loadProfile(const QString& name);
+    void switchCellularRows(bool on);
+    void connectContentSignals();
+    wizard::FormPurpose purpose() const;
+    void focusFields(wizard::FormFault fault);
+
+    DataConnection_NewWiz2* page2;
+    YFormContainer* form;
+    wizard::Record record;
+    QString currentName;
+    wizard::FormRows rows;
+    NSPressButton* additionalSettings;
+    YSeparator* cellularSeparator;
+    YSoftKey* softKeys;
+    bool isCreating;
+    bool inModalLoop;
+    bool hasWifi;
+    int result;
+    int currentPreference;
+    int defaultPreference;
+};
+
+#endif

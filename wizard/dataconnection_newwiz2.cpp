@@ -1,0 +1,102 @@
+#include "wizard/dataconnection_newwiz2.h"
+
+#include <initializer_list>
+
+#include <ycombobox.h>
+#include <yformcontainer.h>
+#include <ylineedit.h>
+
+#include "wizard/dataconnection_newwiz1.h"
+#include "wizard/page2rows.h"
+#include "wizard/pageparts.h"
+
+using wizard::Choice;
+using wizard::Text;
+
+// A value that the toolkit gives a meaning to.
+static const int formMorphMode = 3;
+
+static const int automaticSpeed = 0;
+
+DataConnection_NewWiz2::DataConnection_NewWiz2(DataConnection_NewWiz1* firstPage, QWidget* parent,
+                                               const char* objectName, unsigned int flags)
+    : YKbMainWidget(parent, objectName, flags),
+      page1(firstPage),
+      form(nullptr),
+      softKeys(nullptr),
+      saved(false)
+{
+    setMorphMode(formMorphMode);
+    setMainWidgetTitle(tr("TXT_RID_HEADER_ADDITIONAL_SETTINGS", "Additional Settings"));
+    form = wizard::addForm(this);
+    for (const wizard::Row& row : wizard::page2Rows)
+        wizard::addRow(row, form, page1->formRows());
+    YOptionsMenu* menu =
+        wizard::addOptionsMenu(this, {"TXT_RID_OPTION_CANCEL", "Cancel"}, SLOT(slotGotoPrevious()));
+    softKeys = wizard::addSoftKeys(this, menu, SLOT(slotGotoPrevious()));
+    connectContentSignals();
+}
+
+DataConnection_NewWiz2::~DataConnection_NewWiz2() {}
+
+void DataConnection_NewWiz2::connectContentSignals()
+{
+    wizard::FormRows& rows = page1->formRows();
+    QWidget* row = rows.edit(Text::Proxy2);
+    for (int field = int(Text::Proxy2); field <= int(Text::CsdPassword); ++field) {
+        QObject::connect(row, SIGNAL(textChanged(const QString&)), this,
+                         SLOT(slotContentChanged(void)));
+        row = form->getNextChild(row);
+    }
+    QObject::connect(rows.combo(Choice::CsdSpeed), SIGNAL(activated(int)), this,
+                     SLOT(slotLineSpeedChanged(void)));
+    for (Choice field : {Choice::LineType, Choice::CsdTimeout})
+        QObject::connect(rows.combo(field), SIGNAL(activated(int)), this,
+                         SLOT(slotContentChanged(void)));
+    for (Text field : {Text::CsdDns1, Text::CsdDns2})
+        QObject::connect(rows.edit(field), SIGNAL(textChanged(const QString&)), this,
+                         SLOT(slotContentChanged(void)));
+}
+
+void DataConnection_NewWiz2::open()
+{
+    switchLineType();
+    wizard::offerCancel(softKeys, this, SLOT(slotGotoPrevious()));
+    show();
+}
+
+// With an automatic speed there is no line type to choose.
+void DataConnection_NewWiz2::switchLineType()
+{
+    const wizard::FormRows& rows = page1->formRows();
+    rows.combo(Choice::LineType)->setEnabled(rows.choice(Choice::CsdSpeed) != automaticSpeed);
+}
+
+void DataConnection_NewWiz2::slotGotoPrevious()
+{
+    page1->formRows().focus(Text::ProfileName);
+    page1->show();
+    hide();
+}
+
+void DataConnection_NewWiz2::slotCancelSetup()
+{
+    page1->slotGotoPrevious();
+}
+
+void DataConnection_NewWiz2::slotContentChanged()
+{
+    wizard::offerSave(softKeys, this, SLOT(slotSaveProfile()));
+}
+
+void DataConnection_NewWiz2::slotLineSpeedChanged()
+{
+    switchLineType();
+    slotContentChanged();
+}
+
+void DataConnection_NewWiz2::slotSaveProfile()
+{
+    saved = true;
+    page1->slotSaveProfile();
+}

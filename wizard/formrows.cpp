@@ -1,0 +1,51 @@
+#include "wizard/formrows.h"
+
+#include <ycombobox.h>
+#include <yformcontainer.h>
+#include <ylineedit.h>
+
+namespace wizard {
+
+void FormRows::add(Text field, YLineEdit* edit, YFormContainer* form)
+{
+    edits[int(field)] = edit;
+    forms[int(field)] = form;
+}
+
+void FormRows::add(Choice field, YComboBox* combo)
+{
+    combos[int(field)] = combo;
+}
+
+QString FormRows::text(Text field) const
+{
+    return edit(field) ? edit(field)->text() : QString();
+}
+
+void FormRows::setText(Text field, const QString& text)
+{
+    if (edit(field))
+        edit(field)->setText(text);
+}
+
+int FormRows::choice(Choice field) const
+{
+    return combo(field) ? combo(field)->currentItem() : -1;
+}
+
+void FormRows::setChoice(Choice field, int item)
+{
+    if (combo(field))
+        combo(field)->setCurrentItem(item);
+}
+
+void FormRows::focus(Text field)
+{
+    YFormContainer* form = forms[int(field)];
+    if (!form)
+        return;
+    edit(field)->setFocus();
+    form->setContentsPos(form->contentsX(), form->childY(edit(field)));
+}
+
+} // namespace wizard

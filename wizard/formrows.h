@@ -1,0 +1,40 @@
+// The rows of both pages as the values of one form.
+#ifndef WIZARD_FORMROWS_H
+#define WIZARD_FORMROWS_H
+
+#include "wizard/formfields.h"
+
+class YComboBox;
+class YFormContainer;
+class YLineEdit;
+
+namespace wizard {
+
+// Knows the rows, which belong to their pages. A field without a row has no text, and no choice
+// (-1); setting it does nothing.
+class FormRows : public FormFields
+{
+public:
+    void add(Text field, YLineEdit* edit, YFormContainer* form);
+    void add(Choice field, YComboBox* combo);
+
+    YLineEdit* edit(Text field) const { return edits[int(field)]; }
+    YComboBox* combo(Choice field) const { return combos[int(field)]; }
+
+    QString text(Text field) const override;
+    void setText(Text field, const QString& text) override;
+    int choice(Choice field) const override;
+    void setChoice(Choice field, int item) override;
+
+    // Gives a row the focus and brings it to the top of its form.
+    void focus(Text field);
+
+private:
+    YLineEdit* edits[textCount] = {};
+    YFormContainer* forms[textCount] = {};
+    YComboBox* combos[choiceCount] = {};
+};
+
+} // namespace wizard
+
+#endif

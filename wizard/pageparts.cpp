@@ -1,0 +1,77 @@
+#include "wizard/pageparts.h"
+
+#include <qrect.h>
+
+#include <yappinfoarea.h>
+#include <yformcontainer.h>
+#include <yglobal.h>
+#include <ykbmainwidget.h>
+#include <yoptionsmenu.h>
+#include <ysoftkey.h>
+
+#include "support/translate.h"
+
+using support::translate;
+
+namespace wizard {
+
+// Values that the toolkit gives a meaning to.
+static const int formClass = 23;
+static const int infoAreaClass = 3;
+static const int textArea = 1;
+static const int optionsMenuClass = 54;
+
+static const int leftKey = 0;
+static const int rightKey = 1;
+static const int optionsMenuWidth = 200;
+
+YFormContainer* addForm(YKbMainWidget* page)
+{
+    YFormContainer* form = new YFormContainer(page, nullptr, formClass);
+    page->setContentWidget(form);
+    YAppInfoArea* area = new YAppInfoArea(page, "T", nullptr, infoAreaClass);
+    area->appendText(textArea, "", QString());
+    page->setTitleBarWidget(area);
+    return form;
+}
+
+// The screen without its soft keys, from the left edge.
+static QRect optionsMenuRect()
+{
+    const QRect home = YGlobal::getHomeR(false);
+    const QRect softKeys = YGlobal::getCstR();
+    const int height = (home.bottom() - home.top()) - (softKeys.bottom() - softKeys.top());
+    return QRect(home.left(), home.top(), optionsMenuWidth, height);
+}
+
+YOptionsMenu* addOptionsMenu(YKbMainWidget* page, const PhoneText& item, const char* member)
+{
+    YOptionsMenu* menu = new YOptionsMenu(optionsMenuRect(), page, nullptr, 0, optionsMenuClass);
+    menu->insertItem(translate(item.id, item.text), nullptr, page, member, true, false, false, -1,
+                     -1, false);
+    return menu;
+}
+
+YSoftKey* addSoftKeys(YKbMainWidget* page, YOptionsMenu* menu, const char* member)
+{
+    YSoftKey* softKeys = new YSoftKey("CST_2A", page, page);
+    softKeys->setText(leftKey, translate("TXT_RID_SOFTKEY_OPTIONS", "Options"), 0);
+    softKeys->setOptionsMenu(leftKey, menu);
+    offerCancel(softKeys, page, member);
+    page->setSoftKey(softKeys);
+    return softKeys;
+}
+
+void offerCancel(YSoftKey* softKeys, QObject* page, const char* member)
+{
+    softKeys->setText(rightKey, translate("TXT_RID_SOFTKEY_CANCEL", "Cancel"), 0);
+    softKeys->setClickedSlot(rightKey, page, member);
+}
+
+void offerSave(YSoftKey* softKeys, QObject* page, const char* member)
+{
+    softKeys->setText(rightKey, translate("TXT_RID_SOFTKEY_SAVE", "Save"), 0);
+    softKeys->setClickedSlot(rightKey, page, member);
+}
+
+} // namespace wizard

@@ -1,0 +1,73 @@
+#include "wizard/profilestore.h"
+
+#include <string.h>
+
+#include <string>
+
+#include "support/log.h"
+#include "support/text.h"
+#include "wizard/codetables.h"
+#include "wizard/profilefolder.h"
+#include "wizard/record.h"
+#include "wizard/recordmapping.h"
+
+using support::logPrint;
+
+namespace wizard {
+
+static void storeForm(const FormFields& form, bool hasWifi, bool withPage2, NetworkProfile* record)
+{
+    record->storedMark = 1;
+    record->flags = withPreference(record->flags,
+                                   hasWifi ? form.choice(Choice::Preference) : int(CellularOnly));
+    storePage1(form, record);
+    if (withPage2)
+        storePage2(form, record);
+}
+
+static int createProfile(const QString& name, const NetworkProfile& record)
+{
+    const int result = NAPI_CreateProfile(support::utf8(name).c_str(), &record, 0, 0);
+    if (result != 0)
+        logPrint(4, "NAPI_CreateProfile return %d\n", result);
+    return result;
+}
+
+static int modifyProfile(const QString& name, const NetworkProfile& record)
+{
+    const int result = NAPI_ModifyProfile(support::utf8(name).c_str(), &record, 0, 0);
+    if (result != 0)
+        logPrint(4, "NAPI_ModifyProfile return %d\n", result);
+    return result;
+}
+
+static bool isSame(const NetworkProfile* before, const NetworkProfile& record)
+{
+    return before && memcmp(before, &record, sizeof record) == 0;
+}
+
+int storeProfile(const FormFields& form, const FormPurpose& purpose, const NetworkProfile* before,
+                 bool withPage2, QString* storedName)
+{
+    const Record record = newRecord(before);
+    if (!record) {
+        logPrint(4, "NSETUP: can not get memory to save profile\n");
+        return NotStored;
+    }
+    storeForm(form, purpose.hasWifi, withPage2, record.get());
+    const QString name = profileNameOf(form);
+    int result = Stored;
+    if (purpose.isCreating) {
+        result = createProfile(name, *record);
+    } else {
+        const bool isRenamed = support::compare(name, purpose.storedName) != 0;
+        if (isRenamed && !renameProfileFolder(purpose.storedName, name))
+            return NotStored;
+        if (!isSame(before, *record))
+            result = modifyProfile(name, *record);
+    }
+    *storedName = name;
+    return result;
+}
+
+} // namespace wizard

@@ -1,0 +1,132 @@
+#include "wizard/rowtable.h"
+
+#include <yapplication.h>
+#include <yformcontainer.h>
+#include <yinputfield.h>
+#include <ylabel.h>
+#include <yseparator.h>
+
+#include "ipaddressedit_validator.h"
+#include "support/translate.h"
+#include "wizard/formrows.h"
+#include "wizard/nscombobox.h"
+#include "wizard/nseditbox.h"
+#include "wizard/nspressbutton.h"
+
+namespace wizard {
+
+namespace {
+
+// Values that the toolkit gives a meaning to.
+const int separatorClass = 64;
+const int captionClass = 86;
+const int dialNumberMode = 4;
+const int numericMode = 6;
+const int passwordMode = 8;
+const char keypadMethod[] = "{637a8c00-1098-42ca-969a-2bf163cd3c14}";
+
+const int largestPort = 65535;
+
+QString labelOf(const PhoneText& text)
+{
+    return support::translate(text.id, text.text);
+}
+
+void makePort(YLineEdit* edit)
+{
+    IPAddressEdit_Validator* validator = new IPAddressEdit_Validator(edit);
+    validator->setRange(0, largestPort);
+    edit->setValidator(validator);
+    YApplication::setInputMethod(edit, keypadMethod, numericMode, QString());
+}
+
+void makePassword(YLineEdit* edit)
+{
+    edit->setEchoMode(QLineEdit::Password);
+    edit->getInputField()->setInputMode(passwordMode);
+}
+
+void dress(YLineEdit* edit, RowKind kind)
+{
+    switch (kind) {
+    case RowKind::Port:
+        return makePort(edit);
+    case RowKind::DialNumber:
+        return YApplication::setInputMethod(edit, keypadMethod, dialNumberMode, QString());
+    case RowKind::Password:
+        return makePassword(edit);
+    case RowKind::PlainText:
+    case RowKind::GuardedChoice:
+    case RowKind::PlainChoice:
+    case RowKind::Separator:
+    case RowKind::PressButton:
+        return;
+    }
+}
+
+QWidget* addText(const Row& row, YFormContainer* form, FormRows& rows)
+{
+    NSEditBox* edit = new NSEditBox(form->viewport(), nullptr);
+    edit->setLabel(labelOf(row.label));
+    dress(edit, row.kind);
+    if (row.number > 0)
+        edit->setMaxLength(row.number);
+    form->addChild(edit, true, nullptr);
+    rows.add(Text(row.field), edit, form);
+    return edit;
+}
+
+QWidget* addChoice(const Row& row, YComboBox* combo, YFormContainer* form, FormRows& rows)
+{
+    combo->setTitle(labelOf(row.label));
+    if (row.kind == RowKind::GuardedChoice)
+        combo->setDlgTitle(labelOf(row.label), row.number);
+    for (int i = 0; i < row.itemCount; ++i)
+        combo->insertItem(labelOf(row.items[i]));
+    form->addChild(combo, false, nullptr);
+    rows.add(Choice(row.field), combo);
+    return combo;
+}
+
+QWidget* addSeparator(const Row& row, YFormContainer* form)
+{
+    YSeparator* separator = new YSeparator(form->viewport(), nullptr, 0, separatorClass);
+    YLabel* caption = new YLabel(separator, nullptr, 0, captionClass);
+    caption->setText(labelOf(row.label));
+    separator->setAutoResize(true);
+    separator->setLabel(caption);
+    form->addChild(separator, true, nullptr);
+    return separator;
+}
+
+QWidget* addButton(const Row& row, YFormContainer* form)
+{
+    NSPressButton* button = new NSPressButton(form->viewport(), nullptr);
+    button->setText(labelOf(row.label));
+    form->addChild(button, false, nullptr);
+    return button;
+}
+
+} // namespace
+
+QWidget* addRow(const Row& row, YFormContainer* form, FormRows& rows)
+{
+    switch (row.kind) {
+    case RowKind::PlainText:
+    case RowKind::Port:
+    case RowKind::DialNumber:
+    case RowKind::Password:
+        break;
+    case RowKind::GuardedChoice:
+        return addChoice(row, new NSComboBox(form->viewport(), nullptr), form, rows);
+    case RowKind::PlainChoice:
+        return addChoice(row, new YComboBox(form->viewport(), nullptr, true), form, rows);
+    case RowKind::Separator:
+        return addSeparator(row, form);
+    case RowKind::PressButton:
+        return addButton(row, form);
+    }
+    return addText(row, form, rows);
+}
+
+} // namespace wizard

@@ -1,0 +1,68 @@
+// The rows of a page as a table, and how one of them is built.
+#ifndef WIZARD_ROWTABLE_H
+#define WIZARD_ROWTABLE_H
+
+#include "wizard/formfields.h"
+
+class QWidget;
+class YFormContainer;
+
+namespace wizard {
+
+class FormRows;
+
+// A text of the phone: its resource id and its default.
+struct PhoneText
+{
+    const char* id;
+    const char* text;
+};
+
+enum class RowKind {
+    PlainText,
+    Port,       // a number of 0 to 65535
+    DialNumber, // typed with the keys of a dial
+    Password,
+    GuardedChoice, // explains itself when WiFi only is wanted; its dialog is given a title and look
+    PlainChoice,
+    Separator,
+    PressButton
+};
+
+struct Row
+{
+    RowKind kind;
+    int field; // a Text or a Choice where the row holds one, else 0
+    PhoneText label;
+    // Of a text the greatest length in QChars, 0 for any; of a guarded choice the toolkit's number
+    // for the look of its dialog.
+    int number;
+    const PhoneText* items; // of a choice
+    int itemCount;
+};
+
+constexpr Row textRow(RowKind kind, Text field, PhoneText label, int maxLength)
+{
+    return {kind, int(field), label, maxLength, nullptr, 0};
+}
+
+template <int count>
+constexpr Row choiceRow(RowKind kind, Choice field, PhoneText label,
+                        const PhoneText (&items)[count], int dialogType)
+{
+    return {kind, int(field), label, dialogType, items, count};
+}
+
+constexpr Row plainRow(RowKind kind, PhoneText label)
+{
+    return {kind, 0, label, 0, nullptr, 0};
+}
+
+// Builds one row at the end of the form, and tells `rows` of it when it holds a value. Result: the
+// row's widget, owned by the form: an NSEditBox, NSComboBox, YComboBox, YSeparator or
+// NSPressButton.
+QWidget* addRow(const Row& row, YFormContainer* form, FormRows& rows);
+
+} // namespace wizard
+
+#endif
