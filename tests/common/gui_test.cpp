@@ -83,6 +83,23 @@ void runWhenReady(std::function<void()> step, int tries)
     });
 }
 
+void moveFinger(const QPoint& from, const QPoint& to, bool rest)
+{
+    QWindow* window = inputWindow();
+    ASSERT_TRUE(window) << "the screen is not open";
+    const auto inWindow = [](const QPoint& point) {
+        return YScreen::instance()->mapTo(YScreen::instance()->window(), point);
+    };
+    constexpr int steps = 10;
+    QTest::mousePress(window, Qt::LeftButton, Qt::NoModifier, inWindow(from));
+    for (int step = 1; step <= steps; ++step)
+        QTest::mouseMove(window, inWindow(from + (to - from) * step / steps), 10);
+    // A finger that rests has no speed left.
+    for (int step = 0; rest && step < 3; ++step)
+        QTest::mouseMove(window, inWindow(to + QPoint(step % 2, 0)), 60);
+    QTest::mouseRelease(window, Qt::LeftButton, Qt::NoModifier, inWindow(to));
+}
+
 } // namespace
 
 void GuiTest::press(Qt::Key key)
@@ -111,6 +128,16 @@ void GuiTest::tap(const QPoint& point)
 void GuiTest::tap(const QWidget* widget)
 {
     tap(widget->mapTo(YScreen::instance(), widget->rect().center()));
+}
+
+void GuiTest::drag(const QPoint& from, const QPoint& to)
+{
+    moveFinger(from, to, true);
+}
+
+void GuiTest::flick(const QPoint& from, const QPoint& to)
+{
+    moveFinger(from, to, false);
 }
 
 QWidget* GuiTest::screen()

@@ -29,6 +29,12 @@ public:
     static void tap(const QPoint& point);
     static void tap(const QWidget* widget);
 
+    // A finger that goes from one place to another in a tenth of a second and stays there before it
+    // leaves the screen, so that nothing runs on.
+    static void drag(const QPoint& from, const QPoint& to);
+    // The same without the stay: what it moves may run on.
+    static void flick(const QPoint& from, const QPoint& to);
+
     // The screen's widget, the layer that has the input, and the popup's or page's text with the
     // focus.
     static QWidget* screen();

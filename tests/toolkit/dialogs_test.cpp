@@ -278,6 +278,17 @@ TEST_F(Dialogs, AMessageTooLongForTheScreenIsScrolledWithUpAndDown)
     EXPECT_EQ(bar->value(), 0);
 }
 
+TEST_F(Dialogs, AMessageTooLongForTheScreenIsScrolledByTheFinger)
+{
+    YMessageDlg message("Title", QString("word ").repeated(500), 2, 0, nullptr, nullptr, true, 0);
+    message.show();
+    settle();
+    QScrollBar* bar = message.findChild<QScrollArea*>()->verticalScrollBar();
+    drag(QPoint(100, 250), QPoint(100, 100));
+    EXPECT_GT(bar->value(), 60);
+    EXPECT_TRUE(message.isVisible());
+}
+
 TEST_F(Dialogs, AMessageShowsMarkupAsItIs)
 {
     YMessageDlg message("a<b>c", "x<br>&amp;", 2, 0, nullptr, nullptr, true, 0);

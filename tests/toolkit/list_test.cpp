@@ -3,6 +3,7 @@
 
 #include <QListView>
 #include <QPixmap>
+#include <QScrollBar>
 #include <QSignalSpy>
 
 #include <ylistbox.h>
@@ -299,6 +300,22 @@ TEST_F(List, TheCursorStaysInSight)
     for (int i = 0; i < 20; ++i)
         press(Qt::Key_Down);
     EXPECT_TRUE(isInSight());
+}
+
+TEST_F(List, AFingerScrollsWithoutChoosing)
+{
+    for (int i = 0; i < 100; ++i)
+        add(QString::number(i));
+    list.checkItem(0, true);
+    open();
+    settle();
+    QScrollBar* bar = list.findChild<QListView*>()->verticalScrollBar();
+    ASSERT_EQ(bar->value(), 0);
+    QSignalSpy selected(&list, SIGNAL(selected(int)));
+    drag(QPoint(100, 180), QPoint(100, 40));
+    EXPECT_GT(bar->value(), 60);
+    EXPECT_EQ(selected.count(), 0);
+    EXPECT_EQ(list.index(list.getCheckedItem()), 0);
 }
 
 TEST_F(List, TenThousandRowsNeedNoWidgetsOfTheirOwn)

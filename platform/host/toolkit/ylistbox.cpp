@@ -5,6 +5,7 @@
 #include <QListView>
 #include <QResizeEvent>
 
+#include "yfinger.h"
 #include "ylistdelegate.h"
 #include "ylistitemdata.h"
 #include "ylistmodel.h"
@@ -15,6 +16,7 @@ struct YListBox::Private
     QListView* view;
     YListModel* model;
     YListDelegate* delegate;
+    YFinger* finger;
 };
 
 YListBox::YListBox(QWidget* parent, const char* name, YWidgetFlags /*flags*/)
@@ -31,6 +33,7 @@ YListBox::YListBox(QWidget* parent, const char* name, YWidgetFlags /*flags*/)
     d->view->setEditTriggers(QAbstractItemView::NoEditTriggers);
     d->view->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     d->view->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+    d->finger = new YFinger(d->view);
     setFocusProxy(d->view);
     connect(d->view, SIGNAL(activated(QModelIndex)), this, SLOT(choose(QModelIndex)));
     connect(d->view->selectionModel(), SIGNAL(currentChanged(QModelIndex, QModelIndex)), this,
@@ -145,6 +148,7 @@ void YListBox::resizeEvent(QResizeEvent* event)
     // Only the width changes the rows.
     if (event->oldSize().width() != width() && isVisible())
         d->view->doItemsLayout();
+    d->finger->stop();
     // A choice far down the list is shown with what stands around it.
     if (d->view->currentIndex().isValid() && isVisible())
         d->view->scrollTo(d->view->currentIndex(), QAbstractItemView::PositionAtCenter);

@@ -3,6 +3,7 @@
 #include <QLabel>
 #include <QScrollBar>
 
+#include "yfinger.h"
 #include "ytheme.h"
 
 YMessageText::YMessageText(QWidget* parent) : QScrollArea(parent), label(new QLabel)
@@ -17,6 +18,7 @@ YMessageText::YMessageText(QWidget* parent) : QScrollArea(parent), label(new QLa
     setFrameShape(NoFrame);
     setFocusPolicy(Qt::NoFocus);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    new YFinger(this);
     viewport()->setAutoFillBackground(false);
     label->setAutoFillBackground(false);
 }

@@ -7,7 +7,8 @@
 #include <QKeyEvent>
 #include <QScrollArea>
 #include <QScrollBar>
-#include <QScroller>
+
+#include "yfinger.h"
 
 // The widget that is scrolled.
 class YScrollContents : public QWidget
@@ -37,19 +38,6 @@ private:
 
 namespace {
 
-// A finger moves the contents as it goes; a flick lets them run on, but never past their ends.
-void scrollByFinger(QWidget* viewport)
-{
-    QScroller::grabGesture(viewport, QScroller::LeftMouseButtonGesture);
-    QScroller* scroller = QScroller::scroller(viewport);
-    QScrollerProperties properties = scroller->scrollerProperties();
-    for (const auto metric : {QScrollerProperties::VerticalOvershootPolicy,
-                              QScrollerProperties::HorizontalOvershootPolicy})
-        properties.setScrollMetric(metric,
-                                   QVariant::fromValue(QScrollerProperties::OvershootAlwaysOff));
-    scroller->setScrollerProperties(properties);
-}
-
 constexpr int lineStep = 24;
 
 } // namespace
@@ -57,6 +45,7 @@ constexpr int lineStep = 24;
 struct YScrollPanel::Private
 {
     QScrollArea* area = nullptr;
+    YFinger* finger = nullptr;
     YScrollContents* contents = nullptr;
     int wantedY = -1; // to be gone to when the panel is shown
     bool updating = false;
@@ -75,6 +64,7 @@ YScrollPanel::YScrollPanel(QWidget* parent, const char* name, int /*widgetClassI
     d->area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     d->contents = new YScrollContents(this);
     d->area->setWidget(d->contents);
+    d->finger = new YFinger(d->area);
     d->bar()->setFocusPolicy(Qt::NoFocus);
     d->bar()->setSingleStep(lineStep);
     connect(d->bar(), &QScrollBar::valueChanged, this,
@@ -196,8 +186,6 @@ void YScrollPanel::resizeEvent(QResizeEvent*)
 
 void YScrollPanel::showEvent(QShowEvent*)
 {
-    if (!QScroller::hasScroller(d->area->viewport()))
-        scrollByFinger(d->area->viewport());
     updateContents();
     applyPosition();
 }
@@ -213,9 +201,7 @@ void YScrollPanel::applyPosition()
         return;
     const int target = d->wantedY;
     d->wantedY = -1;
-    // A flick that is under way would take the contents elsewhere.
-    if (QScroller::hasScroller(d->area->viewport()))
-        QScroller::scroller(d->area->viewport())->stop();
+    d->finger->stop();
     d->bar()->setValue(target);
 }
 
