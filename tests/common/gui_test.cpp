@@ -192,25 +192,41 @@ void GuiTest::SetUp()
     warnings.clear();
 }
 
+std::vector<std::string> GuiTest::findings() const
+{
+    std::vector<std::string> found;
+    std::vector<std::string> unannounced = warnings;
+    for (const std::string& part : announced) {
+        const auto match = std::find_if(unannounced.begin(), unannounced.end(),
+                                        [&part](const std::string& warning) {
+                                            return warning.find(part) != std::string::npos;
+                                        });
+        if (match == unannounced.end())
+            found.push_back("the warning did not come: " + part);
+        else
+            unannounced.erase(match);
+    }
+    for (const std::string& warning : unannounced)
+        found.push_back("unannounced warning: " + warning);
+    for (const QWidget* widget : allWidgets())
+        // Qt makes its desktop widget when it is first needed, and keeps it.
+        if (isTop(*widget) && widget->windowType() != Qt::Desktop)
+            found.push_back("left behind: " + describe(*widget));
+    return found;
+}
+
+// A widget that was left behind speaks for its children.
+bool GuiTest::isTop(const QWidget& widget) const
+{
+    const QWidget* parent = widget.parentWidget();
+    return !widgetsBefore.count(&widget) && (!parent || widgetsBefore.count(parent));
+}
+
 void GuiTest::TearDown()
 {
     settle();
-    for (const std::string& part : announced) {
-        const auto found =
-            std::find_if(warnings.begin(), warnings.end(), [&part](const std::string& warning) {
-                return warning.find(part) != std::string::npos;
-            });
-        if (found == warnings.end())
-            ADD_FAILURE() << "the warning did not come: " << part;
-        else
-            warnings.erase(found);
-    }
-    for (const std::string& warning : warnings)
-        ADD_FAILURE() << "unannounced warning: " << warning;
-    for (const QWidget* widget : allWidgets())
-        // Qt makes its desktop widget when it is first needed, and keeps it.
-        if (!widgetsBefore.count(widget) && widget->windowType() != Qt::Desktop)
-            ADD_FAILURE() << "left behind: " << describe(*widget);
+    for (const std::string& finding : findings())
+        ADD_FAILURE() << finding;
 }
 
 int main(int argc, char** argv)

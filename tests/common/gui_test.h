@@ -57,7 +57,12 @@ protected:
     void SetUp() override;
     void TearDown() override;
 
+    // What TearDown() would complain of at this moment.
+    std::vector<std::string> findings() const;
+
 private:
+    bool isTop(const QWidget& widget) const;
+
     std::set<const QWidget*> widgetsBefore;
     std::vector<std::string> announced;
 };

@@ -286,6 +286,19 @@ TEST_F(Popup, ThreeDeepEachAnswersInItsTurn)
     EXPECT_EQ(ended, (std::vector<int>{3, 2}));
 }
 
+TEST_F(Popup, ThreeDeepAllEndWhenTheApplicationQuits)
+{
+    std::vector<int> ended;
+    auto first = makePopup();
+    auto second = makePopup();
+    auto third = makePopup();
+    later({[&] { ended.push_back(first->exec()); }, [&] { ended.push_back(second->exec()); },
+           [&] { ended.push_back(third->exec()); }, [] { QCoreApplication::quit(); }});
+    EXPECT_EQ(QCoreApplication::exec(), 0);
+    EXPECT_EQ(ended, (std::vector<int>{0, 0, 0}));
+    EXPECT_EQ(activeLayer(), nullptr);
+}
+
 TEST_F(Popup, TheOuterOneEndedFirstStillWaitsForTheInner)
 {
     auto outer = makePopup();
