@@ -70,8 +70,14 @@ private slots:
 
     void request()
     {
-        const QString path = url.path().isEmpty() ? QString("/") : url.path(QUrl::FullyEncoded);
-        socket.write(QString("GET %1 HTTP/1.0\r\nHost: %2\r\n\r\n").arg(path, url.host()).toUtf8());
+        const QUrl::FormattingOptions pathAndQuery(QUrl::RemoveScheme | QUrl::RemoveAuthority |
+                                                   QUrl::RemoveFragment);
+        const QByteArray path = url.toEncoded(pathAndQuery);
+        QByteArray host = url.host(QUrl::FullyEncoded).toLatin1();
+        if (url.port() > 0)
+            host += ':' + QByteArray::number(url.port());
+        socket.write("GET " + (path.startsWith('/') ? path : '/' + path) +
+                     " HTTP/1.0\r\nHost: " + host + "\r\n\r\n");
     }
 
     void received()
