@@ -79,20 +79,22 @@ void LinkEngine::collectDescriptors()
 }
 
 // Channels are removed by this thread alone and added at the end, so those that were polled are the
-// first ones still.
+// first ones still. They come before the bearers, whose news may let one go when memory is short.
 void LinkEngine::react()
 {
     auto entry = m_descriptors.begin();
     eventfd_t count;
     if (entry++->revents != 0)
         ::eventfd_read(m_wake.get(), &count);
-    for (Bearer* bearer : m_bearers) {
-        if (entry++->revents != 0)
-            bearer->descriptorReady();
-    }
+    auto ofBearer = entry;
+    std::advance(entry, m_bearers.size());
     for (auto channel = m_channels.begin(); entry != m_descriptors.end(); ++entry) {
         bool gone = (entry->revents & (POLLHUP | POLLERR | POLLNVAL)) != 0;
         channel = gone ? m_channels.erase(channel) : std::next(channel);
+    }
+    for (Bearer* bearer : m_bearers) {
+        if (ofBearer++->revents != 0)
+            bearer->descriptorReady();
     }
 }
 
