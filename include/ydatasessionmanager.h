@@ -59,7 +59,9 @@ public:
     int openLink(const QString& profileName);
 
     // The same without a popup. A popup that an earlier openLink() still shows is no longer looked
-    // after: it stays on the screen until the user presses its Cancel key.
+    // after: it stays on the screen whatever becomes of its opening, since nothing deletes it, so
+    // wait for the outcome of that opening first. Its Cancel key works on as long as the manager
+    // lives; once the opening is over it emits openFailed() with the link id -1.
     // Result: the link id (>= 0); -101 before init() has succeeded; else the network API's error.
     int openLinkNoDialog(const QString& profileName);
 

@@ -1,8 +1,15 @@
 #include "session/linkindication.h"
 
+#include <stddef.h>
 #include <string.h>
 
 namespace session {
+
+// Applications are compiled with this layout.
+static_assert(offsetof(YLinkInfo, infoWord) == 0, "applications rely on the place");
+static_assert(offsetof(YLinkInfo, infoByte) == 4, "applications rely on the place");
+static_assert(offsetof(YLinkInfo, infoText) == 8, "applications rely on the place");
+static_assert(sizeof(YLinkInfo) == 112, "applications rely on the size");
 
 YLinkInfo linkInfo(const NapiIndication& message)
 {

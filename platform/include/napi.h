@@ -230,13 +230,13 @@ VORN_PLATFORM_API int NAPI_CloseLink(int linkId);
 // Binds an open IPv4 or IPv6 socket to the link's network device, so that all its traffic takes
 // this link. Call it before the socket connects. Result: 0. Errors: NAPI_ERR_NOT_INITIALISED,
 // NAPI_ERR_NO_LINK, NAPI_ERR_LINK_NOT_UP, NAPI_ERR_SOCKET, NAPI_ERR_NOT_PERMITTED (an unprivileged
-// process may bind a socket only once), NAPI_ERR_IO.
+// process may bind a socket only once), NAPI_ERR_IO, NAPI_ERR_RESOURCES.
 VORN_PLATFORM_API int NAPI_BindSocket2Link(int linkId, int socket);
 
 // Tells one item (NapiDeviceItem) of an established link's device. `length` is the size of `buffer`
 // in bytes: at least 16 for the name, at least 4 for the address; exactly 16 or 4 bytes are
 // written, and none on an error. Result: 0. Errors: NAPI_ERR_NOT_INITIALISED, NAPI_ERR_NO_LINK,
-// NAPI_ERR_LINK_NOT_UP, NAPI_ERR_ARGUMENT.
+// NAPI_ERR_LINK_NOT_UP, NAPI_ERR_ARGUMENT, NAPI_ERR_RESOURCES.
 VORN_PLATFORM_API int NAPI_GetDeviceInfo(int linkId, int item, void* buffer, int length);
 
 // Makes the system name resolver use the link's name servers: those of its profile, else those that
@@ -279,7 +279,7 @@ VORN_PLATFORM_API int NAPI_ModifyProfile(const char* name, const NetworkProfile*
 
 // Tells whether `name` is a stored profile with a usable record. Result: 0 when it is. Errors:
 // NAPI_ERR_ARGUMENT (null), NAPI_ERR_NAME, NAPI_ERR_NO_PROFILE, NAPI_ERR_DAMAGED, NAPI_ERR_ACCESS,
-// NAPI_ERR_IO, NAPI_ERR_ROOT.
+// NAPI_ERR_IO, NAPI_ERR_ROOT, NAPI_ERR_RESOURCES.
 VORN_PLATFORM_API int NAPI_IsProfileValid(const char* name);
 
 } // extern "C"

@@ -369,8 +369,6 @@ TEST_F(SettingsHost, IsWholeWheneverAWriterIsKilled)
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(m_root + "/etc"), {}), 1);
 }
 
-// ---- Inspection
-
 TEST_F(SettingsHost, FindsNothingWrongWhereNothingIs)
 {
     EXPECT_TRUE(settingshost::inspectSettings().empty());
