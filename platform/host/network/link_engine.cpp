@@ -1,9 +1,9 @@
 #include "network/link_engine.h"
 
-#include <csignal>
-
 #include <sys/eventfd.h>
 #include <sys/socket.h>
+
+#include "base/thread.h"
 
 namespace network {
 
@@ -50,25 +50,13 @@ int LinkEngine::startBearers()
     return NAPI_OK;
 }
 
-// The application's signals are for its own threads.
-static int createThread(pthread_t* thread, void* (*function)(void*), void* argument)
-{
-    sigset_t all;
-    sigset_t before;
-    sigfillset(&all);
-    ::pthread_sigmask(SIG_SETMASK, &all, &before);
-    int error = ::pthread_create(thread, nullptr, function, argument);
-    ::pthread_sigmask(SIG_SETMASK, &before, nullptr);
-    return error;
-}
-
 int LinkEngine::begin()
 {
     m_stopping = false;
     m_wake.reset(::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK));
     if (!m_wake.isOpen() || startBearers() != NAPI_OK)
         return NAPI_ERR_RESOURCES;
-    if (createThread(&m_thread, threadMain, this) != 0)
+    if (base::createThread(&m_thread, threadMain, this) != 0)
         return NAPI_ERR_RESOURCES;
     ::pthread_setname_np(m_thread, "napi-links");
     return NAPI_OK;
