@@ -104,9 +104,10 @@ int ProfileWriter::buildFolder(const NetworkProfile& record)
         return errno;
     if (int error = base::setMode(profile.get(), 0700))
         return error;
-    if (int error = base::createFile(profile.get(), kRecordName, bytesOf(record), 0600))
+    base::UniqueFd file;
+    if (int error = base::createFile(profile.get(), kRecordName, bytesOf(record), 0600, &file))
         return error;
-    return base::syncFolder(profile.get());
+    return base::syncBoth(file.get(), profile.get());
 }
 
 // One step to another name, confirmed by the disk, or taken back.
@@ -141,7 +142,10 @@ int ProfileWriter::create(const std::string& name, const NetworkProfile& record)
 int ProfileWriter::replaceRecord(int profile, const NetworkProfile& record)
 {
     Place pending{m_folder.fd(), kPendingName}, place{profile, kRecordName};
-    int error = base::createFile(m_folder.fd(), kPendingName, bytesOf(record), 0600);
+    base::UniqueFd file;
+    int error = base::createFile(m_folder.fd(), kPendingName, bytesOf(record), 0600, &file);
+    if (error == 0)
+        error = base::syncFile(file.get());
     if (error != 0)
         return error;
     if ((error = swapIn(pending, place)) != 0)
