@@ -1,0 +1,33 @@
+// In a program whose network API, as the host's, keeps the phone's files below a folder.
+#include "support/root.h"
+
+#include <cstddef>
+#include <cstring>
+
+#include <gtest/gtest.h>
+
+#include "support/notation.h"
+
+static const char* folder = "";
+static int result = 0;
+
+extern "C" int NAPIHOST_RootFolder(char* buffer, size_t size)
+{
+    EXPECT_LT(std::strlen(folder), size);
+    std::strcpy(buffer, folder);
+    return result;
+}
+
+TEST(RootFolder, IsThatOfTheNetworkApi)
+{
+    folder = "/srv/caf\xc3\xa9";
+    result = 0;
+    EXPECT_EQ("/srv/caf<00e9>", shown(support::rootFolder()));
+}
+
+TEST(RootFolder, IsEmptyWhereTheNetworkApiCannotTell)
+{
+    folder = "/srv/other";
+    result = -209;
+    EXPECT_TRUE(support::rootFolder().isEmpty());
+}
