@@ -178,7 +178,7 @@ private:
         node->kind = kind;
         node->line = m_progress.currentLine();
         node->end = m_progress.offset() - (isNumber(kind) ? 1 : 0);
-        if (!m_open.empty() && node == &m_current->value)
+        if (!m_open.empty() && m_open.back().node->kind == JsonKind::Object)
             node->begin = valueBegin(m_current->nameEnd);
         else
             node->begin = node->end - 1;
