@@ -1,8 +1,11 @@
 // Renders every scene in both themes to PNG files.
+#include <algorithm>
 #include <cstdio>
 
 #include <QCommandLineParser>
 #include <QDir>
+#include <QImage>
+#include <QPainter>
 #include <QPixmap>
 
 #include <toolkit/yscreen.h>
@@ -29,17 +32,64 @@ std::vector<Scene> allScenes()
     return scenes;
 }
 
-bool render(const Scene& scene, const Look& look, const QDir& folder, const QString& suffix)
+// One picture of many: row by row, with a little room between them.
+class Sheet
 {
-    YTheme::use(look.scheme);
+public:
+    void add(const QPixmap& picture) { pictures.push_back(picture); }
+
+    bool save(const QString& file) const
+    {
+        constexpr int columns = 7;
+        constexpr int gap = 8;
+        if (pictures.empty())
+            return false;
+        const QSize cell = pictures.front().size() + QSize(gap, gap);
+        const int rows = (static_cast<int>(pictures.size()) + columns - 1) / columns;
+        QImage sheet(cell.width() * columns + gap, cell.height() * rows + gap,
+                     QImage::Format_RGB32);
+        sheet.fill(QColor(0x50, 0x56, 0x5E));
+        QPainter painter(&sheet);
+        for (std::size_t i = 0; i < pictures.size(); ++i) {
+            const int column = static_cast<int>(i) % columns;
+            const int row = static_cast<int>(i) / columns;
+            painter.drawPixmap(gap + column * cell.width(), gap + row * cell.height(), pictures[i]);
+        }
+        painter.end();
+        return sheet.save(file);
+    }
+
+private:
+    std::vector<QPixmap> pictures;
+};
+
+QPixmap render(const Scene& scene, YTheme::Scheme scheme)
+{
+    YTheme::use(scheme);
     Stage stage;
     scene.build(stage);
     QCoreApplication::processEvents();
-    const QString file = folder.filePath(QString("%1-%2%3.png").arg(scene.name, look.name, suffix));
-    if (YScreen::instance()->grab().save(file))
-        return true;
-    std::fprintf(stderr, "gallery: %s cannot be written\n", qPrintable(file));
-    return false;
+    return YScreen::instance()->grab();
+}
+
+// Writes the scenes' pictures and a sheet of them all; the number of pictures, or -1.
+int renderAll(const std::vector<Scene>& scenes, const QDir& folder, const QString& suffix)
+{
+    int written = 0;
+    for (const Look& look : looks) {
+        Sheet sheet;
+        for (const Scene& scene : scenes) {
+            const QPixmap picture = render(scene, look.scheme);
+            const QString file = QString("%1-%2%3.png").arg(scene.name, look.name, suffix);
+            if (!picture.save(folder.filePath(file)))
+                return -1;
+            sheet.add(picture);
+            ++written;
+        }
+        if (!sheet.save(folder.filePath(QString("sheet-%1%2.png").arg(look.name, suffix))))
+            return -1;
+    }
+    return written;
 }
 
 } // namespace
@@ -63,16 +113,22 @@ int main(int argc, char** argv)
         std::fprintf(stderr, "gallery: there is no folder %s\n", qPrintable(folder.path()));
         return 2;
     }
-    int written = 0;
-    for (const Scene& scene : allScenes()) {
-        if (options.isSet(only) && options.value(only) != scene.name)
-            continue;
-        for (const Look& look : looks) {
-            if (!render(scene, look, folder, options.value(suffix)))
-                return 1;
-            ++written;
-        }
+    std::vector<Scene> scenes = allScenes();
+    if (options.isSet(only))
+        scenes.erase(
+            std::remove_if(scenes.begin(), scenes.end(),
+                           [&](const Scene& scene) { return options.value(only) != scene.name; }),
+            scenes.end());
+    if (scenes.empty()) {
+        std::fprintf(stderr, "gallery: there is no scene of this name\n");
+        return 2;
+    }
+    const int written = renderAll(scenes, folder, options.value(suffix));
+    if (written < 0) {
+        std::fprintf(stderr, "gallery: the pictures cannot be written to %s\n",
+                     qPrintable(folder.path()));
+        return 1;
     }
     std::printf("%d pictures in %s\n", written, qPrintable(folder.absolutePath()));
-    return written > 0 ? 0 : 1;
+    return 0;
 }

@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QProcess>
 #include <QPushButton>
+#include <QTemporaryDir>
 #include <QTest>
 
 #include <toolkit/yscreen.h>
@@ -29,8 +30,9 @@ Outcome runProbe(const char* program, const QStringList& environment = {})
 {
     QProcess process;
     QStringList variables = QProcess::systemEnvironment();
-    // The tests' own choice of a folder for sockets is none of the program's warnings.
-    variables << "XDG_RUNTIME_DIR=/nonexistent" << environment;
+    // A folder for sockets of its own, of which Qt need not warn.
+    const QTemporaryDir sockets;
+    variables << "XDG_RUNTIME_DIR=" + sockets.path() << environment;
     process.setEnvironment(variables);
     process.start(SCREEN_PROBE, {program});
     if (!process.waitForFinished(60000))
