@@ -9,6 +9,7 @@
 class QFocusEvent;
 class QInputMethodEvent;
 class QKeyEvent;
+class QMouseEvent;
 
 // Belongs to a YLineEdit, which has the focus in its place and passes the keys on.
 //
@@ -48,6 +49,7 @@ signals:
 
 protected:
     void keyPressEvent(QKeyEvent* event);
+    void mouseReleaseEvent(QMouseEvent* event);
     void inputMethodEvent(QInputMethodEvent* event);
     void focusInEvent(QFocusEvent* event);
     void focusOutEvent(QFocusEvent* event);

@@ -306,4 +306,165 @@ TEST_F(KeypadField, IsANumberBlockWhereThereIsNoKeypad)
     EXPECT_EQ(edit->text(), "2222#");
 }
 
+class Password : public LineEdit
+{
+protected:
+    void SetUp() override
+    {
+        LineEdit::SetUp();
+        edit->setEchoMode(QLineEdit::Password);
+        edit->setText("secret");
+    }
+
+    QString shown() const { return edit->getInputField()->displayText(); }
+
+    bool isMasked() const { return shown().size() == 6 && !shown().contains('s'); }
+
+    void tapEye() { tap(edit->mapTo(screen(), QPoint(edit->width() - 20, edit->height() - 18))); }
+
+    void showByKeys()
+    {
+        press(Qt::Key_End);
+        press(Qt::Key_Right);
+        press(Qt::Key_Return);
+    }
+};
+
+TEST_F(Password, IsMasked)
+{
+    EXPECT_TRUE(isMasked());
+    EXPECT_EQ(edit->text(), "secret");
+}
+
+TEST_F(Password, IsShownAndMaskedAgainByFinger)
+{
+    tapEye();
+    EXPECT_EQ(shown(), "secret");
+    EXPECT_EQ(edit->echoMode(), QLineEdit::Password);
+    tapEye();
+    EXPECT_TRUE(isMasked());
+}
+
+TEST_F(Password, IsShownAndMaskedAgainByKeys)
+{
+    showByKeys();
+    EXPECT_EQ(shown(), "secret");
+    press(Qt::Key_Return);
+    EXPECT_TRUE(isMasked());
+}
+
+TEST_F(Password, ReturnInTheTextShowsNothing)
+{
+    press(Qt::Key_End);
+    press(Qt::Key_Return);
+    EXPECT_TRUE(isMasked());
+}
+
+TEST_F(Password, IsTypedOnFromTheEye)
+{
+    showByKeys();
+    type("s");
+    EXPECT_EQ(edit->text(), "secrets");
+    press(Qt::Key_Right);
+    press(Qt::Key_Left);
+    type("!");
+    EXPECT_EQ(edit->text(), "secrets!");
+}
+
+TEST_F(Password, IsMaskedAgainWhenTheFieldIsLeft)
+{
+    auto* other = new YLineEdit(popup.get(), nullptr, YSkinService::FormLineEdit);
+    other->show();
+    showByKeys();
+    other->setFocus();
+    EXPECT_TRUE(isMasked());
+    edit->setFocus();
+    EXPECT_TRUE(isMasked());
+}
+
+TEST_F(Password, IsMaskedAgainWhenSomethingElseComesToTheFront)
+{
+    showByKeys();
+    YPopup above(0, nullptr, nullptr, true, 0, 0);
+    above.show();
+    EXPECT_TRUE(isMasked());
+}
+
+TEST_F(Password, IsMaskedAgainWhenItIsHidden)
+{
+    showByKeys();
+    popup->hide();
+    EXPECT_TRUE(isMasked());
+}
+
+TEST_F(Password, CannotBeShownWhileItIsSwitchedOff)
+{
+    edit->setEnabled(false);
+    tapEye();
+    EXPECT_TRUE(isMasked());
+}
+
+TEST_F(Password, IsSensitiveForInputMethodsEvenWhileItIsShown)
+{
+    showByKeys();
+    const Qt::InputMethodHints hints = edit->getInputField()->inputMethodHints();
+    EXPECT_TRUE(hints & Qt::ImhHiddenText);
+    EXPECT_TRUE(hints & Qt::ImhSensitiveData);
+    EXPECT_TRUE(hints & Qt::ImhNoPredictiveText);
+}
+
+TEST_F(LineEdit, TellsInputMethodsItsMode)
+{
+    const struct
+    {
+        int mode;
+        Qt::InputMethodHints hints;
+    } rows[] = {{0, Qt::ImhNone},
+                {4, Qt::ImhDialableCharactersOnly},
+                {6, Qt::ImhDigitsOnly},
+                {8, Qt::ImhSensitiveData | Qt::ImhNoAutoUppercase | Qt::ImhNoPredictiveText}};
+    for (const auto& row : rows) {
+        edit->getInputField()->setInputMode(row.mode);
+        QInputMethodQueryEvent query(Qt::ImHints | Qt::ImEnabled);
+        QCoreApplication::sendEvent(edit, &query);
+        EXPECT_EQ(query.value(Qt::ImHints).toInt(), int(row.hints)) << row.mode;
+        EXPECT_TRUE(query.value(Qt::ImEnabled).toBool());
+    }
+    edit->setEnabled(false);
+    QInputMethodQueryEvent query(Qt::ImEnabled);
+    QCoreApplication::sendEvent(edit, &query);
+    EXPECT_FALSE(query.value(Qt::ImEnabled).toBool());
+}
+
+TEST_F(LineEdit, TellsInputMethodsWhereItsCursorIs)
+{
+    type("ab");
+    QInputMethodQueryEvent query(Qt::ImCursorRectangle);
+    QCoreApplication::sendEvent(edit, &query);
+    const QRect field = edit->getInputField()->geometry();
+    EXPECT_TRUE(field.intersects(query.value(Qt::ImCursorRectangle).toRectF().toRect()));
+}
+
+TEST_F(LineEdit, AlignsByTheNumbersOfThePhone)
+{
+    const struct
+    {
+        int given;
+        Qt::AlignmentFlag sideways;
+    } rows[] = {{1, Qt::AlignLeft}, {2, Qt::AlignRight}, {36, Qt::AlignHCenter}};
+    for (const auto& row : rows) {
+        edit->setAlignment(row.given);
+        EXPECT_EQ(edit->getInputField()->alignment(), row.sideways | Qt::AlignVCenter) << row.given;
+    }
+}
+
+TEST_F(LineEdit, KeepsItsLabelWholeWhateverTheWidth)
+{
+    edit->setLabel(QString::fromUtf8("Zeitüberschreitung der Datenverbindung (Inaktivität):"));
+    const int wide = edit->heightForWidth(480);
+    EXPECT_GT(edit->heightForWidth(240), wide);
+    edit->setLabel(QString());
+    EXPECT_LT(edit->heightForWidth(240), wide);
+}
+
 } // namespace

@@ -4,9 +4,17 @@
 #include <QCoreApplication>
 #include <QDir>
 
+#include <ycombobox.h>
+#include <yformcontainer.h>
+#include <ykbmainwidget.h>
+#include <ylineedit.h>
 #include <ymessagedlg.h>
 #include <ynoticedlg.h>
+#include <yoptionsmenu.h>
+#include <ypressbutton.h>
+#include <ysegmentfield.h>
 #include <ysingleselectdlg.h>
+#include <yskinservice.h>
 
 #include "common/gui_test.h"
 
@@ -59,6 +67,45 @@ void openNotice()
     showOnce(notice);
 }
 
+void openForm()
+{
+    YKbMainWidget page(nullptr, nullptr, 0);
+    auto* form = new YFormContainer(&page, nullptr, YSkinService::FormContainer);
+    page.setContentWidget(form);
+    for (int i = 0; i < 4; ++i) {
+        auto* edit = new YLineEdit(form->viewport(), nullptr, YSkinService::FormLineEdit);
+        edit->setLabel("Label:");
+        form->addChild(edit, true, nullptr);
+    }
+    auto* field = new YSegmentField(form->viewport(), nullptr, 0, YSkinService::SegmentField);
+    field->setNumSegments(4);
+    form->addChild(field, true, nullptr);
+    form->addChild(new YPressButton(form->viewport(), nullptr, YSkinService::FormPressButton),
+                   false, nullptr);
+    showOnce(page);
+}
+
+void openChoice()
+{
+    YKbMainWidget page(nullptr, nullptr, 0);
+    auto* combo = new YComboBox(&page, nullptr, true);
+    combo->insertItem("Off");
+    page.setContentWidget(combo);
+    showOnce(page);
+    GuiTest::later([] { GuiTest::press(Qt::Key_Escape); });
+    combo->click();
+}
+
+void openMenu()
+{
+    YKbMainWidget page(nullptr, nullptr, 0);
+    auto* menu =
+        new YOptionsMenu(QRect(0, 0, 200, 286), &page, nullptr, 0, YSkinService::OptionsMenu);
+    menu->insertItem("Save", nullptr, &page, SLOT(hide()), true, false, false, -1, -1, false);
+    page.show();
+    showOnce(*menu);
+}
+
 class OpeningAThousandTimes : public GuiTest, public ::testing::WithParamInterface<Opening>
 {};
 
@@ -95,7 +142,9 @@ INSTANTIATE_TEST_SUITE_P(All, OpeningAThousandTimes,
                          ::testing::Values(Opening{"Popup", openPopup},
                                            Opening{"Selection", openSelection},
                                            Opening{"Message", openMessage},
-                                           Opening{"Notice", openNotice}),
+                                           Opening{"Notice", openNotice}, Opening{"Form", openForm},
+                                           Opening{"Choice", openChoice},
+                                           Opening{"Menu", openMenu}),
                          [](const auto& row) { return std::string(row.param.name); });
 
 } // namespace

@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 #include <QPainter>
 
+#include "yrowlook.h"
 #include "ytheme.h"
 
 namespace {
@@ -75,9 +76,12 @@ int YButton::heightForWidth(int width) const
 
 void YButton::setEnabled(bool enabled)
 {
+    if (enabled == d->enabled)
+        return;
     d->enabled = enabled;
     setDown(false);
     update();
+    YRowLook::tellEnabled(this);
 }
 
 void YButton::setText(const QString& text)
@@ -88,12 +92,9 @@ void YButton::setText(const QString& text)
 
 void YButton::keyPressEvent(QKeyEvent* event)
 {
-    if (!d->enabled || !presses(event->key())) {
-        event->ignore();
-        return;
-    }
-    event->accept();
-    if (!event->isAutoRepeat())
+    YRowLook::reveal(this);
+    event->setAccepted(presses(event->key()));
+    if (d->enabled && event->isAccepted() && !event->isAutoRepeat())
         click();
 }
 
@@ -119,6 +120,8 @@ void YButton::mouseReleaseEvent(QMouseEvent* event)
 {
     const bool tapped = d->tapped && rect().contains(event->position().toPoint());
     d->tapped = false;
+    if (rect().contains(event->position().toPoint()))
+        YRowLook::reveal(this);
     if (d->enabled) {
         QPushButton::mouseReleaseEvent(event);
     } else if (tapped) {

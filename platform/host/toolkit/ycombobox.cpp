@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include <QAccessible>
 #include <QPainter>
 #include <QPainterPath>
 #include <QPointer>
@@ -175,6 +176,8 @@ void YComboBox::setCurrentItem(int index)
         return;
     d->current = index;
     changed();
+    QAccessibleValueChangeEvent event(this, currentText());
+    QAccessible::updateAccessibility(&event);
 }
 
 QSize YComboBox::sizeHint() const

@@ -8,23 +8,35 @@
 #include "yinputmode.h"
 #include "ykeypad.h"
 #include "ymultitap.h"
+#include "yrowlook.h"
 
 struct YInputField::Private
 {
     int mode = TextInput;
-    YMultiTap* keypad = nullptr;
+    YMultiTap* keypad = nullptr; // made with the first key that needs it
+
+    void commit() const
+    {
+        if (keypad)
+            keypad->commit();
+    }
+
+    YMultiTap* ensureKeypad(YInputField* field)
+    {
+        if (!keypad) {
+            keypad = new YMultiTap(field);
+            QObject::connect(keypad, &YMultiTap::modeChanged, field,
+                             &YInputField::keypadTextChanged);
+        }
+        return keypad;
+    }
 };
 
 YInputField::YInputField(QWidget* parent) : QLineEdit(parent), d(new Private)
 {
-    d->keypad = new YMultiTap(this);
-    connect(d->keypad, SIGNAL(modeChanged()), this, SIGNAL(keypadTextChanged()));
     setFrame(false);
     setFocusPolicy(Qt::NoFocus);
     setFocusProxy(parent);
-    QPalette clear;
-    clear.setColor(QPalette::Base, Qt::transparent);
-    setPalette(clear);
     // A phone has no second mouse button, and nothing is dragged out of its fields.
     setContextMenuPolicy(Qt::NoContextMenu);
     setDragEnabled(false);
@@ -39,7 +51,7 @@ YInputField::~YInputField()
 void YInputField::setInputMode(int mode)
 {
     d->mode = mode;
-    d->keypad->commit();
+    d->commit();
     setInputMethodHints(YInputMode::hints(mode) | YInputMode::hints(echoMode()));
     emit keypadTextChanged();
 }
@@ -51,21 +63,29 @@ int YInputField::inputMode() const
 
 QString YInputField::keypadText() const
 {
-    return YKeypad::isPresent() && !isReadOnly() ? d->keypad->modeText() : QString();
+    return YKeypad::isPresent() && !isReadOnly()
+               ? d->ensureKeypad(const_cast<YInputField*>(this))->modeText()
+               : QString();
 }
 
 void YInputField::keyPressEvent(QKeyEvent* event)
 {
     const bool keypad = YKeypad::isPresent() && event->modifiers().testFlag(Qt::KeypadModifier);
-    if (keypad && !isReadOnly() && d->keypad->press(*event))
+    if (keypad && !isReadOnly() && d->ensureKeypad(this)->press(*event))
         return;
-    d->keypad->commit();
+    d->commit();
     if (pasteKey(event))
         return;
     const QString typed = event->text();
     if (!typed.isEmpty() && typed[0].isPrint() && YInputMode::filtered(d->mode, typed) != typed)
         return;
     QLineEdit::keyPressEvent(event);
+}
+
+void YInputField::mouseReleaseEvent(QMouseEvent* event)
+{
+    QLineEdit::mouseReleaseEvent(event);
+    YRowLook::reveal(this);
 }
 
 void YInputField::inputMethodEvent(QInputMethodEvent* event)
@@ -89,7 +109,7 @@ void YInputField::focusInEvent(QFocusEvent* event)
 
 void YInputField::focusOutEvent(QFocusEvent* event)
 {
-    d->keypad->commit();
+    d->commit();
     QLineEdit::focusOutEvent(event);
 }
 

@@ -21,6 +21,11 @@ constexpr int usualWidth = 160;
 constexpr int eyeWidth = 30;
 constexpr int fieldMargin = 2;
 
+bool isReturn(int key)
+{
+    return key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Select;
+}
+
 // An open eye shows the password, a crossed one hides it.
 void drawEye(QPainter& painter, const QRect& place, bool open, const QColor& colour)
 {
@@ -246,6 +251,7 @@ void YLineEdit::setEnabled(bool enabled)
     d->onEye = false;
     d->reveal(false);
     refresh();
+    YRowLook::tellEnabled(this);
 }
 
 void YLineEdit::setText(const QString& text)
@@ -265,15 +271,15 @@ void YLineEdit::selectAll()
 
 void YLineEdit::keyPressEvent(QKeyEvent* event)
 {
-    event->ignore();
-    if (!d->enabled)
-        return;
-    if (eyeKey(event)) {
-        event->accept();
+    YRowLook::reveal(this);
+    if (!d->enabled) {
+        // Return acts on this row and not on the next one, even when it does nothing.
+        event->setAccepted(isReturn(event->key()));
         return;
     }
     event->accept();
-    d->field->event(event);
+    if (!eyeKey(event))
+        d->field->event(event);
 }
 
 void YLineEdit::keyReleaseEvent(QKeyEvent* event)
@@ -314,6 +320,7 @@ void YLineEdit::mouseReleaseEvent(QMouseEvent* event)
     d->pressed = false;
     if (!tapped)
         return;
+    YRowLook::reveal(this);
     if (!d->enabled) {
         QKeyEvent key(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
         QCoreApplication::sendEvent(this, &key);
@@ -378,8 +385,7 @@ bool YLineEdit::eyeKey(QKeyEvent* event)
 {
     if (!d->hasEye())
         return false;
-    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter ||
-                       event->key() == Qt::Key_Select;
+    const bool enter = isReturn(event->key());
     if (!d->onEye) {
         const bool atEnd = event->key() == Qt::Key_Right && event->modifiers() == Qt::NoModifier &&
                            d->field->cursorPosition() == d->field->text().size();

@@ -9,6 +9,7 @@
 #include <QPainterPath>
 #include <QPixmap>
 #include <QPointer>
+#include <QStyle>
 #include <QStyledItemDelegate>
 
 #include <yglobal.h>
@@ -63,6 +64,22 @@ void drawMark(QPainter* painter, const QPointF& middle)
     painter->setPen(QPen(painter->pen().color(), 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     painter->drawPath(mark);
 }
+
+// A list whose digits choose an item rather than search for one.
+class ItemList : public QListWidget
+{
+public:
+    using QListWidget::QListWidget;
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override
+    {
+        if (event->key() >= Qt::Key_1 && event->key() <= Qt::Key_9)
+            event->ignore();
+        else
+            QListWidget::keyPressEvent(event);
+    }
+};
 
 class ItemDelegate : public QStyledItemDelegate
 {
@@ -134,7 +151,7 @@ struct YOptionsMenu::Private
             const int text =
                 metrics.boundingRect(place, Qt::TextWordWrap, at(row)->text()).height();
             const int height = std::max(YTheme::rowHeight, text + 2 * linePadding);
-            at(row)->setSizeHint(QSize(width, height));
+            at(row)->setSizeHint(QSize(1, height)); // wide as the list
             sum += height;
         }
         return sum;
@@ -146,7 +163,7 @@ YOptionsMenu::YOptionsMenu(const QRect& rect, QWidget* parent, const char* name,
     : YPopup(0, parent, name, true, PlainStyle, 0), d(new Private)
 {
     d->rect = rect;
-    d->list = new QListWidget(this);
+    d->list = new ItemList(this);
     d->list->setFrameShape(QFrame::NoFrame);
     d->list->setItemDelegate(new ItemDelegate(d->list));
     d->list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -236,7 +253,11 @@ bool YOptionsMenu::isItemChecked(int id) const
 void YOptionsMenu::layoutContents()
 {
     const int width = d->rect.width() - 2 * edge;
-    const int height = std::min(d->rect.height(), d->layoutItems(width) + 2 * edge);
+    int height = d->layoutItems(width) + 2 * edge;
+    if (height > d->rect.height()) {
+        d->layoutItems(width - style()->pixelMetric(QStyle::PM_ScrollBarExtent));
+        height = d->rect.height();
+    }
     const int top = d->rect.top() + d->rect.height() - height;
     d->panel = YGlobal::mapFromGlobalR(this, QRect(d->rect.left(), top, d->rect.width(), height));
     d->list->setGeometry(d->panel.adjusted(edge, edge, -edge, -edge));

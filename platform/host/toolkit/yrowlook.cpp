@@ -1,7 +1,11 @@
 #include "yrowlook.h"
 
+#include <QAccessible>
 #include <QFontMetrics>
 #include <QPainter>
+#include <QWidget>
+
+#include <yscrollpanel.h>
 
 #include "ytheme.h"
 
@@ -36,6 +40,7 @@ void YRowLook::setCompact(bool isCompact)
 void YRowLook::setLabel(const QString& newText)
 {
     text = newText;
+    lineWidth = -1;
     measuredWidth = -1;
 }
 
@@ -68,7 +73,10 @@ void YRowLook::drawLabel(QPainter& painter, const QSize& row, State state) const
     painter.setPen(!state.enabled  ? theme.disabledText
                    : state.focused ? theme.accent
                                    : theme.mutedText);
-    painter.drawText(line, wrapFlags(painter.fontMetrics(), text, line.width()), text);
+    const int flags = line.width() >= lineWidth && lineWidth >= 0
+                          ? static_cast<int>(Qt::TextSingleLine)
+                          : wrapFlags(painter.fontMetrics(), text, line.width());
+    painter.drawText(line, flags, text);
 }
 
 void YRowLook::drawBox(QPainter& painter, const QSize& row, State state) const
@@ -97,18 +105,42 @@ void YRowLook::drawNote(QPainter& painter, const QRect& place, const QString& no
                      Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine, note);
 }
 
+void YRowLook::reveal(QWidget* row)
+{
+    YScrollPanel* panel = nullptr;
+    for (QWidget* above = row->parentWidget(); above && !panel; above = above->parentWidget())
+        panel = qobject_cast<YScrollPanel*>(above);
+    if (!panel)
+        return;
+    QWidget* child = row;
+    while (child != panel && child->parentWidget() != panel->viewport())
+        child = child->parentWidget();
+    panel->ensureChildVisible(child);
+}
+
+void YRowLook::tellEnabled(QWidget* row)
+{
+    QAccessible::State changed;
+    changed.disabled = true;
+    QAccessibleStateChangeEvent event(row, changed);
+    QAccessible::updateAccessibility(&event);
+}
+
 int YRowLook::labelHeight(int width) const
 {
     if (text.isEmpty())
         return 0;
+    const QFontMetrics metrics(labelFont());
+    if (lineWidth < 0)
+        lineWidth = metrics.horizontalAdvance(text);
+    const QMargins around = margins();
+    const int room = width - around.left() - around.right();
+    if (lineWidth <= room)
+        return labelGap + metrics.height();
     if (width != measuredWidth) {
-        const QFontMetrics metrics(labelFont());
-        const QMargins around = margins();
-        const int room = width - around.left() - around.right();
+        const int flags = wrapFlags(metrics, text, room);
         measuredWidth = width;
-        measuredHeight =
-            labelGap +
-            metrics.boundingRect(0, 0, room, 0, wrapFlags(metrics, text, room), text).height();
+        measuredHeight = labelGap + metrics.boundingRect(0, 0, room, 0, flags, text).height();
     }
     return measuredHeight;
 }

@@ -39,6 +39,12 @@ public:
     static int noteWidth(const QString& note);
     static void drawNote(QPainter& painter, const QRect& place, const QString& note);
 
+    // Brings a row of a form whole into sight: it was scrolled away and is used now.
+    static void reveal(QWidget* row);
+
+    // Tells screen readers that a row was switched on or off.
+    static void tellEnabled(QWidget* row);
+
     static constexpr int boxHeight = 28;
     static constexpr int textMargin = 7;
 
@@ -48,6 +54,8 @@ private:
 
     QString text;
     bool compact = false;
+    // What was measured of the label; forms ask for it again and again.
+    mutable int lineWidth = -1;
     mutable int measuredWidth = -1;
     mutable int measuredHeight = 0;
 };

@@ -67,6 +67,8 @@ YScrollPanel::YScrollPanel(QWidget* parent, const char* name, int /*widgetClassI
     d->finger = new YFinger(d->area);
     d->bar()->setFocusPolicy(Qt::NoFocus);
     d->bar()->setSingleStep(lineStep);
+    // The page shows beside the bar's handle.
+    d->bar()->setAttribute(Qt::WA_OpaquePaintEvent, false);
     connect(d->bar(), &QScrollBar::valueChanged, this,
             [this](int value) { emit contentsMoving(0, value); });
     connect(qApp, &QApplication::focusChanged, this,
@@ -192,6 +194,7 @@ void YScrollPanel::showEvent(QShowEvent*)
 
 void YScrollPanel::hideEvent(QHideEvent*)
 {
+    d->finger->stop();
     d->wantedY = d->bar()->value();
 }
 
@@ -201,13 +204,14 @@ void YScrollPanel::applyPosition()
         return;
     const int target = d->wantedY;
     d->wantedY = -1;
+    // A flick that is under way would take the contents elsewhere.
     d->finger->stop();
     d->bar()->setValue(target);
 }
 
 void YScrollPanel::followFocus(QWidget* now)
 {
-    if (!now || !isVisible() || !d->contents->isAncestorOf(now))
+    if (!now || now == d->contents || !isVisible() || !d->contents->isAncestorOf(now))
         return;
     QWidget* child = now;
     while (child->parentWidget() != d->contents)

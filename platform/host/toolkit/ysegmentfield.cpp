@@ -180,10 +180,13 @@ bool YSegmentField::eventFilter(QObject* watched, QEvent* event)
 
 void YSegmentField::setEnabled(bool enabled)
 {
+    if (enabled == d->enabled)
+        return;
     d->enabled = enabled;
     for (YLineEdit* segment : d->segments)
         segment->setEnabled(enabled);
     update();
+    YRowLook::tellEnabled(this);
 }
 
 void YSegmentField::paintEvent(QPaintEvent*)

@@ -5,6 +5,7 @@
 
 #include <ylabel.h>
 
+#include "yrowlook.h"
 #include "ytheme.h"
 
 namespace {
@@ -101,10 +102,13 @@ bool YSeparator::event(QEvent* event)
 
 void YSeparator::setEnabled(bool enabled)
 {
+    if (enabled == d->enabled)
+        return;
     d->enabled = enabled;
     if (d->label)
         d->label->setEnabled(enabled);
     update();
+    YRowLook::tellEnabled(this);
 }
 
 void YSeparator::paintEvent(QPaintEvent*)

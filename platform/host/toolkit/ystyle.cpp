@@ -3,6 +3,9 @@
 #include <QPainter>
 #include <QStyleOptionButton>
 #include <QStyleOptionSlider>
+#include <QWidget>
+
+#include <yinputfield.h>
 
 #include "ytheme.h"
 
@@ -38,10 +41,12 @@ QRect indicatorRect(const QStyleOptionSlider& bar)
                    : QRect(bar.rect.left() + offset, bar.rect.top(), size, bar.rect.height());
 }
 
-void drawIndicator(const QStyleOptionSlider& bar, QPainter* painter)
+void drawIndicator(const QStyleOptionSlider& bar, QPainter* painter, const QWidget* widget)
 {
     const YTheme& theme = YTheme::current();
-    painter->fillRect(bar.rect, theme.surface);
+    // A bar that is not opaque stands on something else than a list's surface.
+    if (!widget || widget->testAttribute(Qt::WA_OpaquePaintEvent))
+        painter->fillRect(bar.rect, theme.surface);
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
     painter->setPen(Qt::NoPen);
@@ -54,6 +59,15 @@ void drawIndicator(const QStyleOptionSlider& bar, QPainter* painter)
 } // namespace
 
 YStyle::YStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
+
+void YStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                           const QWidget* widget) const
+{
+    // The row draws the box in which its field stands.
+    if (element == PE_PanelLineEdit && qobject_cast<const YInputField*>(widget))
+        return;
+    QProxyStyle::drawPrimitive(element, option, painter, widget);
+}
 
 void YStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
                          const QWidget* widget) const
@@ -71,7 +85,7 @@ void YStyle::drawComplexControl(ComplexControl control, const QStyleOptionComple
 {
     const auto* bar = qstyleoption_cast<const QStyleOptionSlider*>(option);
     if (control == CC_ScrollBar && bar) {
-        drawIndicator(*bar, painter);
+        drawIndicator(*bar, painter, widget);
         return;
     }
     QProxyStyle::drawComplexControl(control, option, painter, widget);
