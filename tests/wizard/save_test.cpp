@@ -1,0 +1,325 @@
+// Saving: what is asked of the network API, what is logged and told, and how the wizard ends.
+
+#include <fstream>
+
+#include <QDir>
+#include <QFileInfo>
+
+#include <profilefunctions.h>
+#include <ycombobox.h>
+#include <ykbmainwidget.h>
+#include <ylineedit.h>
+
+#include "wizard/failing_malloc.h"
+#include "wizard/record_bytes.h"
+#include "wizard/wizard_fixture.h"
+
+namespace {
+
+using recorder::Calls;
+
+const char* const folder = "vornlocal/download/appwrite/NetProfile/";
+
+class Save : public Wizard
+{
+protected:
+    void SetUp() override
+    {
+        Wizard::SetUp();
+        setDefaultPreference("0");
+    }
+
+    // A stored profile with its folder.
+    void store(const char* profile, const RecordBytes& bytes)
+    {
+        napi.profiles[profile] = bytes.record();
+        QDir(root.path()).mkpath(QString(folder) + profile);
+    }
+
+    std::string path(const std::string& profile) const
+    {
+        return root.path().toStdString() + "/" + folder + profile;
+    }
+    bool isFolder(const char* profile) const
+    {
+        return QFileInfo(QString::fromStdString(path(profile))).isDir();
+    }
+
+    static Steps typing(const char* label, const char* text)
+    {
+        return Steps([label, text] {
+            walkTo(wizardPage(1), label);
+            retype(text);
+        });
+    }
+    static Steps saveAndRead(const char* message)
+    {
+        return {opening(save), [message] {
+                    EXPECT_EQ(message, popupText());
+                    press(Qt::Key_Return);
+                }};
+    }
+};
+
+// Every kept byte has a value of its own.
+RecordBytes storedRecord()
+{
+    RecordBytes bytes;
+    for (size_t i = 0; i < 1168; ++i)
+        bytes.byte(i, unsigned(i % 251 + 1));
+    for (size_t offset : {8, 108, 208, 760, 862, 963, 1066})
+        bytes.fill(offset, 100, 0);
+    bytes.fill(381, 44, 0).fill(425, 64, 0).fill(489, 64, 0);
+    bytes.byte(1, 1).word(4, 0xA5A5A25A).text(8, "internet").word(312, 0x0A010203).word(316, 0);
+    bytes.half(320, 15).byte(380, 1).half(568, 30).byte(571, 75).half(860, 80).half(1064, 81);
+    return bytes;
+}
+
+TEST_F(Save, OfANewProfileCreatesItAndGivesItsName)
+{
+    EXPECT_EQ(0, create({typing("Profile Name:*", " Home "), typing("GPRS APN:", "internet"),
+                         saveAndRead("|You have successfully saved the profile named: Home.")}));
+    EXPECT_EQ("Home", name.toStdString());
+    EXPECT_EQ((Calls{"valid Home", "create Home"}), take());
+    EXPECT_EQ("the same",
+              RecordBytes(napi.written)
+                  .difference(RecordBytes().byte(1, 1).word(4, 0x200).text(8, "internet")));
+}
+
+TEST_F(Save, WithoutTheWifiFeatureStoresCellularOnly)
+{
+    setWifi(false);
+    EXPECT_EQ(0, create({typing("GPRS APN:", "a"), opening(save), dismiss}));
+    EXPECT_EQ(0x400u, napi.written.flags);
+}
+
+TEST_F(Save, OfACopyKeepsEveryByteOfTheSourceAndTheCallersName)
+{
+    napi.profiles["Source"] = storedRecord().record();
+    EXPECT_EQ(
+        0, copy("Source", {typing("Proxy 1:", "p"), saveAndRead("|You have successfully saved "
+                                                                "the profile named: Profile1.")}));
+    EXPECT_EQ("Source", name.toStdString());
+    EXPECT_EQ((Calls{"valid Source", "read Source", "valid Profile1", "create Profile1"}), take());
+    EXPECT_EQ("the same", RecordBytes(napi.written).difference(storedRecord().text(760, "p")));
+}
+
+TEST_F(Save, OfAnUnchangedProfileCallsNothing)
+{
+    napi.profiles["Old"] = storedRecord().record();
+    EXPECT_EQ(0,
+              edit("Old", {typing("Proxy 1:", "p"), typing("Proxy 1:", ""),
+                           saveAndRead("|You have successfully saved the profile named: Old.")}));
+    EXPECT_EQ((Calls{"valid Old", "read Old"}), take());
+    EXPECT_EQ("Old", name.toStdString());
+}
+
+TEST_F(Save, RewritesAProfileThatTheWizardHasNotStoredYet)
+{
+    napi.profiles["Old"] = storedRecord().byte(1, 7).record();
+    EXPECT_EQ(
+        0, edit("Old", {typing("Proxy 1:", "p"), typing("Proxy 1:", ""), opening(save), dismiss}));
+    EXPECT_EQ((Calls{"valid Old", "read Old", "modify Old"}), take());
+    EXPECT_EQ("the same", RecordBytes(napi.written).difference(storedRecord()));
+}
+
+TEST_F(Save, OfANewNameAloneMovesTheFolder)
+{
+    store("Old", storedRecord());
+    EXPECT_EQ(0,
+              edit("Old", {typing("Profile Name:*", "New"),
+                           saveAndRead("|You have successfully saved the profile named: New.")}));
+    EXPECT_EQ((Calls{"valid Old", "read Old", "valid New"}), take());
+    EXPECT_FALSE(isFolder("Old"));
+    EXPECT_TRUE(isFolder("New"));
+    EXPECT_EQ("Old", name.toStdString());
+}
+
+TEST_F(Save, OfANewNameAndAChangeModifiesTheProfileOfTheNewName)
+{
+    store("Old", storedRecord());
+    EXPECT_EQ(0, edit("Old", {typing("Profile Name:*", "New"), typing("Proxy 1:", "p"),
+                              opening(save), dismiss}));
+    EXPECT_EQ((Calls{"valid Old", "read Old", "valid New", "modify New"}), take());
+    EXPECT_TRUE(isFolder("New"));
+}
+
+TEST_F(Save, ThatCannotMoveTheFolderChangesNothing)
+{
+    store("Old", storedRecord());
+    store("Full", storedRecord());
+    napi.profiles.erase("Full");
+    std::ofstream(path("Full") + "/profile") << "of somebody else";
+    EXPECT_EQ(2, edit("Old", {typing("Profile Name:*", "Full"), typing("Proxy 1:", "p"), save}));
+    EXPECT_EQ((Calls{"valid Old", "read Old", "valid Full",
+                     "log: rename profile name from " + path("Old") + " to " + path("Full") +
+                         " failed!\nNetwork: Save profile data error!\n"}),
+              take());
+    EXPECT_TRUE(isFolder("Old"));
+}
+
+TEST_F(Save, ANameWithASlashMovesNothing)
+{
+    QDir(root.path()).mkpath("vornlocal/download/appwrite/elsewhere");
+    store("Old", storedRecord());
+    for (const char* other : {"a/b", "/tmp/x", "x/../../elsewhere/y", "Old/x"}) {
+        EXPECT_EQ(2, edit("Old", {typing("Profile Name:*", other), save})) << other;
+        EXPECT_EQ("log: rename profile name from " + path("Old") + " to " + path(other) +
+                      " failed!\nNetwork: Save profile data error!\n",
+                  take().back());
+        EXPECT_TRUE(isFolder("Old")) << other;
+    }
+}
+
+struct RefusalRow
+{
+    const char* name;
+    int result;
+};
+
+void PrintTo(const RefusalRow& row, std::ostream* out)
+{
+    *out << row.name;
+}
+
+class Refusal : public Save, public testing::WithParamInterface<RefusalRow>
+{};
+
+TEST_P(Refusal, OfANewProfileIsLoggedAndClosesTheWizard)
+{
+    napi.createResult = GetParam().result;
+    name = "kept";
+    EXPECT_EQ(2, create({typing("GPRS APN:", "a"), save}));
+    EXPECT_EQ("kept", name.toStdString());
+    EXPECT_EQ((Calls{"valid Profile1", "create Profile1",
+                     "log: NAPI_CreateProfile return " + std::to_string(GetParam().result) +
+                         "\nNetwork: Save profile data error!\n"}),
+              take());
+}
+
+TEST_P(Refusal, OfAChangeIsLoggedAndClosesTheWizard)
+{
+    napi.modifyResult = GetParam().result;
+    napi.profiles["Old"] = storedRecord().record();
+    EXPECT_EQ(2, edit("Old", {typing("Proxy 1:", "p"), save}));
+    EXPECT_EQ((Calls{"valid Old", "read Old", "modify Old",
+                     "log: NAPI_ModifyProfile return " + std::to_string(GetParam().result) +
+                         "\nNetwork: Save profile data error!\n"}),
+              take());
+}
+
+const RefusalRow refusals[] = {
+    {"NotInitialised", -201}, {"Argument", -202},  {"Name", -203},   {"NoProfile", -204},
+    {"Exists", -205},         {"Damaged", -206},   {"Access", -207}, {"Io", -208},
+    {"Root", -209},           {"Resources", -215}, {"Positive", 5},  {"One", 1},
+};
+INSTANTIATE_TEST_SUITE_P(Results, Refusal, testing::ValuesIn(refusals),
+                         [](const auto& test) { return std::string(test.param.name); });
+
+const char* const memoryFull =
+    "Memory Full|There is insufficient memory to create a new connection. You may delete some "
+    "files in order to add a new one.";
+
+TEST_F(Save, WithoutRoomTellsTheUserAndClosesTheWizard)
+{
+    napi.createResult = -152;
+    EXPECT_EQ(2, create({typing("GPRS APN:", "a"), saveAndRead(memoryFull)}));
+    EXPECT_EQ((Calls{"valid Profile1", "create Profile1", "log: NAPI_CreateProfile return -152\n"}),
+              take());
+}
+
+TEST_F(Save, OfAChangeWithoutRoomTellsTheUserToo)
+{
+    napi.modifyResult = -152;
+    napi.profiles["Old"] = storedRecord().record();
+    EXPECT_EQ(2, edit("Old", {typing("Proxy 1:", "p"), saveAndRead(memoryFull)}));
+}
+
+TEST_F(Save, FromPageOneLeavesPageTwoAsItWasRead)
+{
+    napi.profiles["Old"] = storedRecord().record();
+    EXPECT_EQ(0, edit("Old", {typing("Proxy 1:", "p"), openPage2,
+                              [] {
+                                  walkTo(wizardPage(2), "Proxy 2:");
+                                  type("typed");
+                                  press(Qt::Key_F1);
+                              },
+                              [] { press(Qt::Key_Return); }, opening(save), dismiss}));
+    EXPECT_EQ("the same", RecordBytes(napi.written).difference(storedRecord().text(760, "p")));
+}
+
+TEST_F(Save, FromPageTwoStoresBothPages)
+{
+    napi.profiles["Old"] = storedRecord().record();
+    EXPECT_EQ(0, edit("Old", {typing("Proxy 1:", "p"), openPage2,
+                              [] {
+                                  walkTo(wizardPage(2), "Proxy 2:");
+                                  type("typed");
+                              },
+                              opening(save), dismiss}));
+    const RecordBytes expected =
+        storedRecord().text(760, "p").text(963, "typed").word(560, storedRecord().read(560, 4));
+    EXPECT_EQ("the same", RecordBytes(napi.written).difference(expected));
+}
+
+TEST_F(Save, FromPageOneAfterARefusedOneOfPageTwoStoresBothPages)
+{
+    napi.profiles["Old"] = storedRecord().record();
+    EXPECT_EQ(0, edit("Old", {typing("GPRS DNS 1:", "x"), openPage2,
+                              [] {
+                                  walkTo(wizardPage(2), "Proxy 2:");
+                                  type("typed");
+                              },
+                              opening(save), dismiss, [] { press(Qt::Key_F1); },
+                              [] { press(Qt::Key_Return); }, typing("GPRS DNS 1:", "10.1.2.3"),
+                              opening(save), dismiss}));
+    EXPECT_EQ("the same", RecordBytes(napi.written).difference(storedRecord().text(963, "typed")));
+}
+
+TEST_F(Save, WithoutMemoryForTheRecordIsLoggedAndClosesTheWizard)
+{
+    EXPECT_EQ(2, create({typing("GPRS APN:", "a"), [] {
+                             failMallocOf(sizeof(NetworkProfile));
+                             save();
+                             failMallocOf(0);
+                         }}));
+    EXPECT_EQ((Calls{"valid Profile1", "log: NSETUP: can not get memory to save profile\nNetwork: "
+                                       "Save profile data error!\n"}),
+              take());
+}
+
+TEST_F(Save, OfANewProfileWorksWithoutMemoryForLoading)
+{
+    failMallocOf(sizeof(NetworkProfile));
+    EXPECT_EQ(0, create({[] {
+                             failMallocOf(0);
+                             EXPECT_EQ(Calls{"log: Load profile content failed\n"}, take());
+                             EXPECT_EQ("Cancel", rightKeyOf(wizardPage(1)));
+                         },
+                         openPage2,
+                         [] {
+                             EXPECT_EQ("", editOf(wizardPage(2), "Port 2:")->text().toStdString());
+                             press(Qt::Key_Escape);
+                         },
+                         typing("GPRS APN:", "a"), opening(save), dismiss}));
+    EXPECT_EQ(
+        "the same",
+        RecordBytes(napi.written).difference(RecordBytes().byte(1, 1).word(4, 0x200).text(8, "a")));
+}
+
+TEST_F(Save, OfAProfileThatWentAwayMeanwhileIsLogged)
+{
+    store("Old", storedRecord());
+    napi.modifyResult = NAPI_ERR_NO_PROFILE;
+    EXPECT_EQ(2, edit("Old", {[this] {
+                                  napi.profiles.clear();
+                                  QDir(QString::fromStdString(path("Old"))).removeRecursively();
+                              },
+                              typing("Profile Name:*", "New"), save}));
+    EXPECT_EQ((Calls{"valid Old", "read Old", "valid New",
+                     "log: rename profile name from " + path("Old") + " to " + path("New") +
+                         " failed!\nNetwork: Save profile data error!\n"}),
+              take());
+}
+
+} // namespace

@@ -1,0 +1,152 @@
+// Saving a form with a fault: one message, the focus on the field at fault, and the wizard stays.
+
+#include <ycombobox.h>
+#include <yformcontainer.h>
+#include <ykbmainwidget.h>
+#include <ylineedit.h>
+
+#include "wizard/record_bytes.h"
+#include "wizard/wizard_fixture.h"
+
+namespace {
+
+using recorder::Calls;
+
+struct FaultRow
+{
+    const char* name;
+    const char* label; // the row of page 1 that is typed into
+    const char* text;
+    const char* apn;
+    const char* message;
+    const char* focus;      // on page 1 afterwards
+    const char* page2Focus; // on page 2 afterwards; "" when it is not moved there
+};
+
+void PrintTo(const FaultRow& row, std::ostream* out)
+{
+    *out << row.name;
+}
+
+const char* const wrongDns = "Invalid DNS|You've entered wrong DNS, only IP address is accepted";
+
+const FaultRow faults[] = {
+    {"Duplicate", "Profile Name:*", " Taken ", "a",
+     "Duplicate Profile|You already have a Profile named:  Taken . Please choose another name.",
+     "Profile Name:*", ""},
+    {"EmptyName", "Profile Name:*", "", "a",
+     "Required Fields|Please complete the required fields.Required fields are indicated with a *.",
+     "Profile Name:*", ""},
+    {"BlankName", "Profile Name:*", "   ", "a",
+     "Required Fields|Please complete the required fields.Required fields are indicated with a *.",
+     "Profile Name:*", ""},
+    {"DottedName", "Profile Name:*", " .x", "a",
+     "Invalid Name|A Profile name cannot start with \".\".", "Profile Name:*", ""},
+    {"NoApn", "Proxy 1:", "p", "",
+     "Missing Required Field(s)|Please enter  a GPRS APN or CSD number.",
+     "GPRS APN:", "CSD Number:"},
+    {"Dns1", "GPRS DNS 1:", "1.2.3", "a", wrongDns, "GPRS DNS 1:", "DNS 1:"},
+    {"Dns2", "GPRS DNS 2:", "x", "a", wrongDns, "GPRS DNS 1:", "DNS 1:"},
+};
+
+class Fault : public Wizard, public testing::WithParamInterface<FaultRow>
+{
+protected:
+    static YKbMainWidget* page() { return wizardPage(1); }
+};
+
+TEST_P(Fault, IsToldAndTheFocusGoesToItsField)
+{
+    setDefaultPreference("0");
+    napi.profiles["Taken"] = NetworkProfile();
+    EXPECT_EQ(1, create({[] {
+                             walkTo(page(), "GPRS APN:");
+                             retype(GetParam().apn);
+                             walkTo(page(), GetParam().label);
+                             retype("#");
+                             retype(GetParam().text);
+                             take();
+                         },
+                         opening(save),
+                         [] {
+                             EXPECT_EQ(GetParam().message, popupText());
+                             press(Qt::Key_Return);
+                         },
+                         [] {
+                             EXPECT_EQ(page(), activeLayer());
+                             EXPECT_EQ(GetParam().focus, focusOf(page()));
+                             EXPECT_EQ(GetParam().page2Focus, focusOf(wizardPage(2)));
+                             EXPECT_EQ(1u, take().size()) << "nothing but the name is asked for";
+                             press(Qt::Key_F1);
+                         },
+                         [] { press(Qt::Key_Return); }}));
+    EXPECT_EQ(1u, napi.profiles.size());
+}
+
+INSTANTIATE_TEST_SUITE_P(Table, Fault, testing::ValuesIn(faults),
+                         [](const auto& test) { return std::string(test.param.name); });
+
+class FaultOnPage : public Wizard
+{};
+
+TEST_F(FaultOnPage, BringsItsRowToTheTopOfTheForm)
+{
+    create({[] { type("1"); }, opening(save), dismiss,
+            [] {
+                YFormContainer* form = formOf(wizardPage(1));
+                const int top = form->childY(editOf(wizardPage(1), "GPRS APN:"));
+                EXPECT_GT(top, 0);
+                EXPECT_EQ(top, form->contentsY());
+                EXPECT_EQ("GPRS APN:", focusOf(wizardPage(1)));
+                wizardPage(1)->hide();
+            }});
+}
+
+TEST_F(FaultOnPage, TwoKeepsTheFocusOfPageTwo)
+{
+    create({openPage2,
+            [] {
+                walkTo(wizardPage(2), "DNS 2:");
+                type("x");
+                walkTo(wizardPage(2), "CSD Number:");
+                type("1");
+                walkTo(wizardPage(2), "DNS 2:");
+            },
+            opening(save),
+            [] {
+                EXPECT_EQ(wrongDns, popupText());
+                press(Qt::Key_Return);
+            },
+            [] {
+                EXPECT_EQ(wizardPage(2), activeLayer());
+                EXPECT_EQ("DNS 1:", focusOf(wizardPage(2)));
+                wizardPage(1)->hide();
+            }});
+}
+
+TEST_F(FaultOnPage, IsNotLookedForWhereOnlyWifiIsWanted)
+{
+    EXPECT_EQ(0, create({[] {
+                             walkTo(wizardPage(1), "GPRS DNS 1:");
+                             type("x");
+                         },
+                         chooseByKeys(1, "Connection Preference:*", 1), opening(save), dismiss}));
+    EXPECT_EQ(1u, napi.profiles.count("Profile1"));
+    EXPECT_EQ(0x100u, napi.written.flags);
+}
+
+TEST_F(FaultOnPage, ANumberToDialOfTheStoredProfileIsEnough)
+{
+    setDefaultPreference("0");
+    napi.profiles["Old"] = RecordBytes().byte(1, 1).word(4, 0x400).text(381, "123").record();
+    EXPECT_EQ(0, edit("Old", {[] {
+                                  walkTo(wizardPage(1), "Proxy 1:");
+                                  type("p");
+                              },
+                              opening(save), dismiss}));
+    EXPECT_EQ(
+        "the same",
+        RecordBytes(napi.written).difference(RecordBytes(napi.profiles["Old"]).text(760, "p")));
+}
+
+} // namespace
