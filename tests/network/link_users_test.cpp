@@ -95,6 +95,10 @@ TEST_F(LinkUsers, HearOfALinkThatBrokeWhileNobodyListened)
 // Some descriptors are kept back, one after the other, until a NAPI_Init has all that it needs.
 TEST_F(LinkUsers, AreToldWhenDescriptorsHaveRunOut)
 {
+    // The sanitizers' check of a class looks at its memory through a descriptor, and remembers the
+    // answer: every class of the engine is met while there are some.
+    close(NAPI_Init(0));
+    NAPI_Fini();
     rlimit before;
     getrlimit(RLIMIT_NOFILE, &before);
     int refused = 0;
