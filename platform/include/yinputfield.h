@@ -40,8 +40,9 @@ public:
     void setInputMode(int mode);
     int inputMode() const;
 
-    // What the keypad gives at present, to be shown to the user: "abc", "ABC" or "123".
-    // Empty while there is no keypad.
+    // What the keypad gives at present, to be shown to the user: "abc", "ABC" or "123", or the
+    // letters of the key with which one is being chosen, such as "abc2". Empty while there is no
+    // keypad.
     QString keypadText() const;
 
 signals:

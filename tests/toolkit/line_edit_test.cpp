@@ -249,12 +249,38 @@ INSTANTIATE_TEST_SUITE_P(
 class KeypadField : public Keypad
 {};
 
-TEST_F(KeypadField, BeginsANewLetterAfterASecond)
+TEST_F(KeypadField, BeginsANewLetterWhenTheOldOneIsChosen)
 {
     keypad("2");
-    QTest::qWait(1100);
+    EXPECT_TRUE(waitFor([this] { return edit->getInputField()->keypadText() == "abc"; }));
     keypad("2");
     EXPECT_EQ(edit->text(), "aa");
+}
+
+TEST_F(KeypadField, ShowsTheLettersOfTheKeyWhileOneIsChosen)
+{
+    YInputField* field = edit->getInputField();
+    keypad("2");
+    EXPECT_EQ(field->keypadText(), "abc2");
+    keypad("7");
+    EXPECT_EQ(field->keypadText(), "pqrs7");
+    press(Qt::Key_Left);
+    EXPECT_EQ(field->keypadText(), "abc");
+}
+
+TEST_F(KeypadField, ShowsTheLetterOfAPasswordThatIsBeingChosen)
+{
+    auto* password = new YLineEdit(popup.get(), nullptr, YSkinService::FormLineEdit);
+    password->setEchoMode(QLineEdit::Password);
+    password->show();
+    password->setFocus();
+    edit = password;
+    keypad("22");
+    EXPECT_EQ(edit->getInputField()->displayText(), "b");
+    keypad("3");
+    EXPECT_EQ(edit->text(), "bd");
+    EXPECT_NE(edit->getInputField()->displayText()[0], 'b');
+    EXPECT_EQ(edit->getInputField()->displayText()[1], 'd');
 }
 
 TEST_F(KeypadField, GivesTheDigitOfAKeyThatIsHeldOnce)
@@ -270,7 +296,7 @@ TEST_F(KeypadField, KeepsToTheLengthWhileALetterIsChosen)
     edit->setMaxLength(2);
     keypad("92222");
     EXPECT_EQ(edit->text(), "w2");
-    keypad("3");
+    keypad("333");
     EXPECT_EQ(edit->text(), "w2");
 }
 

@@ -1,6 +1,7 @@
 #include "ymultitap.h"
 
 #include <algorithm>
+#include <utility>
 
 #include <QKeyEvent>
 #include <QTimerEvent>
@@ -13,6 +14,7 @@ namespace {
 
 // A key pressed again within this time goes on to its next letter.
 constexpr int letterMilliseconds = 1000;
+constexpr qsizetype mostShown = 6;
 
 struct KeyLetters
 {
@@ -75,22 +77,31 @@ bool YMultiTap::press(const QKeyEvent& event)
     const bool again = key == pendingKey;
     if (!again)
         commit();
-    chooseFrom(letters, again ? pendingIndex + 1 : 0, again);
-    pendingKey = letters.size() > 1 ? key : 0;
-    if (pendingKey)
-        timer.start(letterMilliseconds, this);
+    // Where nothing was typed, the next press is not to replace what stands there.
+    if (!chooseFrom(letters, again ? pendingIndex + 1 : 0, again) || letters.size() == 1)
+        return true;
+    pendingKey = key;
+    timer.start(letterMilliseconds, this);
+    emit modeChanged();
     return true;
 }
 
 void YMultiTap::commit()
 {
     timer.stop();
-    pendingKey = 0;
     pendingIndex = 0;
+    if (std::exchange(pendingKey, 0))
+        emit modeChanged();
 }
 
 QString YMultiTap::modeText() const
 {
+    if (pendingKey) {
+        const QString letters = lettersOf(pendingKey);
+        const auto digit = std::find_if(letters.begin(), letters.end(),
+                                        [](QChar letter) { return letter.isDigit(); });
+        return letters.left(std::min<qsizetype>(digit - letters.begin() + 1, mostShown));
+    }
     if (givesDigitsOnly() || mode == Letters::Digits)
         return QStringLiteral("123");
     return mode == Letters::Capital ? QStringLiteral("ABC") : QStringLiteral("abc");
@@ -131,16 +142,17 @@ void YMultiTap::nextMode()
 }
 
 // A validator or the input mode may refuse some of the letters; they are passed over.
-void YMultiTap::chooseFrom(const QString& letters, int first, bool replacing)
+bool YMultiTap::chooseFrom(const QString& letters, int first, bool replacing)
 {
     const int count = static_cast<int>(letters.size());
     for (int i = 0; i < count; ++i) {
         const int index = (first + i) % count;
         if (put(letters[index], replacing)) {
             pendingIndex = index;
-            return;
+            return true;
         }
     }
+    return false;
 }
 
 bool YMultiTap::put(QChar letter, bool replacing)

@@ -22,7 +22,8 @@ public:
     bool press(const QKeyEvent& key);
     // The next key begins a new letter.
     void commit();
-    // The name of what the keys give: "abc", "ABC" or "123".
+    // The name of what the keys give: "abc", "ABC" or "123"; while a letter is being chosen, the
+    // letters of its key.
     QString modeText() const;
 
 signals:
@@ -37,7 +38,7 @@ private:
     bool givesDigitsOnly() const;
     QString lettersOf(int key) const;
     void nextMode();
-    void chooseFrom(const QString& letters, int first, bool replacing);
+    bool chooseFrom(const QString& letters, int first, bool replacing);
     bool put(QChar letter, bool replacing);
     void hold(int key);
 

@@ -7,6 +7,7 @@
 
 #include <yinputfield.h>
 
+#include "ykeypad.h"
 #include "ytheme.h"
 
 namespace {
@@ -25,6 +26,7 @@ void drawFlatButton(const QStyleOptionButton& button, QPainter* painter)
 
 // A scroll indicator: the part that is in sight, without buttons or groove.
 constexpr int shortestIndicator = 16;
+constexpr int lastLetterMilliseconds = 1500; // that the last letter of a password is seen
 
 QRect indicatorRect(const QStyleOptionSlider& bar)
 {
@@ -122,5 +124,8 @@ int YStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget*
     // One tap chooses a row, as on every phone.
     if (hint == SH_ItemView_ActivateItemOnSingleClick)
         return 1;
+    // Who types letters by pressing a key several times has to see which one it is.
+    if (hint == SH_LineEdit_PasswordMaskDelay && YKeypad::isPresent())
+        return lastLetterMilliseconds;
     return QProxyStyle::styleHint(hint, option, widget, data);
 }
