@@ -245,6 +245,17 @@ TEST_F(Popup, ExecEndsWhenTheApplicationQuits)
     EXPECT_EQ(QCoreApplication::exec(), 0);
 }
 
+TEST_F(Popup, ExecEndsWhenTheEventLoopsAreLeftWithoutClosingTheWindows)
+{
+    auto popup = makePopup();
+    later([&] {
+        later([] { QCoreApplication::exit(3); });
+        EXPECT_EQ(popup->exec(), 0);
+        EXPECT_TRUE(popup->isHidden());
+    });
+    EXPECT_EQ(QCoreApplication::exec(), 3);
+}
+
 TEST_F(Popup, APopupInAPopupIsDeletedWithIt)
 {
     QPointer<YPopup> outer(makePopup().release());
