@@ -47,12 +47,10 @@ std::string advice(Exit status, const std::string* name)
         return "Take another name, or change the stored profile with \"vornctl profile set\".";
     if (status == Exit::Name)
         return "A name has 1 to 63 bytes of UTF-8, without '/' and control characters, and does "
-               "not "
-               "begin with '.'.";
+               "not begin with '.'.";
     if (status == Exit::Damaged)
         return "\"vornctl doctor\" tells what is wrong with it; \"vornctl profile delete\" removes "
-               "it, "
-               "and \"vornctl profile import --replace\" puts a saved copy in its place.";
+               "it, and \"vornctl profile import --replace\" puts a saved copy in its place.";
     if (status == Exit::NoRoom)
         return "Delete profiles that nobody needs, or make room on the disk of " + root + ".";
     if (status == Exit::Access)
