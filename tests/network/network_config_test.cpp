@@ -183,7 +183,8 @@ TEST_P(NetworkConfigProblem, IsFoundByTheInspection)
     ASSERT_EQ(findings.size(), GetParam().lines.size());
     for (size_t i = 0; i < findings.size(); ++i) {
         EXPECT_EQ(findings[i].path + ": " + findings[i].problem, path() + GetParam().lines[i]);
-        EXPECT_EQ(findings[i].remedy, "correct the file; docs/network-json.md describes it");
+        EXPECT_EQ(findings[i].remedy,
+                  "correct the file; network-json.md in the documentation describes it");
     }
 }
 

@@ -110,6 +110,6 @@ std::vector<napihost::Finding> napihost::inspectNetworkConfiguration()
     network::readNetworkConfig(document);
     for (const base::JsonProblem& problem : document.problems())
         findings.push_back({base::place(path, problem), base::sentence(problem),
-                            "correct the file; docs/network-json.md describes it"});
+                            "correct the file; network-json.md in the documentation describes it"});
     return findings;
 }
