@@ -4,6 +4,7 @@
 #include <QHostAddress>
 #include <QTcpSocket>
 #include <QTextStream>
+#include <QTimer>
 #include <QUrl>
 
 #include <yapplication.h>
@@ -43,10 +44,11 @@ private slots:
         QString device;
         unsigned long address = 0;
         manager.getDeviceInfo(id, device, &address);
+        const char* const bearers[] = {"unknown", "GPRS", "CSD", "WiFi"};
         say(QString("connected: link %1, device %2, address %3, bearer %4")
                 .arg(id)
-                .arg(device, QHostAddress(quint32(address)).toString())
-                .arg(info.infoByte));
+                .arg(device, QHostAddress(quint32(address)).toString(),
+                     bearers[info.infoByte < 4 ? info.infoByte : 0]));
         if (int result = manager.dnsResolverConfig(id); result != 0)
             say(QString("the name servers could not be set: result %1").arg(result));
 
@@ -58,11 +60,13 @@ private slots:
         say(QString("socket bound to link %1").arg(id));
         socket.connectToHost(url.host(), quint16(url.port(80)), QIODevice::ReadWrite,
                              QAbstractSocket::IPv4Protocol);
+        QTimer::singleShot(pageLimitMs, this, SLOT(tooLate()));
     }
 
     void failed(int id, unsigned short cause1, unsigned short cause2)
     {
-        say(QString("opening link %1 failed: causes %2 and %3").arg(id).arg(cause1).arg(cause2));
+        // The causes have names in napi.h: NapiCause.
+        say(QString("opening link %1 failed: cause %2, detail %3").arg(id).arg(cause1).arg(cause2));
         qApp->exit(1);
     }
 
@@ -91,6 +95,8 @@ private slots:
                0);
     }
 
+    void tooLate() { finish(QString("no page within %1 s").arg(pageLimitMs / 1000), 1); }
+
     void noPage()
     {
         if (socket.error() != QAbstractSocket::RemoteHostClosedError)
@@ -109,6 +115,8 @@ private:
 
     void say(const QString& text) { QTextStream(stdout) << text << Qt::endl; }
 
+    static const int pageLimitMs = 30000;
+
     QUrl url;
     YDataSessionManager manager;
     QTcpSocket socket;
@@ -120,7 +128,8 @@ int main(int argc, char** argv)
     YApplication app(argc, argv);
     const QUrl url(app.arguments().value(2));
     if (argc != 3 || url.scheme() != "http" || url.host().isEmpty()) {
-        QTextStream(stderr) << "usage: vorn-example PROFILE http://HOST[:PORT]/PATH" << Qt::endl;
+        QTextStream(stderr) << "usage: vorn-example PROFILE http://HOST[:PORT]/PATH (http only)"
+                            << Qt::endl;
         return 2;
     }
     Fetcher fetcher(url);

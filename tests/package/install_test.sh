@@ -28,5 +28,6 @@ LD_LIBRARY_PATH=$(pkg-config --variable=libdir vornqtnapi) "$work/by-pkg-config"
 [ -x "$prefix/bin/vornctl" ]
 [ -f "$prefix/share/bash-completion/completions/vornctl" ]
 [ -f "$prefix/share/man/man1/vornctl.1" ]
+[ -s "$prefix/share/doc/vornqtnapi/network-json.md" ]
 VORN_ROOT=$work/empty "$prefix/bin/vornctl" profile list >/dev/null
 echo 'installed, found and linked'

@@ -64,8 +64,6 @@ protected:
     recorder::Log m_log;
 };
 
-// ---- What the person does
-
 struct Way
 {
     const char* name;
@@ -128,8 +126,6 @@ INSTANTIATE_TEST_SUITE_P(
                     Way{"RightKeyCancels", {touchKey<1>}, -100, "Work"},
                     Way{"BesideTheDialogDoesNothing", {touchBeside, touchKey<1>}, -100, "Work"}),
     [](const auto& row) { return std::string(row.param.name); });
-
-// ---- What is shown
 
 TEST_F(SelectProfile, ShowsTheNamesInTheOrderOfTheNetworkApi)
 {
@@ -205,8 +201,6 @@ TEST_F(SelectProfile, ShowsBrokenUtf8WithReplacementCharacters)
     EXPECT_EQ(select({accept}), 0);
     EXPECT_EQ(m_name, QString("a") + QChar(0xfffd) + "b" + QChar(0xfffd) + QChar(0xfffd));
 }
-
-// ---- The calls and their order
 
 TEST_F(SelectProfile, FreesTheNamesBeforeItShowsThemAndPaintsBeforeItReturns)
 {
@@ -313,8 +307,6 @@ TEST_F(SelectProfile, ShowsAnEmptyListWhenTheListingFillsNothing)
     EXPECT_EQ(select({cancel}), -100);
     EXPECT_EQ(m_name, "before");
 }
-
-// ---- Failures
 
 TEST_F(SelectProfile, ShowsNothingWithoutProfiles)
 {

@@ -80,6 +80,8 @@ int NAPI_Init(int mode)
 int NAPI_Fini()
 {
     note("Fini()");
+    if (NapiRecorder::current->atFini)
+        NapiRecorder::current->atFini();
     return 0;
 }
 

@@ -3,6 +3,7 @@
 #ifndef SESSION_NAPI_RECORDER_H
 #define SESSION_NAPI_RECORDER_H
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -29,6 +30,9 @@ struct NapiRecorder
     int writeEnd = -1;
 
     ~NapiRecorder();
+
+    // Called by Fini, for a look at what is still there.
+    std::function<void()> atFini;
 
     // The calls joined by blanks, and the list emptied.
     std::string take();

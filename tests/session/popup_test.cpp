@@ -1,9 +1,13 @@
 // Opening a link with the connecting popup.
 
+#include <fcntl.h>
+
 #include <QApplication>
+#include <QLineEdit>
 #include <QTest>
 
 #include <yglobal.h>
+#include <ykbmainwidget.h>
 #include <ylabel.h>
 #include <ysoftkey.h>
 #include <ystatedialog.h>
@@ -103,6 +107,26 @@ TEST_F(Popup, HasOnlyTheCancelKey)
     EXPECT_FALSE(popup()->getSoftKey()->isButtonVisible(0));
     EXPECT_TRUE(popup()->getSoftKey()->isButtonVisible(1));
     EXPECT_EQ(QString("Cancel"), popup()->getSoftKey()->text(1));
+}
+
+TEST_F(Popup, KeepsKeysAndFingerFromThePageBelow)
+{
+    YKbMainWidget page(nullptr, nullptr, 0);
+    auto* field = new QLineEdit(&page);
+    page.setContentWidget(field);
+    page.show();
+    field->setFocus();
+    const QPoint middle = field->mapTo(screen(), field->rect().center());
+    press(Qt::Key_A);
+    ASSERT_EQ(QString("a"), field->text().toLower());
+    open();
+    press(Qt::Key_B);
+    tap(middle);
+    press(Qt::Key_C);
+    EXPECT_EQ(1, field->text().length());
+    manager->closeLink(5);
+    press(Qt::Key_D);
+    EXPECT_EQ(2, field->text().length());
 }
 
 TEST_F(Popup, GoesBeforeConnectedIsEmitted)
@@ -205,12 +229,21 @@ TEST_F(Popup, StaysWhenAnotherLinkIsClosed)
     EXPECT_EQ(1, popupCount());
 }
 
-TEST_F(Popup, GoesWithTheManagerBeforeTheNetworkApiIsFinalised)
+TEST_F(Popup, GoesWithTheManagerThenTheNetworkApiThenTheSocket)
 {
     open();
+    const int descriptor = manager->socket();
+    bool popupGone = false;
+    bool socketOpen = false;
+    napi.atFini = [&] {
+        popupGone = popupCount() == 0;
+        socketOpen = ::fcntl(descriptor, F_GETFD) >= 0;
+    };
     manager.reset();
-    EXPECT_EQ(0, popupCount());
     EXPECT_EQ("Fini()", napi.take());
+    EXPECT_TRUE(popupGone);
+    EXPECT_TRUE(socketOpen);
+    EXPECT_EQ(-1, ::fcntl(descriptor, F_GETFD));
 }
 
 TEST_F(Popup, IsForgottenByOpenLinkNoDialogAndStaysOnTheScreen)

@@ -35,8 +35,6 @@ using Lines = std::vector<std::string>;
 
 } // namespace
 
-// ---- Files that are no JSON
-
 struct BrokenFile
 {
     const char* name;
@@ -82,8 +80,6 @@ INSTANTIATE_TEST_SUITE_P(
         BrokenFile{"TooDeep", "\n" + std::string(101, '['),
                    "a.json:2: expected at most 100 levels of nesting, found more"}),
     [](const auto& row) { return std::string(row.param.name); });
-
-// ---- Values of the wrong kind
 
 struct WrongValue
 {
@@ -200,8 +196,6 @@ INSTANTIATE_TEST_SUITE_P(Values, NoObject,
                                          WrongValue{"Null", "null", "null"}),
                          rowName);
 
-// ---- Right values
-
 TEST(JsonDocumentTest, GivesTheValuesOfTheFile)
 {
     const JsonDocument document =
@@ -280,8 +274,6 @@ TEST(JsonDocumentTest, ShowsControlCharactersOfATextEscaped)
     EXPECT_EQ(document.root().at("a").description(), "the text \"\\u001b[2J\\n\"");
 }
 
-// ---- Keys
-
 TEST(JsonDocumentTest, ReportsKeysThatNobodyAskedFor)
 {
     JsonDocument document = parsed("{\n\"delay\": 1,\n\"dealy\": 2,\n\"in\": {\"x\": 1}\n}");
@@ -340,8 +332,6 @@ TEST(JsonDocumentTest, KeepsItsValuesValidWhenItMoves)
     const JsonDocument second = std::move(first);
     EXPECT_EQ(value.integer(0, 9, 0), 5);
 }
-
-// ---- Changing a member
 
 struct Change
 {
@@ -449,8 +439,6 @@ TEST(JsonDocumentTest, HasNoMemberToChangeWhereItIsNoObject)
     EXPECT_EQ(parsed("[1]").withMember("b", "7"), "");
     EXPECT_EQ(parsed("{").withMember("b", "7"), "");
 }
-
-// ---- Files
 
 class JsonFile : public testing::Test
 {

@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <string>
+#include <sys/stat.h>
 
 #include <applog.h>
 
@@ -89,6 +90,23 @@ TEST_F(LogPrint, WritesLevelSevenAndBelow)
     for (int level : {7, 4, 1, 0, -1, INT_MIN})
         support::logPrint(level, "%d;", level);
     EXPECT_EQ("7;4;1;0;-1;-2147483648;", written());
+}
+
+TEST_F(LogPrint, LeavesTheFlushingToTheStream)
+{
+    FILE* file = std::tmpfile();
+    ASSERT_NE(nullptr, file);
+    ASSERT_EQ(0, std::setvbuf(file, nullptr, _IOFBF, 4096));
+    APPLOG_ModuleStream = file;
+    support::logPrint(4, "a whole line\n");
+    struct stat status = {};
+    EXPECT_EQ(0, fstat(fileno(file), &status));
+    EXPECT_EQ(0, status.st_size);
+    std::fflush(file);
+    EXPECT_EQ(0, fstat(fileno(file), &status));
+    EXPECT_EQ(13, status.st_size);
+    APPLOG_ModuleStream = nullptr;
+    std::fclose(file);
 }
 
 TEST_F(LogPrint, DropsLevelEightAndAbove)

@@ -105,8 +105,6 @@ protected:
     IPAddressEdit* m_field = nullptr;
 };
 
-// ---- What it is built of
-
 TEST_F(AddressField, IsASegmentFieldOfFourSegmentsSeparatedByDots)
 {
     EXPECT_STREQ(m_field->metaObject()->className(), "IPAddressEdit");
@@ -160,8 +158,6 @@ TEST_F(AddressField, HasItsPreferredSizeAtFirst)
     EXPECT_EQ(field.size(), field.sizeHint());
     EXPECT_GE(field.width(), 4 * 40);
 }
-
-// ---- Addresses that go in
 
 struct Text
 {
@@ -276,8 +272,6 @@ TEST_F(AddressField, BecomesEmptyForBytesThatAreNoAddress)
     }
 }
 
-// ---- Addresses that come out
-
 struct Content
 {
     const char* name;
@@ -356,8 +350,6 @@ TEST_F(AddressField, GivesBackEachAddressThatWasSet)
         EXPECT_EQ(number(), 1UL << bit);
     }
 }
-
-// ---- Typing
 
 QtMessageHandler usualHandler = nullptr;
 
