@@ -1,0 +1,180 @@
+// The wizard and what an application does with it, over the real profile store and link engine.
+
+#include <fstream>
+#include <iterator>
+
+#include <QApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QTemporaryDir>
+
+#include <napi.h>
+#include <profilefunctions.h>
+#include <ydatasessionmanager.h>
+#include <ykbmainwidget.h>
+#include <ylineedit.h>
+
+#include "session/signal_log.h"
+#include "wizard/record_bytes.h"
+#include "wizard/wizard_driver.h"
+
+namespace {
+
+class WizardOnTheHost : public GuiTest
+{
+protected:
+    void SetUp() override
+    {
+        GuiTest::SetUp();
+        qputenv("VORN_ROOT", root.path().toUtf8());
+        QDir(root.path()).mkpath("etc");
+        write("etc/features.json", "{\"431\": true}");
+        write("etc/settings.json", "{\"DefConnPrefer\": 2}");
+        write("etc/network.json", "{\"bearer\": \"scenario\", \"scenario\": {\"default\": "
+                                  "{\"outcome\": \"connect\", \"afterMs\": 20}}}");
+    }
+
+    void write(const char* file, const char* text)
+    {
+        std::ofstream(root.filePath(file).toStdString()) << text;
+    }
+
+    void store(const char* profile, const RecordBytes& bytes)
+    {
+        const NetworkProfile record = bytes.record();
+        ASSERT_EQ(0, NAPI_CreateProfile(profile, &record, 0, 0));
+    }
+
+    QString folder(const char* profile) const
+    {
+        return root.filePath(QString("vornlocal/download/appwrite/NetProfile/") + profile);
+    }
+
+    // The bytes of the file in which the record is kept.
+    std::string storedBytes(const char* profile) const
+    {
+        std::ifstream file((folder(profile) + "/profile").toStdString(), std::ios::binary);
+        return std::string(std::istreambuf_iterator<char>(file), {});
+    }
+
+    int run(int (*entry)(QString&), const Steps& steps)
+    {
+        bool hasEnded = false;
+        perform({steps, [&hasEnded] { hasEnded = true; }});
+        const int result = entry(name);
+        EXPECT_TRUE(waitFor([&hasEnded] { return hasEnded; }));
+        settle();
+        return result;
+    }
+
+    static Steps typing(const char* label, const char* text)
+    {
+        return Steps([label, text] {
+            walkTo(wizardPage(1), label);
+            retype(text);
+        });
+    }
+    static void save() { press(Qt::Key_F2); }
+    static void dismiss() { press(Qt::Key_Return); }
+
+    QString name;
+    QTemporaryDir root;
+};
+
+TEST_F(WizardOnTheHost, NotFoundCreatedAndConnected)
+{
+    store("Profile1", RecordBytes());
+    store("Profile2", RecordBytes());
+    EXPECT_EQ(0, run(getProfileIfNoFound,
+                     {[] { press(Qt::Key_Return); }, [] {},
+                      [] {
+                          EXPECT_EQ("Profile3",
+                                    editOf(wizardPage(1), "Profile Name:*")->text().toStdString());
+                      },
+                      typing("GPRS APN:", "internet"), opening(save),
+                      [] {
+                          EXPECT_EQ("|You have successfully saved the profile named: Profile3.",
+                                    popupText());
+                          dismiss();
+                      }}));
+    EXPECT_EQ("Profile3", name.toStdString());
+    // Mark 1, cellular only, the access point, and nothing else.
+    std::string expected(1168, '\0');
+    expected[1] = 1;
+    expected[5] = 4;
+    expected.replace(8, 8, "internet");
+    EXPECT_EQ(expected, storedBytes("Profile3"));
+
+    YDataSessionManager manager;
+    SignalLog log(manager);
+    ASSERT_GE(manager.init(false), 0);
+    ASSERT_EQ(0, manager.openLink(name));
+    EXPECT_TRUE(waitFor([&log] { return !log.isEmpty(); }));
+    EXPECT_EQ("connected(0)", log.takeFirst());
+    EXPECT_EQ(0, manager.closeLink(0));
+}
+
+TEST_F(WizardOnTheHost, AnEditedAndRenamedProfileIsStoredByteByByte)
+{
+    RecordBytes bytes;
+    for (size_t i = 0; i < 1168; ++i)
+        bytes.byte(i, unsigned(i * 7 % 256));
+    bytes.fill(8, 100, 0).fill(108, 100, 0).fill(208, 100, 0).fill(760, 100, 0).fill(862, 100, 0);
+    bytes.text(8, "old.example").half(320, 60).byte(380, 0);
+    store("Old", bytes);
+    name = "Old";
+    EXPECT_EQ(0, run(editProfilebyUser,
+                     {typing("Profile Name:*", "New"), typing("GPRS APN:", "new.example"),
+                      typing("GPRS DNS 1:", "192.168.0.1"), typing("GPRS DNS 2:", ""),
+                      typing("Port 1:", "65535"), opening(save), dismiss}));
+    EXPECT_EQ("Old", name.toStdString());
+    EXPECT_FALSE(QFileInfo(folder("Old")).exists());
+    bytes.byte(1, 1).byte(5, (bytes.read(5, 1) & 0xF0) | 4).text(8, "new.example");
+    bytes.word(312, 0xC0A80001).word(316, 0).half(860, 65535);
+    EXPECT_EQ(bytes.part(0, 1168), storedBytes("New"));
+}
+
+TEST_F(WizardOnTheHost, AProfileDeletedMeanwhileClosesTheWizardAndStaysDeleted)
+{
+    store("Old", RecordBytes().text(8, "a"));
+    name = "Old";
+    EXPECT_EQ(2, run(editProfilebyUser, {[this] { QDir(folder("Old")).removeRecursively(); },
+                                         typing("GPRS APN:", "b"), save}));
+    EXPECT_FALSE(QFileInfo(folder("Old")).exists());
+}
+
+TEST_F(WizardOnTheHost, AFullStoreIsToldAndNothingIsStored)
+{
+    write("etc/network.json", "{\"maxProfiles\": 1}");
+    store("Only", RecordBytes());
+    EXPECT_EQ(2, run(createProfilebyUser, {typing("GPRS APN:", "a"), opening(save), [] {
+                                               EXPECT_EQ(0u, popupText().find("Memory Full|"));
+                                               dismiss();
+                                           }}));
+    unsigned int count = 0;
+    EXPECT_EQ(0, NAPI_ListAllProfile(nullptr, &count));
+    EXPECT_EQ(1u, count);
+}
+
+TEST_F(WizardOnTheHost, TwentyWideCharactersAreAName)
+{
+    const QString wide(20, QChar(0x4E2D));
+    EXPECT_EQ(0, run(createProfilebyUser, {[&wide] { retype(wide + wide); },
+                                           typing("GPRS APN:", "a"), opening(save), dismiss}));
+    EXPECT_EQ(wide.toStdString(), name.toStdString());
+    EXPECT_EQ(0, NAPI_IsProfileValid(wide.toUtf8()));
+}
+
+TEST_F(WizardOnTheHost, ANameBeyondTheBasicPlaneIsCutToTwentyUnits)
+{
+    QString emoji;
+    for (int i = 0; i < 20; ++i)
+        emoji += QString::fromUtf8("\xF0\x9F\x98\x80");
+    EXPECT_EQ(0, run(createProfilebyUser,
+                     {[&emoji] { editOf(wizardPage(1), "Profile Name:*")->setText(emoji); },
+                      typing("GPRS APN:", "a"), opening(save), dismiss}));
+    EXPECT_EQ(emoji.left(20).toStdString(), name.toStdString());
+    EXPECT_EQ(0, NAPI_IsProfileValid(name.toUtf8()));
+}
+
+} // namespace
