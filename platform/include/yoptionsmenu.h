@@ -23,9 +23,9 @@ class VORN_PLATFORM_API YOptionsMenu : public YPopup
     Q_OBJECT
 
 public:
-    // `rect` is the room for the menu in pixels of the screen. `parent` is who deletes the menu, or
-    // null. `name` is the object name or null, `flags` is 0. `widgetClassId` is
-    // YSkinService::OptionsMenu.
+    // `rect` is the room for the menu in pixels of the screen; what lies outside of it is not used.
+    // `parent` is who deletes the menu, or null. `name` is the object name or null, `flags` is 0.
+    // `widgetClassId` is YSkinService::OptionsMenu.
     YOptionsMenu(const QRect& rect, QWidget* parent, const char* name, YWidgetFlags flags,
                  int widgetClassId);
     ~YOptionsMenu();

@@ -261,6 +261,16 @@ TEST_F(Menu, StandsAtTheBottomOfItsRoom)
     EXPECT_GT(place.bottom(), YGlobal::getCstR().top() - 10);
 }
 
+TEST_F(Menu, KeepsToAScreenThatIsNarrowerThanItsRoom)
+{
+    YOptionsMenu wide(QRect(0, 0, 1000, 286), page.get(), nullptr, 0, YSkinService::OptionsMenu);
+    wide.insertItem("Save", nullptr, nullptr, nullptr, true, false, false, -1, -1, false);
+    wide.show();
+    auto* list = wide.findChild<QListWidget*>();
+    const QRect place(list->mapTo(screen(), QPoint()), list->size());
+    EXPECT_TRUE(screen()->rect().contains(place));
+}
+
 TEST_F(Menu, ScrollsWhenItHasMoreItemsThanRoom)
 {
     for (int i = 0; i < 30; ++i)

@@ -162,7 +162,7 @@ YOptionsMenu::YOptionsMenu(const QRect& rect, QWidget* parent, const char* name,
                            YWidgetFlags /*flags*/, int /*widgetClassId*/)
     : YPopup(0, parent, name, true, PlainStyle, 0), d(new Private)
 {
-    d->rect = rect;
+    d->rect = rect.intersected(YGlobal::getHomeR(true));
     d->list = new ItemList(this);
     d->list->setFrameShape(QFrame::NoFrame);
     d->list->setItemDelegate(new ItemDelegate(d->list));
