@@ -8,6 +8,7 @@
 #include "network/napi_host.h"
 #include "output.h"
 #include "request.h"
+#include "store.h"
 #include "terminal_text.h"
 
 namespace ctl {
@@ -81,6 +82,37 @@ std::string lineOf(const Json& event)
         line += text.empty() ? "-" : printable(text);
     }
     return line + '\n';
+}
+
+// The name as a word to type after a command, or NAME where a shell would need it quoted.
+std::string asArgument(const std::string& name)
+{
+    static const char plain[] = "-._0123456789"
+                                "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
+    const bool isPlain = name[0] != '-' && name.find_first_not_of(plain) == std::string::npos;
+    return isPlain ? name : "NAME";
+}
+
+// Without an access point name and a number to dial, only WiFi can carry the profile.
+bool lacksCellular(const std::string& name)
+{
+    try {
+        NetworkProfile record;
+        return readIfUsable(name, &record) && !record.gprsApn[0] && !record.csdNumber[0] &&
+               (record.flags & NAPI_PREFER_MASK) != NAPI_PREFER_WIFI_ONLY;
+    } catch (const Failure&) {
+        return false;
+    }
+}
+
+std::string openFailedAdvice(const std::string& name, int cause)
+{
+    if (cause == NAPI_CAUSE_NO_BEARER && lacksCellular(name))
+        return "The profile has neither an access point name nor a number to dial: \"vornctl "
+               "profile set " +
+               asArgument(name) + " apn=...\" gives it an access point.";
+    return "Look at the profile with \"vornctl profile show\", and at etc/network.json with "
+           "\"vornctl doctor\".";
 }
 
 class Opening
@@ -157,8 +189,7 @@ private:
                               " could not be opened: " + napihost::causeText(indication.cause1) +
                               " (cause " + std::to_string(indication.cause1) + ", detail " +
                               std::to_string(indication.cause2) + ").",
-                          "Look at the profile with \"vornctl profile show\", and at "
-                          "etc/network.json with \"vornctl doctor\".");
+                          openFailedAdvice(m_request.name, indication.cause1));
         }
         return indication.type == NAPI_IND_CONNECTED;
     }
