@@ -62,16 +62,17 @@ std::size_t countEntries()
 }
 
 // Who misses a profile in the list learns where to look for it. Looking for damage takes as long as
-// listing, so it is done only when there is more than was listed.
-void noteDamage(std::size_t listed)
+// listing, so it is done only when there is more than was listed. True when there was some.
+bool noteDamage(std::size_t listed)
 {
     std::vector<napihost::Finding> findings;
     if (countEntries() <= listed || napihost::inspectStore(&findings) < 0 || findings.empty())
-        return;
+        return false;
     const std::string count = std::to_string(findings.size());
     note(findings.size() == 1
              ? "1 damaged entry is not listed; \"vornctl doctor\" tells more."
              : count + " damaged entries are not listed; \"vornctl doctor\" tells more.");
+    return true;
 }
 
 void printJsonList(const std::vector<std::string>& names, bool secrets)
@@ -98,7 +99,8 @@ int profileList(const Request& request)
         printNames(names);
     else {
         printList(names);
-        noteDamage(names.size());
+        if (!noteDamage(names.size()) && names.empty())
+            note("no profile is stored; \"vornctl profile create NAME apn=...\" makes one.");
     }
     return 0;
 }

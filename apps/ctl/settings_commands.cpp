@@ -122,6 +122,18 @@ Json jsonOf(const std::string& name, const Setting& setting)
     return json;
 }
 
+// The list as the request wants it; people are told what to do about one that is empty.
+void printEntries(const Request& request, const Json& list, const Table& table, const char* ifEmpty)
+{
+    if (request.json) {
+        printJson(list);
+        return;
+    }
+    print(table.text());
+    if (list.empty())
+        note(ifEmpty);
+}
+
 // A whole decimal number of 32 bits.
 bool integerOf(const std::string& text, int* value)
 {
@@ -205,10 +217,8 @@ int settingList(const Request& request)
         table.add({name, typeName(setting.type), valueText(setting)});
         list.push_back(jsonOf(name, setting));
     }
-    if (request.json)
-        printJson(list);
-    else
-        print(table.text());
+    printEntries(request, list, table,
+                 "no setting is stored; \"vornctl setting set NAME VALUE\" adds one.");
     return 0;
 }
 
@@ -223,10 +233,8 @@ int featureList(const Request& request)
         table.add({std::to_string(number), isAvailable ? "yes" : "no", *meaning ? meaning : "-"});
         list.push_back({{"number", number}, {"available", isAvailable}, {"meaning", meaning}});
     }
-    if (request.json)
-        printJson(list);
-    else
-        print(table.text());
+    printEntries(request, list, table,
+                 "no feature is stored; \"vornctl feature set NUMBER on\" adds one.");
     return 0;
 }
 
