@@ -229,6 +229,57 @@ void checkCommandWords(const CLI::App& app, int argc, char** argv)
     }
 }
 
+// How far the parser came: the last command of the line, and the words that lead to it.
+struct Reached
+{
+    const CLI::App* app;
+    std::string words;
+};
+
+Reached reachedCommand(const CLI::App& app)
+{
+    Reached reached = {&app, app.get_name()};
+    while (!reached.app->get_subcommands().empty()) {
+        reached.app = reached.app->get_subcommands().back();
+        reached.words += ' ' + reached.app->get_name();
+    }
+    return reached;
+}
+
+// One command a line with what it does, the lines below the first indented as an advice is.
+std::string commandList(const CLI::App& app)
+{
+    const auto children = app.get_subcommands([](const CLI::App*) { return true; });
+    std::size_t width = 0;
+    for (const CLI::App* child : children)
+        width = std::max(width, child->get_name().size());
+    std::string text;
+    for (const CLI::App* child : children) {
+        const std::string name = child->get_name();
+        text +=
+            name + std::string(width + 2 - name.size(), ' ') + child->get_description() + "\n  ";
+    }
+    return text;
+}
+
+Failure parseFailure(const CLI::App& app, const CLI::ParseError& error)
+{
+    const Reached reached = reachedCommand(app);
+    const std::vector<std::string> unknown = app.remaining(true);
+    std::string what = printable(error.what());
+    const bool lacksCommand = what == "A subcommand is required";
+    // An unknown option in the command's place is what the person has to hear about.
+    if (lacksCommand && !unknown.empty())
+        what = "there is no option " + inQuotes(unknown.front()) + " here";
+    else if (lacksCommand)
+        return Failure(Exit::Usage,
+                       "a command is missing; \"" + reached.words + "\" has these commands:",
+                       commandList(*reached.app) + '"' + reached.words +
+                           " COMMAND --help\" and \"man vornctl\" tell more.");
+    return Failure(Exit::Usage, what + '.',
+                   '"' + reached.words + " --help\" and \"man vornctl\" tell more.");
+}
+
 int complete(const CLI::App& app, int argc, char** argv)
 {
     std::string text;
@@ -263,10 +314,7 @@ int runCommandLine(int argc, char** argv)
         print(std::string(version.what()) + '\n');
         return 0;
     } catch (const CLI::ParseError& error) {
-        std::string what = printable(error.what());
-        if (what == "A subcommand is required")
-            what = "a command is missing";
-        throw Failure(Exit::Usage, what + '.', "\"vornctl --help\" and \"man vornctl\" tell more.");
+        throw parseFailure(app, error);
     }
     return chosen->run(request);
 }
