@@ -15,6 +15,8 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
+#include "network/failing_memory.h"
+
 namespace {
 
 struct FakeInterface
@@ -96,6 +98,7 @@ IN_THE_PLACE_OF_LIBC int getifaddrs(ifaddrs** result) noexcept
     Guard guard(mutex);
     if (!active)
         return real<int(ifaddrs**)>("getifaddrs")(result);
+    linktest::SparedThread spared;
     errno = refusal;
     if (refusal == 0)
         *result = list();

@@ -38,7 +38,7 @@ struct Device
 class BearerListener
 {
 public:
-    virtual void linkUp(int link, const Device& device) = 0;
+    virtual void linkUp(int link, Device device) = 0;
     virtual void linkFailed(int link, NapiCause cause, int detail) = 0;
     virtual void linkBroken(int link) = 0;
 
@@ -47,7 +47,9 @@ protected:
 };
 
 // All calls are made one at a time, and none of them blocks. The listener is told from within open,
-// descriptorReady and deadlinePassed only. After close nothing more is told about that link.
+// descriptorReady and deadlinePassed only. After close nothing more is told about that link. Where
+// memory is short, open may throw std::bad_alloc, and the link is then given up; descriptorReady
+// and deadlinePassed throw nothing.
 class Bearer
 {
 public:

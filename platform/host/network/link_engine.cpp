@@ -1,5 +1,7 @@
 #include "network/link_engine.h"
 
+#include <algorithm>
+
 #include <sys/eventfd.h>
 #include <sys/socket.h>
 
@@ -29,6 +31,7 @@ int LinkEngine::start()
     base::UniqueFd receiverEnd(ends[1]);
     {
         Guard guard(m_mutex);
+        reserveDescriptors();
         m_channels.emplace_back(std::move(engineEnd));
         wake();
     }
@@ -39,6 +42,14 @@ int LinkEngine::start()
     Guard guard(m_mutex);
     ++m_users;
     return receiverEnd.release();
+}
+
+// The thread can refuse nobody, so the memory for one more receiver is asked for here.
+void LinkEngine::reserveDescriptors()
+{
+    size_t needed = 1 + m_bearers.size() + m_channels.size() + 1;
+    if (std::max(m_descriptors.capacity(), m_room.capacity()) < needed)
+        m_room.reserve(2 * needed);
 }
 
 int LinkEngine::startBearers()

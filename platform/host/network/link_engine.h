@@ -68,6 +68,7 @@ private:
     // link_engine.cpp: the calls
     Link* find(int link);
     int freeId() const;
+    void reserveDescriptors();
     int begin();
     void end();
     int startBearers();
@@ -91,7 +92,7 @@ private:
     Clock::time_point nextDeadline() const;
     void collectDescriptors();
     void react();
-    void linkUp(int link, const Device& device) override;
+    void linkUp(int link, Device device) override;
     void linkFailed(int link, NapiCause cause, int detail) override;
     void linkBroken(int link) override;
     void tell(NapiIndication message, Link* about);
@@ -106,7 +107,8 @@ private:
     std::deque<int> m_requests; // link ids; one that was closed meanwhile is passed over
     std::list<IndicationChannel> m_channels;
     uint64_t m_lastMessage = 0;
-    std::vector<pollfd> m_descriptors;
+    std::vector<pollfd> m_descriptors; // what the thread waits for; the kernel's while it does
+    std::vector<pollfd> m_room;        // takes their place once they are too many for it
     MachineBearer m_machine{*this};
     ScenarioBearer m_scenario{*this};
     const std::array<Bearer*, 2> m_bearers{&m_machine, &m_scenario};

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <new>
+#include <utility>
 
 #include <sys/eventfd.h>
 
@@ -65,9 +66,11 @@ Clock::time_point LinkEngine::nextDeadline() const
 }
 
 // A receiver is waited on for room only while something is queued for it; that it has gone is
-// reported in any case.
+// reported in any case. There is room for all of them already.
 void LinkEngine::collectDescriptors()
 {
+    if (m_room.capacity() > m_descriptors.capacity())
+        m_descriptors.swap(m_room);
     m_descriptors.clear();
     m_descriptors.push_back({m_wake.get(), POLLIN, 0});
     for (const Bearer* bearer : m_bearers)
@@ -130,6 +133,8 @@ static Clock::duration idlePeriod(const Opening& opening, NapiBearerKind kind)
     return Clock::duration::zero(); // a WiFi link costs nothing while it is idle
 }
 
+// Where the kernel does not answer the count begins at 0: the first sample then sees traffic, and
+// the link ends a quarter of the period later.
 void LinkEngine::startIdleTimer(Link& link)
 {
     Clock::duration period = idlePeriod(link.opening, link.device.kind);
@@ -192,13 +197,13 @@ static NapiIndication indication(NapiIndicationType type, int link, const Device
     return message;
 }
 
-void LinkEngine::linkUp(int id, const Device& device)
+void LinkEngine::linkUp(int id, Device device)
 {
     Link* link = find(id);
     link->state = State::Up;
-    link->device = device;
+    link->device = std::move(device);
     startIdleTimer(*link);
-    tell(indication(NAPI_IND_CONNECTED, id, device), link);
+    tell(indication(NAPI_IND_CONNECTED, id, link->device), link);
 }
 
 void LinkEngine::linkFailed(int id, NapiCause cause, int detail)

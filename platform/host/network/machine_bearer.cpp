@@ -86,13 +86,13 @@ void MachineBearer::checkLinks()
     m_checkAt = known ? kNever : Clock::now() + kRetry;
     if (!known)
         return;
-    std::vector<int> gone;
-    for (const auto& [link, device] : m_up) {
-        if (!stillThere(device, interfaces))
-            gone.push_back(link);
-    }
-    for (int link : gone) {
-        m_up.erase(link);
+    for (auto entry = m_up.begin(); entry != m_up.end();) {
+        if (stillThere(entry->second, interfaces)) {
+            ++entry;
+            continue;
+        }
+        int link = entry->first;
+        entry = m_up.erase(entry);
         m_listener.linkBroken(link);
     }
 }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <new>
 
 #include <arpa/inet.h>
 #include <ifaddrs.h>
@@ -29,12 +30,8 @@ static std::string deviceName(const char* label)
     return name.substr(0, name.find(':'));
 }
 
-int Interfaces::read()
+void Interfaces::take(const ifaddrs* list)
 {
-    m_all.clear();
-    ifaddrs* list = nullptr;
-    if (::getifaddrs(&list) != 0)
-        return errno;
     for (const ifaddrs* one = list; one; one = one->ifa_next) {
         Interface& interface = entry(deviceName(one->ifa_name));
         interface.flags |= one->ifa_flags;
@@ -48,8 +45,25 @@ int Interfaces::read()
             interface.packets = uint64_t{statistics->rx_packets} + statistics->tx_packets;
         }
     }
+}
+
+// The engine's thread has nobody to whom it could leave an exception, so a lack of memory is an
+// answer like the others.
+int Interfaces::read()
+{
+    m_all.clear();
+    ifaddrs* list = nullptr;
+    if (::getifaddrs(&list) != 0)
+        return errno;
+    int error = 0;
+    try {
+        take(list);
+    } catch (const std::bad_alloc&) {
+        m_all.clear();
+        error = ENOMEM;
+    }
     ::freeifaddrs(list);
-    return 0;
+    return error;
 }
 
 const Interface* Interfaces::find(const std::string& name) const

@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+struct ifaddrs;
+
 namespace network {
 
 struct Interface
@@ -19,7 +21,8 @@ struct Interface
 class Interfaces
 {
 public:
-    // Asks the kernel. Result: 0 or an errno.
+    // Asks the kernel. Result: 0, or an errno and nothing is known; ENOMEM where an exception would
+    // say so elsewhere.
     int read();
 
     const Interface* find(const std::string& name) const;
@@ -29,6 +32,7 @@ public:
     uint64_t packets(const std::string& name) const;
 
 private:
+    void take(const ifaddrs* list);
     Interface& entry(const std::string& name);
     std::vector<Interface> m_all;
 };

@@ -1,6 +1,7 @@
 #include "network/scenario_bearer.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "network/machine_choice.h"
 
@@ -59,16 +60,17 @@ void ScenarioBearer::deadlinePassed(Clock::time_point now)
         happen(link, now);
 }
 
+// Nothing is copied: this may happen at a deadline, where no lack of memory could be told.
 void ScenarioBearer::connect(int link, Entry& entry, Clock::time_point now)
 {
     entry.up = true;
     entry.due = entry.scenario.breakAfter ? now + *entry.scenario.breakAfter : kNever;
     Device device;
-    device.name = entry.scenario.device;
+    device.name = std::move(entry.scenario.device);
     device.address = entry.scenario.address;
     device.kind = entry.kind;
-    device.nameServers = entry.scenario.nameServers;
-    m_listener.linkUp(link, device);
+    device.nameServers = std::move(entry.scenario.nameServers);
+    m_listener.linkUp(link, std::move(device));
 }
 
 void ScenarioBearer::happen(int link, Clock::time_point now)
