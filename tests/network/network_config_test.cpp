@@ -265,6 +265,17 @@ TEST_F(NetworkConfig, WithoutAFileIsTheMachine)
     EXPECT_TRUE(napihost::inspectNetworkConfiguration().empty());
 }
 
+TEST_F(NetworkConfig, IsNotMissedWhereTheRootIsAFile)
+{
+    writeFile(root() + "/file", "");
+    setenv("VORN_ROOT", (root() + "/file").c_str(), 1);
+    EXPECT_EQ(told([] {
+                  Receiver receiver;
+                  EXPECT_EQ(NAPI_OpenLink("Home"), NAPI_ERR_ROOT);
+              }),
+              "");
+}
+
 TEST_F(NetworkConfig, TellsOfEachChangeAgain)
 {
     store("Home");

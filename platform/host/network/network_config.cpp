@@ -61,10 +61,16 @@ static bool operator==(const FileVersion& a, const FileVersion& b)
            same(a.modified, b.modified) && same(a.changed, b.changed);
 }
 
+// Where the root is no folder, the call that needs it says so.
+static bool isMissing(int error)
+{
+    return error == ENOENT || error == ENOTDIR;
+}
+
 static FileVersion versionOf(const std::string& path)
 {
     struct stat status = {};
-    bool there = !path.empty() && (::stat(path.c_str(), &status) == 0 || errno != ENOENT);
+    bool there = !path.empty() && (::stat(path.c_str(), &status) == 0 || !isMissing(errno));
     off_t size = there ? status.st_size : kMissing;
     return {path, status.st_dev, status.st_ino, size, status.st_mtim, status.st_ctim};
 }
