@@ -25,6 +25,15 @@ struct Progress
 
     std::size_t offset() const { return static_cast<std::size_t>(consumed - begin); }
 
+    // Of the byte consumed last, in its line; 1 is the first one.
+    std::size_t column() const
+    {
+        const char* start = consumed > begin ? consumed - 1 : begin;
+        for (; start > begin && start[-1] != '\n'; --start) {
+        }
+        return static_cast<std::size_t>(consumed - start);
+    }
+
     int currentLine()
     {
         for (; counted + 1 < consumed; ++counted)
@@ -126,7 +135,7 @@ public:
 
     bool parse_error(std::size_t, const std::string&, const json::exception& error)
     {
-        return fail("JSON", explanation(error.what()));
+        return fail("JSON", finding(error.what()));
     }
 
 private:
@@ -136,15 +145,14 @@ private:
         std::string key;
     };
 
-    // The parser's message is "[id] parse error at line L, column C: explanation".
-    static std::string explanation(const std::string& message)
+    // The parser's own words name its tokens and states; a person is helped by the place.
+    std::string finding(const std::string& message)
     {
-        const std::size_t column = message.find("column ");
-        const std::size_t start = message.find(": ", column == std::string::npos ? 0 : column);
-        if (start != std::string::npos)
-            return message.substr(start + 2);
-        const std::size_t id = message.find("] ");
-        return id == std::string::npos ? message : message.substr(id + 2);
+        if (message.find("unexpected end of input") != std::string::npos)
+            return "the end of the file";
+        if (message.find("number overflow") != std::string::npos)
+            return "a number that is too large";
+        return "a syntax error at column " + std::to_string(m_progress.column());
     }
 
     bool fail(const std::string& expected, const std::string& found)
