@@ -53,7 +53,7 @@ function(vorn_add_test name)
   if(T_SERIAL)
     list(APPEND properties RUN_SERIAL TRUE)
   endif()
-  gtest_discover_tests(${name} TEST_PREFIX "${name}/" TEST_LIST ${name}_list DISCOVERY_TIMEOUT 60
+  gtest_discover_tests(${name} NO_PRETTY_VALUES TEST_PREFIX "${name}/" TEST_LIST ${name}_list DISCOVERY_TIMEOUT 60
     PROPERTIES ${properties})
   # Properties that are lists do not survive the discovery step; CTest sets them when it has read the
   # tests.

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QLineEdit>
 #include <QTimer>
+#include <algorithm>
 
 #include <ycombobox.h>
 #include <yformcontainer.h>
@@ -71,12 +72,14 @@ template <class T> T* rowOf(YKbMainWidget* page, const QString& label)
 YKbMainWidget* wizardPage(int number)
 {
     const auto pages = pagesOf(QString("DataConnection_NewWiz%1").arg(number));
-    YKbMainWidget* last = pages.empty() ? nullptr : pages.front();
-    for (YKbMainWidget* page : pages) {
-        if (page->isVisible() && !last->isVisible())
-            last = page;
+    YKbMainWidget* top = pages.empty() ? nullptr : pages.front();
+    // The screen's children are in the order in which they lie on each other, the top one last.
+    for (QObject* child : GuiTest::screen()->children()) {
+        auto page = std::find(pages.begin(), pages.end(), child);
+        if (page != pages.end() && (*page)->isVisible())
+            top = *page;
     }
-    return last;
+    return top;
 }
 
 int wizardPageCount()
