@@ -2,9 +2,6 @@
 
 #include <cstring>
 
-#include <dlfcn.h>
-
-#include <yapplication.h>
 #include <yinputfield.h>
 #include <ylineedit.h>
 #include <ypopup.h>
@@ -12,32 +9,6 @@
 #include "common/gui_test.h"
 #include "ipaddressedit_validator.h"
 #include "widgets/segment_rows.h"
-
-namespace {
-
-// What the library has asked of the input methods.
-struct Chosen
-{
-    QWidget* widget;
-    QString method;
-    int mode;
-    QString extra;
-};
-
-std::vector<Chosen> chosen;
-
-} // namespace
-
-// Stands in the place of the toolkit's own, which it calls.
-void YApplication::setInputMethod(QWidget* widget, const QString& method, int mode,
-                                  const QString& extra)
-{
-    typedef void (*Function)(QWidget*, const QString&, int, const QString&);
-    static const auto itself = reinterpret_cast<Function>(
-        ::dlsym(RTLD_NEXT, "_ZN12YApplication14setInputMethodEP7QWidgetRK7QStringiS4_"));
-    chosen.push_back({widget, method, mode, extra});
-    itself(widget, method, mode, extra);
-}
 
 namespace {
 
@@ -135,20 +106,6 @@ TEST_F(AddressField, SetsEachSegmentUpForAnOctet)
         EXPECT_TRUE(segment(i)->alignment() & Qt::AlignHCenter);
         EXPECT_TRUE(segment(i)->alignment() & Qt::AlignVCenter);
         EXPECT_EQ(segment(i)->getInputField()->inputMode(), YInputField::NumericInput);
-    }
-}
-
-TEST_F(AddressField, ChoosesTheNumericInputMethodForEachSegmentInTurn)
-{
-    chosen.clear();
-    const IPAddressEdit field;
-    ASSERT_EQ(chosen.size(), 4U);
-    for (int i = 0; i < 4; ++i) {
-        const Chosen& one = chosen[static_cast<size_t>(i)];
-        EXPECT_EQ(one.widget, field.getField(i));
-        EXPECT_EQ(one.method, "{637a8c00-1098-42ca-969a-2bf163cd3c14}");
-        EXPECT_EQ(one.mode, 6);
-        EXPECT_TRUE(one.extra.isNull());
     }
 }
 
