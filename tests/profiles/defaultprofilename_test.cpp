@@ -172,6 +172,15 @@ TEST_F(DefaultProfileName, LooksAtNoMoreNamesThanItsBufferHas)
     EXPECT_EQ(nameFor(napi), "Profile3");
 }
 
+TEST_F(DefaultProfileName, FindsNoNameInASlotThatIsCountedAndNotFilled)
+{
+    scripted::Napi napi;
+    napi.filled = {slot("Profile1"), slot("Profile2")};
+    napi.firstCount = 4;
+    napi.secondCount = 4;
+    EXPECT_EQ(nameFor(napi), "Profile3");
+}
+
 TEST_F(DefaultProfileName, ReadsASlotWithoutNulToItsEnd)
 {
     scripted::Napi napi;

@@ -2,6 +2,7 @@
 
 #include <cerrno>
 #include <cstdlib>
+#include <cstring>
 #include <string>
 
 #include "profiles/recorder.h"
@@ -50,7 +51,10 @@ extern "C" __attribute__((visibility("default"))) void* malloc(size_t size) noex
         errno = ENOMEM;
         return nullptr;
     }
-    return held = allocate(size);
+    held = allocate(size);
+    if (held)
+        std::memset(held, 'x', size);
+    return held;
 }
 
 extern "C" __attribute__((visibility("default"))) void free(void* place) noexcept

@@ -5,7 +5,7 @@
 namespace mallocwatch {
 
 // Records the next malloc of this thread as "malloc SIZE", and the free of what it gave as "free".
-// `fail` has that one malloc fail.
+// What it gives is full of the letter x. `fail` has that one malloc fail.
 void watchNext(bool fail);
 
 // Whether the watched allocation is still held.

@@ -10,9 +10,9 @@ void hideListBox(bool hide);
 // What every list answers for its current row; -1 has it answer itself.
 void pretendCurrentItem(int row);
 
-// Records what the library asks the event loop for: "wake", "exec", "exec ends" and "process
-// events", the latter with "dialog gone" or "dialog there". What happens inside exec is not
-// recorded.
+// Records the dialog's life and what the library asks the event loop for: "dialog made", "wake",
+// "exec", "exec ends", "dialog deleted" and "process events", the latter with "dialog gone" or
+// "dialog there". What happens inside exec is not recorded.
 void recordLoop(bool record);
 
 } // namespace hooks

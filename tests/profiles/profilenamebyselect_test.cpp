@@ -209,16 +209,18 @@ TEST_F(SelectProfile, FreesTheNamesBeforeItShowsThemAndPaintsBeforeItReturns)
         hooks::recordLoop(true);
     };
     EXPECT_EQ(select({accept}), 0);
-    EXPECT_EQ(calls(), (Calls{"list count 0", "limit 100", "malloc 192", "list names 3", "free",
-                              "wake", "exec", "exec ends", "process events, dialog gone"}));
+    EXPECT_EQ(calls(), (Calls{"list count 0", "limit 100", "malloc 192", "list names 3",
+                              "dialog made", "free", "wake", "exec", "exec ends", "dialog deleted",
+                              "process events, dialog gone"}));
 }
 
 TEST_F(SelectProfile, PaintsBeforeItReturnsWhenCancelledToo)
 {
     m_napi.afterLimit = [] { hooks::recordLoop(true); };
     EXPECT_EQ(select({cancel}), -100);
-    EXPECT_EQ(calls(), (Calls{"list count 0", "limit 100", "list names 3", "wake", "exec",
-                              "exec ends", "process events, dialog gone"}));
+    EXPECT_EQ(calls(),
+              (Calls{"list count 0", "limit 100", "list names 3", "dialog made", "wake", "exec",
+                     "exec ends", "dialog deleted", "process events, dialog gone"}));
 }
 
 struct Limit
@@ -299,6 +301,24 @@ TEST_F(SelectProfile, ShowsNoMoreNamesThanItsBufferHas)
         press(Qt::Key_Escape);
     }});
     EXPECT_EQ(names, (QStringList{"Home", "Work", "Train"}));
+}
+
+TEST_F(SelectProfile, ShowsAnEmptyNameForASlotThatIsCountedAndNotFilled)
+{
+    m_napi.firstCount = 5;
+    m_napi.secondCount = 5;
+    QStringList names;
+    select({[&](YProfileSelectDlg& dialog) {
+        names = rows(dialog);
+        press(Qt::Key_Escape);
+    }});
+    EXPECT_EQ(names, (QStringList{"Home", "Work", "Train", "", ""}));
+}
+
+TEST_F(SelectProfile, HandsOverABufferThatBeginsWithFourZeros)
+{
+    select({cancel});
+    EXPECT_TRUE(scripted::beganWithZeros());
 }
 
 TEST_F(SelectProfile, ShowsAnEmptyListWhenTheListingFillsNothing)

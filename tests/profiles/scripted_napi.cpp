@@ -10,6 +10,7 @@
 namespace scripted {
 
 static Napi current;
+static bool zerosFirst = false;
 
 std::string slot(const std::string& name)
 {
@@ -19,6 +20,11 @@ std::string slot(const std::string& name)
 void play(const Napi& napi)
 {
     current = napi;
+}
+
+bool beganWithZeros()
+{
+    return zerosFirst;
 }
 
 static unsigned int countOr(int scriptedCount, size_t otherwise)
@@ -49,6 +55,7 @@ int NAPI_ListAllProfile(char* buffer, unsigned int* count)
     }
     recorder::note("list names " + std::to_string(*count));
     const size_t taken = std::min<size_t>(*count, current.filled.size());
+    zerosFirst = *count > 0 && std::memcmp(buffer, "\0\0\0\0", 4) == 0;
     fill(buffer, taken);
     *count = countOr(current.secondCount, taken);
     return current.secondResult;

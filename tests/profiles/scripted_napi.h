@@ -32,6 +32,9 @@ std::string slot(const std::string& name);
 // What the calls come to from now on.
 void play(const Napi& napi);
 
+// Whether the buffer of the last call for the names began with four bytes of zero.
+bool beganWithZeros();
+
 } // namespace scripted
 
 #endif

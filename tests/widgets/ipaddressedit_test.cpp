@@ -278,15 +278,23 @@ INSTANTIATE_TEST_SUITE_P(
 
 INSTANTIATE_TEST_SUITE_P(
     NoAddresses, FieldContent,
-    testing::Values(Content{"Empty", {"", "", "", ""}, 0UL, "0.0.0.0", false, true},
-                    Content{"Blanks", {" ", "  ", "   ", " "}, 0UL, "0.0.0.0", false, true},
-                    Content{"OnlyTheLast", {"", "", "", "4"}, 0UL, "0.0.0.0", false, false},
-                    Content{"FirstMissing", {"", "2", "3", "4"}, 0UL, "0.0.0.0", false, false},
-                    Content{"SecondMissing", {"1", "", "2", "3"}, 0UL, "0.0.0.0", false, false},
-                    Content{"LastMissing", {"1", "2", "3", ""}, 0UL, "0.0.0.0", false, false},
-                    Content{"BlankForAPart", {"1", " ", "3", "4"}, 0UL, "0.0.0.0", false, false},
-                    Content{"TooLarge", {"1", "2", "3", "256"}, 0UL, "0.0.0.0", false, false},
-                    Content{"Letters", {"1", "2", "x", "4"}, 0UL, "0.0.0.0", false, false}),
+    testing::Values(
+        Content{"Empty", {"", "", "", ""}, 0UL, "0.0.0.0", false, true},
+        Content{"Blanks", {" ", "  ", "   ", " "}, 0UL, "0.0.0.0", false, true},
+        Content{"OtherBlanks",
+                {QChar(0xa0), QChar(0x200b), QChar(0x3000), QString("\t\n")},
+                0UL,
+                "0.0.0.0",
+                false,
+                true},
+        Content{"NextLineIsNoBlank", {"", QChar(0x85), "", ""}, 0UL, "0.0.0.0", false, false},
+        Content{"OnlyTheLast", {"", "", "", "4"}, 0UL, "0.0.0.0", false, false},
+        Content{"FirstMissing", {"", "2", "3", "4"}, 0UL, "0.0.0.0", false, false},
+        Content{"SecondMissing", {"1", "", "2", "3"}, 0UL, "0.0.0.0", false, false},
+        Content{"LastMissing", {"1", "2", "3", ""}, 0UL, "0.0.0.0", false, false},
+        Content{"BlankForAPart", {"1", " ", "3", "4"}, 0UL, "0.0.0.0", false, false},
+        Content{"TooLarge", {"1", "2", "3", "256"}, 0UL, "0.0.0.0", false, false},
+        Content{"Letters", {"1", "2", "x", "4"}, 0UL, "0.0.0.0", false, false}),
     [](const auto& row) { return std::string(row.param.name); });
 
 TEST_F(AddressField, WritesSixteenBytesAtMost)
