@@ -11,13 +11,14 @@
 
 // Has the user pick one of the stored profiles, from a modal list in the order of the network API.
 // The row of the profile `name` is checked at first; the first row when `name` is empty or no
-// stored profile is called exactly so. Returns when the user has decided; the application's events
-// are served meanwhile.
+// stored profile is called exactly so. The list is no longer than NAPI_GetMaxProfiles says. Returns
+// when the user has decided; the application's events are served meanwhile.
 //
 // Result: 0 when the user has picked a profile, whose name is now in `name`. In every other case
 // `name` keeps its value: -100 when no profile is stored (no list is shown then), memory has run
-// out, or the user has cancelled; the negative result of NAPI_ListAllProfile when the profiles
-// cannot be listed. All but cancelling is also written to the application log.
+// out, the user has cancelled, or no row was current when the list was left; the negative result of
+// NAPI_ListAllProfile when the profiles cannot be listed. That none is stored, that memory has run
+// out and that they cannot be listed is also written to the application log.
 //
 //     QString name = lastUsedProfile;
 //     if (getProfileNamebySelect(name) == 0)

@@ -1,18 +1,18 @@
 // The device-management settings tree: settings by name, which an operator can provision.
 //
-//     if (DmtTreeFactory::Initialize().GetCode() == DMT_OK) {
-//         {
-//             DmtTreeHandle tree;
-//             DmtNodeHandle node;
-//             DmtData data;
-//             int value = 0;
-//             if (DmtTreeFactory::GetTree(DmtPrincipal("localhost"), tree).GetCode() == DMT_OK &&
-//                 tree->GetNode("DefConnPrefer", node).GetCode() == DMT_OK &&
-//                 node->GetValue(data).GetCode() == DMT_OK && data.GetInt(value).GetCode() ==
-//                 DMT_OK) use(value);
-//         }
-//         DmtTreeFactory::Uninitialize();
-//     }
+//     if (DmtTreeFactory::Initialize().GetCode() != DMT_OK)
+//         return;
+//     DmtTreeHandle tree;
+//     DmtNodeHandle node;
+//     DmtData data;
+//     int value = 0;
+//     if (DmtTreeFactory::GetTree(DmtPrincipal("localhost"), tree).GetCode() == DMT_OK &&
+//         tree->GetNode("DefConnPrefer", node).GetCode() == DMT_OK &&
+//         node->GetValue(data).GetCode() == DMT_OK && data.GetInt(value).GetCode() == DMT_OK)
+//         use(value);
+//     node.Release();
+//     tree.Release();
+//     DmtTreeFactory::Uninitialize();
 //
 // Nothing is cached: each GetTree reads the settings afresh, so that it sees what another process
 // has changed; what a tree, a node or a value has told once does not change any more. The calls of

@@ -9,6 +9,8 @@ enum SetupFeature {
     SETUP_FEATURE_WIFI = 431 // connections over WiFi
 };
 
+//     if (SETUP_Utility().isFeatureAvailable(SETUP_FEATURE_WIFI))
+//         offerWifi();
 class VORN_PLATFORM_API SETUP_Utility
 {
 public:

@@ -178,7 +178,14 @@ TEST_F(SelectProfile, ShowsANameOf63BytesWhole)
 {
     const std::string longest(63, 'w');
     m_napi.filled = {slot(longest)};
-    EXPECT_EQ(select({accept}), 0);
+    std::string shownText;
+    EXPECT_EQ(select({[&](YProfileSelectDlg& dialog) {
+                  shownText =
+                      dialog.getListBox()->item(0)->getSubItemText(1, 0, true).toStdString();
+                  press(Qt::Key_F1);
+              }}),
+              0);
+    EXPECT_EQ(shownText, longest);
     EXPECT_EQ(m_name.toStdString(), longest);
 }
 
