@@ -4,12 +4,12 @@
 
 #include <string>
 
-#include <yapplication.h>
 #include <ylineedit.h>
 
 #include "ipaddressedit_validator.h"
 #include "support/ipv4.h"
 #include "support/text.h"
+#include "widgets/keypadinput.h"
 
 static const int segmentCount = 4;
 static const int largestOctet = 255;
@@ -19,8 +19,6 @@ static const unsigned int broadcast = 0xFFFFFFFFU;
 static const int segmentFieldClass = 63;
 static const int segmentWidth = 40;
 static const int centred = 36;
-static const int numericMode = 6;
-static const char keypadMethod[] = "{637a8c00-1098-42ca-969a-2bf163cd3c14}";
 
 static void setUpSegment(YLineEdit* segment)
 {
@@ -30,7 +28,7 @@ static void setUpSegment(YLineEdit* segment)
     IPAddressEdit_Validator* validator = new IPAddressEdit_Validator(segment);
     validator->setRange(0, largestOctet);
     segment->setValidator(validator);
-    YApplication::setInputMethod(segment, keypadMethod, numericMode, QString());
+    widgets::useKeypad(segment, widgets::KeypadNumbers);
 }
 
 // Each byte is one character, as a QString of the phone takes it.

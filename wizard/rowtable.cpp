@@ -1,6 +1,5 @@
 #include "wizard/rowtable.h"
 
-#include <yapplication.h>
 #include <yformcontainer.h>
 #include <yinputfield.h>
 #include <ylabel.h>
@@ -8,6 +7,7 @@
 
 #include "ipaddressedit_validator.h"
 #include "support/translate.h"
+#include "widgets/keypadinput.h"
 #include "wizard/formrows.h"
 #include "wizard/nscombobox.h"
 #include "wizard/nseditbox.h"
@@ -20,10 +20,7 @@ namespace {
 // Values that the toolkit gives a meaning to.
 const int separatorClass = 64;
 const int captionClass = 86;
-const int dialNumberMode = 4;
-const int numericMode = 6;
 const int passwordMode = 8;
-const char keypadMethod[] = "{637a8c00-1098-42ca-969a-2bf163cd3c14}";
 
 const int largestPort = 65535;
 
@@ -37,7 +34,7 @@ void makePort(YLineEdit* edit)
     IPAddressEdit_Validator* validator = new IPAddressEdit_Validator(edit);
     validator->setRange(0, largestPort);
     edit->setValidator(validator);
-    YApplication::setInputMethod(edit, keypadMethod, numericMode, QString());
+    widgets::useKeypad(edit, widgets::KeypadNumbers);
 }
 
 void makePassword(YLineEdit* edit)
@@ -52,7 +49,7 @@ void dress(YLineEdit* edit, RowKind kind)
     case RowKind::Port:
         return makePort(edit);
     case RowKind::DialNumber:
-        return YApplication::setInputMethod(edit, keypadMethod, dialNumberMode, QString());
+        return widgets::useKeypad(edit, widgets::KeypadDialNumbers);
     case RowKind::Password:
         return makePassword(edit);
     case RowKind::PlainText:
