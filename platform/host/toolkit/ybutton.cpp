@@ -69,8 +69,9 @@ QSize YButton::minimumSizeHint() const
 
 int YButton::heightForWidth(int width) const
 {
-    const QRect line = fontMetrics().boundingRect(0, 0, textWidth(width), 0,
-                                                  Qt::TextWordWrap | Qt::AlignCenter, text());
+    const int room = textWidth(width);
+    const int flags = YRowLook::wrapFlags(fontMetrics(), text(), room);
+    const QRect line = fontMetrics().boundingRect(0, 0, room, 0, flags | Qt::AlignCenter, text());
     return line.height() + 2 * (linePadding + around);
 }
 
@@ -139,11 +140,11 @@ void YButton::paintEvent(QPaintEvent*)
                                                 -YTheme::margin - line / 2, -around - line / 2);
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(focused ? theme.accent : theme.border, line));
+    painter.setPen(QPen(focused ? theme.accent : d->enabled ? theme.outline : theme.border, line));
     painter.setBrush(isDown() ? theme.accent : d->enabled ? theme.bar : theme.background);
     painter.drawRoundedRect(body, radius, radius);
     painter.setPen(isDown() ? theme.onAccent : d->enabled ? theme.accent : theme.disabledText);
     const int side = YTheme::margin + sidePadding;
-    painter.drawText(rect().adjusted(side, 0, -side, 0), Qt::AlignCenter | Qt::TextWordWrap,
-                     text());
+    const int flags = YRowLook::wrapFlags(fontMetrics(), text(), textWidth(width()));
+    painter.drawText(rect().adjusted(side, 0, -side, 0), Qt::AlignCenter | flags, text());
 }

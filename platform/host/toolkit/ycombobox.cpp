@@ -18,17 +18,31 @@
 namespace {
 
 constexpr int arrowWidth = 20;
+constexpr int linePadding = YTheme::focusWidth + 1; // above and below lines of small letters
 
-// Two lines of small letters take the place of one that is too long.
+bool fitsOneLine(const QString& text, int width)
+{
+    return QFontMetrics(YTheme::bodyFont()).horizontalAdvance(text) <= width;
+}
+
+// Lines of small letters take the place of one that is too long.
+int boxHeightFor(const QString& text, int width)
+{
+    if (fitsOneLine(text, width))
+        return YRowLook::boxHeight;
+    const QFontMetrics metrics(YTheme::smallFont());
+    const int flags = YRowLook::wrapFlags(metrics, text, width);
+    return std::max(YRowLook::boxHeight,
+                    metrics.boundingRect(0, 0, width, 0, flags, text).height() + 2 * linePadding);
+}
+
 void drawValue(QPainter& painter, const QString& text, const QRect& place)
 {
-    painter.setFont(YTheme::bodyFont());
-    if (painter.fontMetrics().horizontalAdvance(text) <= place.width()) {
-        painter.drawText(place, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine, text);
-        return;
-    }
-    painter.setFont(YTheme::smallFont());
-    painter.drawText(place, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextWordWrap, text);
+    const bool one = fitsOneLine(text, place.width());
+    painter.setFont(one ? YTheme::bodyFont() : YTheme::smallFont());
+    const int flags = one ? static_cast<int>(Qt::TextSingleLine)
+                          : YRowLook::wrapFlags(painter.fontMetrics(), text, place.width());
+    painter.drawText(place, Qt::AlignVCenter | Qt::AlignLeft | flags, text);
 }
 
 void drawArrow(QPainter& painter, const QRect& place, const QColor& colour)
@@ -66,6 +80,14 @@ struct YComboBox::Private
     int current = -1;
     bool titled = true;
     bool autoResize = false;
+
+    // The room for the current item and, beside it, for the arrow.
+    QRect valueR(const QSize& row) const { return look.textR(row).adjusted(0, 0, -arrowWidth, 0); }
+
+    void fitBox(int width)
+    {
+        look.setBoxHeight(boxHeightFor(items.value(current), valueR(QSize(width, 0)).width()));
+    }
 };
 
 YComboBox::YComboBox(QWidget* parent, const char* name, bool titled)
@@ -192,6 +214,7 @@ QSize YComboBox::sizeHint() const
 
 int YComboBox::heightForWidth(int width) const
 {
+    d->fitBox(width);
     return d->look.heightForWidth(width);
 }
 
@@ -199,12 +222,12 @@ void YComboBox::paintEvent(QPaintEvent*)
 {
     const YTheme& theme = YTheme::current();
     const YRowLook::State state{isYEnabled(), hasFocus(), isDown()};
+    d->fitBox(width());
     QPainter painter(this);
     d->look.drawLabel(painter, size(), state);
     d->look.drawBox(painter, size(), state);
-    QRect place = d->look.textR(size());
-    const QRect arrow(place.right() + 1 - arrowWidth, place.top(), arrowWidth, place.height());
-    place.setRight(arrow.left() - 1);
+    const QRect place = d->valueR(size());
+    const QRect arrow(place.right() + 1, place.top(), arrowWidth, place.height());
     drawArrow(painter, arrow, isYEnabled() ? theme.mutedText : theme.disabledText);
     painter.setPen(isYEnabled() ? theme.text : theme.disabledText);
     drawValue(painter, currentText(), place);

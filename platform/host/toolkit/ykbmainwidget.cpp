@@ -12,6 +12,7 @@
 namespace {
 
 constexpr int smallestTitle = 12; // pixels of one line's letters
+constexpr int twoLineTitle = 11;  // and of those in two lines
 
 // The title's font: the usual one, or a smaller one that makes the title fit.
 QFont fontFor(const QString& title, int width)
@@ -30,11 +31,12 @@ void drawTitle(QPainter& painter, const QString& title, const QRect& place)
         painter.drawText(place, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine, title);
         return;
     }
-    font.setPixelSize(YTheme::smallFont().pixelSize());
+    font.setPixelSize(twoLineTitle);
     painter.setFont(font);
     const QFontMetrics metrics(font);
+    // What some faces leave free above and below their letters may go over the bar's edges.
     painter.drawText(
-        place, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextWrapAnywhere,
+        place, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextWrapAnywhere | Qt::TextDontClip,
         metrics.elidedText(title, Qt::ElideRight, 2 * place.width() - metrics.averageCharWidth()));
 }
 

@@ -353,6 +353,7 @@ void YLineEdit::paintEvent(QPaintEvent*)
         return;
     const QRect eye = d->eyeR(size());
     if (d->onEye) {
+        painter.setRenderHint(QPainter::Antialiasing);
         painter.setPen(Qt::NoPen);
         painter.setBrush(theme.accent);
         painter.drawRoundedRect(eye.adjusted(3, 4, -4, -4), 4, 4);

@@ -118,7 +118,8 @@ void YListDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
     place.setWidth(option.widget ? option.widget->width() - YTheme::indicatorWidth : place.width());
     place.adjust(gap, 0, -gap, 0);
     if (hasMark(index.row())) {
-        const QRect mark(place.left(), place.center().y() - markSize / 2, markSize, markSize);
+        const QRect mark(place.left(), place.top() + (place.height() - markSize) / 2, markSize,
+                         markSize);
         paintMark(*painter, mark, item == model.checked(), painter->pen().color());
         place.setLeft(mark.right() + 1 + gap);
     }

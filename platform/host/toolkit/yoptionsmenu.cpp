@@ -15,6 +15,7 @@
 #include <yglobal.h>
 #include <ysoftkey.h>
 
+#include "yrowlook.h"
 #include "ytheme.h"
 
 namespace {
@@ -109,7 +110,9 @@ public:
                        QRect(place.left(), place.center().y() - iconSize / 2, iconSize, iconSize));
             place.setLeft(place.left() + iconSize + textMargin);
         }
-        painter->drawText(place, Qt::AlignVCenter | Qt::TextWordWrap, index.data().toString());
+        const QString text = index.data().toString();
+        const int flags = YRowLook::wrapFlags(painter->fontMetrics(), text, place.width());
+        painter->drawText(place, Qt::AlignVCenter | flags, text);
         if (mark.toInt() == Qt::Checked)
             drawMark(painter,
                      QPointF(option.rect.right() - markWidth / 2.0, option.rect.center().y()));
@@ -148,8 +151,8 @@ struct YOptionsMenu::Private
             QRect place = textR(QRect(0, 0, width, 0), at(row)->action->isCheckable());
             if (!at(row)->icon().isNull())
                 place.setLeft(place.left() + iconSize + textMargin);
-            const int text =
-                metrics.boundingRect(place, Qt::TextWordWrap, at(row)->text()).height();
+            const int flags = YRowLook::wrapFlags(metrics, at(row)->text(), place.width());
+            const int text = metrics.boundingRect(place, flags, at(row)->text()).height();
             const int height = std::max(YTheme::rowHeight, text + 2 * linePadding);
             at(row)->setSizeHint(QSize(1, height)); // wide as the list
             sum += height;

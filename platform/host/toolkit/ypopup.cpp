@@ -242,8 +242,7 @@ void YPopup::paintEvent(QPaintEvent*)
     painter.fillPath(outline(rect()), theme.surface);
     if (d->title->isHidden())
         return;
-    painter.setPen(theme.border);
-    painter.drawLine(0, d->headerBottom, width(), d->headerBottom);
+    painter.fillRect(0, d->headerBottom - 1, width(), 1, theme.border);
 }
 
 void YPopup::resizeEvent(QResizeEvent*)

@@ -20,16 +20,15 @@ QFont labelFont()
     return YTheme::smallFont();
 }
 
-int wrapFlags(const QFontMetrics& metrics, const QString& text, int width)
+} // namespace
+
+int YRowLook::wrapFlags(const QFontMetrics& metrics, const QString& text, int width)
 {
-    // A word that fits is not broken.
     for (const QString& word : text.split(' '))
         if (metrics.horizontalAdvance(word) > width)
             return Qt::TextWrapAnywhere;
     return Qt::TextWordWrap;
 }
-
-} // namespace
 
 void YRowLook::setCompact(bool isCompact)
 {
@@ -44,16 +43,21 @@ void YRowLook::setLabel(const QString& newText)
     measuredWidth = -1;
 }
 
+void YRowLook::setBoxHeight(int height)
+{
+    box = height;
+}
+
 int YRowLook::heightForWidth(int width) const
 {
     const QMargins around = margins();
-    return around.top() + labelHeight(width) + boxHeight + around.bottom();
+    return around.top() + labelHeight(width) + box + around.bottom();
 }
 
 QRect YRowLook::boxR(const QSize& row) const
 {
     const QRect inner = QRect(QPoint(), row).marginsRemoved(margins());
-    return QRect(inner.left(), inner.bottom() + 1 - boxHeight, inner.width(), boxHeight);
+    return QRect(inner.left(), inner.bottom() + 1 - box, inner.width(), box);
 }
 
 QRect YRowLook::textR(const QSize& row) const
@@ -83,12 +87,15 @@ void YRowLook::drawBox(QPainter& painter, const QSize& row, State state) const
 {
     const YTheme& theme = YTheme::current();
     const double line = state.focused ? YTheme::focusWidth : 1;
-    const QRectF box = QRectF(boxR(row)).adjusted(line / 2, line / 2, -line / 2, -line / 2);
+    const QRectF edge = QRectF(boxR(row)).adjusted(line / 2, line / 2, -line / 2, -line / 2);
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(state.focused ? theme.accent : theme.border, line));
+    painter.setPen(QPen(state.focused   ? theme.accent
+                        : state.enabled ? theme.outline
+                                        : theme.border,
+                        line));
     painter.setBrush(state.pressed ? theme.bar : state.enabled ? theme.surface : theme.background);
-    painter.drawRoundedRect(box, boxRadius, boxRadius);
+    painter.drawRoundedRect(edge, boxRadius, boxRadius);
     painter.restore();
 }
 
@@ -131,12 +138,16 @@ int YRowLook::labelHeight(int width) const
     if (text.isEmpty())
         return 0;
     const QFontMetrics metrics(labelFont());
-    if (lineWidth < 0)
-        lineWidth = metrics.horizontalAdvance(text);
+    if (lineWidth < 0) {
+        // A letter that the font has not comes from another one, which may be higher.
+        const QSize line = metrics.size(Qt::TextSingleLine, text);
+        lineWidth = line.width();
+        lineHeight = line.height();
+    }
     const QMargins around = margins();
     const int room = width - around.left() - around.right();
     if (lineWidth <= room)
-        return labelGap + metrics.height();
+        return labelGap + lineHeight;
     if (width != measuredWidth) {
         const int flags = wrapFlags(metrics, text, room);
         measuredWidth = width;

@@ -6,6 +6,7 @@
 #include <QRect>
 #include <QString>
 
+class QFontMetrics;
 class QPainter;
 class QWidget;
 
@@ -27,6 +28,9 @@ public:
     void setLabel(const QString& text);
     const QString& label() const { return text; }
 
+    // A box for a text that one line has no room for is higher than the usual one.
+    void setBoxHeight(int height);
+
     int heightForWidth(int width) const;
     // The box in a row of this size, and the room for text in it.
     QRect boxR(const QSize& row) const;
@@ -34,6 +38,9 @@ public:
 
     void drawLabel(QPainter& painter, const QSize& row, State state) const;
     void drawBox(QPainter& painter, const QSize& row, State state) const;
+
+    // How to wrap a text at a width: between words, or anywhere when a word alone is too long.
+    static int wrapFlags(const QFontMetrics& metrics, const QString& text, int width);
 
     // A short text at the right end of a part of the box.
     static int noteWidth(const QString& note);
@@ -54,8 +61,10 @@ private:
 
     QString text;
     bool compact = false;
+    int box = boxHeight;
     // What was measured of the label; forms ask for it again and again.
     mutable int lineWidth = -1;
+    mutable int lineHeight = 0;
     mutable int measuredWidth = -1;
     mutable int measuredHeight = 0;
 };

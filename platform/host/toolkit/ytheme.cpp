@@ -1,26 +1,28 @@
 #include "ytheme.h"
 
 #include <QApplication>
+#include <QLocale>
 #include <QStringList>
 
 #include "ystyle.h"
+#include "ytranslator.h"
 
 namespace {
 
 const YTheme lightTheme = {
-    YTheme::Scheme::Light,         QColor(0xF3, 0xF4, 0xF7), QColor(0xFF, 0xFF, 0xFF),
-    QColor(0xE6, 0xE9, 0xEE),      QColor(0x1A, 0x1F, 0x26), QColor(0x55, 0x60, 0x6D),
-    QColor(0x98, 0xA1, 0xAC),      QColor(0x14, 0x5F, 0xC8), QColor(0xFF, 0xFF, 0xFF),
-    QColor(0xCF, 0xD5, 0xDC),      QColor(0x1E, 0x8E, 0x4B), QColor(0xC6, 0x2B, 0x2B),
-    QColor(0x10, 0x16, 0x20, 130),
+    YTheme::Scheme::Light,    QColor(0xF3, 0xF4, 0xF7),      QColor(0xFF, 0xFF, 0xFF),
+    QColor(0xE6, 0xE9, 0xEE), QColor(0x1A, 0x1F, 0x26),      QColor(0x55, 0x60, 0x6D),
+    QColor(0x7C, 0x85, 0x90), QColor(0x14, 0x5F, 0xC8),      QColor(0xFF, 0xFF, 0xFF),
+    QColor(0xCF, 0xD5, 0xDC), QColor(0x85, 0x8E, 0x9B),      QColor(0x1E, 0x8E, 0x4B),
+    QColor(0xC6, 0x2B, 0x2B), QColor(0x10, 0x16, 0x20, 130),
 };
 
 const YTheme darkTheme = {
-    YTheme::Scheme::Dark,          QColor(0x12, 0x15, 0x19), QColor(0x20, 0x25, 0x2C),
-    QColor(0x2A, 0x30, 0x38),      QColor(0xEC, 0xEF, 0xF3), QColor(0xA9, 0xB3, 0xBE),
-    QColor(0x6B, 0x75, 0x80),      QColor(0x7A, 0xB2, 0xFF), QColor(0x0A, 0x16, 0x28),
-    QColor(0x3C, 0x44, 0x4E),      QColor(0x5F, 0xCB, 0x8B), QColor(0xFF, 0x8A, 0x80),
-    QColor(0x00, 0x00, 0x00, 160),
+    YTheme::Scheme::Dark,     QColor(0x12, 0x15, 0x19),      QColor(0x20, 0x25, 0x2C),
+    QColor(0x2A, 0x30, 0x38), QColor(0xEC, 0xEF, 0xF3),      QColor(0xA9, 0xB3, 0xBE),
+    QColor(0x77, 0x81, 0x8D), QColor(0x7A, 0xB2, 0xFF),      QColor(0x0A, 0x16, 0x28),
+    QColor(0x3C, 0x44, 0x4E), QColor(0x69, 0x73, 0x7F),      QColor(0x5F, 0xCB, 0x8B),
+    QColor(0xFF, 0x8A, 0x80), QColor(0x00, 0x00, 0x00, 160),
 };
 
 const YTheme& named(YTheme::Scheme scheme)
@@ -30,12 +32,25 @@ const YTheme& named(YTheme::Scheme scheme)
 
 const YTheme* chosen = nullptr;
 
-// A condensed face that has both Latin and Chinese letters comes first: the screen is narrow.
+bool isChinese()
+{
+    static const bool chinese = QLocale(YTranslator::chosenLocale()).language() == QLocale::Chinese;
+    return chinese;
+}
+
+// The face of the language's own letters comes first, so that a line is as high as they are. The
+// Chinese face is named in either case: another one may give a letter its Japanese shape.
+QStringList families()
+{
+    QStringList names = {QStringLiteral("Noto Sans"), QStringLiteral("DejaVu Sans")};
+    names.insert(isChinese() ? 0 : names.size(), QStringLiteral("Noto Sans CJK SC"));
+    return names;
+}
+
 QFont face(int pixels, QFont::Weight weight)
 {
     QFont font;
-    font.setFamilies({QStringLiteral("Noto Sans"), QStringLiteral("DejaVu Sans"),
-                      QStringLiteral("Noto Sans CJK SC")});
+    font.setFamilies(families());
     font.setPixelSize(pixels);
     font.setWeight(weight);
     return font;
@@ -102,5 +117,6 @@ QFont YTheme::titleFont()
 
 QFont YTheme::smallFont()
 {
-    return face(11, QFont::Normal);
+    // Chinese letters have too many strokes for eleven pixels.
+    return face(isChinese() ? 12 : 11, QFont::Normal);
 }

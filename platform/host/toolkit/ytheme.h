@@ -34,7 +34,8 @@ struct VORN_PLATFORM_API YTheme
     QColor disabledText;
     QColor accent; // focus, selection, checked marks
     QColor onAccent;
-    QColor border;
+    QColor border;  // between the parts of a page, and of what is switched off
+    QColor outline; // of fields and buttons
     QColor success;
     QColor failure;
     QColor shade; // over what lies below a modal popup; translucent
