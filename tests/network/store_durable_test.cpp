@@ -1,11 +1,9 @@
 // The durable files that the host libraries share.
 #include <cerrno>
 #include <csignal>
-#include <fcntl.h>
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
-#include <set>
 #include <sys/stat.h>
 
 #include "base/durable_file.h"
@@ -101,68 +99,6 @@ TEST_F(DurableFile, FoldersAreMadeOnTheWayAndOnlyOnce)
     std::ofstream(world.root() + "/file") << "x";
     EXPECT_EQ(base::makeFolders(world.root() + "/file"), ENOTDIR);
     EXPECT_EQ(base::makeFolders(world.root() + "/file/below"), ENOTDIR);
-}
-
-struct Syncs
-{
-    const char* label;
-    faults::Plan plan;
-    int result;
-};
-
-void PrintTo(const Syncs& syncs, std::ostream* out)
-{
-    *out << syncs.label;
-}
-
-using faults::Fault;
-using faults::Helper;
-
-const Syncs kSyncs[] = {
-    {"Both", {Fault::None, 0, 0, Helper::AfterCaller}, 0},
-    {"FileFails", {Fault::Fail, 0, EIO, Helper::AfterCaller}, EIO},
-    {"FileIsUnsupported", {Fault::Fail, 0, EINVAL, Helper::AfterCaller}, EINVAL},
-    {"FileIsInterrupted", {Fault::Interrupt, 0, 0, Helper::AfterCaller}, 0},
-    {"FolderFails", {Fault::Fail, 1, EDQUOT, Helper::AfterCaller}, EDQUOT},
-    {"FolderIsUnsupported", {Fault::Fail, 1, EINVAL, Helper::AfterCaller}, 0},
-    {"FolderIsInterrupted", {Fault::Interrupt, 1, 0, Helper::AfterCaller}, 0},
-    {"FolderFirst", {Fault::None, 0, 0, Helper::BeforeCaller}, 0},
-    {"FolderFailsFirst", {Fault::Fail, 0, EDQUOT, Helper::BeforeCaller}, EDQUOT},
-    {"FileFailsLast", {Fault::Fail, 1, EIO, Helper::BeforeCaller}, EIO},
-    {"WithoutAThread", {Fault::None, 0, 0, Helper::Refused}, 0},
-    {"FileFailsWithoutAThread", {Fault::Fail, 0, EIO, Helper::Refused}, EIO},
-    {"FolderFailsWithoutAThread", {Fault::Fail, 1, EDQUOT, Helper::Refused}, EDQUOT},
-};
-
-class SyncBoth : public testing::TestWithParam<Syncs>
-{
-protected:
-    StoreWorld world{StoreWorld::On::Memory};
-    base::UniqueFd folder = base::openFolder(world.root());
-    base::UniqueFd file;
-};
-
-TEST_P(SyncBoth, AreBothTriedAndTheErrorIsTold)
-{
-    ASSERT_EQ(base::createFile(folder.get(), "file", "text", 0600, &file), 0);
-    faults::begin(GetParam().plan);
-    EXPECT_EQ(base::syncBoth(file.get(), folder.get()), GetParam().result);
-    std::set<ino_t> synced;
-    for (const faults::Call& call : faults::end())
-        synced.insert(call.from.inode);
-    EXPECT_EQ(synced.size(), 2u);
-}
-
-INSTANTIATE_TEST_SUITE_P(Syncs, SyncBoth, testing::ValuesIn(kSyncs),
-                         [](const auto& row) { return std::string(row.param.label); });
-
-TEST(SyncBothFailing, TellsTheFilesErrorBeforeTheFolders)
-{
-    int ends[2];
-    ASSERT_EQ(pipe2(ends, O_CLOEXEC), 0);
-    base::UniqueFd pipe(ends[0]), other(ends[1]);
-    EXPECT_EQ(base::syncBoth(pipe.get(), -1), EINVAL) << "a pipe cannot be synced";
-    EXPECT_EQ(base::syncBoth(-1, pipe.get()), EBADF);
 }
 
 void* blockedSignals(void* signals)

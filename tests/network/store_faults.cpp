@@ -1,15 +1,11 @@
 #include "network/store_faults.h"
 
 #include <cerrno>
-#include <condition_variable>
 #include <cstdarg>
 #include <cstdio>
 #include <dirent.h>
 #include <dlfcn.h>
 #include <fcntl.h>
-#include <memory>
-#include <mutex>
-#include <pthread.h>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -19,15 +15,8 @@ namespace faults {
 namespace {
 
 thread_local bool isWatching = false;
-
-// Of the watched threads only one runs at a time, so these need no lock.
-Plan plan;
-std::vector<Call> calls;
-
-// What the threads wait for; guarded by `turns`.
-std::mutex turns;
-std::condition_variable turned;
-bool mayHelperRun, mayHelperBeWatched, hasHelperEnded;
+thread_local Plan plan;
+thread_local std::vector<Call> calls;
 
 // The watching itself makes system calls.
 class Pause
@@ -62,58 +51,13 @@ void begin(const Plan& newPlan)
 {
     plan = newPlan;
     calls.clear();
-    std::lock_guard<std::mutex> guard(turns);
-    mayHelperRun = plan.helper == Helper::BeforeCaller;
-    mayHelperBeWatched = true;
-    hasHelperEnded = false;
     isWatching = true;
-}
-
-static void letHelperRun(bool isWatched)
-{
-    std::lock_guard<std::mutex> guard(turns);
-    mayHelperRun = true;
-    mayHelperBeWatched = isWatched;
-    turned.notify_all();
 }
 
 std::vector<Call> end()
 {
     isWatching = false;
-    letHelperRun(false); // one that nobody has waited for
     return calls;
-}
-
-// Result: whether the helper is to be watched.
-static bool waitForTheHelpersTurn()
-{
-    std::unique_lock<std::mutex> lock(turns);
-    turned.wait(lock, [] { return mayHelperRun; });
-    return mayHelperBeWatched;
-}
-
-static void waitForTheHelpersEnd()
-{
-    std::unique_lock<std::mutex> lock(turns);
-    turned.wait(lock, [] { return hasHelperEnded; });
-}
-
-struct Work
-{
-    void* (*function)(void*);
-    void* argument;
-};
-
-static void* runHelper(void* given)
-{
-    std::unique_ptr<Work> work(static_cast<Work*>(given));
-    isWatching = waitForTheHelpersTurn();
-    void* result = work->function(work->argument);
-    isWatching = false;
-    std::lock_guard<std::mutex> guard(turns);
-    hasHelperEnded = true;
-    turned.notify_all();
-    return result;
 }
 
 static Place placeOf(int folder, const char* name)
@@ -306,26 +250,4 @@ INTERPOSED ssize_t read(int fd, void* buffer, size_t length)
     REAL(read);
     auto call = [&] { return real(fd, buffer, length); };
     return isWatching ? watch<ssize_t>(callOn("read", fd), call) : call();
-}
-
-INTERPOSED int pthread_create(pthread_t* thread, const pthread_attr_t* attributes,
-                              void* (*function)(void*), void* argument) noexcept
-{
-    REAL(pthread_create);
-    if (!isWatching)
-        return real(thread, attributes, function, argument);
-    if (plan.helper == Helper::Refused)
-        return EAGAIN;
-    int error = real(thread, attributes, runHelper, new Work{function, argument});
-    if (error == 0 && plan.helper == Helper::BeforeCaller)
-        waitForTheHelpersEnd();
-    return error;
-}
-
-INTERPOSED int pthread_join(pthread_t thread, void** result)
-{
-    REAL(pthread_join);
-    if (isWatching)
-        letHelperRun(true);
-    return real(thread, result);
 }

@@ -1,7 +1,6 @@
-// Watches the system calls by which libnapi keeps its store, on the calling thread and on those
-// that it starts meanwhile: notes each, and lets a chosen one fail, fall short, or end the process.
-// The test program's own functions of the C library's names come before the C library's, so the
-// shipped libnapi is what runs.
+// Watches the system calls by which libnapi keeps its store, on the calling thread: notes each, and
+// lets a chosen one fail, fall short, or end the process. The test program's own functions of the C
+// library's names come before the C library's, so the shipped libnapi is what runs.
 #ifndef TESTS_NETWORK_STORE_FAULTS_H
 #define TESTS_NETWORK_STORE_FAULTS_H
 
@@ -37,20 +36,11 @@ enum class Fault {
     Die        // the process ends before the call is carried out
 };
 
-// When a thread that is started under watch runs. The order being fixed, each call has the same
-// number in every run; a caller for which both orders are right may as well be overlapped by it.
-enum class Helper {
-    AfterCaller,  // not before the caller waits for its end
-    BeforeCaller, // to its end before the caller goes on
-    Refused       // never: the process may have no more threads
-};
-
 struct Plan
 {
     Fault fault = Fault::None;
-    size_t at = 0; // which call, counted from 0 over all threads
+    size_t at = 0; // which call, counted from 0
     int error = 0;
-    Helper helper = Helper::AfterCaller;
 };
 
 // From begin() to end(); end() gives the calls that were made.

@@ -15,7 +15,6 @@
 namespace {
 
 using faults::Call;
-using faults::Helper;
 
 ino_t inodeOf(const std::string& path)
 {
@@ -150,7 +149,6 @@ struct Change
     int (*run)();
     // The profiles that it concerns, and what each may be while it goes on and must be afterwards.
     std::map<std::string, Record> before, after;
-    Helper helper = Helper::AfterCaller;
 };
 
 int create()
@@ -165,13 +163,11 @@ int modify()
     return NAPI_ModifyProfile("A", &record, 0, 0);
 }
 
-const std::map<std::string, Record> kNewAbsent{{"A", Record::Old}, {"New", Record::Absent}};
-const std::map<std::string, Record> kNewStored{{"A", Record::Old}, {"New", Record::New}};
-
 const Change kChanges[] = {
-    {"Create", create, kNewAbsent, kNewStored},
-    {"CreateWithTheHelperFirst", create, kNewAbsent, kNewStored, Helper::BeforeCaller},
-    {"CreateWithoutAHelper", create, kNewAbsent, kNewStored, Helper::Refused},
+    {"Create",
+     create,
+     {{"A", Record::Old}, {"New", Record::Absent}},
+     {{"A", Record::Old}, {"New", Record::New}}},
     {"Modify", modify, {{"A", Record::Old}}, {{"A", Record::New}}},
     {"Delete",
      [] { return napihost::deleteProfile("A"); },
@@ -200,7 +196,7 @@ protected:
         start.folders[m_store]["A"] = folder;
         start.folders[folder]["profile"] = m_oldRecord;
         start.safeFiles = {m_oldRecord};
-        faults::begin({faults::Fault::None, 0, 0, GetParam().helper});
+        faults::begin();
         ASSERT_EQ(GetParam().run(), NAPI_OK);
         calls = faults::end();
     }
@@ -276,32 +272,6 @@ TEST_P(StorePower, EveryWaitForTheDiskIsNeeded)
 
 INSTANTIATE_TEST_SUITE_P(Changes, StorePower, testing::ValuesIn(kChanges),
                          [](const auto& change) { return std::string(change.param.label); });
-
-// The inodes brought to the disk by a create, in their order.
-std::vector<ino_t> syncedByCreate(Helper helper)
-{
-    faults::begin({faults::Fault::None, 0, 0, helper});
-    EXPECT_EQ(create(), NAPI_OK);
-    std::vector<ino_t> synced;
-    for (const Call& call : faults::end())
-        if (call.function == "fsync")
-            synced.push_back(call.from.inode);
-    return synced;
-}
-
-// Where either of two waits can come first, neither waits for the other.
-TEST(StorePowerOfANewProfile, TheDiskIsWaitedForOnceForTheRecordAndItsFolder)
-{
-    StoreWorld world;
-    for (Helper helper : {Helper::AfterCaller, Helper::BeforeCaller}) {
-        world.reset({{"A", 1}});
-        std::vector<ino_t> synced = syncedByCreate(helper);
-        ino_t record = inodeOf(world.record("New")), folder = inodeOf(world.profiles() + "/New");
-        if (helper == Helper::BeforeCaller)
-            std::swap(record, folder);
-        EXPECT_EQ(synced, (std::vector<ino_t>{record, folder, inodeOf(world.profiles())}));
-    }
-}
 
 // The folders on the way to the profiles are as safe as the first profile in them.
 TEST(StorePowerOfANewRoot, EveryNewFolderIsSyncedIntoItsParent)

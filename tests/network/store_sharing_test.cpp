@@ -4,7 +4,6 @@
 #include <cstdio>
 #include <fcntl.h>
 #include <filesystem>
-#include <future>
 #include <gtest/gtest.h>
 #include <sstream>
 #include <sys/file.h>
@@ -85,22 +84,6 @@ TEST_F(StoreSharing, TwoProcessesWritingAtOnceLoseNothingAndReadersSeeWholeRecor
     EXPECT_EQ(stored.erase("Shared"), 1u);
     EXPECT_EQ(stored, (Profiles{{"One", 20}, {"Two", 30}}));
     EXPECT_EQ(entriesOf(world.profiles()), (std::vector<std::string>{"One", "Shared", "Two"}));
-}
-
-// A forked child has none of its parent's threads, and needs none of them.
-TEST_F(StoreSharing, ForkedChildOfAProcessWithThreadsWrites)
-{
-    world.reset({{"Parents", 1}});
-    std::promise<void> isOver;
-    std::thread other([&] { isOver.get_future().wait(); });
-    int result = resultOf(start([] {
-        NetworkProfile record = uniformRecord(2);
-        return NAPI_CreateProfile("Childs", &record, 0, 0) == NAPI_OK ? 0 : 1;
-    }));
-    isOver.set_value();
-    other.join();
-    EXPECT_EQ(result, 0);
-    EXPECT_EQ(storedProfiles(), (Profiles{{"Childs", 2}, {"Parents", 1}}));
 }
 
 TEST_F(StoreSharing, OnlyOneOfManyThreadsCreatesAName)

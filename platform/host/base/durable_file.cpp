@@ -1,10 +1,7 @@
 #include "base/durable_file.h"
 
-#include <cstdint>
 #include <fcntl.h>
 #include <sys/stat.h>
-
-#include "base/thread.h"
 
 namespace base {
 
@@ -66,28 +63,6 @@ int syncFolder(int fd)
     return error == EINVAL ? 0 : error;
 }
 
-// Descriptor and errno travel in the pointers: the two threads share no memory, so none has to
-// outlive the other.
-static void* syncFolderInThread(void* folder)
-{
-    int error = syncFolder(static_cast<int>(reinterpret_cast<intptr_t>(folder)));
-    return reinterpret_cast<void*>(static_cast<intptr_t>(error));
-}
-
-int syncBoth(int file, int folder)
-{
-    void* argument = reinterpret_cast<void*>(static_cast<intptr_t>(folder));
-    void* result = nullptr;
-    pthread_t thread;
-    bool hasThread = createThread(&thread, syncFolderInThread, argument) == 0;
-    int fileError = syncFile(file);
-    if (hasThread)
-        pthread_join(thread, &result);
-    else
-        result = syncFolderInThread(argument);
-    return fileError ? fileError : static_cast<int>(reinterpret_cast<intptr_t>(result));
-}
-
 int setMode(int fd, mode_t mode)
 {
     struct stat status;
@@ -98,15 +73,18 @@ int setMode(int fd, mode_t mode)
     return fchmod(fd, mode) == 0 ? 0 : errno;
 }
 
-int createFile(int folder, const char* name, std::string_view bytes, mode_t mode, UniqueFd* file)
+int createFile(int folder, const char* name, std::string_view bytes, mode_t mode)
 {
-    file->reset(retried([&] {
+    UniqueFd file(retried([&] {
         return openat(folder, name, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, mode);
     }));
-    if (!file->isOpen())
+    if (!file.isOpen())
         return errno;
-    int error = setMode(file->get(), mode);
-    return error ? error : writeAll(file->get(), bytes);
+    if (int error = setMode(file.get(), mode))
+        return error;
+    if (int error = writeAll(file.get(), bytes))
+        return error;
+    return syncFile(file.get());
 }
 
 int replaceFile(const LockedFolder& folder, const std::string& name, std::string_view bytes,
@@ -116,10 +94,7 @@ int replaceFile(const LockedFolder& folder, const std::string& name, std::string
     std::string pending = "." + name + ".new";
     if (unlinkat(folder.fd(), pending.c_str(), 0) != 0 && errno != ENOENT)
         return errno;
-    UniqueFd file;
-    int error = createFile(folder.fd(), pending.c_str(), bytes, mode, &file);
-    if (error == 0)
-        error = syncFile(file.get());
+    int error = createFile(folder.fd(), pending.c_str(), bytes, mode);
     if (error == 0 && renameat(folder.fd(), pending.c_str(), folder.fd(), name.c_str()) != 0)
         error = errno;
     if (error != 0) {

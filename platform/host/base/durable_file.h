@@ -37,19 +37,13 @@ int writeAll(int fd, std::string_view bytes);
 int syncFile(int fd);
 int syncFolder(int fd);
 
-// syncFile and syncFolder at the same time, so that the disk is waited for once: a thread that
-// lives as long as the call brings the folder there. One after the other where no thread can be
-// had. Both have ended when the call returns; the file's error goes before the folder's. In memory,
-// where there is nothing to wait for, the thread is what the call costs (some 25 microseconds).
-int syncBoth(int file, int folder);
-
 // Gives a new file or folder its mode where the process's umask has changed it.
 int setMode(int fd, mode_t mode);
 
 // Makes the new file `name` in the folder with the given descriptor, with exactly `mode`, and
-// leaves it open in `file` for the caller to sync, as its entry in the folder is. EEXIST when there
+// brings its bytes to the disk (its entry in the folder is the caller's to sync). EEXIST when there
 // is something of that name. What a failure leaves behind is the caller's to remove.
-int createFile(int folder, const char* name, std::string_view bytes, mode_t mode, UniqueFd* file);
+int createFile(int folder, const char* name, std::string_view bytes, mode_t mode);
 
 // Puts `bytes` in the place of the file `name` in a locked folder, or makes it: at any instant, and
 // after a loss of power, the file is wholly the old one or wholly the new one; the new one is on

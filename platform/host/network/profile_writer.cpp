@@ -104,10 +104,9 @@ int ProfileWriter::buildFolder(const NetworkProfile& record)
         return errno;
     if (int error = base::setMode(profile.get(), 0700))
         return error;
-    base::UniqueFd file;
-    if (int error = base::createFile(profile.get(), kRecordName, bytesOf(record), 0600, &file))
+    if (int error = base::createFile(profile.get(), kRecordName, bytesOf(record), 0600))
         return error;
-    return base::syncBoth(file.get(), profile.get());
+    return base::syncFolder(profile.get());
 }
 
 // One step to another name, confirmed by the disk, or taken back.
@@ -142,10 +141,7 @@ int ProfileWriter::create(const std::string& name, const NetworkProfile& record)
 int ProfileWriter::replaceRecord(int profile, const NetworkProfile& record)
 {
     Place pending{m_folder.fd(), kPendingName}, place{profile, kRecordName};
-    base::UniqueFd file;
-    int error = base::createFile(m_folder.fd(), kPendingName, bytesOf(record), 0600, &file);
-    if (error == 0)
-        error = base::syncFile(file.get());
+    int error = base::createFile(m_folder.fd(), kPendingName, bytesOf(record), 0600);
     if (error != 0)
         return error;
     if ((error = swapIn(pending, place)) != 0)
