@@ -4,25 +4,45 @@
 
 namespace support {
 
-static qt::LoopLevel* innermost = nullptr;
+namespace {
 
+struct Level
+{
+    qt::LoopLevel loop;
+    Level* outer;
+    bool isLeft;
+};
+
+Level* innermost = nullptr;
+
+} // namespace
+
+// Either Qt forgets what a level further out is told before the inner ones have returned, so it is
+// told when its turn has come.
 void enterLoop()
 {
     if (!qApp)
         return;
-    qt::LoopLevel level;
-    qt::LoopLevel* const outer = innermost;
+    Level level = {{}, innermost, false};
     innermost = &level;
-    level.run();
-    innermost = outer;
+    level.loop.run();
+    innermost = level.outer;
+    if (innermost && innermost->isLeft)
+        innermost->loop.leave();
 }
 
 // An application that is told to leave a loop while none runs would be of no use afterwards on
 // Qt 2.
 void exitLoop()
 {
-    if (innermost)
-        innermost->leave();
+    Level* level = innermost;
+    while (level && level->isLeft)
+        level = level->outer;
+    if (!level)
+        return;
+    level->isLeft = true;
+    if (level == innermost)
+        level->loop.leave();
 }
 
 void processPending()

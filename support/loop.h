@@ -11,8 +11,9 @@ namespace support {
 // then.
 void enterLoop();
 
-// Has the innermost level of enterLoop() return when the running slot has. A second call before
-// that has no further effect; outer levels stay. Does nothing where no level runs.
+// Has the innermost level of enterLoop() return when the running slot has. Each call is for one
+// level: a second one before that is for the level around it, which returns next. Does nothing
+// where no level is left to leave.
 void exitLoop();
 
 // Handles what is pending in one pass and does not wait for anything. Does nothing while there is

@@ -100,23 +100,42 @@ TEST(EnterLoop, ReturnsTheLevelEnteredLastFirst)
     EXPECT_EQ((Trace{"leave inner", "inner returned", "leave outer", "outer returned"}), trace);
 }
 
-TEST(ExitLoop, TwiceInOneSlotLeavesOnlyTheInnermostLevel)
+TEST(ExitLoop, TwiceInOneSlotLeavesTheInnermostLevelAndTheOneAroundIt)
 {
     Trace trace;
     later(0, [&] {
-        later(0, [] {
-            exitLoop();
-            exitLoop();
+        later(0, [&] {
+            later(0, [] {
+                exitLoop();
+                exitLoop();
+            });
+            enterLoop();
+            trace.push_back("inner returned");
         });
         enterLoop();
-        trace.push_back("inner returned");
+        trace.push_back("middle returned");
         later(0, [&] {
             trace.push_back("outer still serves");
             exitLoop();
         });
     });
     enterLoop();
-    EXPECT_EQ((Trace{"inner returned", "outer still serves"}), trace);
+    EXPECT_EQ((Trace{"inner returned", "middle returned", "outer still serves"}), trace);
+}
+
+TEST(ExitLoop, MoreOftenThanThereAreLevelsDoesNotShortenTheNextOne)
+{
+    Trace trace;
+    later(0, [] {
+        exitLoop();
+        exitLoop();
+        exitLoop();
+    });
+    enterLoop();
+    later(0, [&] { trace.push_back("served"); });
+    later(1, [] { exitLoop(); });
+    enterLoop();
+    EXPECT_EQ(Trace{"served"}, trace);
 }
 
 TEST(ExitLoop, WithoutALevelDoesNotShortenTheNextOne)

@@ -125,6 +125,23 @@ TEST_F(Entry, TheFirstWizardHiddenInsideTheSecondEndsBoth)
     EXPECT_EQ(0, wizardPageCount());
 }
 
+TEST_F(Entry, TwoWizardsHiddenInOneGoBothEnd)
+{
+    QString inner("Old");
+    int innerResult = -1;
+    YKbMainWidget* first = nullptr;
+    EXPECT_EQ(2, create({opening([&] {
+                             first = wizardPage(1);
+                             innerResult = editProfilebyUser(inner);
+                         }),
+                         [&first] {
+                             wizardPage(1)->hide();
+                             first->hide();
+                         }}));
+    EXPECT_EQ(2, innerResult);
+    EXPECT_EQ(0, wizardPageCount());
+}
+
 TEST_F(Entry, TimersOfTheCallerRunMeanwhile)
 {
     int ticks = 0;
