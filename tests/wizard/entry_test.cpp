@@ -111,6 +111,25 @@ TEST_F(Entry, TheCallersWindowMayBeDeletedMeanwhile)
     EXPECT_EQ(1, create({[window] { delete window; }, cancel}));
 }
 
+TEST_F(Entry, ASecondWizardRunsInsideTheFirst)
+{
+    QString inner("Old");
+    int innerResult = -1;
+    EXPECT_EQ(1, create({opening([&] { innerResult = editProfilebyUser(inner); }),
+                         [] { EXPECT_EQ("Old", titleOf(wizardPage(1))); },
+                         [] {
+                             walkTo(wizardPage(1), "Proxy 1:");
+                             type("p");
+                         },
+                         opening(save), dismiss,
+                         [&innerResult] {
+                             EXPECT_EQ(0, innerResult);
+                             EXPECT_EQ("Connection Setup", titleOf(wizardPage(1)));
+                             cancel();
+                         }}));
+    EXPECT_EQ("p", RecordBytes(napi.profiles["Old"]).part(760, 1));
+}
+
 TEST_F(Entry, TheFirstWizardHiddenInsideTheSecondEndsBoth)
 {
     QString inner("Old");

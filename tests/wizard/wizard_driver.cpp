@@ -2,8 +2,10 @@
 
 #include <QApplication>
 #include <QLineEdit>
+#include <QThread>
 #include <QTimer>
 #include <algorithm>
+#include <memory>
 
 #include <ycombobox.h>
 #include <yformcontainer.h>
@@ -177,21 +179,51 @@ Step opening(const std::function<void()>& act)
     return Step{act, true};
 }
 
-// Calls `act` from the event loop, when everything that ran before has come back.
-static void fromLoop(const std::function<void()>& act)
-{
-    QTimer::singleShot(1, qApp, [act] { GuiTest::later(act); });
-}
+namespace {
 
-static void whenDialogOpens(QWidget* layerBefore, const std::function<void()>& act)
+// The levels of the event loop at which the acts were called that have opened something and have
+// not come back yet.
+std::vector<int> openingLevels;
+
+// Calls `act` from the event loop, when everything that ran before has come back. Sending a key
+// handles events too: where that key has just closed a dialog, the step must wait until its caller
+// has come back.
+void fromLoop(const std::function<void()>& act)
 {
-    QTimer::singleShot(1, qApp, [layerBefore, act] {
-        if (GuiTest::activeLayer() == layerBefore)
-            whenDialogOpens(layerBefore, act);
-        else
-            fromLoop(act);
+    QTimer::singleShot(1, qApp, [act] {
+        GuiTest::later([act] {
+            if (!openingLevels.empty() &&
+                QThread::currentThread()->loopLevel() <= openingLevels.back())
+                fromLoop(act);
+            else
+                act();
+        });
     });
 }
+
+// Goes on as well when the dialog has not opened, so that the next step sees that.
+void whenDialogOpens(QWidget* layerBefore, const std::shared_ptr<bool>& hasComeBack,
+                     const std::function<void()>& act)
+{
+    QTimer::singleShot(1, qApp, [layerBefore, hasComeBack, act] {
+        if (GuiTest::activeLayer() == layerBefore && !*hasComeBack)
+            whenDialogOpens(layerBefore, hasComeBack, act);
+        else
+            act();
+    });
+}
+
+void performOpening(const std::function<void()>& act, const Steps& rest)
+{
+    const auto hasComeBack = std::make_shared<bool>(false);
+    whenDialogOpens(GuiTest::activeLayer(), hasComeBack, [rest] { perform(rest); });
+    openingLevels.push_back(QThread::currentThread()->loopLevel());
+    act();
+    openingLevels.pop_back();
+    *hasComeBack = true;
+}
+
+} // namespace
 
 void perform(const Steps& steps)
 {
@@ -202,10 +234,9 @@ void perform(const Steps& steps)
         Steps rest = steps;
         rest.steps.erase(rest.steps.begin());
         if (first.blocks)
-            whenDialogOpens(GuiTest::activeLayer(), [rest] { perform(rest); });
+            return performOpening(first.act, rest);
         first.act();
-        if (!first.blocks)
-            perform(rest);
+        perform(rest);
     });
 }
 
