@@ -14,6 +14,10 @@ void enterLoop();
 // Has the innermost level of enterLoop() return when the running slot has. Each call is for one
 // level: a second one before that is for the level around it, which returns next. Does nothing
 // where no level is left to leave.
+//
+// While a dialog of the toolkit runs a loop of its own inside that level, Qt 2 knows only one
+// innermost loop: the call ends the dialog's, and the level itself goes on. On Qt 6 the dialog's
+// stays, and the level returns after it. So call it only when no dialog is up.
 void exitLoop();
 
 // Handles what is pending in one pass and does not wait for anything. Does nothing while there is

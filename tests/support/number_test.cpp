@@ -77,6 +77,8 @@ const Row table[] = {
     {"2^64", u"18446744073709551616"s, fail, fail},
     {"20 nines", u"99999999999999999999"s, fail, fail},
     {"minus 20 nines", u"-99999999999999999999"s, fail, fail},
+    {"arabic digit", u"\u0665"s, 5, 5},
+    {"wide digit", u"\uff15"s, 5, 5},
     {"mixed scripts", u"1\u0662\uff13"s, 123, 123},
     {"minus and arabic", u"-\u0665"s, -5, fail},
 };

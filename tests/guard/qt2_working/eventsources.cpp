@@ -1,6 +1,7 @@
 #include "eventsources.h"
 
 #include <algorithm>
+#include <atomic>
 #include <chrono>
 #include <vector>
 
@@ -44,6 +45,7 @@ struct WakePipe
 std::vector<Timer> timers;
 std::vector<Watch> watches;
 int lastId = 0;
+std::atomic<int> waitCount = 0;
 
 int wakeEnd(int end)
 {
@@ -122,6 +124,7 @@ void eventsources::forget(const QObject* object)
 
 bool eventsources::pass(bool wait)
 {
+    waitCount += wait;
     bool sent = false;
     for (const QGuardedPtr<QObject>& notifier : readyNotifiers(wait)) {
         QEvent event(QEvent::SockAct);
@@ -132,6 +135,11 @@ bool eventsources::pass(bool wait)
         sent = (receiver && receiver->event(&event)) || sent;
     }
     return sent;
+}
+
+int eventsources::waits()
+{
+    return waitCount;
 }
 
 void eventsources::wake()

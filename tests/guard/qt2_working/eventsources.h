@@ -16,6 +16,8 @@ void forget(const QObject* object);
 bool pass(bool wait);
 // Ends a wait. From any thread.
 void wake();
+// How often a pass has begun to wait. From any thread.
+int waits();
 
 } // namespace eventsources
 

@@ -1,5 +1,6 @@
 #include <qapplication.h>
 
+#include <atomic>
 #include <chrono>
 #include <cstdarg>
 #include <cstdio>
@@ -14,8 +15,9 @@
 QApplication* qApp = nullptr;
 
 // Told to leave the innermost level. It is kept when no level runs, and then nothing is processed
-// any more: what the helpers have to prevent.
-static bool leave = false;
+// any more: what the helpers have to prevent. Another thread may tell it too, which nobody notices
+// before the wait has ended.
+static std::atomic<bool> leave = false;
 static bool quitting = false;
 static int quitCode = 0;
 
