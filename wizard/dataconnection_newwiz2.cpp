@@ -2,6 +2,9 @@
 
 #include <initializer_list>
 
+// Nothing here opens a port of the log; the phone's library has one in this place, and gives it
+// back when it is unloaded.
+#include <applogport.h>
 #include <ycombobox.h>
 #include <yformcontainer.h>
 #include <ylineedit.h>
