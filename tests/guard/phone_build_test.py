@@ -88,6 +88,28 @@ def library_of(readable):
     return None
 
 
+def called_symbols(build):
+    """What the code itself asks for, and not only a table of virtual functions."""
+    called, in_code = set(), False
+    for line in run("readelf", "-rW", *sorted(build.rglob("*.o"))).splitlines():
+        if line.startswith("Relocation section"):
+            in_code = "'.rela.text" in line or "'.rel.text" in line
+        elif in_code:
+            called |= set(re.findall(r"^[0-9a-f]+\s+[0-9a-f]+\s+R_\w+\s+[0-9a-f]+\s+([\w.]+)", line))
+    return called
+
+
+def header_and_name(readable):
+    """ylabel.h and setText for YLabel::setText(QString const&); None for destructors and other affairs."""
+    match = re.match(r"(Y\w+|Dmt\w+|SETUP_\w+)::(?:operator)?(\w+|->)\(", readable)
+    if match:
+        owner, name = match.groups()
+        return "dmt.h" if owner.startswith("Dmt") else owner.lower().replace("_", "") + ".h", name
+    if library_of(readable) == "napi":
+        return "napi.h", readable
+    return None
+
+
 class PhoneBuild(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
@@ -153,6 +175,17 @@ class PhoneBuild(unittest.TestCase):
         self.assertIn("soname: [libvornqtnapi.so.1]", dynamic)
         self.assertNotIn("RUNPATH", dynamic)
         self.assertNotIn("RPATH", dynamic)
+
+    def test_asks_the_platform_for_nothing_that_the_document_does_not_name(self):
+        sections = {match.group(1): match.group(2) for match in re.finditer(
+            r"^### `(\w+\.h)`$(.*?)(?=^#|\Z)", (ROOT / "docs/phone-build.md").read_text(), re.M | re.S)}
+        called = called_symbols(self.build)
+        asked = {header_and_name(text) for symbol, text in self.undefined.items() if symbol in called}
+        asked -= {None}
+        self.assertLessEqual({("napi.h", "NAPI_OpenLink"), ("ylineedit.h", "setText"), ("dmt.h", "->"),
+                              ("setuputility.h", "isFeatureAvailable"), ("ypopup.h", "YPopup")}, asked)
+        self.assertEqual([], sorted(f"{name} of {header}" for header, name in asked
+                                    if not re.search(rf"`{name}\b|`{name}`", sections.get(header, ""))))
 
     def test_exports_what_the_library_of_the_host_exports(self):
         rules = ROOT / "tests/rules"
@@ -228,6 +261,19 @@ class Configuring(unittest.TestCase):
         shutil.copy(lib / "libapplog.so", lib / "libdmt.so")
         configure(self.work / "build", f"-DQTDIR={self.work / 'qt'}", f"-DVORN_SDK={self.work / 'sdk'}",
                   "-DVORN_SDK_SETTINGS=applog;dmt")
+
+    def test_takes_a_toolchain_file(self):
+        compiler = self.work / "phone-g++"
+        compiler.symlink_to(shutil.which(COMPILER))
+        toolchain = self.work / "phone.cmake"
+        toolchain.write_text("set(CMAKE_SYSTEM_NAME Linux)\nset(CMAKE_SYSTEM_PROCESSOR phone)\n"
+                             f"set(CMAKE_CXX_COMPILER {compiler})\n")
+        run(CMAKE, "--preset", "phone", "-B", self.work / "build", "--toolchain", toolchain,
+            f"-DQTDIR={self.work / 'qt'}", f"-DVORN_SDK={self.work / 'sdk'}")
+        commands = json.loads((self.work / "build/compile_commands.json").read_text())
+        self.assertTrue(commands)
+        for command in commands:
+            self.assertIn(f"{compiler} ", command["command"])
 
     def test_takes_the_folders_from_the_environment(self):
         configure(self.work / "build", QTDIR=str(self.work / "qt"), VORN_SDK=str(self.work / "sdk"))

@@ -1,24 +1,27 @@
-"""Checks that docs/phone-build.md names all that the library takes from the phone's platform.
+"""Checks that docs/phone-build.md names all that the library takes from the phone's platform, and no more.
 
 Usage: sdk_names.py ROOT. Each header of platform/include/ that the library includes, directly or through
 another of them, has a section "### `header.h`" there, and each class, function, field and constant that
 the header declares and the library uses is named in it in backticks. A name that a class of Qt has as well
-says nothing: it may be Qt's that is used.
+says nothing: it may be Qt's that is used; phone_build_test.py looks at what the linker is asked for. What
+the library does not use is not named, so that nobody provides it for nothing. The section "### Numbers"
+gives each of its constants the value that it has in platform/include/.
 """
 
 import pathlib
 import re
 import sys
 
-from class_reader import tokens_of
+from class_reader import classes_of, tokens_of
 
 HERE = pathlib.Path(__file__).resolve().parent
 LIBRARY = ("include", "support", "widgets", "wizard", "profiles", "session")
 DOCUMENT = "docs/phone-build.md"
 # What the host's headers need among themselves; a platform has its own way.
 OWN_AFFAIRS = {"platform_export.h"}
-# Calls that the library makes to other classes that have the same name in another header.
-OF_OTHER_CLASSES = {("ysegmentfield.h", "isYEnabled"), ("ysegmentfield.h", "setLabel")}
+# Names that the library takes from elsewhere, and that a header has as well.
+OF_OTHER_CLASSES = {("ysegmentfield.h", "isYEnabled"), ("ysegmentfield.h", "setLabel"),
+                    ("ymessagedlg.h", "MessageType"), ("yskinservice.h", "Separator")}
 NO_NAMES = {"if", "while", "for", "switch", "return", "sizeof", "static_assert", "offsetof", "delete",
             "operator", "default", "defined", "d", "const", "override", "__attribute__", "visibility"}
 INCLUDE = re.compile(r'^\s*#\s*include\s*[<"]([\w.]+)[>"]', re.MULTILINE)
@@ -95,6 +98,30 @@ def sections_of(document):
     return found
 
 
+def wrong_numbers(document, texts):
+    values = {name: value for text in texts for name, value in re.findall(r"\b(\w+) = (\w+)", text)}
+    section = re.search(r"^### Numbers$(.*?)(?=^#|\Z)", document, re.MULTILINE | re.DOTALL)
+    for name, value in re.findall(r"`(\w+)` (\w+)", section.group(1)) if section else ():
+        if values.get(name) != value:
+            yield f"{DOCUMENT} says that {name} is {value}, the headers {values.get(name, 'nothing')}"
+
+
+def superfluous(root):
+    words, calls, included = used_names(root)
+    document = (root / DOCUMENT).read_text(encoding="utf-8")
+    texts = platform_headers(root, included)
+    for header, named in sorted(sections_of(document).items()):
+        if header not in texts:
+            yield f"{DOCUMENT} has a section on {header}, which the library does not include"
+            continue
+        declared = declared_names(texts[header])
+        classes = {found.name for found in classes_of(texts[header])}
+        for name in sorted(named & declared.keys() - classes):
+            if name not in (calls if declared[name] else words):
+                yield f"{DOCUMENT} names {name} of {header}, which the library does not use"
+    yield from wrong_numbers(document, texts.values())
+
+
 def missing(root):
     words, calls, included = used_names(root)
     sections = sections_of((root / DOCUMENT).read_text(encoding="utf-8"))
@@ -102,14 +129,15 @@ def missing(root):
     for header, text in sorted(platform_headers(root, included).items()):
         taken = {name for name, call in declared_names(text).items()
                  if name in (calls if call else words) and not (call and name in shared)}
+        taken -= {name for other, name in OF_OTHER_CLASSES if other == header}
         if taken and header not in sections:
             yield f"{DOCUMENT} has no section on {header}"
-        taken -= {name for other, name in OF_OTHER_CLASSES if other == header}
         for name in sorted(taken - sections.get(header, set())):
             yield f"{DOCUMENT} does not name {name} of {header}"
 
 
 if __name__ == "__main__":
-    found = list(missing(pathlib.Path(sys.argv[1])))
-    print("\n".join(found) or f"{DOCUMENT} names all that the library takes from the platform")
+    project = pathlib.Path(sys.argv[1])
+    found = [*missing(project), *superfluous(project)]
+    print("\n".join(found) or f"{DOCUMENT} names all that the library takes from the platform, and no more")
     sys.exit(1 if found else 0)

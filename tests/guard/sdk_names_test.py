@@ -8,7 +8,7 @@ import sdk_names
 
 HEADER = """
 #include "other.h"
-enum Code { CODE_OK = 0, CODE_BAD = 1 };
+enum Code { CODE_OK = 0, CODE_BAD = 1, CODE_WORSE = 2 };
 struct Record { unsigned char mark; char text[100]; int unused; };
 class VORN_PLATFORM_API YThing : public QWidget
 {
@@ -40,11 +40,15 @@ DOCUMENT = """
 ### `other.h`
 
 `otherCall()`
+
+### Numbers
+
+`CODE_WORSE` 2
 """
 
 
 class SdkNames(unittest.TestCase):
-    def check(self, document, source=SOURCE):
+    def check(self, document, source=SOURCE, judge=sdk_names.missing):
         with tempfile.TemporaryDirectory() as folder:
             root = pathlib.Path(folder)
             files = {"platform/include/ything.h": HEADER, "platform/include/other.h": "int otherCall();",
@@ -52,7 +56,10 @@ class SdkNames(unittest.TestCase):
             for name, text in files.items():
                 (root / name).parent.mkdir(parents=True, exist_ok=True)
                 (root / name).write_text(text)
-            return list(sdk_names.missing(root))
+            return list(judge(root))
+
+    def superfluous(self, document, source=SOURCE):
+        return self.check(document, source, sdk_names.superfluous)
 
     def test_is_content_with_every_name(self):
         self.assertEqual([], self.check(DOCUMENT))
@@ -79,6 +86,30 @@ class SdkNames(unittest.TestCase):
 
     def test_asks_for_nothing_that_is_not_used(self):
         self.assertEqual([], self.check("", "int nothing();"))
+
+    def test_is_content_when_nothing_is_named_for_nothing(self):
+        self.assertEqual([], self.superfluous(DOCUMENT))
+
+    def test_finds_what_is_named_and_not_used(self):
+        for name in ("neverCalled", "unused", "CODE_OK"):
+            with self.subTest(name):
+                longer = DOCUMENT.replace("`CODE_BAD`", f"`CODE_BAD`, `{name}`")
+                self.assertEqual(
+                    [f"docs/phone-build.md names {name} of ything.h, which the library does not use"],
+                    self.superfluous(longer))
+
+    def test_finds_a_section_on_a_header_that_is_not_included(self):
+        found = self.superfluous(DOCUMENT, "int nothing();")
+        for header in ("other.h", "ything.h"):
+            self.assertIn(f"docs/phone-build.md has a section on {header}, which the library does not include",
+                          found)
+
+    def test_finds_a_number_that_is_another_one(self):
+        for wrong, found in (("`CODE_WORSE` 3", "CODE_WORSE is 3, the headers 2"),
+                             ("`CODE_NONE` 2", "CODE_NONE is 2, the headers nothing")):
+            with self.subTest(wrong):
+                self.assertEqual([f"docs/phone-build.md says that {found}"],
+                                 self.superfluous(DOCUMENT.replace("`CODE_WORSE` 2", wrong)))
 
 
 if __name__ == "__main__":
