@@ -384,7 +384,8 @@ TEST_F(SettingsHost, FindsEverythingThatIsWrongInTheOrderOfTheFiles)
     std::vector<std::string> found;
     for (const settingshost::Finding& finding : settingshost::inspectSettings()) {
         found.push_back(finding.path.substr(m_root.size()) + ": " + finding.problem);
-        EXPECT_EQ(finding.remedy, "correct this line, or remove it");
+        EXPECT_EQ(finding.remedy, "correct this line, or remove it; settings-json.md in the "
+                                  "documentation describes the file");
     }
     const std::string value = "expected an integer from -2147483648 to 2147483647, a text without "
                               "NUL or a truth value, found ";
@@ -408,7 +409,8 @@ TEST_F(SettingsHost, FindsABrokenFileWithItsLine)
     const std::vector<settingshost::Finding> findings = settingshost::inspectSettings();
     ASSERT_EQ(findings.size(), 1U);
     EXPECT_EQ(findings[0].path, features() + ":2");
-    EXPECT_EQ(findings[0].remedy, "correct the file at this line, or remove it");
+    EXPECT_EQ(findings[0].remedy, "correct the file at this line, or remove it; settings-json.md "
+                                  "in the documentation describes it");
 }
 
 TEST_F(SettingsHost, FindsAFolderInTheFilesPlace)

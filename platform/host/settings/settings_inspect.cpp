@@ -35,12 +35,14 @@ std::string remedyFor(const JsonDocument& document)
     case JsonDocument::State::Unreadable:
         return "put a readable file in its place, or remove it";
     case JsonDocument::State::Broken:
-        return "correct the file at this line, or remove it";
+        return "correct the file at this line, or remove it; settings-json.md in the documentation "
+               "describes it";
     case JsonDocument::State::Good:
     case JsonDocument::State::Missing:
         break;
     }
-    return "correct this line, or remove it";
+    return "correct this line, or remove it; settings-json.md in the documentation describes the "
+           "file";
 }
 
 void inspect(const std::string& path, const char* used, Check check, std::vector<Finding>* findings)
