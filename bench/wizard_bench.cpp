@@ -1,6 +1,6 @@
 // Opening the wizard, against a bare form of the same rows: from the call to the end of the first
-// paint, with the rows and all. The wizard builds its second page too before it shows the first; the
-// second comparison does as well.
+// paint, with the rows and all. The wizard builds its second page too before it shows the first;
+// the second comparison does as well.
 
 #include <chrono>
 #include <cstdio>

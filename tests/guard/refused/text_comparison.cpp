@@ -1,0 +1,7 @@
+// refused: use of deleted function .*operator==
+#include <qstring.h>
+
+bool refusedTextComparison(const QString& name)
+{
+    return name == "";
+}
