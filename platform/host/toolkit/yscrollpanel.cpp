@@ -180,9 +180,11 @@ void YScrollPanel::updateContents()
 void YScrollPanel::resizeEvent(QResizeEvent*)
 {
     d->area->setGeometry(rect());
+    // Until the panel is shown, whoever asks for the contents lays them out.
+    if (!isVisible())
+        return;
     updateContents();
-    QWidget* focused = d->contents->focusWidget();
-    if (focused && isVisible())
+    if (QWidget* focused = d->contents->focusWidget())
         followFocus(focused);
 }
 
