@@ -135,12 +135,18 @@ int profileSet(const Request& request)
     if (request.assignments.empty() && !passwords)
         throw Failure(Exit::Usage, "nothing to set.",
                       "Give FIELD=VALUE, for example apn=internet.");
-    NetworkProfile record = readProfile("change the profile", request.name);
-    record.storedMark = editedMark;
-    assign(request.assignments, record);
-    takePasswords(request, record);
-    modifyProfile(request.name, record);
-    return done(request, request.name, record);
+    // Everything that may fail or wait for a person comes before the store is held.
+    NetworkProfile draft = readProfile("change the profile", request.name);
+    assign(request.assignments, draft);
+    takePasswords(request, draft);
+    NetworkProfile stored = {};
+    changeProfile(request.name, [&](NetworkProfile& record) {
+        record.storedMark = editedMark;
+        assign(request.assignments, record);
+        copyPasswords(request, draft, record);
+        stored = record;
+    });
+    return done(request, request.name, stored);
 }
 
 int profileCopy(const Request& request)

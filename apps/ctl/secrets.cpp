@@ -128,4 +128,12 @@ void takePasswords(const Request& request, NetworkProfile& record)
     take("csd-password", request.askCsdPassword, request.csdPasswordFile, record);
 }
 
+void copyPasswords(const Request& request, const NetworkProfile& taken, NetworkProfile& record)
+{
+    if (request.askPassword || !request.passwordFile.empty())
+        std::memcpy(record.gprsPassword, taken.gprsPassword, sizeof record.gprsPassword);
+    if (request.askCsdPassword || !request.csdPasswordFile.empty())
+        std::memcpy(record.csdPassword, taken.csdPassword, sizeof record.csdPassword);
+}
+
 } // namespace ctl

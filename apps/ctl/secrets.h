@@ -12,6 +12,9 @@ namespace ctl {
 // none can be read, Exit::Usage when one does not fit its field.
 void takePasswords(const Request& request, NetworkProfile& record);
 
+// Copies the passwords that takePasswords() has put into `taken`, and leaves the others.
+void copyPasswords(const Request& request, const NetworkProfile& taken, NetworkProfile& record);
+
 } // namespace ctl
 
 #endif

@@ -132,6 +132,11 @@ void createProfile(const std::string& name, const NetworkProfile& record)
     check(NAPI_CreateProfile(name.c_str(), &record, 0, 0), "create the profile", name);
 }
 
+void changeProfile(const std::string& name, const std::function<void(NetworkProfile&)>& change)
+{
+    check(napihost::changeProfile(name.c_str(), change), "change the profile", name);
+}
+
 void modifyProfile(const std::string& name, const NetworkProfile& record)
 {
     check(NAPI_ModifyProfile(name.c_str(), &record, 0, 0), "change the profile", name);

@@ -3,6 +3,7 @@
 #ifndef CTL_STORE_H
 #define CTL_STORE_H
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -27,6 +28,9 @@ bool readIfUsable(const std::string& name, NetworkProfile* record);
 
 NetworkProfile readProfile(const std::string& action, const std::string& name);
 void createProfile(const std::string& name, const NetworkProfile& record);
+// Changes fields of a stored profile, whatever other programs change of it at the same time; what
+// `change` throws leaves the profile as it is.
+void changeProfile(const std::string& name, const std::function<void(NetworkProfile&)>& change);
 void modifyProfile(const std::string& name, const NetworkProfile& record);
 void renameProfile(const std::string& name, const std::string& newName);
 void deleteProfile(const std::string& name);

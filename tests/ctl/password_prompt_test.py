@@ -42,6 +42,19 @@ class PasswordPrompt(unittest.TestCase):
             self.assertNotIn(b"typed", terminal.screen)
         self.assertEqual(self.shown(), ["typed first", "typed second"])
 
+    def test_what_another_program_changes_while_a_person_types_is_kept(self):
+        with self.run_on_terminal("profile", "set", "Home", "--password", "proxy1=proxy.typed") as terminal:
+            terminal.read_until("GPRS password: ")
+            words = [VORNCTL, "profile", "set", "Home", "apn=other", "user=other"]
+            subprocess.run(words, env=self.env, capture_output=True, check=True)
+            terminal.type("typed later\n")
+            self.assertEqual(terminal.wait(), 0)
+        self.assertEqual(self.shown()[0], "typed later")
+        words = [VORNCTL, "profile", "show", "Home"]
+        shown = subprocess.run(words, env=self.env, capture_output=True, text=True, check=True).stdout
+        for value in ("proxy.typed", "GPRS APN                   other", "GPRS user name             other"):
+            self.assertIn(value, shown)
+
     def test_an_interrupt_turns_the_echo_on_again_and_changes_nothing(self):
         with self.run_on_terminal("profile", "set", "Home", "--password") as terminal:
             terminal.read_until("GPRS password: ")

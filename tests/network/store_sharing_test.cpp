@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <sstream>
+#include <stdexcept>
 #include <sys/file.h>
 #include <sys/prctl.h>
 #include <sys/stat.h>
@@ -84,6 +85,53 @@ TEST_F(StoreSharing, TwoProcessesWritingAtOnceLoseNothingAndReadersSeeWholeRecor
     EXPECT_EQ(stored.erase("Shared"), 1u);
     EXPECT_EQ(stored, (Profiles{{"One", 20}, {"Two", 30}}));
     EXPECT_EQ(entriesOf(world.profiles()), (std::vector<std::string>{"One", "Shared", "Two"}));
+}
+
+// Counts a field of its own up, in a profile that others change too.
+template <typename Field> int countUp(Field field)
+{
+    for (int i = 0; i < 200; ++i)
+        if (napihost::changeProfile("Shared", [&](NetworkProfile& r) { ++(r.*field); }) != NAPI_OK)
+            return 1;
+    return 0;
+}
+
+TEST_F(StoreSharing, TwoProcessesChangingFieldsOfOneProfileLoseNoChange)
+{
+    world.reset({{"Shared", 0}});
+    pid_t one = start([] { return countUp(&NetworkProfile::gprsDns1); });
+    pid_t two = start([] { return countUp(&NetworkProfile::csdDns2); });
+    EXPECT_EQ(resultOf(one), 0);
+    EXPECT_EQ(resultOf(two), 0);
+    NetworkProfile record;
+    ASSERT_EQ(NAPI_ReadProfile("Shared", &record, 0, 0), NAPI_OK);
+    EXPECT_EQ(record.gprsDns1, 200u);
+    EXPECT_EQ(record.csdDns2, 200u);
+}
+
+TEST_F(StoreSharing, AChangeThatThrowsStoresNothingAndLetsTheNextWriterIn)
+{
+    world.reset({{"Shared", 7}});
+    auto refuse = [](NetworkProfile& record) {
+        record.gprsDns1 = 1;
+        throw std::runtime_error("refused");
+    };
+    EXPECT_THROW(napihost::changeProfile("Shared", refuse), std::runtime_error);
+    EXPECT_EQ(storedProfiles(), (Profiles{{"Shared", 7}}));
+    EXPECT_EQ(napihost::deleteProfile("Shared"), NAPI_OK);
+}
+
+TEST_F(StoreSharing, AChangeOfAMissingOrDamagedProfileIsRefusedUnasked)
+{
+    world.reset({});
+    bool isAsked = false;
+    auto change = [&](NetworkProfile&) { isAsked = true; };
+    EXPECT_EQ(napihost::changeProfile("Nobody", change), NAPI_ERR_NO_PROFILE);
+    EXPECT_EQ(napihost::changeProfile("a/b", change), NAPI_ERR_NAME);
+    world.reset({{"Cut", 1}});
+    fs::resize_file(world.profiles() + "/Cut/profile", 1167);
+    EXPECT_EQ(napihost::changeProfile("Cut", change), NAPI_ERR_DAMAGED);
+    EXPECT_FALSE(isAsked);
 }
 
 TEST_F(StoreSharing, OnlyOneOfManyThreadsCreatesAName)

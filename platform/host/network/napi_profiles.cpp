@@ -108,6 +108,19 @@ int NAPI_ModifyProfile(const char* name, const NetworkProfile* record, int, int)
                    [&](store::ProfileWriter& writer) { return writer.modify(name, *record); });
 }
 
+int napihost::changeProfile(const char* name, const std::function<void(NetworkProfile&)>& change)
+{
+    if (int result = checkName(name))
+        return result;
+    return changed(IfMissing::Refuse, [&](store::ProfileWriter& writer) {
+        NetworkProfile record;
+        if (int result = store::readProfile(name, &record))
+            return result;
+        change(record);
+        return writer.modify(name, record);
+    });
+}
+
 int napihost::deleteProfile(const char* name)
 {
     if (int result = checkName(name))
