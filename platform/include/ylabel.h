@@ -7,7 +7,7 @@
 #include "platform_export.h"
 #include "ytypes.h"
 
-// Shows one text, wrapped at its width and never cut in the middle of a line.
+// Shows one text, wrapped at its width; a word that is too long for a line is broken.
 class VORN_PLATFORM_API YLabel : public QLabel
 {
     Q_OBJECT
@@ -23,7 +23,14 @@ public:
     // Replaces the text and, with autoResize, the size.
     void setText(const QString& text);
 
+    int heightForWidth(int width) const;
+
+protected:
+    void paintEvent(QPaintEvent* event);
+
 private:
+    bool isPlain() const;
+
     struct Private;
     Private* d;
 };

@@ -6,6 +6,7 @@
 
 #include "yrowlook.h"
 #include "ytheme.h"
+#include "ywrap.h"
 
 namespace {
 
@@ -58,7 +59,9 @@ bool YButton::isYEnabled() const
 
 QSize YButton::sizeHint() const
 {
-    const int width = fontMetrics().horizontalAdvance(text()) + usualWidth - textWidth(usualWidth);
+    // The sum of the letters' widths is rounded; a pixel more keeps them in one line.
+    const int line = fontMetrics().horizontalAdvance(text()) + 1;
+    const int width = line + usualWidth - textWidth(usualWidth);
     return QSize(width, heightForWidth(width));
 }
 
@@ -69,10 +72,7 @@ QSize YButton::minimumSizeHint() const
 
 int YButton::heightForWidth(int width) const
 {
-    const int room = textWidth(width);
-    const int flags = YRowLook::wrapFlags(fontMetrics(), text(), room);
-    const QRect line = fontMetrics().boundingRect(0, 0, room, 0, flags | Qt::AlignCenter, text());
-    return line.height() + 2 * (linePadding + around);
+    return YWrap::height(font(), text(), textWidth(width)) + 2 * (linePadding + around);
 }
 
 void YButton::setEnabled(bool enabled)
@@ -145,6 +145,5 @@ void YButton::paintEvent(QPaintEvent*)
     painter.drawRoundedRect(body, radius, radius);
     painter.setPen(isDown() ? theme.onAccent : d->enabled ? theme.accent : theme.disabledText);
     const int side = YTheme::margin + sidePadding;
-    const int flags = YRowLook::wrapFlags(fontMetrics(), text(), textWidth(width()));
-    painter.drawText(rect().adjusted(side, 0, -side, 0), Qt::AlignCenter | flags, text());
+    YWrap::draw(painter, rect().adjusted(side, 0, -side, 0), Qt::AlignCenter, text());
 }

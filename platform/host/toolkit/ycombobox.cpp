@@ -14,6 +14,7 @@
 
 #include "yrowlook.h"
 #include "ytheme.h"
+#include "ywrap.h"
 
 namespace {
 
@@ -22,7 +23,8 @@ constexpr int linePadding = YTheme::focusWidth + 1; // above and below lines of 
 
 bool fitsOneLine(const QString& text, int width)
 {
-    return QFontMetrics(YTheme::bodyFont()).horizontalAdvance(text) <= width;
+    // The sum of the letters' widths is rounded.
+    return QFontMetrics(YTheme::bodyFont()).horizontalAdvance(text) < width;
 }
 
 // Lines of small letters take the place of one that is too long.
@@ -30,19 +32,15 @@ int boxHeightFor(const QString& text, int width)
 {
     if (fitsOneLine(text, width))
         return YRowLook::boxHeight;
-    const QFontMetrics metrics(YTheme::smallFont());
-    const int flags = YRowLook::wrapFlags(metrics, text, width);
-    return std::max(YRowLook::boxHeight,
-                    metrics.boundingRect(0, 0, width, 0, flags, text).height() + 2 * linePadding);
+    const int lines = YWrap::height(YTheme::smallFont(), text, width);
+    return std::max(YRowLook::boxHeight, lines + 2 * linePadding);
 }
 
 void drawValue(QPainter& painter, const QString& text, const QRect& place)
 {
     const bool one = fitsOneLine(text, place.width());
     painter.setFont(one ? YTheme::bodyFont() : YTheme::smallFont());
-    const int flags = one ? static_cast<int>(Qt::TextSingleLine)
-                          : YRowLook::wrapFlags(painter.fontMetrics(), text, place.width());
-    painter.drawText(place, Qt::AlignVCenter | Qt::AlignLeft | flags, text);
+    YWrap::draw(painter, place, Qt::AlignVCenter | Qt::AlignLeft, text);
 }
 
 void drawArrow(QPainter& painter, const QRect& place, const QColor& colour)

@@ -1,5 +1,7 @@
 #include <ylabel.h>
 
+#include "ywrap.h"
+
 struct YLabel::Private
 {
     bool autoResize = false;
@@ -32,4 +34,23 @@ void YLabel::setText(const QString& text)
     QLabel::setText(text);
     if (d->autoResize)
         adjustSize();
+}
+
+int YLabel::heightForWidth(int width) const
+{
+    return isPlain() ? YWrap::height(*this, width) : QLabel::heightForWidth(width);
+}
+
+void YLabel::paintEvent(QPaintEvent* event)
+{
+    if (isPlain())
+        YWrap::draw(*this);
+    else
+        QLabel::paintEvent(event);
+}
+
+// Whether there is a text to wrap, and no picture.
+bool YLabel::isPlain() const
+{
+    return !text().isEmpty() && textFormat() == Qt::PlainText && wordWrap();
 }

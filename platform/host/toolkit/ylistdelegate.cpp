@@ -4,24 +4,17 @@
 
 #include <QAbstractItemView>
 #include <QPainter>
-#include <QTextOption>
 
 #include "ylistitemdata.h"
 #include "ylistmodel.h"
 #include "ytheme.h"
+#include "ywrap.h"
 
 namespace {
 
 constexpr int markSize = 16;
 constexpr int gap = YTheme::margin;
 constexpr int linePadding = 9; // above and below the text of a row
-
-QTextOption wrapping()
-{
-    QTextOption option(Qt::AlignLeft | Qt::AlignVCenter);
-    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
-    return option;
-}
 
 // How the two texts of a sub-item share their width.
 struct Split
@@ -81,7 +74,7 @@ void paintSubItem(QPainter& painter, const YListSubItem& subItem, const YRowFont
     const QFontMetrics& metrics = font.metrics();
     const Split widths = split(subItem, metrics, place.width());
     if (subItem.second.isEmpty()) {
-        painter.drawText(QRectF(place), subItem.first, wrapping());
+        YWrap::draw(painter, place, Qt::AlignLeft | Qt::AlignVCenter, subItem.first);
         return;
     }
     QRect left = place;

@@ -1,16 +1,14 @@
 #include "ymessagetext.h"
 
-#include <QLabel>
 #include <QScrollBar>
 
 #include "yfinger.h"
 #include "ytheme.h"
+#include "ywrap.h"
 
-YMessageText::YMessageText(QWidget* parent) : QScrollArea(parent), label(new QLabel)
+YMessageText::YMessageText(QWidget* parent) : QScrollArea(parent), label(new YTextLabel(this))
 {
     label->setObjectName(QStringLiteral("text"));
-    label->setTextFormat(Qt::PlainText);
-    label->setWordWrap(true);
     label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     label->setContentsMargins(YTheme::margin, YTheme::margin, YTheme::margin, YTheme::margin);
     setWidget(label);
@@ -26,6 +24,7 @@ YMessageText::YMessageText(QWidget* parent) : QScrollArea(parent), label(new QLa
 void YMessageText::setText(const QString& text)
 {
     label->setText(text);
+    showBarIfNeeded();
 }
 
 QString YMessageText::text() const
@@ -46,4 +45,17 @@ bool YMessageText::scrollByKey(int key)
     QScrollBar* bar = verticalScrollBar();
     bar->setValue(bar->value() + (key == Qt::Key_Down ? line : -line));
     return true;
+}
+
+void YMessageText::resizeEvent(QResizeEvent* event)
+{
+    showBarIfNeeded();
+    QScrollArea::resizeEvent(event);
+}
+
+// A scroll area that once had the bar keeps it when the bar itself is what makes the text too high.
+void YMessageText::showBarIfNeeded()
+{
+    setVerticalScrollBarPolicy(heightFor(width()) > height() ? Qt::ScrollBarAlwaysOn
+                                                             : Qt::ScrollBarAlwaysOff);
 }

@@ -4,7 +4,7 @@
 
 #include <QScrollArea>
 
-class QLabel;
+class YTextLabel;
 
 class YMessageText : public QScrollArea
 {
@@ -20,8 +20,13 @@ public:
     // Scrolls by one line for the keys Up and Down; false for other keys.
     bool scrollByKey(int key);
 
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
 private:
-    QLabel* label;
+    void showBarIfNeeded();
+
+    YTextLabel* label;
 };
 
 #endif

@@ -15,8 +15,8 @@
 #include <yglobal.h>
 #include <ysoftkey.h>
 
-#include "yrowlook.h"
 #include "ytheme.h"
+#include "ywrap.h"
 
 namespace {
 
@@ -110,9 +110,7 @@ public:
                        QRect(place.left(), place.center().y() - iconSize / 2, iconSize, iconSize));
             place.setLeft(place.left() + iconSize + textMargin);
         }
-        const QString text = index.data().toString();
-        const int flags = YRowLook::wrapFlags(painter->fontMetrics(), text, place.width());
-        painter->drawText(place, Qt::AlignVCenter | flags, text);
+        YWrap::draw(*painter, place, Qt::AlignVCenter | Qt::AlignLeft, index.data().toString());
         if (mark.toInt() == Qt::Checked)
             drawMark(painter,
                      QPointF(option.rect.right() - markWidth / 2.0, option.rect.center().y()));
@@ -145,14 +143,12 @@ struct YOptionsMenu::Private
     // Gives each item the height of its text, and the sum.
     int layoutItems(int width) const
     {
-        const QFontMetrics metrics(YTheme::bodyFont());
         int sum = 0;
         for (int row = 0; row < list->count(); ++row) {
             QRect place = textR(QRect(0, 0, width, 0), at(row)->action->isCheckable());
             if (!at(row)->icon().isNull())
                 place.setLeft(place.left() + iconSize + textMargin);
-            const int flags = YRowLook::wrapFlags(metrics, at(row)->text(), place.width());
-            const int text = metrics.boundingRect(place, flags, at(row)->text()).height();
+            const int text = YWrap::height(YTheme::bodyFont(), at(row)->text(), place.width());
             const int height = std::max(YTheme::rowHeight, text + 2 * linePadding);
             at(row)->setSizeHint(QSize(1, height)); // wide as the list
             sum += height;

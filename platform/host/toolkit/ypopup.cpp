@@ -5,7 +5,6 @@
 #include <QCloseEvent>
 #include <QEventLoop>
 #include <QKeyEvent>
-#include <QLabel>
 #include <QPainter>
 #include <QPainterPath>
 #include <QPointer>
@@ -17,14 +16,13 @@
 #include "ybusy.h"
 #include "yscreen.h"
 #include "ytheme.h"
+#include "ywrap.h"
 
 namespace {
 
-QLabel* makeLine(QWidget* parent, const QFont& font)
+YTextLabel* makeLine(QWidget* parent, const QFont& font)
 {
-    auto* line = new QLabel(parent);
-    line->setTextFormat(Qt::PlainText);
-    line->setWordWrap(true);
+    auto* line = new YTextLabel(parent);
     line->setFont(font);
     line->hide();
     return line;
@@ -42,7 +40,7 @@ QPainterPath outline(const QRect& rect)
 constexpr int linePadding = 6; // above and below title and instruction
 
 // Sets the line's place below `top` and returns its lower edge.
-int placeLine(QLabel* line, int top, int width)
+int placeLine(YTextLabel* line, int top, int width)
 {
     if (line->isHidden())
         return top;
@@ -75,8 +73,8 @@ bool hasPicture(const QWidget& popup)
 
 struct YPopup::Private
 {
-    QLabel* title = nullptr;
-    QLabel* instruction = nullptr;
+    YTextLabel* title = nullptr;
+    YTextLabel* instruction = nullptr;
     YSoftKey* softKey = nullptr;
     YBusy* busy = nullptr;
     QEventLoop* loop = nullptr;

@@ -8,6 +8,7 @@
 #include <yscrollpanel.h>
 
 #include "ytheme.h"
+#include "ywrap.h"
 
 namespace {
 
@@ -21,14 +22,6 @@ QFont labelFont()
 }
 
 } // namespace
-
-int YRowLook::wrapFlags(const QFontMetrics& metrics, const QString& text, int width)
-{
-    for (const QString& word : text.split(' '))
-        if (metrics.horizontalAdvance(word) > width)
-            return Qt::TextWrapAnywhere;
-    return Qt::TextWordWrap;
-}
 
 void YRowLook::setCompact(bool isCompact)
 {
@@ -77,10 +70,7 @@ void YRowLook::drawLabel(QPainter& painter, const QSize& row, State state) const
     painter.setPen(!state.enabled  ? theme.disabledText
                    : state.focused ? theme.accent
                                    : theme.mutedText);
-    const int flags = line.width() >= lineWidth && lineWidth >= 0
-                          ? static_cast<int>(Qt::TextSingleLine)
-                          : wrapFlags(painter.fontMetrics(), text, line.width());
-    painter.drawText(line, flags, text);
+    YWrap::draw(painter, line, Qt::AlignLeft | Qt::AlignTop, text);
 }
 
 void YRowLook::drawBox(QPainter& painter, const QSize& row, State state) const
@@ -149,9 +139,8 @@ int YRowLook::labelHeight(int width) const
     if (lineWidth <= room)
         return labelGap + lineHeight;
     if (width != measuredWidth) {
-        const int flags = wrapFlags(metrics, text, room);
         measuredWidth = width;
-        measuredHeight = labelGap + metrics.boundingRect(0, 0, room, 0, flags, text).height();
+        measuredHeight = labelGap + YWrap::height(labelFont(), text, room);
     }
     return measuredHeight;
 }

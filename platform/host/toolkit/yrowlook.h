@@ -6,7 +6,6 @@
 #include <QRect>
 #include <QString>
 
-class QFontMetrics;
 class QPainter;
 class QWidget;
 
@@ -38,9 +37,6 @@ public:
 
     void drawLabel(QPainter& painter, const QSize& row, State state) const;
     void drawBox(QPainter& painter, const QSize& row, State state) const;
-
-    // How to wrap a text at a width: between words, or anywhere when a word alone is too long.
-    static int wrapFlags(const QFontMetrics& metrics, const QString& text, int width);
 
     // A short text at the right end of a part of the box.
     static int noteWidth(const QString& note);

@@ -1,0 +1,40 @@
+// Texts in several lines.
+#ifndef YWRAP_H
+#define YWRAP_H
+
+#include <QLabel>
+
+class QPainter;
+
+// Lines are broken between words, and within a word only where it alone is too long for a line: a
+// name without blanks is to be read to its end.
+class YWrap
+{
+public:
+    // The height of the text at a width.
+    static int height(const QFont& font, const QString& text, int width);
+    // Writes the text with the painter's font and pen.
+    static void draw(QPainter& painter, const QRect& place, Qt::Alignment alignment,
+                     const QString& text);
+
+    // The same for a label's plain text; Qt's own label breaks no word.
+    static int height(const QLabel& label, int width);
+    static void draw(QLabel& label);
+};
+
+// A label that does so.
+class YTextLabel : public QLabel
+{
+    Q_OBJECT
+
+public:
+    explicit YTextLabel(QWidget* parent);
+
+    int heightForWidth(int width) const override;
+    QSize minimumSizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+};
+
+#endif
