@@ -1,11 +1,10 @@
 // The entry points and the nested loop.
 
 #include <cstdio>
-#include <cstdlib>
-#include <malloc.h>
 
 #include <QApplication>
 #include <QDir>
+#include <QThread>
 #include <QTimer>
 
 #include <profilefunctions.h>
@@ -13,6 +12,7 @@
 #include <ykbmainwidget.h>
 #include <ylineedit.h>
 
+#include "wizard/heap.h"
 #include "wizard/record_bytes.h"
 #include "wizard/wizard_fixture.h"
 
@@ -177,29 +177,41 @@ int openDescriptors()
                                 .size());
 }
 
-// VORN_CYCLES=1000 for more of them.
-int cycles()
+// What a wizard could leave behind.
+struct Footprint
 {
-    const char* given = std::getenv("VORN_CYCLES");
-    return given ? std::atoi(given) : 50;
-}
+    long heap = heap::liveBytes();
+    qsizetype widgets = QApplication::allWidgets().size();
+    int descriptors = openDescriptors();
+    int loopLevel = QThread::currentThread()->loopLevel();
+};
 
 TEST_F(Entry, ManyWizardsLeaveNothingBehind)
 {
-    for (int i = 0; i < 10; ++i)
-        create({cancel});
-    const int descriptors = openDescriptors();
-    const auto widgets = QApplication::allWidgets().size();
-    const auto heap = ::mallinfo2().uordblks;
-    for (int i = 0; i < cycles(); ++i)
-        ASSERT_EQ(1, create({cancel}));
-    EXPECT_EQ(descriptors, openDescriptors());
-    EXPECT_EQ(widgets, QApplication::allWidgets().size());
-    // The caches of letters and pictures fill in the course of the first few hundred; a page that
-    // stays behind takes more than 20,000 bytes each time.
-    const auto growth = static_cast<long>(::mallinfo2().uordblks - heap);
-    std::printf("the heap has grown by %ld bytes in %d wizards\n", growth, cycles());
-    EXPECT_LT(growth, 100000L + 60L * cycles());
+    int levelInside = 0;
+    const auto openAndCancel = [this, &levelInside](int times) {
+        for (int i = 0; i < times; ++i) {
+            later([&levelInside] {
+                levelInside = QThread::currentThread()->loopLevel();
+                cancel();
+            });
+            ASSERT_EQ(1, createProfilebyUser(name));
+            settle();
+        }
+    };
+    constexpr int times = 1000;
+    openAndCancel(20);
+    const int firstLevelInside = levelInside;
+    const Footprint before;
+    openAndCancel(times);
+    const Footprint after;
+    std::printf("the heap has grown by %ld bytes in %d wizards\n", after.heap - before.heap, times);
+    // The same request gets a few bytes more or less from time to time.
+    EXPECT_LT(after.heap - before.heap, times);
+    EXPECT_EQ(before.widgets, after.widgets);
+    EXPECT_EQ(before.descriptors, after.descriptors);
+    EXPECT_EQ(before.loopLevel, after.loopLevel);
+    EXPECT_EQ(firstLevelInside, levelInside);
 }
 
 class NotFound : public Entry

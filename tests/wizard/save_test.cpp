@@ -10,7 +10,7 @@
 #include <ykbmainwidget.h>
 #include <ylineedit.h>
 
-#include "wizard/failing_malloc.h"
+#include "wizard/heap.h"
 #include "wizard/record_bytes.h"
 #include "wizard/wizard_fixture.h"
 
@@ -279,9 +279,9 @@ TEST_F(Save, FromPageOneAfterARefusedOneOfPageTwoStoresBothPages)
 TEST_F(Save, WithoutMemoryForTheRecordIsLoggedAndClosesTheWizard)
 {
     EXPECT_EQ(2, create({typing("GPRS APN:", "a"), [] {
-                             failMallocOf(sizeof(NetworkProfile));
+                             heap::failMallocOf(sizeof(NetworkProfile));
                              save();
-                             failMallocOf(0);
+                             heap::failMallocOf(0);
                          }}));
     EXPECT_EQ((Calls{"valid Profile1", "log: NSETUP: can not get memory to save profile\nNetwork: "
                                        "Save profile data error!\n"}),
@@ -290,9 +290,9 @@ TEST_F(Save, WithoutMemoryForTheRecordIsLoggedAndClosesTheWizard)
 
 TEST_F(Save, OfANewProfileWorksWithoutMemoryForLoading)
 {
-    failMallocOf(sizeof(NetworkProfile));
+    heap::failMallocOf(sizeof(NetworkProfile));
     EXPECT_EQ(0, create({[] {
-                             failMallocOf(0);
+                             heap::failMallocOf(0);
                              EXPECT_EQ(Calls{"log: Load profile content failed\n"}, take());
                              EXPECT_EQ("Cancel", rightKeyOf(wizardPage(1)));
                          },
