@@ -33,6 +33,7 @@ struct YButton::Private
 {
     bool enabled = true;
     bool tapped = false; // the finger is on a button that is switched off
+    YWrapHeight measured;
 };
 
 YButton::YButton(QWidget* parent, const char* name, int /*widgetClassId*/)
@@ -72,7 +73,7 @@ QSize YButton::minimumSizeHint() const
 
 int YButton::heightForWidth(int width) const
 {
-    return YWrap::height(font(), text(), textWidth(width)) + 2 * (linePadding + around);
+    return d->measured.at(font(), text(), textWidth(width)) + 2 * (linePadding + around);
 }
 
 void YButton::setEnabled(bool enabled)

@@ -21,24 +21,8 @@ namespace {
 constexpr int arrowWidth = 20;
 constexpr int linePadding = YTheme::focusWidth + 1; // above and below lines of small letters
 
-bool fitsOneLine(const QString& text, int width)
+void drawValue(QPainter& painter, const QString& text, const QRect& place, bool one)
 {
-    // The sum of the letters' widths is rounded.
-    return QFontMetrics(YTheme::bodyFont()).horizontalAdvance(text) < width;
-}
-
-// Lines of small letters take the place of one that is too long.
-int boxHeightFor(const QString& text, int width)
-{
-    if (fitsOneLine(text, width))
-        return YRowLook::boxHeight;
-    const int lines = YWrap::height(YTheme::smallFont(), text, width);
-    return std::max(YRowLook::boxHeight, lines + 2 * linePadding);
-}
-
-void drawValue(QPainter& painter, const QString& text, const QRect& place)
-{
-    const bool one = fitsOneLine(text, place.width());
     painter.setFont(one ? YTheme::bodyFont() : YTheme::smallFont());
     YWrap::draw(painter, place, Qt::AlignVCenter | Qt::AlignLeft, text);
 }
@@ -78,13 +62,33 @@ struct YComboBox::Private
     int current = -1;
     bool titled = true;
     bool autoResize = false;
+    QString measuredText;
+    int measuredWidth = 0; // in one line of the usual letters
+    YWrapHeight measured;
 
     // The room for the current item and, beside it, for the arrow.
     QRect valueR(const QSize& row) const { return look.textR(row).adjusted(0, 0, -arrowWidth, 0); }
 
+    bool fitsOneLine(const QString& text, int width)
+    {
+        if (text != measuredText) {
+            measuredText = text;
+            measuredWidth = QFontMetrics(YTheme::bodyFont()).horizontalAdvance(text);
+        }
+        // The sum of the letters' widths is rounded.
+        return measuredWidth < width;
+    }
+
+    // Lines of small letters take the place of one that is too long.
     void fitBox(int width)
     {
-        look.setBoxHeight(boxHeightFor(items.value(current), valueR(QSize(width, 0)).width()));
+        const QString text = items.value(current);
+        const int room = valueR(QSize(width, 0)).width();
+        int height = YRowLook::boxHeight;
+        if (!fitsOneLine(text, room))
+            height =
+                std::max(height, measured.at(YTheme::smallFont(), text, room) + 2 * linePadding);
+        look.setBoxHeight(height);
     }
 };
 
@@ -228,7 +232,7 @@ void YComboBox::paintEvent(QPaintEvent*)
     const QRect arrow(place.right() + 1, place.top(), arrowWidth, place.height());
     drawArrow(painter, arrow, isYEnabled() ? theme.mutedText : theme.disabledText);
     painter.setPen(isYEnabled() ? theme.text : theme.disabledText);
-    drawValue(painter, currentText(), place);
+    drawValue(painter, currentText(), place, d->fitsOneLine(currentText(), place.width()));
 }
 
 // The box and its dialog may both be deleted while the dialog is open.

@@ -5,6 +5,7 @@
 struct YLabel::Private
 {
     bool autoResize = false;
+    YWrapHeight measured;
 };
 
 YLabel::YLabel(QWidget* parent, const char* name, YWidgetFlags /*flags*/, int /*widgetClassId*/)
@@ -38,7 +39,11 @@ void YLabel::setText(const QString& text)
 
 int YLabel::heightForWidth(int width) const
 {
-    return isPlain() ? YWrap::height(*this, width) : QLabel::heightForWidth(width);
+    if (!isPlain())
+        return QLabel::heightForWidth(width);
+    const QMargins around = contentsMargins();
+    const int room = width - around.left() - around.right();
+    return around.top() + d->measured.at(font(), text(), room) + around.bottom();
 }
 
 void YLabel::paintEvent(QPaintEvent* event)

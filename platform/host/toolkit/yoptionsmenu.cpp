@@ -1,6 +1,7 @@
 #include <yoptionsmenu.h>
 
 #include <algorithm>
+#include <vector>
 
 #include <QAction>
 #include <QKeyEvent>
@@ -27,29 +28,23 @@ constexpr int markWidth = 26;
 constexpr int iconSize = 20;
 constexpr double radius = 6;
 
-// An item of the list with the action that it stands for.
-class Item : public QListWidgetItem
+struct Item
 {
-public:
-    Item(QAction* owned, int number) : action(owned), id(number) { refresh(); }
-    ~Item() override { delete action; }
-    Item(const Item&) = delete;
-    Item& operator=(const Item&) = delete;
-
-    void refresh()
-    {
-        setText(action->text());
-        setIcon(action->icon());
-        setFlags(action->isEnabled() ? Qt::ItemIsEnabled | Qt::ItemIsSelectable
-                                     : Qt::ItemFlags(Qt::NoItemFlags));
-        setData(Qt::CheckStateRole,
-                action->isCheckable() ? QVariant(action->isChecked() ? Qt::Checked : Qt::Unchecked)
-                                      : QVariant());
-    }
-
-    QAction* const action;
-    const int id;
+    QAction* action; // the menu's child
+    int id;
 };
+
+// Shows an item as its action is now.
+void refresh(QListWidgetItem& row, const QAction& action)
+{
+    row.setText(action.text());
+    row.setIcon(action.icon());
+    row.setFlags(action.isEnabled() ? Qt::ItemIsEnabled | Qt::ItemIsSelectable
+                                    : Qt::ItemFlags(Qt::NoItemFlags));
+    row.setData(Qt::CheckStateRole, action.isCheckable()
+                                        ? QVariant(action.isChecked() ? Qt::Checked : Qt::Unchecked)
+                                        : QVariant());
+}
 
 QRect textR(const QRect& row, bool checkable)
 {
@@ -122,35 +117,76 @@ public:
 
 struct YOptionsMenu::Private
 {
+    std::vector<Item> items;
+    // Made when the menu is opened first, since most menus of most pages never are; its rows are
+    // the items in their order.
     QListWidget* list = nullptr;
     QRect rect;
     QRect panel; // in the popup
     int nextId = 0;
     bool outside = false; // the finger is beside the panel
 
-    Item* at(int row) const { return static_cast<Item*>(list->item(row)); }
-
     int rowOf(int id) const
     {
-        for (int row = 0; row < list->count(); ++row)
-            if (at(row)->id == id)
-                return row;
-        return -1;
+        const auto found = std::find_if(items.begin(), items.end(),
+                                        [id](const Item& item) { return item.id == id; });
+        return found == items.end() ? -1 : static_cast<int>(found - items.begin());
     }
 
-    Item* find(int id) const { return at(rowOf(id)); }
+    // Null for a number that no item has.
+    QAction* action(int id) const
+    {
+        const int row = rowOf(id);
+        return row < 0 ? nullptr : items[static_cast<std::size_t>(row)].action;
+    }
 
-    // Gives each item the height of its text, and the sum.
-    int layoutItems(int width) const
+    int firstEnabled() const
+    {
+        const auto found = std::find_if(items.begin(), items.end(),
+                                        [](const Item& item) { return item.action->isEnabled(); });
+        return found == items.end() ? -1 : static_cast<int>(found - items.begin());
+    }
+
+    void refreshRow(int row) const
+    {
+        if (list && row >= 0)
+            refresh(*list->item(row), *items[static_cast<std::size_t>(row)].action);
+    }
+
+    void insertRow(int row) const
+    {
+        if (!list)
+            return;
+        list->insertItem(row, new QListWidgetItem);
+        refreshRow(row);
+    }
+
+    void makeList(YOptionsMenu* menu)
+    {
+        list = new ItemList(menu);
+        list->setFrameShape(QFrame::NoFrame);
+        list->setItemDelegate(new ItemDelegate(list));
+        list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        list->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+        list->setEditTriggers(QAbstractItemView::NoEditTriggers);
+        QObject::connect(list, SIGNAL(itemActivated(QListWidgetItem*)), menu,
+                         SLOT(activate(QListWidgetItem*)));
+        for (int row = 0; row < static_cast<int>(items.size()); ++row)
+            insertRow(row);
+    }
+
+    // Gives each row the height of its text, and the sum.
+    int layoutRows(int width) const
     {
         int sum = 0;
         for (int row = 0; row < list->count(); ++row) {
-            QRect place = textR(QRect(0, 0, width, 0), at(row)->action->isCheckable());
-            if (!at(row)->icon().isNull())
+            QListWidgetItem* item = list->item(row);
+            QRect place = textR(QRect(0, 0, width, 0), item->data(Qt::CheckStateRole).isValid());
+            if (!item->icon().isNull())
                 place.setLeft(place.left() + iconSize + textMargin);
-            const int text = YWrap::height(YTheme::bodyFont(), at(row)->text(), place.width());
+            const int text = YWrap::height(YTheme::bodyFont(), item->text(), place.width());
             const int height = std::max(YTheme::rowHeight, text + 2 * linePadding);
-            at(row)->setSizeHint(QSize(1, height)); // wide as the list
+            item->setSizeHint(QSize(1, height)); // wide as the list
             sum += height;
         }
         return sum;
@@ -162,14 +198,6 @@ YOptionsMenu::YOptionsMenu(const QRect& rect, QWidget* parent, const char* name,
     : YPopup(0, parent, name, true, PlainStyle, 0), d(new Private)
 {
     d->rect = rect.intersected(YGlobal::getHomeR(true));
-    d->list = new ItemList(this);
-    d->list->setFrameShape(QFrame::NoFrame);
-    d->list->setItemDelegate(new ItemDelegate(d->list));
-    d->list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    d->list->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
-    d->list->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    connect(d->list, SIGNAL(itemActivated(QListWidgetItem*)), this,
-            SLOT(activate(QListWidgetItem*)));
     YSoftKey* keys = getSoftKey();
     keys->setText(YSoftKey::Left, tr("TXT_RID_SOFTKEY_SELECT", "Select"), 0);
     keys->setText(YSoftKey::Right, tr("TXT_RID_SOFTKEY_CANCEL", "Cancel"), 0);
@@ -194,67 +222,76 @@ int YOptionsMenu::insertItem(const QString& text, const QPixmap* picture, QObjec
     action->setChecked(checked);
     if (receiver && member)
         connect(action, SIGNAL(triggered()), receiver, member);
-    while (id < 0 && find(d->nextId))
+    while (id < 0 && d->action(d->nextId))
         ++d->nextId;
     const int number = id < 0 ? d->nextId++ : id;
     const int place = index < 0 || index > count() ? count() : index;
-    d->list->insertItem(place, new Item(action, number));
+    d->items.insert(d->items.begin() + place, {action, number});
+    d->insertRow(place);
     layoutContents();
     return number;
 }
 
 void YOptionsMenu::removeItem(int id)
 {
-    delete d->find(id);
+    const int row = d->rowOf(id);
+    if (row < 0)
+        return;
+    delete d->action(id);
+    d->items.erase(d->items.begin() + row);
+    if (d->list)
+        delete d->list->item(row);
     layoutContents();
 }
 
 int YOptionsMenu::count() const
 {
-    return d->list->count();
+    return static_cast<int>(d->items.size());
 }
 
 QString YOptionsMenu::text(int id) const
 {
-    const Item* item = d->find(id);
-    return item ? item->text() : QString();
+    const QAction* action = d->action(id);
+    return action ? action->text() : QString();
 }
 
 void YOptionsMenu::setItemEnabled(int id, bool enabled)
 {
-    if (Item* item = d->find(id)) {
-        item->action->setEnabled(enabled);
-        item->refresh();
+    if (QAction* action = d->action(id)) {
+        action->setEnabled(enabled);
+        d->refreshRow(d->rowOf(id));
     }
 }
 
 bool YOptionsMenu::isItemEnabled(int id) const
 {
-    const Item* item = d->find(id);
-    return item && item->action->isEnabled();
+    const QAction* action = d->action(id);
+    return action && action->isEnabled();
 }
 
 void YOptionsMenu::setItemChecked(int id, bool checked)
 {
-    if (Item* item = d->find(id)) {
-        item->action->setChecked(checked);
-        item->refresh();
+    if (QAction* action = d->action(id)) {
+        action->setChecked(checked);
+        d->refreshRow(d->rowOf(id));
     }
 }
 
 bool YOptionsMenu::isItemChecked(int id) const
 {
-    const Item* item = d->find(id);
-    return item && item->action->isChecked();
+    const QAction* action = d->action(id);
+    return action && action->isChecked();
 }
 
 // The popup covers the screen, so that a tap beside the panel is its own.
 void YOptionsMenu::layoutContents()
 {
+    if (!d->list)
+        return;
     const int width = d->rect.width() - 2 * edge;
-    int height = d->layoutItems(width) + 2 * edge;
+    int height = d->layoutRows(width) + 2 * edge;
     if (height > d->rect.height()) {
-        d->layoutItems(width - style()->pixelMetric(QStyle::PM_ScrollBarExtent));
+        d->layoutRows(width - style()->pixelMetric(QStyle::PM_ScrollBarExtent));
         height = d->rect.height();
     }
     const int top = d->rect.top() + d->rect.height() - height;
@@ -264,13 +301,15 @@ void YOptionsMenu::layoutContents()
 
 void YOptionsMenu::showEvent(QShowEvent* event)
 {
+    if (!d->list) {
+        d->makeList(this);
+        d->list->show();
+    }
     setGeometry(YGlobal::getHomeR(true));
     YPopup::showEvent(event);
-    int row = 0;
-    while (row < count() && !d->at(row)->action->isEnabled())
-        ++row;
-    d->list->setCurrentRow(row < count() ? row : -1);
-    getSoftKey()->showButton(YSoftKey::Left, row < count());
+    const int row = d->firstEnabled();
+    d->list->setCurrentRow(row);
+    getSoftKey()->showButton(YSoftKey::Left, row >= 0);
     d->list->scrollToTop();
     d->list->setFocus();
 }
@@ -279,7 +318,7 @@ void YOptionsMenu::keyPressEvent(QKeyEvent* event)
 {
     const int row = event->key() - Qt::Key_1;
     if (row >= 0 && row < std::min(9, count()) && !event->isAutoRepeat())
-        activate(d->at(row));
+        activate(d->list->item(row));
     else
         YPopup::keyPressEvent(event);
 }
@@ -312,18 +351,19 @@ void YOptionsMenu::paintEvent(QPaintEvent*)
 // The menu, and with it its page, may be deleted by the item's slot.
 void YOptionsMenu::activate(QListWidgetItem* chosen)
 {
-    auto* item = static_cast<Item*>(chosen);
-    if (!item || !item->action->isEnabled())
+    const int row = chosen ? d->list->row(chosen) : -1;
+    if (row < 0 || !d->items[static_cast<std::size_t>(row)].action->isEnabled())
         return;
-    QPointer<QAction> action(item->action);
+    const int id = d->items[static_cast<std::size_t>(row)].id;
+    QPointer<QAction> action(d->items[static_cast<std::size_t>(row)].action);
     accept();
-    emit activated(item->id);
+    emit activated(id);
     if (!action)
         return;
     // Changes the mark of a checkable item, too.
     action->trigger();
     if (action)
-        item->refresh();
+        d->refreshRow(d->rowOf(id));
 }
 
 void YOptionsMenu::activateCurrent()

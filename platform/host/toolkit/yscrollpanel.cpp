@@ -180,11 +180,9 @@ void YScrollPanel::updateContents()
 void YScrollPanel::resizeEvent(QResizeEvent*)
 {
     d->area->setGeometry(rect());
-    // Until the panel is shown, whoever asks for the contents lays them out.
-    if (!isVisible())
-        return;
     updateContents();
-    if (QWidget* focused = d->contents->focusWidget())
+    QWidget* focused = d->contents->focusWidget();
+    if (focused && isVisible())
         followFocus(focused);
 }
 

@@ -55,6 +55,23 @@ void YWrap::draw(QLabel& label)
     draw(painter, label.contentsRect(), label.alignment(), label.text());
 }
 
+int YWrapHeight::at(const QFont& font, const QString& text, int width)
+{
+    if (text != measuredText || font != measuredFont) {
+        measuredText = text;
+        measuredFont = font;
+        widths[0] = widths[1] = -1;
+    }
+    for (int i : {0, 1})
+        if (widths[i] == width)
+            return heights[i];
+    const int place = oldest;
+    oldest = 1 - oldest;
+    widths[place] = width;
+    heights[place] = YWrap::height(font, text, width);
+    return heights[place];
+}
+
 YTextLabel::YTextLabel(QWidget* parent) : QLabel(parent)
 {
     setTextFormat(Qt::PlainText);

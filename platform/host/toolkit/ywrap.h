@@ -22,6 +22,21 @@ public:
     static void draw(QLabel& label);
 };
 
+// Remembers the heights of one text: a form asks for them at each layout, with its scroll bar and
+// without.
+class YWrapHeight
+{
+public:
+    int at(const QFont& font, const QString& text, int width);
+
+private:
+    QFont measuredFont;
+    QString measuredText;
+    int widths[2] = {-1, -1};
+    int heights[2] = {0, 0};
+    int oldest = 0;
+};
+
 // A label that does so.
 class YTextLabel : public QLabel
 {
