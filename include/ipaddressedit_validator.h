@@ -11,6 +11,8 @@ class QWidget;
 // Accepts a whole decimal number within the range, and the empty text as one that is not finished.
 // Every other text is invalid, so that a line edit refuses the key that would lead to it:
 //
+//     #include <ylineedit.h>
+//
 //     YLineEdit* port = new YLineEdit(form, 0, 39);
 //     IPAddressEdit_Validator* validator = new IPAddressEdit_Validator(port);
 //     validator->setRange(0, 65535);

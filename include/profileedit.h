@@ -14,6 +14,8 @@ class QFocusEvent;
 // so that typing starts afresh; leaving it empty brings the default name back. A text equal to the
 // default name is taken for it, also when it was typed.
 //
+//     #include <profilefunctions.h>
+//
 //     QString name;
 //     getDefaultProfileName(name);
 //     ProfileEdit* edit = new ProfileEdit(form);

@@ -14,11 +14,11 @@ struct NapiIndication;
 // An application creates one manager, calls init(), and opens a link for the name of a stored
 // network profile. Each call returns at once; what becomes of the link arrives later as a signal:
 //
-//     YDataSessionManager manager;
-//     connect(&manager, SIGNAL(connected(int,YLinkInfo&)), SLOT(online(int)));
-//     connect(&manager, SIGNAL(openFailed(int,unsigned short,unsigned short)), SLOT(offline(int)));
-//     if (manager.init(false) >= 0)
-//         link = manager.openLink("Internet");
+//     YDataSessionManager* manager = new YDataSessionManager(this);
+//     connect(manager, SIGNAL(connected(int,YLinkInfo&)), SLOT(online(int)));
+//     connect(manager, SIGNAL(openFailed(int,unsigned short,unsigned short)), SLOT(offline(int)));
+//     if (manager->init(false) >= 0)
+//         link = manager->openLink("Internet");
 //
 // The slot binds the application's sockets with bindSocket2Link() before they connect, and the
 // application calls closeLink() when it is done. A slot may take only the leading arguments of a

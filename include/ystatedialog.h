@@ -13,6 +13,8 @@ class YSoftKey;
 // session manager shows one by itself; an application may build its own, set a text and connect the
 // key:
 //
+//     #include <ysoftkey.h>
+//
 //     YStateDialog* popup = new YStateDialog;
 //     popup->setStateString("Signing in");
 //     popup->getSoftKey()->setClickedSlot(1, this, SLOT(cancel()));
