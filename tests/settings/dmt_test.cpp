@@ -1,5 +1,9 @@
 #include "dmt.h"
 
+#include <atomic>
+#include <thread>
+#include <vector>
+
 #include "settings/settings_host.h"
 #include "settings/settings_root.h"
 
@@ -253,6 +257,33 @@ TEST_F(SettingsTree, IsSharedByTheCopiesOfItsHandle)
     node.Release();
     node = copy;
     EXPECT_EQ(node.operator->(), copy.operator->());
+}
+
+TEST_F(SettingsTree, IsReadByManyThreadsWhileUsersComeAndGo)
+{
+    write(settings(), "{\"DefConnPrefer\": 2}");
+    std::atomic<int> right = 0;
+    std::vector<std::thread> threads;
+    for (int i = 0; i < 8; ++i)
+        threads.emplace_back([&] {
+            for (int round = 0; round < 100; ++round) {
+                DmtData data;
+                int value = 0;
+                const bool isStarted = DmtTreeFactory::Initialize().GetCode() == DMT_OK;
+                const bool isRead = readNode("DefConnPrefer", data) == DMT_OK;
+                DmtTreeFactory::Uninitialize();
+                right +=
+                    isStarted && isRead && data.GetInt(value).GetCode() == DMT_OK && value == 2;
+            }
+        });
+    for (std::thread& thread : threads)
+        thread.join();
+    EXPECT_EQ(right, 800);
+    DmtTreeHandle tree;
+    EXPECT_EQ(obtain(tree), DMT_OK);
+    DmtTreeFactory::Uninitialize();
+    EXPECT_EQ(obtain(tree), DMT_NOT_INITIALIZED);
+    ASSERT_EQ(DmtTreeFactory::Initialize().GetCode(), DMT_OK);
 }
 
 TEST(SettingsValues, AreCopiedWithWhatTheyHold)
