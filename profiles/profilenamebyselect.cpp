@@ -3,7 +3,6 @@
 
 #include <memory>
 
-#include <qapplication.h>
 #include <qstringlist.h>
 
 #include <napi.h>
@@ -79,8 +78,7 @@ static int listNames(char* buffer, unsigned int room, QStringList& names)
 static int runDialog(YProfileSelectDlg* newDialog, QString& name)
 {
     const support::Guarded<YProfileSelectDlg> dialog(newDialog);
-    if (qApp)
-        support::wakeLoop();
+    support::wakeLoop();
     int result = noneSelected;
     const bool isAccepted = newDialog->exec() != 0;
     if (isAccepted && dialog && dialog->selectedProfile(name) == 0)

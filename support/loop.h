@@ -25,7 +25,7 @@ void exitLoop();
 void processPending();
 
 // Has a loop that waits for events go through them once. May be called from any thread while the
-// QApplication exists.
+// QApplication exists; on the GUI thread it does nothing when there is none.
 void wakeLoop();
 
 } // namespace support
