@@ -192,6 +192,8 @@ BENCHMARK(openWizard)->UseManualTime()->Unit(benchmark::kMillisecond);
 int main(int argc, char** argv)
 {
     const Root root;
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
     YApplication application(argc, argv);
     application.setQuitOnLastWindowClosed(false);
     PaintWatch paints;
