@@ -28,6 +28,8 @@ Script script;
 int heldTrees = 0;
 int heldNodes = 0;
 int heldData = 0;
+int heldStatuses = 0;
+int heldPrincipals = 0;
 std::vector<std::string> messages;
 
 } // namespace
@@ -37,10 +39,17 @@ struct DmtStatus::Private
     int code;
 };
 
-DmtStatus::DmtStatus(int code, const char*) : d(new Private{code}) {}
-DmtStatus::DmtStatus(const DmtStatus& other) : d(new Private(*other.d)) {}
+DmtStatus::DmtStatus(int code, const char*) : d(new Private{code})
+{
+    ++heldStatuses;
+}
+DmtStatus::DmtStatus(const DmtStatus& other) : d(new Private(*other.d))
+{
+    ++heldStatuses;
+}
 DmtStatus::~DmtStatus()
 {
+    --heldStatuses;
     delete d;
 }
 int DmtStatus::GetCode() const
@@ -57,9 +66,13 @@ struct DmtPrincipal::Private
     std::string name;
 };
 
-DmtPrincipal::DmtPrincipal(const char* name) : d(new Private{name}) {}
+DmtPrincipal::DmtPrincipal(const char* name) : d(new Private{name})
+{
+    ++heldPrincipals;
+}
 DmtPrincipal::~DmtPrincipal()
 {
+    --heldPrincipals;
     delete d;
 }
 void DmtPrincipal::SetName(const char* name)
@@ -190,6 +203,8 @@ protected:
         EXPECT_EQ(heldTrees, 0);
         EXPECT_EQ(heldNodes, 0);
         EXPECT_EQ(heldData, 0);
+        EXPECT_EQ(heldStatuses, 0);
+        EXPECT_EQ(heldPrincipals, 0);
     }
 
     int m_value = 99;
