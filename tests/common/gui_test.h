@@ -52,6 +52,8 @@ public:
     // A warning of Qt that has to come in this test, exactly once for each call, and contains
     // `part`.
     void expectWarning(const std::string& part);
+    // Warnings that may come in this test, any number of them, and contain `part`.
+    void allowWarnings(const std::string& part);
 
 protected:
     void SetUp() override;
@@ -62,9 +64,11 @@ protected:
 
 private:
     bool isTop(const QWidget& widget) const;
+    bool isAllowed(const std::string& warning) const;
 
     std::set<const QWidget*> widgetsBefore;
     std::vector<std::string> announced;
+    std::vector<std::string> allowed;
 };
 
 #endif

@@ -1,9 +1,5 @@
-// Records of every kind through the form and back. Each run draws new records; a failure names the
-// seed, and VORN_SEED=<seed> draws the same ones again.
+// Records of every kind through the form and back, without widgets.
 
-#include <cstdio>
-#include <cstdlib>
-#include <random>
 #include <set>
 #include <string>
 
@@ -11,6 +7,7 @@
 #include "support/text.h"
 #include "wizard/array_form.h"
 #include "wizard/record_bytes.h"
+#include "wizard/record_generator.h"
 #include "wizard/recordmapping.h"
 
 namespace {
@@ -32,65 +29,6 @@ const Region page2Texts[] = {
     {381, 44, Text::CsdNumber}, {425, 64, Text::CsdUserName}, {489, 64, Text::CsdPassword},
     {963, 100, Text::Proxy2},   {1066, 100, Text::Domain2},
 };
-
-// Draws records whose fields are random bytes, texts that fill them, texts with bytes behind their
-// NUL, and nothing.
-class Generator
-{
-public:
-    explicit Generator(unsigned seed) : random(seed) {}
-
-    RecordBytes record()
-    {
-        RecordBytes bytes;
-        for (size_t i = 0; i < 1168; ++i)
-            bytes.byte(i, below(256));
-        for (const Region& region : page1Texts)
-            bytes.text(region.offset, text(region.width));
-        for (const Region& region : page2Texts)
-            bytes.text(region.offset, text(region.width));
-        bytes.half(320, oneOf({0, 15, 60, 120, 360, 1440, 30, below(65536)}));
-        bytes.half(568, oneOf({0, 1, 5, 15, 30, 60, 61, below(65536)}));
-        bytes.byte(571, oneOf({0, 14, 7, 6, 4, 75, 71, 70, 68, below(256)}));
-        bytes.byte(5, (bytes.read(5, 1) & 0xF0) | below(16));
-        for (size_t offset : {312, 316, 560, 564})
-            bytes.word(offset, oneOf({0, 0xFFFFFFFF, 0x0A000001, unsigned(random())}));
-        return bytes;
-    }
-
-private:
-    unsigned below(unsigned limit) { return unsigned(random() % limit); }
-
-    unsigned oneOf(std::initializer_list<unsigned> values)
-    {
-        return values.begin()[below(unsigned(values.size()))];
-    }
-
-    std::string text(size_t width)
-    {
-        std::string bytes(width, '\0');
-        const unsigned kind = below(5);
-        for (char& byte : bytes) {
-            if (kind == 0)
-                byte = char(below(256));
-            else if (kind < 4)
-                byte = char('!' + below(94));
-        }
-        if (kind == 2)
-            bytes[below(unsigned(width))] = '\0';
-        if (kind == 3)
-            bytes.replace(0, 6, "\xC3\xA4\xE4\xB8\xAD!");
-        return bytes;
-    }
-
-    std::mt19937 random;
-};
-
-unsigned firstSeed()
-{
-    const char* given = std::getenv("VORN_SEED");
-    return given ? unsigned(std::strtoul(given, nullptr, 10)) : std::random_device()();
-}
 
 // The text of a field as it is stored again: what the form showed, with NULs behind it.
 std::string storedText(const QString& shown, size_t width)
@@ -142,10 +80,9 @@ protected:
     template <typename Check> void forEachRecord(Check check)
     {
         const unsigned first = firstSeed();
-        std::printf("first seed %u\n", first);
         for (unsigned seed = first; seed != first + 2000 && !HasFailure(); ++seed) {
             SCOPED_TRACE("VORN_SEED=" + std::to_string(seed));
-            check(Generator(seed).record());
+            check(RecordGenerator(seed).record());
             recorder::calls().clear();
         }
     }
