@@ -72,14 +72,15 @@ DataConnection_NewWiz1::~DataConnection_NewWiz1()
 
 void DataConnection_NewWiz1::setTitleAndName(const QString& name)
 {
-    if (!isCreating) {
-        setMainWidgetTitle(name);
+    QString title = name;
+    if (isCreating) {
+        title = name.isEmpty() ? tr("TXT_RID_HEADER_CONNECTION_SETUP", "Connection Setup")
+                               : tr("TXT_RID_HEADER_NEW_CONNECTION", "New Connection");
+        getDefaultProfileName(currentName);
+    } else {
         currentName = name;
-        return;
     }
-    setMainWidgetTitle(name.isEmpty() ? tr("TXT_RID_HEADER_CONNECTION_SETUP", "Connection Setup")
-                                      : tr("TXT_RID_HEADER_NEW_CONNECTION", "New Connection"));
-    getDefaultProfileName(currentName);
+    setMainWidgetTitle(title);
 }
 
 void DataConnection_NewWiz1::addRows()
@@ -92,10 +93,11 @@ void DataConnection_NewWiz1::addRows()
             cellularSeparator = static_cast<YSeparator*>(widget);
         else if (entry.row.kind == wizard::RowKind::PressButton)
             additionalSettings = static_cast<NSPressButton*>(widget);
+        else if (widget == rows.edit(Text::ProfileName))
+            rows.setText(Text::ProfileName, currentName);
         else if (widget == rows.combo(Choice::Preference))
             chooseDefaultPreference();
     }
-    rows.setText(Text::ProfileName, currentName);
 }
 
 // A new profile shows "WiFi Only" without switching its rows off when that is the device's default:

@@ -29,8 +29,10 @@ const TextPlace gprsTexts[] = {
     TEXT_PLACE(Text::GprsUserName, gprsUserName),
     TEXT_PLACE(Text::GprsPassword, gprsPassword),
 };
-const TextPlace proxy1Texts[] = {
+const TextPlace proxy1Text[] = {
     TEXT_PLACE(Text::Proxy1, proxy1),
+};
+const TextPlace domain1Text[] = {
     TEXT_PLACE(Text::Domain1, domain1),
 };
 const TextPlace csdNumberText[] = {
@@ -40,8 +42,10 @@ const TextPlace csdAccountTexts[] = {
     TEXT_PLACE(Text::CsdUserName, csdUserName),
     TEXT_PLACE(Text::CsdPassword, csdPassword),
 };
-const TextPlace proxy2Texts[] = {
+const TextPlace proxy2Text[] = {
     TEXT_PLACE(Text::Proxy2, proxy2),
+};
+const TextPlace domain2Text[] = {
     TEXT_PLACE(Text::Domain2, domain2),
 };
 
@@ -102,8 +106,9 @@ void fillPage1(const NetworkProfile& record, FormFields& form)
     form.setChoice(Choice::QosPolicy, record.qosPolicy);
     fillAddress(Text::GprsDns1, record.gprsDns1, form);
     fillAddress(Text::GprsDns2, record.gprsDns2, form);
-    fillTexts(proxy1Texts, record, form);
+    fillTexts(proxy1Text, record, form);
     fillPort(Text::Port1, record.port1, form);
+    fillTexts(domain1Text, record, form);
     fillTexts(csdNumberText, record, form);
 }
 
@@ -115,8 +120,9 @@ void fillPage2(const NetworkProfile& record, FormFields& form)
     form.setChoice(Choice::CsdTimeout, csdTimeouts.itemOf(record.csdTimeout));
     fillAddress(Text::CsdDns1, record.csdDns1, form);
     fillAddress(Text::CsdDns2, record.csdDns2, form);
-    fillTexts(proxy2Texts, record, form);
+    fillTexts(proxy2Text, record, form);
     fillPort(Text::Port2, record.port2, form);
+    fillTexts(domain2Text, record, form);
 }
 
 void storePage1(const FormFields& form, NetworkProfile* record)
@@ -127,7 +133,8 @@ void storePage1(const FormFields& form, NetworkProfile* record)
     storeAddress(form.text(Text::GprsDns1), &record->gprsDns1);
     storeAddress(form.text(Text::GprsDns2), &record->gprsDns2);
     record->port1 = portOf(form.text(Text::Port1));
-    storeTexts(proxy1Texts, form, record);
+    storeTexts(proxy1Text, form, record);
+    storeTexts(domain1Text, form, record);
 }
 
 void storePage2(const FormFields& form, NetworkProfile* record)
@@ -139,7 +146,8 @@ void storePage2(const FormFields& form, NetworkProfile* record)
     storeAddress(form.text(Text::CsdDns1), &record->csdDns1);
     storeAddress(form.text(Text::CsdDns2), &record->csdDns2);
     record->port2 = portOf(form.text(Text::Port2));
-    storeTexts(proxy2Texts, form, record);
+    storeTexts(proxy2Text, form, record);
+    storeTexts(domain2Text, form, record);
 }
 
 } // namespace wizard
