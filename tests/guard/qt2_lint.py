@@ -2,8 +2,7 @@
 
 Four things that no compiler tells: class headers that the moc of Qt 2.3 cannot read, texts of connections
 that it does not find, calls that both Qts have and answer differently, and sources that ask which Qt they
-are compiled with. Prints each finding and exits
-with 1 if there is any.
+are compiled with. Prints each finding and exits with 1 if there is any.
 """
 
 import pathlib
