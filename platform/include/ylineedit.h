@@ -102,6 +102,8 @@ protected:
 
 private:
     bool eyeKey(QKeyEvent* event);
+    void reveal(bool show);
+    void tellText();
     QString keypadNote() const;
     void layoutField();
     void refresh();

@@ -73,6 +73,7 @@ private slots:
 
 private:
     friend class YListBoxItem;
+    void tellChecked(YListBoxItem* before, YListBoxItem* now);
     void adopt(YListBoxItem* item);
     void release(YListBoxItem* item);
     void changed(YListBoxItem* item);

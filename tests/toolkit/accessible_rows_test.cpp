@@ -120,6 +120,10 @@ TEST_F(AccessibleRows, SegmentsHaveTheirFieldsNameAndTheirPlace)
     field->setLabel("Address");
     EXPECT_EQ(of(field)->role(), QAccessible::Grouping);
     EXPECT_EQ(text(field, QAccessible::Name), "Address");
+    EXPECT_EQ(text(field, QAccessible::Value), "");
+    for (int i = 0; i < 4; ++i)
+        field->getField(i)->setText(QString::number(10 * i));
+    EXPECT_EQ(text(field, QAccessible::Value), "0.10.20.30");
     EXPECT_EQ(text(field->getField(2), QAccessible::Name), "Address 3/4");
     field->setEnabled(false);
     EXPECT_TRUE(of(field)->state().disabled);

@@ -3,6 +3,7 @@
 #include <QListView>
 #include <QPushButton>
 
+#include <ylabel.h>
 #include <ymessagedlg.h>
 #include <ynoticedlg.h>
 #include <ysingleselectdlg.h>
@@ -34,6 +35,21 @@ TEST_F(Accessible, APopupIsAModalDialogWithItsTexts)
     EXPECT_TRUE(of(&popup)->state().modal);
     EXPECT_EQ(name(&popup), "Data Connection");
     EXPECT_EQ(of(&popup)->text(QAccessible::Description), "Internet connection not found.");
+}
+
+TEST_F(Accessible, APopupWithoutATitleIsNamedByWhatItSays)
+{
+    YPopup popup(0, nullptr, nullptr, true, YPopup::ProgressStyle, 0);
+    QCoreApplication::setApplicationName("Browser");
+    EXPECT_EQ(name(&popup), "Browser");
+    auto* label = new YLabel(&popup, nullptr, 0, 86);
+    EXPECT_EQ(name(&popup), "Browser") << "an empty label says nothing";
+    label->setText("Connecting");
+    EXPECT_EQ(name(&popup), "Connecting");
+    popup.setInstructText("Wait.");
+    EXPECT_EQ(name(&popup), "Wait.");
+    popup.setTitle("Data Connection");
+    EXPECT_EQ(name(&popup), "Data Connection");
 }
 
 TEST_F(Accessible, APopupThatBlocksNothingIsNotModal)

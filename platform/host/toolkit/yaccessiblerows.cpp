@@ -1,6 +1,6 @@
-// What screen readers are told about pages and the rows of forms.
+#include "yaccessiblerows.h"
+
 #include <QAccessibleWidget>
-#include <QCoreApplication>
 
 #include <ycombobox.h>
 #include <yinputfield.h>
@@ -131,69 +131,50 @@ public:
     }
 };
 
-QAccessibleInterface* makeEdit(QWidget* widget)
+// The whole address, or whatever the segments make together.
+class SegmentsInterface : public RowInterface<YSegmentField>
+{
+public:
+    explicit SegmentsInterface(QWidget* field) : RowInterface(field, QAccessible::Grouping) {}
+
+    QString text(QAccessible::Text what) const override
+    {
+        return what == QAccessible::Value ? value() : RowInterface::text(what);
+    }
+
+private:
+    QString value() const
+    {
+        QStringList parts;
+        for (int i = 0; i < row()->numSegments(); ++i)
+            parts << row()->getField(i)->getInputField()->displayText();
+        return parts.join(QString()).isEmpty() ? QString() : parts.join(row()->separatorString());
+    }
+};
+
+} // namespace
+
+QAccessibleInterface* YAccessibleRows::edit(QWidget* widget)
 {
     return new EditInterface(widget);
 }
 
-QAccessibleInterface* makeButton(QWidget* widget)
+QAccessibleInterface* YAccessibleRows::button(QWidget* widget)
 {
     return new ButtonInterface(widget);
 }
 
-QAccessibleInterface* makeCombo(QWidget* widget)
+QAccessibleInterface* YAccessibleRows::combo(QWidget* widget)
 {
     return new ComboInterface(widget);
 }
 
-QAccessibleInterface* makeSegments(QWidget* widget)
+QAccessibleInterface* YAccessibleRows::segments(QWidget* widget)
 {
-    return new RowInterface<YSegmentField>(widget, QAccessible::Grouping);
+    return new SegmentsInterface(widget);
 }
 
-QAccessibleInterface* makeSeparator(QWidget* widget)
+QAccessibleInterface* YAccessibleRows::separator(QWidget* widget)
 {
     return new RowInterface<YSeparator>(widget, QAccessible::Separator);
 }
-
-template <QAccessible::Role role> QAccessibleInterface* makeOther(QWidget* widget)
-{
-    return new QAccessibleWidget(widget, role);
-}
-
-struct Entry
-{
-    const char* className;
-    QAccessibleInterface* (*make)(QWidget*);
-};
-
-constexpr Entry table[] = {
-    {"YLineEdit", makeEdit},
-    {"YButton", makeButton},
-    {"YComboBox", makeCombo},
-    {"YSegmentField", makeSegments},
-    {"YSeparator", makeSeparator},
-    {"YKbMainWidget", makeOther<QAccessible::Window>},
-    {"YFormContainer", makeOther<QAccessible::Form>},
-    {"YAppInfoArea", makeOther<QAccessible::StaticText>},
-    {"YOptionsMenu", makeOther<QAccessible::PopupMenu>},
-};
-
-QAccessibleInterface* interfaceOf(const QString& className, QObject* object)
-{
-    if (!object || !object->isWidgetType())
-        return nullptr;
-    for (const Entry& entry : table)
-        if (className == QLatin1String(entry.className))
-            return entry.make(static_cast<QWidget*>(object));
-    return nullptr;
-}
-
-void install()
-{
-    QAccessible::installFactory(interfaceOf);
-}
-
-} // namespace
-
-Q_COREAPP_STARTUP_FUNCTION(install)

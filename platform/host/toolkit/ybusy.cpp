@@ -5,6 +5,7 @@
 #include <QPainter>
 #include <QTimerEvent>
 
+#include "ytell.h"
 #include "ytheme.h"
 
 namespace {
@@ -45,11 +46,20 @@ void YBusy::paintEvent(QPaintEvent*)
 void YBusy::showEvent(QShowEvent*)
 {
     timer.start(stepMilliseconds, this);
+    tellBusy();
 }
 
 void YBusy::hideEvent(QHideEvent*)
 {
     timer.stop();
+    tellBusy();
+}
+
+void YBusy::tellBusy()
+{
+    QAccessible::State changed;
+    changed.busy = true;
+    YTell::state(this, changed);
 }
 
 void YBusy::timerEvent(QTimerEvent* event)

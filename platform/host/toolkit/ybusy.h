@@ -22,6 +22,8 @@ protected:
     void timerEvent(QTimerEvent* event) override;
 
 private:
+    void tellBusy();
+
     QBasicTimer timer;
     int step = 0;
 };

@@ -5,6 +5,7 @@
 #include <QPainter>
 
 #include "yrowlook.h"
+#include "ytell.h"
 #include "ytheme.h"
 #include "ywrap.h"
 
@@ -83,7 +84,7 @@ void YButton::setEnabled(bool enabled)
     d->enabled = enabled;
     setDown(false);
     update();
-    YRowLook::tellEnabled(this);
+    YTell::enabled(this);
 }
 
 void YButton::setText(const QString& text)

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include <QAccessible>
 #include <QPainter>
 #include <QPainterPath>
 #include <QPointer>
@@ -13,6 +12,7 @@
 #include <yskinservice.h>
 
 #include "yrowlook.h"
+#include "ytell.h"
 #include "ytheme.h"
 #include "ywrap.h"
 
@@ -58,6 +58,7 @@ struct YComboBox::Private
     QStringList items;
     QString title;
     QString dlgTitle;
+    QString told; // what screen readers know of the current item
     int dlgType = MarkedDlg;
     int current = -1;
     bool titled = true;
@@ -200,8 +201,6 @@ void YComboBox::setCurrentItem(int index)
         return;
     d->current = index;
     changed();
-    QAccessibleValueChangeEvent event(this, currentText());
-    QAccessible::updateAccessibility(&event);
 }
 
 QSize YComboBox::sizeHint() const
@@ -263,6 +262,10 @@ void YComboBox::choose()
 
 void YComboBox::changed()
 {
+    if (currentText() != d->told) {
+        d->told = currentText();
+        YTell::value(this, d->told);
+    }
     if (d->autoResize && !isFormRow(*this))
         resize(sizeHint());
     updateGeometry();

@@ -6,13 +6,13 @@
 #include <QInputMethodQueryEvent>
 #include <QKeyEvent>
 #include <QPainter>
-#include <QPainterPath>
 
 #include <yinputfield.h>
 #include <yskinservice.h>
 
 #include "yinputmode.h"
 #include "yrowlook.h"
+#include "ytell.h"
 #include "ytheme.h"
 
 namespace {
@@ -24,26 +24,6 @@ constexpr int fieldMargin = 2;
 bool isReturn(int key)
 {
     return key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Select;
-}
-
-// An open eye shows the password, a crossed one hides it.
-void drawEye(QPainter& painter, const QRect& place, bool open, const QColor& colour)
-{
-    const QPointF middle = QRectF(place).center();
-    QPainterPath outline;
-    outline.moveTo(middle - QPointF(8, 0));
-    outline.quadTo(middle - QPointF(0, 9), middle + QPointF(8, 0));
-    outline.quadTo(middle + QPointF(0, 9), middle - QPointF(8, 0));
-    painter.save();
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(colour, 1.4));
-    painter.setBrush(Qt::NoBrush);
-    painter.drawPath(outline);
-    painter.setBrush(colour);
-    painter.drawEllipse(middle, 2.0, 2.0);
-    if (!open)
-        painter.drawLine(middle + QPointF(-6, 6), middle + QPointF(6, -6));
-    painter.restore();
 }
 
 } // namespace
@@ -59,6 +39,7 @@ struct YLineEdit::Private
     bool revealed = false;
     bool onEye = false; // the cursor has gone on from the text to the eye
     bool pressed = false;
+    QString told; // what screen readers know of the text
 
     bool hasEye() const { return echo == QLineEdit::Password && enabled; }
 
@@ -74,15 +55,6 @@ struct YLineEdit::Private
     {
         return (hasEye() ? eyeR(row).left() : look.boxR(row).right() + 1);
     }
-
-    void reveal(bool show)
-    {
-        revealed = show;
-        field->setEchoMode(show ? QLineEdit::Normal : echo);
-        // The field's own echo mode is but what the user sees; input methods are not to learn a
-        // password that is shown.
-        field->setInputMethodHints(YInputMode::hints(field->inputMode()) | YInputMode::hints(echo));
-    }
 };
 
 YLineEdit::YLineEdit(QWidget* parent, const char* name, int widgetClassId)
@@ -96,6 +68,11 @@ YLineEdit::YLineEdit(QWidget* parent, const char* name, int widgetClassId)
     setSizePolicy(policy);
     d->look.setCompact(widgetClassId == YSkinService::SegmentField);
     d->field = new YInputField(this);
+    connect(d->field, &QLineEdit::textChanged, this, [this] { tellText(); });
+    connect(d->field, &QLineEdit::cursorPositionChanged, this, [this](int, int position) {
+        QAccessibleTextCursorEvent event(this, position);
+        QAccessible::updateAccessibility(&event);
+    });
     connect(d->field, SIGNAL(textChanged(QString)), this, SIGNAL(textChanged(QString)));
     connect(d->field, &YInputField::keypadTextChanged, this, [this] { refresh(); });
     refresh();
@@ -146,10 +123,13 @@ const QValidator* YLineEdit::validator() const
 
 void YLineEdit::setEchoMode(QLineEdit::EchoMode mode)
 {
+    QAccessible::State changed;
+    changed.passwordEdit = (mode == QLineEdit::Normal) != (d->echo == QLineEdit::Normal);
     d->echo = mode;
-    d->onEye = false;
-    d->reveal(false);
+    reveal(false);
     refresh();
+    if (changed.passwordEdit)
+        YTell::state(this, changed);
 }
 
 QLineEdit::EchoMode YLineEdit::echoMode() const
@@ -159,8 +139,14 @@ QLineEdit::EchoMode YLineEdit::echoMode() const
 
 void YLineEdit::setReadOnly(bool readOnly)
 {
+    if (readOnly == d->readOnly)
+        return;
     d->readOnly = readOnly;
     refresh();
+    QAccessible::State changed;
+    changed.readOnly = true;
+    changed.editable = d->enabled;
+    YTell::state(this, changed);
 }
 
 bool YLineEdit::isReadOnly() const
@@ -248,10 +234,12 @@ void YLineEdit::setEnabled(bool enabled)
     if (enabled == d->enabled)
         return;
     d->enabled = enabled;
-    d->onEye = false;
-    d->reveal(false);
+    reveal(false);
     refresh();
-    YRowLook::tellEnabled(this);
+    QAccessible::State changed;
+    changed.disabled = true;
+    changed.editable = !d->readOnly;
+    YTell::state(this, changed);
 }
 
 void YLineEdit::setText(const QString& text)
@@ -304,8 +292,7 @@ void YLineEdit::focusInEvent(QFocusEvent* event)
 void YLineEdit::focusOutEvent(QFocusEvent* event)
 {
     d->field->event(event);
-    d->onEye = false;
-    d->reveal(false);
+    reveal(false);
     refresh();
 }
 
@@ -327,7 +314,7 @@ void YLineEdit::mouseReleaseEvent(QMouseEvent* event)
         return;
     }
     if (d->hasEye() && d->eyeR(size()).contains(event->position().toPoint()))
-        d->reveal(!d->revealed);
+        reveal(!d->revealed);
     else
         d->field->end(false);
     update();
@@ -335,8 +322,7 @@ void YLineEdit::mouseReleaseEvent(QMouseEvent* event)
 
 void YLineEdit::hideEvent(QHideEvent*)
 {
-    d->onEye = false;
-    d->reveal(false);
+    reveal(false);
 }
 
 void YLineEdit::paintEvent(QPaintEvent*)
@@ -358,12 +344,36 @@ void YLineEdit::paintEvent(QPaintEvent*)
         painter.setBrush(theme.accent);
         painter.drawRoundedRect(eye.adjusted(3, 4, -4, -4), 4, 4);
     }
-    drawEye(painter, eye, d->revealed, d->onEye ? theme.onAccent : theme.mutedText);
+    YRowLook::drawEye(painter, eye, d->revealed, d->onEye ? theme.onAccent : theme.mutedText);
 }
 
 void YLineEdit::resizeEvent(QResizeEvent*)
 {
     layoutField();
+}
+
+// Shows the password or hides it; once hidden, the cursor is in the text again.
+void YLineEdit::reveal(bool show)
+{
+    d->onEye = d->onEye && show;
+    d->revealed = show;
+    d->field->setEchoMode(show ? QLineEdit::Normal : d->echo);
+    // The field's own echo mode is but what the user sees; input methods are not to learn a
+    // password that is shown.
+    d->field->setInputMethodHints(YInputMode::hints(d->field->inputMode()) |
+                                  YInputMode::hints(d->echo));
+    tellText();
+}
+
+// Screen readers learn what is seen: of a hidden password its length.
+void YLineEdit::tellText()
+{
+    const QString shown = d->field->displayText();
+    if (shown == d->told)
+        return;
+    QAccessibleTextUpdateEvent event(this, 0, d->told, shown);
+    d->told = shown;
+    QAccessible::updateAccessibility(&event);
 }
 
 // What the keypad gives, while it types into this row and there is room to say so.
@@ -395,7 +405,7 @@ bool YLineEdit::eyeKey(QKeyEvent* event)
         return atEnd;
     }
     if (enter && !event->isAutoRepeat()) {
-        d->reveal(!d->revealed);
+        reveal(!d->revealed);
         update();
     }
     const bool stays = enter || event->key() == Qt::Key_Right;

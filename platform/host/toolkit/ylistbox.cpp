@@ -9,6 +9,7 @@
 #include "ylistdelegate.h"
 #include "ylistitemdata.h"
 #include "ylistmodel.h"
+#include "ytell.h"
 #include "ytheme.h"
 
 struct YListBox::Private
@@ -110,12 +111,15 @@ void YListBox::checkItem(int index, bool checked)
     YListBoxItem* row = item(index);
     if (!row)
         return;
+    YListBoxItem* before = d->model->checked();
     if (checked) {
         d->model->check(row);
         setCurrentItem(index);
-    } else if (d->model->checked() == row) {
+    } else if (before == row) {
         d->model->check(nullptr);
     }
+    if (before != d->model->checked())
+        tellChecked(before, d->model->checked());
 }
 
 void YListBox::checkItem(YListBoxItem* item, bool checked)
@@ -163,6 +167,17 @@ void YListBox::choose(const QModelIndex& index)
 void YListBox::moved(const QModelIndex& index)
 {
     emit highlighted(index.row());
+}
+
+void YListBox::tellChecked(YListBoxItem* before, YListBoxItem* now)
+{
+    QAccessible::State changed;
+    changed.checked = true;
+    if (!QAccessible::isActive())
+        return;
+    for (const YListBoxItem* item : {before, now})
+        if (item)
+            YTell::state(d->view, changed, index(item));
 }
 
 void YListBox::adopt(YListBoxItem* item)

@@ -16,6 +16,7 @@
 #include <yglobal.h>
 #include <ysoftkey.h>
 
+#include "ytell.h"
 #include "ytheme.h"
 #include "ywrap.h"
 
@@ -153,6 +154,13 @@ struct YOptionsMenu::Private
             refresh(*list->item(row), *items[static_cast<std::size_t>(row)].action);
     }
 
+    void rowChanged(int row, QAccessible::State changed) const
+    {
+        refreshRow(row);
+        if (list)
+            YTell::state(list, changed, row);
+    }
+
     void insertRow(int row) const
     {
         if (!list)
@@ -257,10 +265,13 @@ QString YOptionsMenu::text(int id) const
 
 void YOptionsMenu::setItemEnabled(int id, bool enabled)
 {
-    if (QAction* action = d->action(id)) {
-        action->setEnabled(enabled);
-        d->refreshRow(d->rowOf(id));
-    }
+    QAction* action = d->action(id);
+    if (!action || action->isEnabled() == enabled)
+        return;
+    action->setEnabled(enabled);
+    QAccessible::State changed;
+    changed.disabled = true;
+    d->rowChanged(d->rowOf(id), changed);
 }
 
 bool YOptionsMenu::isItemEnabled(int id) const
@@ -271,10 +282,13 @@ bool YOptionsMenu::isItemEnabled(int id) const
 
 void YOptionsMenu::setItemChecked(int id, bool checked)
 {
-    if (QAction* action = d->action(id)) {
-        action->setChecked(checked);
-        d->refreshRow(d->rowOf(id));
-    }
+    QAction* action = d->action(id);
+    if (!action || !action->isCheckable() || action->isChecked() == checked)
+        return;
+    action->setChecked(checked);
+    QAccessible::State changed;
+    changed.checked = true;
+    d->rowChanged(d->rowOf(id), changed);
 }
 
 bool YOptionsMenu::isItemChecked(int id) const

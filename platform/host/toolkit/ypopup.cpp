@@ -15,6 +15,7 @@
 
 #include "ybusy.h"
 #include "yscreen.h"
+#include "ytell.h"
 #include "ytheme.h"
 #include "ywrap.h"
 
@@ -35,6 +36,20 @@ QPainterPath outline(const QRect& rect)
     path.addRoundedRect(QRectF(rect).adjusted(0, 0, 0, YTheme::radius), YTheme::radius,
                         YTheme::radius);
     return path;
+}
+
+// Screen readers are told of a popup by what it is to them.
+void tellOf(YPopup* popup, bool shown)
+{
+    if (!QAccessible::isActive())
+        return;
+    const QAccessible::Role role = QAccessible::queryAccessibleInterface(popup)->role();
+    if (role == QAccessible::PopupMenu)
+        YTell::event(popup, shown ? QAccessible::PopupMenuStart : QAccessible::PopupMenuEnd);
+    else if (role != QAccessible::AlertMessage)
+        YTell::event(popup, shown ? QAccessible::DialogStart : QAccessible::DialogEnd);
+    else if (shown)
+        YTell::event(popup, QAccessible::Alert);
 }
 
 constexpr int linePadding = 6; // above and below title and instruction
@@ -109,6 +124,8 @@ YPopup::YPopup(int /*type*/, QWidget* parent, const char* name, bool modal, int 
 
 YPopup::~YPopup()
 {
+    if (isVisible())
+        tellOf(this, false);
     YScreen::removeLayer(this);
     if (d->loop)
         d->loop->exit();
@@ -200,8 +217,11 @@ void YPopup::layoutContents() {}
 bool YPopup::event(QEvent* event)
 {
     // A label with a new text or picture asks for it.
-    if (event->type() == QEvent::LayoutRequest)
+    if (event->type() == QEvent::LayoutRequest) {
         layoutParts();
+        if (isVisible() && d->title->text().isEmpty())
+            YTell::event(this, QAccessible::NameChanged);
+    }
     return QWidget::event(event);
 }
 
@@ -209,11 +229,13 @@ void YPopup::showEvent(QShowEvent* event)
 {
     fit();
     QWidget::showEvent(event);
+    tellOf(this, true);
 }
 
 void YPopup::hideEvent(QHideEvent* event)
 {
     QWidget::hideEvent(event);
+    tellOf(this, false);
     if (d->loop)
         d->loop->exit();
 }

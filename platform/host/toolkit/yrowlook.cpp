@@ -1,8 +1,8 @@
 #include "yrowlook.h"
 
-#include <QAccessible>
 #include <QFontMetrics>
 #include <QPainter>
+#include <QPainterPath>
 #include <QWidget>
 
 #include <yscrollpanel.h>
@@ -103,6 +103,25 @@ void YRowLook::drawNote(QPainter& painter, const QRect& place, const QString& no
                      Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine, note);
 }
 
+void YRowLook::drawEye(QPainter& painter, const QRect& place, bool open, const QColor& colour)
+{
+    const QPointF middle = QRectF(place).center();
+    QPainterPath outline;
+    outline.moveTo(middle - QPointF(8, 0));
+    outline.quadTo(middle - QPointF(0, 9), middle + QPointF(8, 0));
+    outline.quadTo(middle + QPointF(0, 9), middle - QPointF(8, 0));
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(colour, 1.4));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawPath(outline);
+    painter.setBrush(colour);
+    painter.drawEllipse(middle, 2.0, 2.0);
+    if (!open)
+        painter.drawLine(middle + QPointF(-6, 6), middle + QPointF(6, -6));
+    painter.restore();
+}
+
 void YRowLook::reveal(QWidget* row)
 {
     YScrollPanel* panel = nullptr;
@@ -114,14 +133,6 @@ void YRowLook::reveal(QWidget* row)
     while (child != panel && child->parentWidget() != panel->viewport())
         child = child->parentWidget();
     panel->ensureChildVisible(child);
-}
-
-void YRowLook::tellEnabled(QWidget* row)
-{
-    QAccessible::State changed;
-    changed.disabled = true;
-    QAccessibleStateChangeEvent event(row, changed);
-    QAccessible::updateAccessibility(&event);
 }
 
 int YRowLook::labelHeight(int width) const

@@ -6,6 +6,7 @@
 #include <QRect>
 #include <QString>
 
+class QColor;
 class QPainter;
 class QWidget;
 
@@ -42,11 +43,11 @@ public:
     static int noteWidth(const QString& note);
     static void drawNote(QPainter& painter, const QRect& place, const QString& note);
 
+    // An open eye shows the password, a crossed one hides it.
+    static void drawEye(QPainter& painter, const QRect& place, bool open, const QColor& colour);
+
     // Brings a row of a form whole into sight: it was scrolled away and is used now.
     static void reveal(QWidget* row);
-
-    // Tells screen readers that a row was switched on or off.
-    static void tellEnabled(QWidget* row);
 
     static constexpr int boxHeight = 28;
     static constexpr int textMargin = 7;

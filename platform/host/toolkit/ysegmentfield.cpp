@@ -14,6 +14,7 @@
 
 #include "ykeypad.h"
 #include "yrowlook.h"
+#include "ytell.h"
 #include "ytheme.h"
 
 namespace {
@@ -186,7 +187,7 @@ void YSegmentField::setEnabled(bool enabled)
     for (YLineEdit* segment : d->segments)
         segment->setEnabled(enabled);
     update();
-    YRowLook::tellEnabled(this);
+    YTell::enabled(this);
 }
 
 void YSegmentField::paintEvent(QPaintEvent*)
@@ -218,6 +219,11 @@ void YSegmentField::addSegment()
     segment->installEventFilter(this);
     segment->setVisible(true);
     d->segments.push_back(segment);
+    connect(segment->getInputField(), &QLineEdit::textChanged, this, [this] {
+        if (QAccessible::isActive())
+            YTell::value(this,
+                         QAccessible::queryAccessibleInterface(this)->text(QAccessible::Value));
+    });
     // Only what the user types hands over: a program may fill the segments in any order.
     connect(segment->getInputField(), &QLineEdit::textEdited, this, [this, segment] {
         if (segment->hasFocus() && isFull(*segment))

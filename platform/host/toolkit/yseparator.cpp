@@ -6,6 +6,7 @@
 #include <ylabel.h>
 
 #include "yrowlook.h"
+#include "ytell.h"
 #include "ytheme.h"
 
 namespace {
@@ -108,7 +109,7 @@ void YSeparator::setEnabled(bool enabled)
     if (d->label)
         d->label->setEnabled(enabled);
     update();
-    YRowLook::tellEnabled(this);
+    YTell::enabled(this);
 }
 
 void YSeparator::paintEvent(QPaintEvent*)
