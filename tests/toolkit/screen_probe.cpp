@@ -63,6 +63,39 @@ int outlive(int argc, char** argv)
     return 0;
 }
 
+// A popup and its owner that both outlive the application, the popup being deleted first.
+int outliveOwner(int argc, char** argv)
+{
+    std::unique_ptr<QWidget> page;
+    std::unique_ptr<YPopup> popup;
+    {
+        YApplication application(argc, argv);
+        page = std::make_unique<QWidget>();
+        popup = std::make_unique<YPopup>(0, page.get(), nullptr, true, YPopup::PlainStyle, 0);
+        popup->show();
+        QCoreApplication::processEvents();
+    }
+    popup.reset();
+    page.reset();
+    std::puts("gone");
+    return 0;
+}
+
+// The same, where it is the owner that deletes the popup.
+int outliveOwned(int argc, char** argv)
+{
+    std::unique_ptr<QWidget> page;
+    {
+        YApplication application(argc, argv);
+        page = std::make_unique<QWidget>();
+        const auto* popup = new YPopup(0, page.get(), nullptr, true, YPopup::PlainStyle, 0);
+        QObject::connect(popup, &QObject::destroyed, [] { std::puts("popup"); });
+    }
+    page.reset();
+    std::puts("gone");
+    return 0;
+}
+
 // One application after the other in one process.
 int twice(int argc, char** argv)
 {
@@ -93,8 +126,14 @@ struct Program
     int (*run)(int argc, char** argv);
 };
 
-constexpr Program programs[] = {{"size", size},       {"plain", plain}, {"early", early},
-                                {"outlive", outlive}, {"twice", twice}, {"lastWindow", lastWindow}};
+constexpr Program programs[] = {{"size", size},
+                                {"plain", plain},
+                                {"early", early},
+                                {"outlive", outlive},
+                                {"outliveOwner", outliveOwner},
+                                {"outliveOwned", outliveOwned},
+                                {"twice", twice},
+                                {"lastWindow", lastWindow}};
 
 } // namespace
 

@@ -99,6 +99,16 @@ TEST(ScreenPrograms, APopupMayOutliveTheApplication)
     EXPECT_EQ(outcome.output, "gone");
 }
 
+TEST(ScreenPrograms, APopupThatOutlivesTheApplicationIsDeletedOnce)
+{
+    const Outcome popupFirst = runProbe("outliveOwner");
+    EXPECT_EQ(popupFirst.exitCode, 0) << popupFirst.warnings.toStdString();
+    EXPECT_EQ(popupFirst.output, "gone");
+    const Outcome byOwner = runProbe("outliveOwned");
+    EXPECT_EQ(byOwner.exitCode, 0) << byOwner.warnings.toStdString();
+    EXPECT_EQ(byOwner.output, "popup\ngone");
+}
+
 TEST(ScreenPrograms, OneApplicationMayFollowAnother)
 {
     const Outcome outcome = runProbe("twice");

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <utility>
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -63,12 +62,20 @@ class Anchor : public QObject
 {
 public:
     Anchor(QObject* owner, QWidget* layer) : QObject(owner), held(layer) {}
-    ~Anchor() override { delete std::exchange(held, nullptr); }
+    ~Anchor() override { delete take(); }
     // False when the anchor itself is the one who deletes the layer.
-    bool release() { return std::exchange(held, nullptr) != nullptr; }
+    bool release() { return take() != nullptr; }
 
 private:
-    QWidget* held;
+    QWidget* take()
+    {
+        QWidget* layer = held;
+        held = nullptr;
+        return layer;
+    }
+
+    // Where the screen has gone before the layer, nobody releases the anchor.
+    QPointer<QWidget> held;
 };
 
 } // namespace
