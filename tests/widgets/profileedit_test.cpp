@@ -1,6 +1,9 @@
 #include "profileedit.h"
 
+#include <yformcontainer.h>
+#include <ykbmainwidget.h>
 #include <ypopup.h>
+#include <yskinservice.h>
 
 #include "common/gui_test.h"
 
@@ -129,6 +132,30 @@ TEST_F(NameField, TakesTheDefaultNameThatWasSetLast)
     m_field->setDefaultProfileName("Work");
     leave();
     EXPECT_EQ(text(), "Work");
+}
+
+TEST_F(NameField, CanBeEnteredAndLeftByKeysInAForm)
+{
+    YKbMainWidget page(nullptr, nullptr, 0);
+    YFormContainer form(&page, nullptr, YSkinService::FormContainer);
+    auto* above = new YLineEdit(form.viewport(), nullptr, YSkinService::FormLineEdit);
+    auto* name = new ProfileEdit(form.viewport());
+    form.addChild(above, true, nullptr);
+    form.addChild(name, true, nullptr);
+    name->setDefaultProfileName("Home");
+    name->setText("Home");
+    page.setContentWidget(&form);
+    m_popup->hide();
+    page.show();
+    above->setFocus();
+    press(Qt::Key_Down);
+    EXPECT_EQ(name->text(), "");
+    press(Qt::Key_Up);
+    EXPECT_EQ(name->text(), "Home");
+    press(Qt::Key_Down);
+    type("Work");
+    press(Qt::Key_Up);
+    EXPECT_EQ(name->text(), "Work");
 }
 
 TEST_F(NameField, CanBeEnteredAndLeftByTapping)
