@@ -78,6 +78,25 @@ private:
     QPointer<QWidget> held;
 };
 
+// What a user does first; that a key or a finger goes up again is never held back.
+bool byUser(const QEvent& event)
+{
+    switch (static_cast<int>(event.type())) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::Wheel:
+    case QEvent::ContextMenu:
+    case QEvent::KeyPress:
+    case QEvent::ShortcutOverride:
+    case QEvent::Shortcut:
+    case QEvent::TouchBegin:
+    case QEvent::TabletPress:
+        return true;
+    default:
+        return false;
+    }
+}
+
 } // namespace
 
 struct YScreen::Layer
@@ -173,6 +192,11 @@ bool YScreen::walkFocus(QWidget* layer, bool next)
 
 bool YScreen::eventFilter(QObject* watched, QEvent* event)
 {
+    if (blocked(watched, *event)) {
+        if (event->type() == QEvent::MouseButtonPress)
+            window()->activateWindow();
+        return true;
+    }
     switch (static_cast<int>(event->type())) {
     case QEvent::ShowToParent:
         if (Layer* layer = find(watched))
@@ -194,6 +218,18 @@ bool YScreen::eventFilter(QObject* watched, QEvent* event)
         break;
     }
     return false;
+}
+
+// A modal popup has the program's other windows to itself, too, but for a modal dialog that was
+// opened above it and for the windows that the widget around the screen belongs to.
+bool YScreen::blocked(const QObject* watched, const QEvent& event) const
+{
+    if (!isModal || !isVisible() || !byUser(event) || !watched->isWidgetType())
+        return false;
+    const QWidget* own = window();
+    const QWidget* other = static_cast<const QWidget*>(watched)->window();
+    const QWidget* dialog = QApplication::activeModalWidget();
+    return other != own && (!dialog || dialog == own) && !QApplication::activePopupWidget();
 }
 
 void YScreen::paintEvent(QPaintEvent*)
@@ -255,6 +291,8 @@ void YScreen::shown(Layer* layer)
     stack.insert(place, layer);
     restack();
     if (isWindow() && !isVisible()) {
+        // A modal dialog blocks every window that is opened later and not modal itself.
+        setWindowModality(QApplication::activeModalWidget() ? Qt::ApplicationModal : Qt::NonModal);
         show();
         activateWindow();
     }
@@ -283,7 +321,8 @@ void YScreen::restack()
         if (layer->modal && layer->kind == Kind::Popup)
             topModal = layer;
     }
-    shade->setVisible(topModal);
+    isModal = topModal;
+    shade->setVisible(isModal);
     if (topModal)
         shade->stackUnder(topModal->widget);
 }

@@ -53,6 +53,7 @@ private:
     YScreen();
     void forget(QWidget* layer);
     Layer* find(const QObject* widget) const;
+    bool blocked(const QObject* watched, const QEvent& event) const;
     void shown(Layer* layer);
     void hidden(Layer* layer);
     void restack();
@@ -61,6 +62,7 @@ private:
     std::vector<Layer*> layers;
     std::vector<Layer*> stack; // those that are shown, the top one last
     QWidget* shade;
+    bool isModal = false; // a modal popup is shown
 };
 
 #endif
