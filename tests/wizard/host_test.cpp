@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <QProcess>
 #include <QTemporaryDir>
 
 #include <napi.h>
@@ -60,7 +61,7 @@ protected:
     int run(int (*entry)(QString&), const Steps& steps)
     {
         bool hasEnded = false;
-        perform({steps, [&hasEnded] { hasEnded = true; }});
+        perform({steps, closeWhatIsOpen, [&hasEnded] { hasEnded = true; }});
         const int result = entry(name);
         EXPECT_TRUE(waitFor([&hasEnded] { return hasEnded; }));
         settle();
@@ -134,13 +135,78 @@ TEST_F(WizardOnTheHost, AnEditedAndRenamedProfileIsStoredByteByByte)
     EXPECT_EQ(bytes.part(0, 1168), storedBytes("New"));
 }
 
-TEST_F(WizardOnTheHost, AProfileDeletedMeanwhileClosesTheWizardAndStaysDeleted)
+// Has another process do something with the profiles.
+void elsewhere(const QStringList& command)
 {
-    store("Old", RecordBytes().text(8, "a"));
+    ASSERT_EQ(0, QProcess::execute(VORNCTL, command));
+}
+
+struct DeletedRow
+{
+    const char* name;
+    int (*entry)(QString&);
+    const char* label; // the row that is changed
+    const char* text;
+    int result;
+    const char* left; // the profile that is there afterwards; "" for none
+};
+
+void PrintTo(const DeletedRow& row, std::ostream* out)
+{
+    *out << row.name;
+}
+
+class Deleted : public WizardOnTheHost, public testing::WithParamInterface<DeletedRow>
+{};
+
+TEST_P(Deleted, MeanwhileByAnotherProcessStaysDeleted)
+{
+    const DeletedRow& row = GetParam();
+    const RecordBytes record =
+        RecordBytes().byte(1, 1).word(4, 0x400).text(8, "a").fill(572, 188, 7);
+    store("Old", record);
     name = "Old";
-    EXPECT_EQ(2, run(editProfilebyUser, {[this] { QDir(folder("Old")).removeRecursively(); },
-                                         typing("GPRS APN:", "b"), save}));
-    EXPECT_FALSE(QFileInfo(folder("Old")).exists());
+    const Step saving = row.result == 0 ? opening(save) : Step{save, false};
+    Steps steps = {[] {
+                       elsewhere({"profile", "delete", "Old"});
+                   },
+                   typing(row.label, row.text), saving};
+    if (row.result == 0)
+        steps = {steps, dismiss};
+    EXPECT_EQ(row.result, run(row.entry, steps));
+    EXPECT_EQ("Old", name.toStdString());
+    std::string left;
+    for (const QString& folder :
+         QDir(folder("")).entryList(QDir::AllEntries | QDir::NoDotAndDotDot))
+        left += folder.toStdString();
+    EXPECT_EQ(row.left, left);
+    if (*row.left) {
+        EXPECT_EQ(record.part(0, 1168), storedBytes(row.left));
+    }
+}
+
+const DeletedRow deletions[] = {
+    {"Changed", editProfilebyUser, "GPRS APN:", "b", 2, ""},
+    {"Renamed", editProfilebyUser, "Profile Name:*", "New", 2, ""},
+    {"Unchanged", editProfilebyUser, "GPRS APN:", "a", 0, ""},
+    {"Copied", copyProfilebyUser, "GPRS APN:", "a", 0, "Profile1"},
+};
+INSTANTIATE_TEST_SUITE_P(Table, Deleted, testing::ValuesIn(deletions),
+                         [](const auto& test) { return std::string(test.param.name); });
+
+TEST_F(WizardOnTheHost, ANameThatAnotherProcessTakesMeanwhileIsToldAsDuplicate)
+{
+    EXPECT_EQ(0, run(createProfilebyUser,
+                     {[] {
+                          elsewhere({"profile", "create", "Profile1"});
+                      },
+                      typing("GPRS APN:", "a"), opening(save),
+                      [] {
+                          EXPECT_EQ(0u, popupText().find("Duplicate Profile|")) << popupText();
+                          dismiss();
+                      },
+                      typing("Profile Name:*", "Mine"), opening(save), dismiss}));
+    EXPECT_EQ("Mine", name.toStdString());
 }
 
 TEST_F(WizardOnTheHost, AFullStoreIsToldAndNothingIsStored)

@@ -75,5 +75,5 @@ int NAPI_ModifyProfile(const char* name, const NetworkProfile* record, int reser
 int NAPI_IsProfileValid(const char* name)
 {
     recorder::note("valid " + std::string(name));
-    return current->profiles.count(name) ? 0 : NAPI_ERR_NO_PROFILE;
+    return current->profiles.count(name) ? current->validResult : NAPI_ERR_NO_PROFILE;
 }

@@ -13,8 +13,9 @@ struct RecordedNapi
     // What is stored, by name.
     std::map<std::string, NetworkProfile> profiles;
 
-    // Results of the calls; 0 lets them do their work. What ReadProfile has no profile for is
-    // NAPI_ERR_NO_PROFILE in any case.
+    // Results of the calls; 0 lets them do their work. What IsProfileValid and ReadProfile have no
+    // profile for is NAPI_ERR_NO_PROFILE in any case.
+    int validResult = 0;
     int readResult = 0;
     int createResult = 0;
     int modifyResult = 0;

@@ -208,10 +208,64 @@ TEST_P(Refusal, OfAChangeIsLoggedAndClosesTheWizard)
               take());
 }
 
+TEST_P(Refusal, OfReadingIsLoggedAndTheWizardOpensWithItsDefaults)
+{
+    napi.readResult = GetParam().result;
+    napi.profiles["Old"] = storedRecord().record();
+    EXPECT_EQ(1, edit("Old", {[] {
+                          EXPECT_EQ("Old", titleOf(wizardPage(1)));
+                          EXPECT_EQ("", editOf(wizardPage(1), "GPRS APN:")->text().toStdString());
+                          EXPECT_EQ(0, comboOf(wizardPage(1), "GPRS Timeout:")->currentItem());
+                          EXPECT_EQ("Cancel", rightKeyOf(wizardPage(1)));
+                          press(Qt::Key_Escape);
+                      }}));
+    EXPECT_EQ(
+        (Calls{"valid Old", "read Old", "log: Read profile error.\nLoad profile content failed\n"}),
+        take());
+}
+
+TEST_P(Refusal, OfAProfilesValidityIsNoProfile)
+{
+    napi.profiles["Old"] = storedRecord().record();
+    napi.validResult = GetParam().result;
+    for (EntryPoint entry : {copyProfilebyUser, editProfilebyUser}) {
+        name = "Old";
+        EXPECT_EQ(0, entry(name));
+        EXPECT_EQ("Old", name.toStdString());
+        EXPECT_EQ((Calls{"valid Old", "log: This profile is invalid.\n"}), take());
+    }
+}
+
+TEST_P(Refusal, OfANamesValidityIsAFreeName)
+{
+    napi.profiles["Taken"] = NetworkProfile();
+    napi.validResult = GetParam().result;
+    EXPECT_EQ(0, create({typing("Profile Name:*", "Taken"), typing("GPRS APN:", "a"), opening(save),
+                         dismiss}));
+    EXPECT_EQ((Calls{"valid Taken", "create Taken"}), take());
+}
+
 const RefusalRow refusals[] = {
-    {"NotInitialised", -201}, {"Argument", -202},  {"Name", -203},   {"NoProfile", -204},
-    {"Exists", -205},         {"Damaged", -206},   {"Access", -207}, {"Io", -208},
-    {"Root", -209},           {"Resources", -215}, {"Positive", 5},  {"One", 1},
+    {"NotInitialised", -201},
+    {"Argument", -202},
+    {"Name", -203},
+    {"NoProfile", -204},
+    {"Exists", -205},
+    {"Damaged", -206},
+    {"Access", -207},
+    {"Io", -208},
+    {"Root", -209},
+    {"NoLink", -210},
+    {"LinkNotUp", -211},
+    {"TooManyLinks", -212},
+    {"Socket", -213},
+    {"NotPermitted", -214},
+    {"Resources", -215},
+    {"MinusOne", -1},
+    {"Positive", 5},
+    {"One", 1},
+    {"Least", -2147483647 - 1},
+    {"Largest", 2147483647},
 };
 INSTANTIATE_TEST_SUITE_P(Results, Refusal, testing::ValuesIn(refusals),
                          [](const auto& test) { return std::string(test.param.name); });
@@ -305,6 +359,28 @@ TEST_F(Save, OfANewProfileWorksWithoutMemoryForLoading)
     EXPECT_EQ(
         "the same",
         RecordBytes(napi.written).difference(RecordBytes().byte(1, 1).word(4, 0x200).text(8, "a")));
+}
+
+TEST_F(Save, OfAProfileThatCouldNotBeReadStoresWhatTheFormShows)
+{
+    napi.readResult = NAPI_ERR_DAMAGED;
+    napi.profiles["Old"] = storedRecord().record();
+    EXPECT_EQ(0, edit("Old", {typing("GPRS APN:", "a"), opening(save), dismiss}));
+    EXPECT_EQ(
+        "the same",
+        RecordBytes(napi.written).difference(RecordBytes().byte(1, 1).word(4, 0x200).text(8, "a")));
+}
+
+TEST_F(Save, OfAnEditedProfileWithALongNameTakesWhatTheRowShows)
+{
+    const char* const longName = "123456789 123456789 123";
+    store(longName, storedRecord());
+    EXPECT_EQ(0, edit(longName, {typing("Proxy 1:", "p"), opening(save), dismiss}));
+    EXPECT_EQ((Calls{"valid " + std::string(longName), "read " + std::string(longName),
+                     "valid 123456789 123456789", "modify 123456789 123456789"}),
+              take());
+    EXPECT_TRUE(isFolder("123456789 123456789"));
+    EXPECT_EQ(longName, name.toStdString());
 }
 
 TEST_F(Save, OfAProfileThatWentAwayMeanwhileIsLogged)

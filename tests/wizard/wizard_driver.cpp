@@ -240,6 +240,20 @@ void perform(const Steps& steps)
     });
 }
 
+void closeWhatIsOpen()
+{
+    while (auto* popup = qobject_cast<YPopup*>(GuiTest::activeLayer())) {
+        ADD_FAILURE() << "left open: " << popupText();
+        popup->reject();
+        popup->hide();
+    }
+    YKbMainWidget* page = wizardPage(1);
+    for (; page && page->isVisible(); page = wizardPage(1)) {
+        ADD_FAILURE() << "the wizard was left open";
+        page->hide();
+    }
+}
+
 Steps chooseByKeys(int page, const QString& label, int item)
 {
     const auto open = [page, label] {

@@ -76,6 +76,9 @@ Step opening(const std::function<void()>& act);
 // Begins with the first step once the event loop runs, and goes on in whatever loop a dialog runs.
 void perform(const Steps& steps);
 
+// The last step: a wizard that the others have left open would wait for ever. It fails then.
+void closeWhatIsOpen();
+
 // Goes to a row of a page by keys and chooses an item of its dialog by keys.
 Steps chooseByKeys(int page, const QString& label, int item);
 

@@ -8,7 +8,6 @@
 #include <applog.h>
 #include <profilefunctions.h>
 #include <ykbmainwidget.h>
-#include <ypopup.h>
 
 static ssize_t takeLog(void*, const char* bytes, size_t size)
 {
@@ -51,21 +50,6 @@ void Wizard::setWifi(bool available)
 void Wizard::setDefaultPreference(const std::string& json)
 {
     writeFile("etc/settings.json", "{\"DefConnPrefer\": " + json + "}");
-}
-
-// A wizard that the steps have left open would wait for ever.
-static void closeWhatIsOpen()
-{
-    while (auto* popup = qobject_cast<YPopup*>(GuiTest::activeLayer())) {
-        ADD_FAILURE() << "left open: " << popupText();
-        popup->reject();
-        popup->hide();
-    }
-    YKbMainWidget* page = wizardPage(1);
-    for (; page && page->isVisible(); page = wizardPage(1)) {
-        ADD_FAILURE() << "the wizard was left open";
-        page->hide();
-    }
 }
 
 int Wizard::run(EntryPoint entry, const Steps& steps)
