@@ -11,6 +11,8 @@
 #include <ycombobox.h>
 #include <ykbmainwidget.h>
 #include <ylineedit.h>
+#include <ypressbutton.h>
+#include <ysingleselectdlg.h>
 
 #include "wizard/heap.h"
 #include "wizard/record_bytes.h"
@@ -110,6 +112,47 @@ TEST_F(Entry, TheCallersWindowMayBeDeletedMeanwhile)
     window->show();
     EXPECT_EQ(1, create({[window] { delete window; }, cancel}));
 }
+
+// A page of an application, with a button that opens the wizard.
+class CallersPage : public YKbMainWidget
+{
+public:
+    CallersPage() : YKbMainWidget(nullptr, nullptr, 0), button(this, nullptr, 60)
+    {
+        setContentWidget(&button);
+    }
+
+    YPressButton button;
+};
+
+class Caller : public Entry, public testing::WithParamInterface<const char*>
+{};
+
+TEST_P(Caller, MayDeleteItsPageWhileTheWizardRunsFromItsButton)
+{
+    const bool saves = GetParam() == std::string("Save");
+    auto* page = new CallersPage;
+    page->show();
+    int result = -1;
+    QObject::connect(&page->button, &YPressButton::clicked,
+                     [&] { result = createProfilebyUser(name); });
+    const Steps end = saves ? Steps{[] {
+                                        walkTo(wizardPage(1), "GPRS APN:");
+                                        type("a");
+                                    },
+                                    opening(save), dismiss}
+                            : Steps(cancel);
+    perform(
+        {opening([page] { tap(&page->button); }), [page] { delete page; }, end, closeWhatIsOpen});
+    EXPECT_TRUE(waitFor([&result] { return result >= 0; }));
+    EXPECT_EQ(saves ? 0 : 1, result);
+    EXPECT_EQ(saves ? "Profile1" : "", name.toStdString());
+    EXPECT_EQ(0, wizardPageCount());
+    settle();
+}
+
+INSTANTIATE_TEST_SUITE_P(Ends, Caller, testing::Values("Save", "Cancel"),
+                         [](const auto& test) { return std::string(test.param); });
 
 TEST_F(Entry, ASecondWizardRunsInsideTheFirst)
 {
@@ -214,6 +257,15 @@ TEST_F(Entry, ManyWizardsLeaveNothingBehind)
     EXPECT_EQ(firstLevelInside, levelInside);
 }
 
+// The single-select dialogs that there are, open ones or closed ones.
+int dialogs(bool open)
+{
+    int count = 0;
+    for (QWidget* widget : QApplication::allWidgets())
+        count += qobject_cast<YSingleSelectDlg*>(widget) && widget->isVisible() == open;
+    return count;
+}
+
 class NotFound : public Entry
 {};
 
@@ -230,6 +282,8 @@ TEST_F(NotFound, ReturnOpensTheWizard)
                                            [] {
                                                EXPECT_EQ("Connection Setup",
                                                          titleOf(wizardPage(1)));
+                                               EXPECT_EQ(1, dialogs(false));
+                                               EXPECT_EQ(0, dialogs(true));
                                                cancel();
                                            }}));
     EXPECT_EQ("kept", name.toStdString());
