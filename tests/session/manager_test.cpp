@@ -59,6 +59,40 @@ TEST_F(Manager, AdoptsTheIndicationSocketThatInitReturns)
     EXPECT_TRUE(::fcntl(socket, F_GETFL) & O_NONBLOCK);
 }
 
+// A program may have closed its standard input before.
+TEST_F(Manager, IsInitialisedByDescriptor0Too)
+{
+    const int input = ::dup(STDIN_FILENO);
+    napi.descriptor = STDIN_FILENO;
+    EXPECT_EQ(0, manager->init(false));
+    EXPECT_EQ(-103, manager->init(false));
+    EXPECT_EQ(5, manager->openLinkNoDialog("Internet"));
+    EXPECT_EQ(5, manager->openLink("Internet"));
+    deliver(indication(NAPI_IND_CONNECTED, 5));
+    EXPECT_EQ("connected(5)", log->take());
+    log.reset();
+    manager.reset();
+    EXPECT_EQ("Init(0) OpenLink(Internet) OpenLink(Internet) Fini()", napi.take());
+    if (input >= 0) {
+        ::dup2(input, STDIN_FILENO);
+        ::close(input);
+    }
+}
+
+TEST_F(Manager, ListensForMessagesAndForTheEndOnceEach)
+{
+    struct Counting : YDataSessionManager
+    {
+        int listeners(const char* signal) const { return receivers(signal); }
+    } counting;
+    EXPECT_EQ(0, counting.listeners(SIGNAL(readyRead())));
+    EXPECT_EQ(0, counting.listeners(SIGNAL(connectionClosed())));
+    ASSERT_GE(counting.init(false), 0);
+    EXPECT_EQ(-103, counting.init(false));
+    EXPECT_EQ(1, counting.listeners(SIGNAL(readyRead())));
+    EXPECT_EQ(1, counting.listeners(SIGNAL(connectionClosed())));
+}
+
 TEST_F(Manager, RefusesASecondInitWithoutACallOrAConnection)
 {
     initialise();
@@ -155,6 +189,15 @@ TEST_F(Manager, RefusesNegativeLinkIdsWithoutACall)
         EXPECT_EQ(-151, manager->dnsResolverConfig(id));
     }
     EXPECT_EQ("", napi.take());
+}
+
+TEST_F(Manager, TakesLinkId0AsAnyOther)
+{
+    initialise();
+    EXPECT_EQ(0, manager->closeLink(0));
+    EXPECT_EQ(0, manager->bindSocket2Link(0, 3));
+    EXPECT_EQ(0, manager->dnsResolverConfig(0));
+    EXPECT_EQ("CloseLink(0) BindSocket2Link(0,3) DnsResolverConfig(0)", napi.take());
 }
 
 TEST_F(Manager, DoesNothingForAttachHoldAndDrop)

@@ -74,7 +74,11 @@ int NAPI_Init(int mode)
         return NAPI_ERR_RESOURCES;
     recorder.closeWriteEnd();
     recorder.writeEnd = ends[1];
-    return ends[0];
+    if (recorder.descriptor < 0)
+        return ends[0];
+    ::dup2(ends[0], recorder.descriptor);
+    ::close(ends[0]);
+    return recorder.descriptor;
 }
 
 int NAPI_Fini()

@@ -16,6 +16,8 @@ struct NapiRecorder
 
     // What the calls give back. Init gives the read end of a new socket pair while initError is 0.
     int initError = 0;
+    // Where that end is put; -1 for wherever the system puts it.
+    int descriptor = -1;
     int openResult = 5;
     int closeResult = 0;
     int bindResult = 0;

@@ -202,6 +202,21 @@ TEST_F(Popup, IsNotShownASecondTimeWhileOneIsPending)
     EXPECT_EQ(0, popupCount());
 }
 
+TEST_F(Popup, OfLink0IsPendingAsAnyOther)
+{
+    napi.openResult = 0;
+    EXPECT_EQ(0, manager->openLink("First"));
+    napi.openResult = 6;
+    EXPECT_EQ(6, manager->openLink("Second"));
+    EXPECT_EQ(1, popupCount());
+    deliver(indication(NAPI_IND_CONNECTED, 6));
+    EXPECT_EQ("connected(6)", log->take());
+    EXPECT_EQ(1, popupCount());
+    deliver(indication(NAPI_IND_CONNECTED, 0));
+    EXPECT_EQ("connected(0)", log->take());
+    EXPECT_EQ(0, popupCount());
+}
+
 TEST_F(Popup, IsShownAgainForTheNextOpening)
 {
     open();
