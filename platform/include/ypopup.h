@@ -25,6 +25,10 @@ class VORN_PLATFORM_API YPopup : public QWidget
     Q_OBJECT
 
 public:
+    // The kind of a popup: the first integer of the constructor. The phone knows more; only the
+    // usual one is used.
+    enum Type { UsualType = 0 };
+
     // The look of a popup: the first of the two last integers of the constructor.
     enum Style {
         PlainStyle = 0,
@@ -35,7 +39,7 @@ public:
 
     enum Result { Cancelled = 0, Accepted = 1 };
 
-    // `type` 0 is the only one. `parent` is who deletes the popup, or null: the popup is a layer of
+    // `type` is UsualType. `parent` is who deletes the popup, or null: the popup is a layer of
     // the screen and parentWidget() is that screen, but it goes with the parent. `name` is the
     // object name or null. `reserved` is 0.
     YPopup(int type, QWidget* parent, const char* name, bool modal, int style, int reserved);

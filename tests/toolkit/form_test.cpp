@@ -1,5 +1,6 @@
 // Forms: the walk through the rows, and what is in sight, by keys and by finger.
 #include <QKeyEvent>
+#include <QPushButton>
 #include <QScrollBar>
 #include <QSignalSpy>
 
@@ -38,6 +39,25 @@ TEST_P(FormWalk, EndsAtItsRow)
     for (const Qt::Key key : GetParam().keys)
         press(key);
     EXPECT_EQ(focusedRow(), GetParam().to);
+}
+
+// The finger goes to the same rows, wherever the keys have come from.
+TEST_P(FormWalk, EndsAtTheRowThatIsTapped)
+{
+    addRows(GetParam().rows);
+    row(GetParam().from)->setFocus();
+    open();
+    later([this] {
+        // The dialog of a choice that was tapped.
+        if (activeLayer() != page.get())
+            tap(qobject_cast<YPopup*>(activeLayer())
+                    ->getSoftKey()
+                    ->findChildren<QPushButton*>()[1]);
+    });
+    tap(row(GetParam().to));
+    settle();
+    EXPECT_EQ(focusedRow(), GetParam().to);
+    EXPECT_EQ(activeLayer(), page.get());
 }
 
 INSTANTIATE_TEST_SUITE_P(

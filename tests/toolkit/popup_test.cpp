@@ -273,7 +273,22 @@ TEST_F(Popup, TheOwnerOutlivesAPopupDeletedBeforeIt)
     EXPECT_TRUE(owner.children().isEmpty());
 }
 
-TEST_F(Popup, ThreeDeepEachAnswersInItsTurn)
+// Presses a soft key of a popup, by key or by finger.
+struct Way
+{
+    const char* name;
+    void (*use)(const YPopup& popup, int button);
+};
+
+std::ostream& operator<<(std::ostream& out, const Way& way)
+{
+    return out << way.name;
+}
+
+class NestedPopups : public GuiTest, public ::testing::WithParamInterface<Way>
+{};
+
+TEST_P(NestedPopups, ThreeDeepEachAnswersInItsTurn)
 {
     std::vector<int> ended;
     auto first = makePopup();
@@ -282,19 +297,43 @@ TEST_F(Popup, ThreeDeepEachAnswersInItsTurn)
     later({[&] {
                EXPECT_EQ(second->exec(), 1);
                ended.push_back(2);
-               press(Qt::Key_F2);
+               GetParam().use(*first, YSoftKey::Right);
            },
            [&] {
                EXPECT_EQ(third->exec(), 0);
                ended.push_back(3);
-               press(Qt::Key_F1);
+               GetParam().use(*second, YSoftKey::Left);
            },
            [&] {
                EXPECT_EQ(activeLayer(), third.get());
-               press(Qt::Key_F2);
+               GetParam().use(*third, YSoftKey::Right);
            }});
     EXPECT_EQ(first->exec(), 0);
     EXPECT_EQ(ended, (std::vector<int>{3, 2}));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Ways, NestedPopups,
+    ::testing::Values(Way{"Keys",
+                          [](const YPopup&, int button) {
+                              GuiTest::press(button == YSoftKey::Left ? Qt::Key_F1 : Qt::Key_F2);
+                          }},
+                      Way{"Finger", [](const YPopup& popup,
+                                       int button) { GuiTest::tap(middleOfKey(popup, button)); }}),
+    [](const auto& row) { return std::string(row.param.name); });
+
+TEST_F(Popup, ThreeDeepAllEndWhenTheirOwnerIsDeleted)
+{
+    std::vector<int> ended;
+    auto owner = std::make_unique<QWidget>();
+    YPopup* first = makePopup(owner.get()).release();
+    YPopup* second = makePopup(first).release();
+    YPopup* third = makePopup(owner.get()).release();
+    later({[&] { ended.push_back(second->exec()); }, [&] { ended.push_back(third->exec()); },
+           [&] { owner.reset(); }});
+    ended.push_back(first->exec());
+    EXPECT_EQ(ended, (std::vector<int>{0, 0, 0}));
+    EXPECT_EQ(activeLayer(), nullptr);
 }
 
 TEST_F(Popup, ThreeDeepAllEndWhenTheApplicationQuits)

@@ -16,7 +16,7 @@ struct YMessageDlg::Private
 YMessageDlg::YMessageDlg(const QString& title, const QString& text, int messageType,
                          int /*reserved*/, QWidget* parent, const char* name, bool modal,
                          YWidgetFlags /*flags*/)
-    : YPopup(0, parent, name, modal, PlainStyle, 0), d(new Private)
+    : YPopup(UsualType, parent, name, modal, PlainStyle, 0), d(new Private)
 {
     d->text = new YMessageText(this);
     d->text->setText(text);

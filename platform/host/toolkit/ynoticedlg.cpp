@@ -50,7 +50,7 @@ struct YNoticeDlg::Private
 
 YNoticeDlg::YNoticeDlg(int noticeType, const QString& title, const QString& text, QWidget* parent,
                        const char* name, bool modal, YWidgetFlags /*flags*/)
-    : YPopup(0, parent, name, modal, PlainStyle, 0), d(new Private)
+    : YPopup(UsualType, parent, name, modal, PlainStyle, 0), d(new Private)
 {
     d->success = noticeType != Failure;
     d->text = new YMessageText(this);

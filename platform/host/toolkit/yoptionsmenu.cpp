@@ -203,7 +203,7 @@ struct YOptionsMenu::Private
 
 YOptionsMenu::YOptionsMenu(const QRect& rect, QWidget* parent, const char* name,
                            YWidgetFlags /*flags*/, int /*widgetClassId*/)
-    : YPopup(0, parent, name, true, PlainStyle, 0), d(new Private)
+    : YPopup(UsualType, parent, name, true, PlainStyle, 0), d(new Private)
 {
     d->rect = rect.intersected(YGlobal::getHomeR(true));
     YSoftKey* keys = getSoftKey();

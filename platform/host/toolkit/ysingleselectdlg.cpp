@@ -16,7 +16,7 @@ struct YSingleSelectDlg::Private
 
 YSingleSelectDlg::YSingleSelectDlg(QWidget* parent, const char* name, bool modal,
                                    YWidgetFlags /*flags*/)
-    : YPopup(0, parent, name, modal, PlainStyle, 0), d(new Private)
+    : YPopup(UsualType, parent, name, modal, PlainStyle, 0), d(new Private)
 {
     build();
 }
@@ -24,7 +24,7 @@ YSingleSelectDlg::YSingleSelectDlg(QWidget* parent, const char* name, bool modal
 YSingleSelectDlg::YSingleSelectDlg(const QString& title, const QString& instruction,
                                    QWidget* parent, const char* name, bool modal,
                                    YWidgetFlags /*flags*/, int /*reserved*/)
-    : YPopup(0, parent, name, modal, PlainStyle, 0), d(new Private)
+    : YPopup(UsualType, parent, name, modal, PlainStyle, 0), d(new Private)
 {
     build();
     setTitle(title);
