@@ -114,6 +114,21 @@ void selectionTwoTexts(Stage& stage)
     dialog.show();
 }
 
+void selectionPictures(Stage& stage)
+{
+    auto& dialog = selection(stage, selectConnection(), {});
+    const QColor colours[] = {QColor(0x1E, 0x8E, 0x4B), QColor(0xC6, 0x2B, 0x2B)};
+    for (int i = 0; i < 4; ++i) {
+        QPixmap picture(24, 24);
+        picture.fill(colours[i % 2]);
+        auto* item = new YListBoxItem(dialog.getListBox(), i < 2 ? "%R%M240" : "%M240");
+        item->appendSubItem(1, i % 2 == 0 ? "A row" : "A strong row", i % 2 == 1, &picture);
+        dialog.getListBox()->insertItem(item, -1, true);
+    }
+    dialog.getListBox()->checkItem(1, true);
+    dialog.show();
+}
+
 void message(Stage& stage)
 {
     stage
@@ -182,6 +197,7 @@ std::vector<Scene> dialogScenes()
             {"select", selectionShort},
             {"select-long", selectionLong},
             {"select-two-texts", selectionTwoTexts},
+            {"select-pictures", selectionPictures},
             {"message", message},
             {"message-long", messageLong},
             {"question", question},

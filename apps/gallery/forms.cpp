@@ -3,6 +3,8 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QPixmap>
+#include <QPushButton>
 
 #include <toolkit/ykeypad.h>
 #include <yappinfoarea.h>
@@ -14,10 +16,12 @@
 #include <ykbmainwidget.h>
 #include <ylabel.h>
 #include <ylineedit.h>
+#include <ymessagedlg.h>
 #include <yoptionsmenu.h>
 #include <ypressbutton.h>
 #include <ysegmentfield.h>
 #include <yseparator.h>
+#include <ysingleselectdlg.h>
 #include <yskinservice.h>
 #include <ysoftkey.h>
 
@@ -199,6 +203,70 @@ void profileOffEnd(Stage& stage)
     key(form, Qt::Key_Up);
 }
 
+void edits(Stage& stage)
+{
+    auto& page = stage.make<FormPage>();
+    page.setMainWidgetTitle("Texts");
+    page.addEdit("Empty:");
+    YLineEdit* focused =
+        page.addEdit("Longer than its field:", "http://wap.internet.example/a/path/that/is/long");
+    page.addEdit("To be read only:", "192.168.0.1")->setReadOnly(true);
+    YLineEdit* off = page.addEdit("Switched off:", "internet.example");
+    off->setEnabled(false);
+    page.addEdit("", "Without a label");
+    page.showAt(focused);
+}
+
+// What Return on a choice opens; the row's own dialog would wait for its user.
+void choiceDialog(Stage& stage, int type)
+{
+    auto& page = stage.make<FormPage>();
+    YComboBox* combo = page.addCombo("GPRS Timeout:", {"Off", "15 min", "1 hour", "2 hour"});
+    combo->setDlgTitle("GPRS Timeout:", type);
+    combo->setCurrentItem(1);
+    page.show();
+    auto& dialog =
+        stage.make<YSingleSelectDlg>(combo->dlgTitle(), QString(), nullptr, nullptr, true, 0U, 0);
+    dialog.getListBox()->setItemType(type == YComboBox::PlainDlg ? "%M" : "%R%M");
+    for (int i = 0; i < combo->count(); ++i) {
+        auto* item = new YListBoxItem(dialog.getListBox(), QString());
+        item->appendSubItem(1, combo->text(i), false, nullptr);
+        dialog.getListBox()->insertItem(item, -1, false);
+    }
+    dialog.getListBox()->checkItem(combo->currentItem(), true);
+    dialog.show();
+}
+
+void choiceMarked(Stage& stage)
+{
+    choiceDialog(stage, YComboBox::MarkedDlg);
+}
+
+void choicePlain(Stage& stage)
+{
+    choiceDialog(stage, YComboBox::PlainDlg);
+}
+
+void messageOverPage(Stage& stage)
+{
+    FormPage& page = profilePage(stage);
+    page.showAt(page.form->getFirstChild());
+    stage
+        .make<YMessageDlg>(tr("TXT_RID_HEADER_MISSING_REQUIRED_FIELD", "Missing Required Field(s)"),
+                           tr("TXT_RID_INSTRUCTIONALTXT_ENTER_A_GPRS_APN_OR_CSD_NUMBER",
+                              "Please enter  a GPRS APN or CSD number."),
+                           YMessageDlg::Information, 0, nullptr, nullptr, true, 0U)
+        .show();
+}
+
+// A finger is on the right soft key.
+void softKeyPressed(Stage& stage)
+{
+    FormPage& page = profilePage(stage);
+    page.showAt(page.form->getFirstChild());
+    page.softKey()->findChildren<QPushButton*>()[YSoftKey::Right]->setDown(true);
+}
+
 void passwords(Stage& stage)
 {
     auto& page = stage.make<FormPage>();
@@ -291,6 +359,10 @@ void optionsLong(Stage& stage)
     FormPage& page = profilePage(stage);
     page.menu->insertItem("Switched off", nullptr, nullptr, nullptr, false, false, false, -1, 0,
                           false);
+    QPixmap picture(20, 20);
+    picture.fill(QColor(0x1E, 0x8E, 0x4B));
+    page.menu->insertItem("With a picture", &picture, nullptr, nullptr, true, false, false, -1, -1,
+                          false);
     page.menu->insertItem("Checked", nullptr, nullptr, nullptr, true, true, true, -1, -1, false);
     page.menu->insertItem("Not checked", nullptr, nullptr, nullptr, true, true, false, -1, -1,
                           false);
@@ -309,6 +381,11 @@ std::vector<Scene> formScenes()
             {"form-end", profileEnd},
             {"form-off", profileOff},
             {"form-off-end", profileOffEnd},
+            {"edits", edits},
+            {"choice-dialog", choiceMarked},
+            {"choice-plain", choicePlain},
+            {"message-over-page", messageOverPage},
+            {"softkey-pressed", softKeyPressed},
             {"password", passwords},
             {"password-shown", passwordShown},
             {"keypad", keypad},

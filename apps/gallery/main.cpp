@@ -40,7 +40,7 @@ public:
 
     bool save(const QString& file) const
     {
-        constexpr int columns = 7;
+        constexpr int columns = 11;
         constexpr int gap = 8;
         if (pictures.empty())
             return false;

@@ -328,7 +328,8 @@ void YLineEdit::hideEvent(QHideEvent*)
 void YLineEdit::paintEvent(QPaintEvent*)
 {
     const YTheme& theme = YTheme::current();
-    const YRowLook::State state{d->enabled, hasFocus(), false};
+    // A text that can only be read lies in a field of another colour.
+    const YRowLook::State state{d->enabled, hasFocus(), d->enabled && d->readOnly};
     QPainter painter(this);
     d->look.drawLabel(painter, size(), state);
     d->look.drawBox(painter, size(), state);
