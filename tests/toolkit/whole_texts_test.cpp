@@ -1,6 +1,7 @@
 // Everything that the wizard and its dialogs say stands whole on the screen, in each language.
 #include <fstream>
 
+#include <QAccessible>
 #include <QDir>
 #include <QListView>
 #include <QTemporaryDir>
@@ -39,6 +40,13 @@ void expectWhole(const QRect& place, const QStringList& texts)
             << text.toStdString() << " is not in " << all.toStdString();
 }
 
+void expectNamed(QWidget* widget)
+{
+    EXPECT_NE("",
+              QAccessible::queryAccessibleInterface(widget)->text(QAccessible::Name).toStdString())
+        << widget->metaObject()->className();
+}
+
 void expectWholeBars(const YKbMainWidget* page)
 {
     expectWhole(QRect(0, 0, page->width(), page->contentWidget()->y()), {page->mainWidgetTitle()});
@@ -65,8 +73,9 @@ void expectWholeRows(const YListBox* list)
 // The popup that has the input, with everything it says; a message is not to need scrolling.
 void expectWholePopup()
 {
-    const auto* popup = qobject_cast<const YPopup*>(GuiTest::activeLayer());
+    auto* popup = qobject_cast<YPopup*>(GuiTest::activeLayer());
     ASSERT_TRUE(popup);
+    expectNamed(popup);
     QRect place = onScreen(popup);
     QStringList texts{popup->title(), popup->instructText()};
     if (const auto* message = qobject_cast<const YMessageDlg*>(popup)) {
@@ -84,6 +93,7 @@ void expectWholePopup()
 // The row with the focus, with each of its items.
 void expectWholeRow(QWidget* row)
 {
+    expectNamed(row);
     if (auto* edit = qobject_cast<YLineEdit*>(row)) {
         expectWhole(onScreen(row), {edit->label(), edit->text()});
     } else if (auto* combo = qobject_cast<YComboBox*>(row)) {
