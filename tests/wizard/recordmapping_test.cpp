@@ -88,6 +88,20 @@ TEST_F(Mapping, BothPagesStoredGiveTheRecordBack)
     EXPECT_EQ("the same", RecordBytes(record).difference(before));
 }
 
+TEST_F(Mapping, EachNumberIsStoredOverAnother)
+{
+    const RecordBytes wanted = filledRecord();
+    wizard::fillPage1(wanted.record(), form);
+    wizard::fillPage2(wanted.record(), form);
+    RecordBytes other = wanted;
+    other.word(312, 1).word(316, 1).half(320, 0).byte(380, 0).half(860, 1);
+    other.word(560, 1).word(564, 1).half(568, 0).byte(571, 0).half(1064, 1);
+    NetworkProfile record = other.record();
+    wizard::storePage1(form, &record);
+    wizard::storePage2(form, &record);
+    EXPECT_EQ("the same", RecordBytes(record).difference(wanted));
+}
+
 TEST_F(Mapping, APortOfZeroIsShownAsZero)
 {
     wizard::fillPage1(NetworkProfile(), form);
