@@ -47,8 +47,8 @@ VORNQTNAPI_EXPORT void getDefaultProfileName(QString& name);
 //
 // Result: 0 when a profile was stored, 1 when the user has cancelled, 2 when the wizard was closed
 // in any other way: the network API has refused the profile (the user is told when memory was
-// full), the screen was closed, or the application has quit. Failures are written to the
-// application log.
+// full), the screen was closed, the application has quit, or it has run out of memory itself.
+// Failures are written to the application log. No exception leaves these functions.
 
 // Creates a profile. What `name` holds is not looked at; with result 0 it is the name under which
 // the new profile is stored, otherwise it keeps its value.
@@ -71,8 +71,8 @@ VORNQTNAPI_EXPORT int editProfilebyUser(QString& name);
 // For an application that has found no connection: tells the user, who may create a profile with
 // createProfilebyUser() or pick one with getProfileNamebySelect(). Result: that of the function
 // that the user has chosen, with what it says about `name`; 1 when the user has cancelled before
-// choosing; -1 when the platform's dialog has no list or no choice. With result 0 `name` is the
-// profile to be used.
+// choosing; -1 when the platform's dialog has no list or no choice, or memory has run out. With
+// result 0 `name` is the profile to be used.
 //
 //     QString name;
 //     if (getProfileIfNoFound(name) == 0)

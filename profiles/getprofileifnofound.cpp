@@ -4,6 +4,7 @@
 
 #include "profilefunctions.h"
 #include "support/log.h"
+#include "support/memory.h"
 #include "support/translate.h"
 
 using support::translate;
@@ -43,7 +44,7 @@ static int actOn(unsigned int code, QString& name)
     return cancelled;
 }
 
-int getProfileIfNoFound(QString& name)
+static int askUser(QString& name)
 {
     YSingleSelectDlg dialog(translate("TXT_RID_HEADER_DATA_CONNECTION", "Data Connection"),
                             translate("TXT_RID_INSTRUCTIONALTXT_INTERNET_CONNECTION_NOT_FOUND",
@@ -62,5 +63,10 @@ int getProfileIfNoFound(QString& name)
     if (dialog.exec() != accepted)
         return cancelled;
     const YListBoxItem* item = dialog.getCheckedItem();
-    return item ? actOn(item->getReservedData(), name) : nothingChecked;
+    return item ? actOn(item->getReservedData(), name) : int(nothingChecked);
+}
+
+int getProfileIfNoFound(QString& name)
+{
+    return support::withMemory([&name] { return askUser(name); }, [] { return int(noListBox); });
 }

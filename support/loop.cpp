@@ -6,43 +6,61 @@ namespace support {
 
 namespace {
 
-struct Level
+class Level;
+Level* innermost = nullptr;
+
+// Either Qt forgets what a level further out is told before the inner ones have returned, so it is
+// told when its turn has come.
+class Level
 {
+public:
+    Level() : outer(innermost), isLeft(false) { innermost = this; }
+    Level(const Level&) = delete;
+    Level& operator=(const Level&) = delete;
+    ~Level()
+    {
+        innermost = outer;
+        if (outer && outer->isLeft)
+            outer->loop.leave();
+    }
+
+    void run() { loop.run(); }
+
+    // Leaves this level, or the first one further out that is not left yet.
+    void leaveOne()
+    {
+        Level* level = this;
+        while (level && level->isLeft)
+            level = level->outer;
+        if (!level)
+            return;
+        level->isLeft = true;
+        if (level == this)
+            loop.leave();
+    }
+
+private:
     qt::LoopLevel loop;
     Level* outer;
     bool isLeft;
 };
 
-Level* innermost = nullptr;
-
 } // namespace
 
-// Either Qt forgets what a level further out is told before the inner ones have returned, so it is
-// told when its turn has come.
 void enterLoop()
 {
     if (!qApp)
         return;
-    Level level = {{}, innermost, false};
-    innermost = &level;
-    level.loop.run();
-    innermost = level.outer;
-    if (innermost && innermost->isLeft)
-        innermost->loop.leave();
+    Level level;
+    level.run();
 }
 
 // An application that is told to leave a loop while none runs would be of no use afterwards on
 // Qt 2.
 void exitLoop()
 {
-    Level* level = innermost;
-    while (level && level->isLeft)
-        level = level->outer;
-    if (!level)
-        return;
-    level->isLeft = true;
-    if (level == innermost)
-        level->loop.leave();
+    if (innermost)
+        innermost->leaveOne();
 }
 
 void processPending()

@@ -28,7 +28,6 @@ DataConnection_NewWiz1::DataConnection_NewWiz1(const QString& name, bool creatin
                                                const char* objectName, unsigned int flags)
     : YKbMainWidget(parent, objectName, flags),
       reserved(nullptr),
-      page2(nullptr),
       form(nullptr),
       currentName(""),
       additionalSettings(nullptr),
@@ -48,7 +47,7 @@ DataConnection_NewWiz1::DataConnection_NewWiz1(const QString& name, bool creatin
     setTitleAndName(name);
     form = wizard::addForm(this);
     addRows();
-    page2 = new DataConnection_NewWiz2(this, nullptr, nullptr, 0);
+    page2.reset(new DataConnection_NewWiz2(this, nullptr, nullptr, 0));
     if (loadProfile(name))
         logPrint(8, "Load Profile Ok!\n");
     else
@@ -63,8 +62,7 @@ DataConnection_NewWiz1::DataConnection_NewWiz1(const QString& name, bool creatin
 
 DataConnection_NewWiz1::~DataConnection_NewWiz1()
 {
-    delete page2;
-    page2 = nullptr;
+    page2.reset();
     record.reset();
     DataConnection_NewWiz1::hide();
     logPrint(8, "Destory an object...\n ");

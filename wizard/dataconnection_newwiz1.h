@@ -2,6 +2,8 @@
 #ifndef WIZARD_DATACONNECTION_NEWWIZ1_H
 #define WIZARD_DATACONNECTION_NEWWIZ1_H
 
+#include <memory>
+
 #include <qstring.h>
 
 #include <ykbmainwidget.h>
@@ -63,9 +65,10 @@ private:
     void switchCellularRows(bool on);
     void connectContentSignals();
     wizard::FormPurpose purpose() const;
+    int checkAndStore(wizard::FormFault* fault);
     void focusFields(wizard::FormFault fault);
 
-    DataConnection_NewWiz2* page2;
+    std::unique_ptr<DataConnection_NewWiz2> page2;
     YFormContainer* form;
     wizard::Record record;
     QString currentName;

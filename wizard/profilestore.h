@@ -23,6 +23,9 @@ enum StoreResult {
 int storeProfile(const FormFields& form, const FormPurpose& purpose, const NetworkProfile* before,
                  bool withPage2, QString* storedName);
 
+// What comes of storing where memory has run out: NotStored. It is logged.
+int notStoredWithoutMemory();
+
 } // namespace wizard
 
 #endif

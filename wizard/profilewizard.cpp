@@ -8,27 +8,46 @@
 #include "profilefunctions.h"
 #include "support/guarded.h"
 #include "support/log.h"
+#include "support/memory.h"
 #include "support/text.h"
 #include "wizard/dataconnection_newwiz1.h"
 
 using support::logPrint;
 
-typedef support::Guarded<DataConnection_NewWiz1> GuardedPage;
+namespace {
 
-// Runs the wizard once. `storedName`, unless null, is the name of a profile that was stored. The
-// page may be deleted by others while it runs.
-static int runWizard(const QString& name, bool creating, QString* storedName)
+// A page that others may delete while it runs.
+class OwnedPage
 {
-    const GuardedPage page(new DataConnection_NewWiz1(name, creating, nullptr, nullptr, 0));
-    page->reserved = nullptr;
-    const int result = page->run();
-    if (!page.isNull() && storedName && result == DataConnection_NewWiz1::ResultStored)
-        *storedName = page->profileName();
-    delete page.get();
+public:
+    OwnedPage(const QString& name, bool creating)
+        : page(new DataConnection_NewWiz1(name, creating, nullptr, nullptr, 0))
+    {}
+    OwnedPage(const OwnedPage&) = delete;
+    OwnedPage& operator=(const OwnedPage&) = delete;
+    ~OwnedPage() { delete page.get(); }
+
+    const support::Guarded<DataConnection_NewWiz1> page;
+};
+
+int withMemory(int (*run)(QString& name), QString& name)
+{
+    return support::withMemory([run, &name] { return run(name); },
+                               [] { return int(DataConnection_NewWiz1::ResultClosed); });
+}
+
+// Runs the wizard once. `storedName`, unless null, is the name of a profile that was stored.
+int runWizard(const QString& name, bool creating, QString* storedName)
+{
+    const OwnedPage owned(name, creating);
+    owned.page->reserved = nullptr;
+    const int result = owned.page->run();
+    if (!owned.page.isNull() && storedName && result == DataConnection_NewWiz1::ResultStored)
+        *storedName = owned.page->profileName();
     return result;
 }
 
-static bool isValid(const std::string& name)
+bool isValid(const std::string& name)
 {
     const bool valid = NAPI_IsProfileValid(name.c_str()) == NAPI_OK;
     if (!valid)
@@ -36,12 +55,12 @@ static bool isValid(const std::string& name)
     return valid;
 }
 
-int createProfilebyUser(QString& name)
+int create(QString& name)
 {
     return runWizard(QString(), true, &name);
 }
 
-int copyProfilebyUser(QString& name)
+int copy(QString& name)
 {
     const std::string bytes = support::utf8(name);
     if (!isValid(bytes))
@@ -51,10 +70,27 @@ int copyProfilebyUser(QString& name)
     return runWizard(name, true, nullptr);
 }
 
-int editProfilebyUser(QString& name)
+int edit(QString& name)
 {
     if (!isValid(support::utf8(name)))
         return 0;
     logPrint(8, "read profile ok, create instance of DataConnection_NewWiz\n");
     return runWizard(name, false, nullptr);
+}
+
+} // namespace
+
+int createProfilebyUser(QString& name)
+{
+    return withMemory(create, name);
+}
+
+int copyProfilebyUser(QString& name)
+{
+    return withMemory(copy, name);
+}
+
+int editProfilebyUser(QString& name)
+{
+    return withMemory(edit, name);
 }

@@ -9,6 +9,7 @@
 #include "support/guarded.h"
 #include "support/log.h"
 #include "support/loop.h"
+#include "support/memory.h"
 #include "wizard/dataconnection_newwiz1.h"
 #include "wizard/dataconnection_newwiz2.h"
 #include "wizard/messages.h"
@@ -66,19 +67,28 @@ wizard::FormPurpose DataConnection_NewWiz1::purpose() const
     return purpose;
 }
 
+// Where the form has a fault, nothing is stored.
+int DataConnection_NewWiz1::checkAndStore(FormFault* fault)
+{
+    *fault = wizard::checkForm(rows, purpose());
+    if (*fault != FormFault::None)
+        return wizard::NotStored;
+    return wizard::storeProfile(rows, purpose(), record.get(), page2->isSaved(), &currentName);
+}
+
 // The page may be deleted while the user reads a message.
 void DataConnection_NewWiz1::slotSaveProfile()
 {
     const Guarded<DataConnection_NewWiz1> self(this);
-    const FormFault fault = wizard::checkForm(rows, purpose());
+    FormFault fault = FormFault::None;
+    const int stored = support::withMemory([this, &fault] { return checkAndStore(&fault); },
+                                           wizard::notStoredWithoutMemory);
     if (fault != FormFault::None) {
         wizard::showFault(fault, rows);
         if (!self.isNull())
             focusFields(fault);
         return;
     }
-    const int stored =
-        wizard::storeProfile(rows, purpose(), record.get(), page2->isSaved(), &currentName);
     if (stored == wizard::Stored) {
         result = ResultStored;
         wizard::showStored(currentName);

@@ -1,0 +1,191 @@
+// Memory that runs out, at each allocation of the library in turn: a result code comes back, no
+// exception, and nothing stays behind.
+
+#include <functional>
+#include <string>
+
+#include <QApplication>
+#include <QDir>
+#include <QFileInfo>
+
+#include <profilefunctions.h>
+#include <ykbmainwidget.h>
+#include <ylineedit.h>
+
+#include "wizard/failing_new.h"
+#include "wizard/record_bytes.h"
+#include "wizard/wizard_fixture.h"
+
+namespace {
+
+using recorder::Calls;
+
+// Longer than what a std::string holds without an allocation.
+const char* const profile = "A profile of Europe";
+const char* const otherName = "Another of the same";
+const char* const folders = "vornlocal/download/appwrite/NetProfile/";
+
+class Memory : public Wizard
+{
+protected:
+    void SetUp() override
+    {
+        Wizard::SetUp();
+        setDefaultPreference("2");
+        store();
+    }
+
+    void store()
+    {
+        napi.profiles = {{profile, RecordBytes().byte(1, 1).word(4, 0x400).text(8, "a").record()}};
+        QDir(root.filePath(folders)).removeRecursively();
+        QDir(root.path()).mkpath(QString(folders) + profile);
+    }
+
+    bool isFolder(const char* of) const { return QFileInfo(root.filePath(folders) + of).isDir(); }
+
+    // Calls `attempt` with the number of the allocation that has to fail, from 0, until it says
+    // that none has failed any more. Result: how many have.
+    static int forEachAllocation(const std::function<bool(int)>& attempt)
+    {
+        int number = 0;
+        while (!HasFailure() && attempt(number))
+            ++number;
+        return number;
+    }
+
+    // A wizard that opens after all is cancelled.
+    static void cancelLater()
+    {
+        later([] {
+            if (wizardPage(1) && wizardPage(1)->isVisible())
+                cancel();
+        });
+    }
+
+    // Opens a wizard, fills in a row of page 1 and saves it with one failing allocation. Result:
+    // that of the wizard.
+    int saveWithout(int number, EntryPoint entry, const char* label, const char* text,
+                    bool* hasFailed)
+    {
+        name = profile;
+        return run(entry, {[label, text] {
+                               editOf(wizardPage(1), "GPRS APN:")->setText("b");
+                               editOf(wizardPage(1), label)->setText(text);
+                           },
+                           opening([number, hasFailed] {
+                               failingnew::failAt(number);
+                               save();
+                               *hasFailed = failingnew::stop();
+                           }),
+                           [] {
+                               if (!popupText().empty())
+                                   dismiss();
+                           }});
+    }
+};
+
+struct EntryRow
+{
+    const char* name;
+    int (*entry)(QString&);
+};
+
+void PrintTo(const EntryRow& row, std::ostream* out)
+{
+    *out << row.name;
+}
+
+class MemoryForOpening : public Memory, public testing::WithParamInterface<EntryRow>
+{};
+
+TEST_P(MemoryForOpening, RunsOutAtEachStepAndTheWizardIsClosed)
+{
+    const int allocations = forEachAllocation([this](int number) {
+        name = profile;
+        cancelLater();
+        failingnew::failAt(number);
+        int result = -1;
+        EXPECT_NO_THROW(result = GetParam().entry(name)) << number;
+        const bool hasFailed = failingnew::stop();
+        EXPECT_EQ(hasFailed ? 2 : 1, result) << number;
+        EXPECT_EQ(profile, name.toStdString());
+        EXPECT_EQ(0, wizardPageCount()) << number;
+        settle();
+        return hasFailed;
+    });
+    EXPECT_GE(allocations, 40);
+    EXPECT_EQ(1u, napi.profiles.size());
+}
+
+const EntryRow entries[] = {
+    {"Create", createProfilebyUser},
+    {"Copy", copyProfilebyUser},
+    {"Edit", editProfilebyUser},
+};
+INSTANTIATE_TEST_SUITE_P(Table, MemoryForOpening, testing::ValuesIn(entries),
+                         [](const auto& test) { return std::string(test.param.name); });
+
+TEST_F(Memory, ThatRunsOutAtEachStepOfCreatingCreatesNothing)
+{
+    const int allocations = forEachAllocation([this](int number) {
+        store();
+        bool hasFailed = false;
+        const int result =
+            saveWithout(number, createProfilebyUser, "Profile Name:*", otherName, &hasFailed);
+        EXPECT_EQ(hasFailed ? 2 : 0, result) << number;
+        EXPECT_EQ(hasFailed ? 0u : 1u, napi.profiles.count(otherName)) << number;
+        return hasFailed;
+    });
+    EXPECT_GE(allocations, 2);
+    EXPECT_EQ(otherName, name.toStdString());
+}
+
+TEST_F(Memory, ThatRunsOutAtEachStepOfChangingChangesNothing)
+{
+    const int allocations = forEachAllocation([this](int number) {
+        store();
+        bool hasFailed = false;
+        const int result =
+            saveWithout(number, editProfilebyUser, "Profile Name:*", otherName, &hasFailed);
+        EXPECT_EQ(hasFailed ? 2 : 0, result) << number;
+        EXPECT_EQ(hasFailed, isFolder(profile)) << number;
+        EXPECT_EQ(!hasFailed, isFolder(otherName)) << number;
+        EXPECT_EQ(hasFailed ? 0u : 1u, napi.profiles.count(otherName)) << number;
+        return hasFailed;
+    });
+    EXPECT_GE(allocations, 4);
+}
+
+TEST_F(Memory, ThatRunsOutWhileSavingIsLogged)
+{
+    bool hasFailed = false;
+    take();
+    EXPECT_EQ(2, saveWithout(0, createProfilebyUser, "Profile Name:*", otherName, &hasFailed));
+    EXPECT_TRUE(hasFailed);
+    EXPECT_EQ(Calls{"log: NSETUP: can not get memory to save profile\nNetwork: Save profile data "
+                    "error!\n"},
+              take());
+}
+
+TEST_F(Memory, ThatRunsOutAtEachStepOfTheNotFoundFlowGivesAResult)
+{
+    const int allocations = forEachAllocation([this](int number) {
+        name = "kept";
+        later([] {
+            if (!popupText().empty())
+                cancel();
+        });
+        failingnew::failAt(number);
+        int result = -99;
+        EXPECT_NO_THROW(result = getProfileIfNoFound(name)) << number;
+        const bool hasFailed = failingnew::stop();
+        EXPECT_EQ(hasFailed ? -1 : 1, result) << number;
+        EXPECT_EQ("kept", name.toStdString());
+        settle();
+        return hasFailed;
+    });
+    EXPECT_GE(allocations, 2);
+}
+
+} // namespace
