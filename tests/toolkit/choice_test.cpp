@@ -115,6 +115,39 @@ TEST_F(Combo, ShowsPlainRowsInItsOtherDialog)
     press(Qt::Key_Return);
 }
 
+TEST_F(Combo, NamesItsDialogAsItselfUnlessToldOtherwise)
+{
+    YComboBox* combo = addCombo();
+    EXPECT_EQ(combo->dlgTitle(), "Timeout:");
+    EXPECT_EQ(combo->dlgType(), YComboBox::MarkedDlg);
+    combo->setDlgTitle("Choose a time", YComboBox::PlainDlg);
+    EXPECT_EQ(combo->dlgTitle(), "Choose a time");
+    EXPECT_EQ(combo->dlgType(), YComboBox::PlainDlg);
+    EXPECT_EQ(combo->title(), "Timeout:");
+}
+
+TEST_F(Combo, TakesTheSizeOfItsItemOutsideOfAFormOnly)
+{
+    const QStringList items = {"Off", "an item that is much longer"};
+    YComboBox free(page.get(), nullptr, true);
+    for (const QString& item : items)
+        free.insertItem(item);
+    const int before = free.width();
+    free.setCurrentItem(1);
+    EXPECT_EQ(free.width(), before) << "not unless it is asked for";
+    free.setAutoResize(true);
+    EXPECT_TRUE(free.autoResize());
+    EXPECT_EQ(free.size(), free.sizeHint());
+    const int wide = free.width();
+    free.setCurrentItem(0);
+    EXPECT_LT(free.width(), wide);
+    YComboBox* row = addCombo(items);
+    row->setAutoResize(true);
+    open();
+    row->setCurrentItem(1);
+    EXPECT_EQ(row->width(), form->width());
+}
+
 TEST_F(Combo, OpensNothingWithoutItems)
 {
     addCombo({});

@@ -44,6 +44,7 @@ TEST_F(Page, GivesItsPartsTheirPlaces)
 {
     auto* info = new YAppInfoArea(page.get(), "T", nullptr, YSkinService::AppInfoArea);
     page->setTitleBarWidget(info);
+    EXPECT_EQ(page->titleBarWidget(), info);
     open();
     EXPECT_EQ(page->geometry(), YGlobal::getHomeR(false));
     EXPECT_EQ(form->geometry(), YGlobal::getMainContentR());
