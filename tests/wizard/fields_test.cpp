@@ -128,8 +128,59 @@ const OffRow offRows[] = {
 INSTANTIATE_TEST_SUITE_P(Rows, SwitchedOff, testing::ValuesIn(offRows),
                          [](const auto& test) { return std::string(test.param.name); });
 
+class SwitchedOn : public Wizard, public testing::WithParamInterface<int>
+{
+protected:
+    static Qt::Key key() { return Qt::Key(GetParam()); }
+};
+
+TEST_P(SwitchedOn, AChoiceOpensItsList)
+{
+    setDefaultPreference("0");
+    create({[] { walkTo(wizardPage(1), "GPRS Timeout:"); }, opening([] { press(key()); }),
+            [] {
+                EXPECT_EQ("GPRS Timeout:|", popupText());
+                press(Qt::Key_Escape);
+            },
+            cancel});
+}
+
+TEST_P(SwitchedOn, TheButtonOpensPageTwo)
+{
+    setDefaultPreference("0");
+    create({[] { walkTo(wizardPage(1), "Additional settings:"); }, [] { press(key()); },
+            [] {
+                EXPECT_EQ(wizardPage(2), activeLayer());
+                wizardPage(1)->hide();
+            }});
+}
+
+INSTANTIATE_TEST_SUITE_P(Keys, SwitchedOn, testing::Values(Qt::Key_Return, Qt::Key_Enter),
+                         [](const auto& test) {
+                             return test.param == Qt::Key_Return ? "Return" : "Enter";
+                         });
+
 class Button : public Wizard
 {};
+
+TEST_F(Button, LogsEveryKeyWhileItIsSwitchedOff)
+{
+    setDefaultPreference("0");
+    napi.profiles["Old"] = RecordBytes().word(4, 0x100).record();
+    edit("Old", {[] {
+                     walkTo(wizardPage(1), "Additional settings:");
+                     take();
+                     type("x");
+                     EXPECT_EQ(Calls{"log: click the exibition button\n"}, take());
+                 },
+                 opening([] { press(Qt::Key_Return); }),
+                 [] {
+                     EXPECT_EQ(message, popupText());
+                     EXPECT_EQ(Calls{"log: click the exibition button\n"}, take());
+                     press(Qt::Key_Return);
+                 },
+                 cancel});
+}
 
 TEST_F(Button, LogsEveryKey)
 {

@@ -107,6 +107,22 @@ TEST_F(Page1, OfANewProfileTakesTheNextDefaultName)
     lookAt([] { EXPECT_EQ("Profile3", editOf(page(), "Profile Name:*")->text().toStdString()); });
 }
 
+TEST_F(Page1, OfANewProfileHasNoNameWhereTheStoredOnesCannotBeListed)
+{
+    napi.listResult = NAPI_ERR_IO;
+    create({[] {
+                EXPECT_EQ("", editOf(page(), "Profile Name:*")->text().toStdString());
+                walkTo(page(), "GPRS APN:");
+                type("a");
+            },
+            opening(save),
+            [] {
+                EXPECT_EQ(0u, popupText().find("Required Fields|")) << popupText();
+                dismiss();
+            },
+            [] { page()->hide(); }});
+}
+
 TEST_F(Page1, OfACopyShowsTheSourceUnderADefaultName)
 {
     napi.profiles["Source"] = filledRecord(0x400);
@@ -216,6 +232,17 @@ TEST_F(Page1, ADefaultPreferenceBeyondTheItemsLeavesTheFirst)
         setDefaultPreference(value);
         lookAt([] { EXPECT_EQ(0, comboOf(page(), "Connection Preference:*")->currentItem()); });
     }
+}
+
+TEST_F(Page1, ADefaultPreferenceBeyondTheItemsStandsForAnUnknownOneToo)
+{
+    setDefaultPreference("7");
+    napi.profiles["Old"] = filledRecord(0x000);
+    edit("Old", {[] {
+                     EXPECT_EQ(0, comboOf(page(), "Connection Preference:*")->currentItem());
+                     EXPECT_TRUE(editOf(page(), "GPRS APN:")->isYEnabled());
+                 },
+                 cancel});
 }
 
 TEST_F(Page1, AProfileThatCannotBeReadIsLoggedAndTheWizardOpens)

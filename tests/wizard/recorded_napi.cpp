@@ -25,6 +25,8 @@ static std::string trailing(int reserved1, int reserved2)
 
 int NAPI_ListAllProfile(char* buffer, unsigned int* count)
 {
+    if (current->listResult != 0)
+        return current->listResult;
     if (!buffer) {
         *count = static_cast<unsigned int>(current->profiles.size());
         return 0;

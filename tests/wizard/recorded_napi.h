@@ -15,6 +15,7 @@ struct RecordedNapi
 
     // Results of the calls; 0 lets them do their work. What IsProfileValid and ReadProfile have no
     // profile for is NAPI_ERR_NO_PROFILE in any case.
+    int listResult = 0;
     int validResult = 0;
     int readResult = 0;
     int createResult = 0;

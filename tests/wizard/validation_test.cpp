@@ -149,4 +149,85 @@ TEST_F(FaultOnPage, ANumberToDialOfTheStoredProfileIsEnough)
         RecordBytes(napi.written).difference(RecordBytes(napi.profiles["Old"]).text(760, "p")));
 }
 
+struct DnsRow
+{
+    const char* name;
+    const char* text;
+    bool isTaken;
+    unsigned number;
+};
+
+void PrintTo(const DnsRow& row, std::ostream* out)
+{
+    *out << row.name;
+}
+
+class Dns : public Wizard, public testing::WithParamInterface<DnsRow>
+{
+protected:
+    // Types the text into a row of a page and saves. Result: that of the wizard, which is closed
+    // where the text is refused.
+    int enter(int page, const char* label)
+    {
+        setDefaultPreference("2");
+        const Steps open = page == 2 ? Steps(openPage2) : Steps([] {});
+        return create({[] {
+                           walkTo(wizardPage(1), "GPRS APN:");
+                           type("a");
+                       },
+                       open,
+                       [page, label] {
+                           walkTo(wizardPage(page), label);
+                           retype("#");
+                           retype(GetParam().text);
+                       },
+                       opening(save),
+                       [] {
+                           EXPECT_EQ(GetParam().isTaken, popupText()[0] == '|') << popupText();
+                           if (!GetParam().isTaken) {
+                               EXPECT_EQ(wrongDns, popupText());
+                           }
+                           press(Qt::Key_Return);
+                       },
+                       [] {
+                           if (wizardPage(1))
+                               wizardPage(1)->hide();
+                       }});
+    }
+};
+
+TEST_P(Dns, OfPageOneIsStoredAsItIsChecked)
+{
+    napi.written.gprsDns2 = 7;
+    EXPECT_EQ(GetParam().isTaken ? 0 : 2, enter(1, "GPRS DNS 2:"));
+    EXPECT_EQ(GetParam().number, RecordBytes(napi.written).read(316, 4));
+}
+
+TEST_P(Dns, OfPageTwoIsStoredAsItIsChecked)
+{
+    napi.written.csdDns1 = 7;
+    EXPECT_EQ(GetParam().isTaken ? 0 : 2, enter(2, "DNS 1:"));
+    EXPECT_EQ(GetParam().number, RecordBytes(napi.written).read(560, 4));
+}
+
+// Where it is refused, nothing is written, and the 7 from before stays.
+const DnsRow dnsTexts[] = {
+    {"Empty", "", true, 0},
+    {"Plain", "192.168.0.1", true, 0xC0A80001},
+    {"Ones", "255.255.255.255", true, 0xFFFFFFFF},
+    {"LeadingZeroIsDecimal", "010.2.3.4", true, 0x0A020304},
+    {"BlanksAround", " 1.2.3.4 ", true, 0x01020304},
+    {"EmptyPartsAreSkipped", "1..2.3.4", true, 0x01020304},
+    {"OneBlank", " ", false, 7},
+    {"PartTooLarge", "1.2.3.256", false, 7},
+    {"ThreeParts", "1.2.3", false, 7},
+    {"FiveParts", "1.2.3.4.5", false, 7},
+    {"OneNumber", "16909060", false, 7},
+    {"Name", "dns.example", false, 7},
+    {"Ipv6", "::1", false, 7},
+    {"Negative", "1.2.3.-4", false, 7},
+};
+INSTANTIATE_TEST_SUITE_P(Table, Dns, testing::ValuesIn(dnsTexts),
+                         [](const auto& test) { return std::string(test.param.name); });
+
 } // namespace
