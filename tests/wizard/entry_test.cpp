@@ -142,9 +142,10 @@ TEST_P(Caller, MayDeleteItsPageWhileTheWizardRunsFromItsButton)
                                     },
                                     opening(save), dismiss}
                             : Steps(cancel);
-    perform(
-        {opening([page] { tap(&page->button); }), [page] { delete page; }, end, closeWhatIsOpen});
-    EXPECT_TRUE(waitFor([&result] { return result >= 0; }));
+    bool isOver = false;
+    perform({opening([page] { tap(&page->button); }), [page] { delete page; }, end, closeWhatIsOpen,
+             [&isOver] { isOver = true; }});
+    EXPECT_TRUE(waitFor([&] { return result >= 0 && isOver; }));
     EXPECT_EQ(saves ? 0 : 1, result);
     EXPECT_EQ(saves ? "Profile1" : "", name.toStdString());
     EXPECT_EQ(0, wizardPageCount());
