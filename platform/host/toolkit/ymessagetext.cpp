@@ -3,8 +3,8 @@
 #include <QScrollBar>
 
 #include "yfinger.h"
+#include "ytextlabel.h"
 #include "ytheme.h"
-#include "ywrap.h"
 
 YMessageText::YMessageText(QWidget* parent) : QScrollArea(parent), label(new YTextLabel(this))
 {

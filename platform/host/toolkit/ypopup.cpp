@@ -16,8 +16,8 @@
 #include "ybusy.h"
 #include "yscreen.h"
 #include "ytell.h"
+#include "ytextlabel.h"
 #include "ytheme.h"
-#include "ywrap.h"
 
 namespace {
 

@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include <QFontMetricsF>
+#include <QLabel>
 #include <QPainter>
 #include <QTextLayout>
 
@@ -70,25 +71,4 @@ int YWrapHeight::at(const QFont& font, const QString& text, int width)
     widths[place] = width;
     heights[place] = YWrap::height(font, text, width);
     return heights[place];
-}
-
-YTextLabel::YTextLabel(QWidget* parent) : QLabel(parent)
-{
-    setTextFormat(Qt::PlainText);
-    setWordWrap(true);
-}
-
-int YTextLabel::heightForWidth(int width) const
-{
-    return YWrap::height(*this, width);
-}
-
-QSize YTextLabel::minimumSizeHint() const
-{
-    return QSize(0, 0);
-}
-
-void YTextLabel::paintEvent(QPaintEvent*)
-{
-    YWrap::draw(*this);
 }

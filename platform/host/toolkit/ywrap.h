@@ -2,9 +2,12 @@
 #ifndef YWRAP_H
 #define YWRAP_H
 
-#include <QLabel>
+#include <QFont>
+#include <QString>
 
+class QLabel;
 class QPainter;
+class QRect;
 
 // Lines are broken between words, and within a word only where it alone is too long for a line: a
 // name without blanks is to be read to its end.
@@ -35,21 +38,6 @@ private:
     int widths[2] = {-1, -1};
     int heights[2] = {0, 0};
     int oldest = 0;
-};
-
-// A label that does so.
-class YTextLabel : public QLabel
-{
-    Q_OBJECT
-
-public:
-    explicit YTextLabel(QWidget* parent);
-
-    int heightForWidth(int width) const override;
-    QSize minimumSizeHint() const override;
-
-protected:
-    void paintEvent(QPaintEvent* event) override;
 };
 
 #endif
