@@ -1,5 +1,6 @@
 // Opens a link for a stored profile, fetches a page over it, and closes it again:
-//     vorn-example PROFILE URL
+//     vorn-example PROFILE URL [SECONDS]
+// The page must be there SECONDS after the link is (default: 30).
 
 #include <QHostAddress>
 #include <QTcpSocket>
@@ -15,15 +16,18 @@ class Fetcher : public QObject
     Q_OBJECT
 
 public:
-    explicit Fetcher(const QUrl& page) : url(page)
+    Fetcher(const QUrl& page, int seconds) : url(page)
     {
+        limit.setSingleShot(true);
+        limit.setInterval(seconds * 1000);
         connect(&manager, SIGNAL(connected(int, YLinkInfo&)), SLOT(online(int, YLinkInfo&)));
         connect(&manager, SIGNAL(openFailed(int, unsigned short, unsigned short)),
                 SLOT(failed(int, unsigned short, unsigned short)));
         connect(&manager, SIGNAL(broken(int, YLinkInfo&)), SLOT(broken(int)));
         connect(&socket, SIGNAL(connected()), SLOT(request()));
-        connect(&socket, SIGNAL(disconnected()), SLOT(received()));
-        connect(&socket, SIGNAL(errorOccurred(QAbstractSocket::SocketError)), SLOT(noPage()));
+        // The server ends its answer by closing the connection, which a socket reports as an error.
+        connect(&socket, SIGNAL(errorOccurred(QAbstractSocket::SocketError)), SLOT(ended()));
+        connect(&limit, SIGNAL(timeout()), SLOT(tooLate()));
     }
 
     bool start(const QString& profile)
@@ -60,7 +64,7 @@ private slots:
         say(QString("socket bound to link %1").arg(id));
         socket.connectToHost(url.host(), quint16(url.port(80)), QIODevice::ReadWrite,
                              QAbstractSocket::IPv4Protocol);
-        QTimer::singleShot(pageLimitMs, this, SLOT(tooLate()));
+        limit.start();
     }
 
     void failed(int id, unsigned short cause1, unsigned short cause2)
@@ -84,28 +88,39 @@ private slots:
                      " HTTP/1.0\r\nHost: " + host + "\r\n\r\n");
     }
 
-    void received()
+    void ended()
     {
         const QByteArray answer = socket.readAll();
         const qsizetype head = answer.indexOf("\r\n\r\n");
         const QString status = QString::fromLatin1(answer.left(answer.indexOf("\r\n")));
+        if (answer.isEmpty())
+            return finish(QString("no page: %1").arg(socket.errorString()), 1);
         if (head < 0 || !status.contains(" 200 "))
             return finish(QString("no page: \"%1\"").arg(status), 1);
-        finish(QString("fetched %1: %2 bytes").arg(url.toString()).arg(answer.size() - head - 4),
-               0);
+        const qsizetype size = answer.size() - head - 4;
+        const qsizetype whole = contentLength(answer.left(head), size);
+        if (size < whole)
+            return finish(QString("no page: only %1 of %2 bytes came").arg(size).arg(whole), 1);
+        finish(QString("fetched %1: %2 bytes").arg(url.toString()).arg(size), 0);
     }
 
-    void tooLate() { finish(QString("no page within %1 s").arg(pageLimitMs / 1000), 1); }
-
-    void noPage()
-    {
-        if (socket.error() != QAbstractSocket::RemoteHostClosedError)
-            finish(QString("no page: %1").arg(socket.errorString()), 1);
-    }
+    void tooLate() { finish(QString("no page within %1 s").arg(limit.interval() / 1000), 1); }
 
 private:
+    static qsizetype contentLength(const QByteArray& head, qsizetype unknown)
+    {
+        for (const QByteArray& line : head.split('\n')) {
+            if (line.toLower().startsWith("content-length:"))
+                return line.mid(line.indexOf(':') + 1).trimmed().toLongLong();
+        }
+        return unknown;
+    }
+
     void finish(const QString& text, int status)
     {
+        // Whatever ended it, nothing that is still under way may end it again.
+        for (QObject* sender : std::initializer_list<QObject*>{&manager, &socket, &limit})
+            sender->disconnect(this);
         say(text);
         const int result = manager.closeLink(link);
         say(result == 0 ? QString("link %1 closed").arg(link)
@@ -115,25 +130,28 @@ private:
 
     void say(const QString& text) { QTextStream(stdout) << text << Qt::endl; }
 
-    static const int pageLimitMs = 30000;
-
     QUrl url;
     YDataSessionManager manager;
     QTcpSocket socket;
+    QTimer limit;
     int link = -1;
 };
 
 int main(int argc, char** argv)
 {
     YApplication app(argc, argv);
-    const QUrl url(app.arguments().value(2));
-    if (argc != 3 || url.scheme() != "http" || url.host().isEmpty()) {
-        QTextStream(stderr) << "usage: vorn-example PROFILE http://HOST[:PORT]/PATH (http only)"
-                            << Qt::endl;
+    const QStringList arguments = app.arguments();
+    const QUrl url(arguments.value(2));
+    const int seconds = arguments.value(3, "30").toInt();
+    if (argc < 3 || argc > 4 || url.scheme() != "http" || url.host().isEmpty() || seconds < 1 ||
+        seconds > 3600) {
+        QTextStream(stderr)
+            << "usage: vorn-example PROFILE http://HOST[:PORT]/PATH [SECONDS] (http only)"
+            << Qt::endl;
         return 2;
     }
-    Fetcher fetcher(url);
-    return fetcher.start(app.arguments().at(1)) ? app.exec() : 1;
+    Fetcher fetcher(url, seconds);
+    return fetcher.start(arguments.at(1)) ? app.exec() : 1;
 }
 
 #include "main.moc"

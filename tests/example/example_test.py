@@ -2,6 +2,7 @@
 
 import os
 import socket
+import struct
 import subprocess
 import sys
 import tempfile
@@ -36,6 +37,24 @@ class Server(threading.Thread):
     def lines(self):
         self.join(30)
         return self.request.decode().split("\r\n")
+
+
+class ResettingServer(Server):
+    """Answers like its base once the request is there, or at once without one, then resets."""
+
+    def __init__(self, answer, at_once=False):
+        self.at_once = at_once
+        super().__init__(answer)
+
+    def run(self):
+        with self.listener:
+            connection, _ = self.listener.accept()
+        with connection:
+            while not self.at_once and b"\r\n\r\n" not in self.request:
+                self.request += connection.recv(4096)
+            connection.sendall(self.answer)
+            # Closing with no time to linger is a reset.
+            connection.setsockopt(socket.SOL_SOCKET, socket.SO_LINGER, struct.pack("ii", 1, 0))
 
 
 class Example(unittest.TestCase):
@@ -93,6 +112,41 @@ class Example(unittest.TestCase):
         self.assertIn("link 0 closed\n", done.stdout)
         self.assertEqual(done.returncode, 1)
 
+    def test_a_server_that_never_answers_is_waited_on_for_as_long_as_said(self):
+        with socket.create_server(("127.0.0.1", 0)) as silent:
+            done = self.example("Demo", f"http://127.0.0.1:{silent.getsockname()[1]}/x", "1")
+        self.assertEqual(done.stdout.split("\n")[3:], ["no page within 1 s", "link 0 closed", ""])
+        self.assertEqual(done.stderr, "")
+        self.assertEqual(done.returncode, 1)
+
+    def test_a_server_that_resets_the_connection_is_said_at_once(self):
+        for at_once in (True, False):
+            with self.subTest(at_once=at_once):
+                server = ResettingServer(b"", at_once)
+                done = self.example("Demo", f"http://127.0.0.1:{server.port}/x", "20")
+                lines = done.stdout.split("\n")[3:]
+                # Until the program has looked, a reset counts as a refusal.
+                self.assertRegex(lines[0], "^no page: (The remote host closed|Connection refused)")
+                self.assertEqual(lines[1:], ["link 0 closed", ""])
+                self.assertEqual(done.stderr, "")
+                self.assertEqual(done.returncode, 1)
+
+    def test_a_page_that_is_cut_short_is_no_page(self):
+        answer = b"HTTP/1.0 200 OK\r\nServer: x\r\ncontent-LENGTH:  10 \r\n\r\nhello"
+        for server in (Server(answer), ResettingServer(answer)):
+            with self.subTest(type(server).__name__):
+                done = self.example("Demo", f"http://127.0.0.1:{server.port}/x", "20")
+                # A reset may overtake what was sent before it.
+                self.assertRegex(done.stdout, "no page: (only 5 of 10 bytes came|The remote host)")
+                self.assertTrue(done.stdout.endswith("\nlink 0 closed\n"))
+                self.assertEqual(done.returncode, 1)
+
+    def test_a_page_of_the_announced_length_is_fetched(self):
+        server = Server(b"HTTP/1.0 200 OK\r\nContent-Length: 5\r\n\r\nhello")
+        done = self.example("Demo", f"http://127.0.0.1:{server.port}/x")
+        self.assertIn("/x: 5 bytes\nlink 0 closed\n", done.stdout)
+        self.assertEqual(done.returncode, 0)
+
     def test_a_link_that_does_not_open_is_said_with_its_cause(self):
         self.configure(REFUSED)
         done = self.example("Demo", "http://127.0.0.1:1/x")
@@ -106,7 +160,8 @@ class Example(unittest.TestCase):
 
     def test_a_wrong_command_line_gets_the_usage(self):
         for arguments in ((), ("Demo",), ("Demo", "https://127.0.0.1/"), ("Demo", "http:///x"),
-                          ("Demo", "http://127.0.0.1/", "more")):
+                          ("Demo", "http://127.0.0.1/", "more"), ("Demo", "http://127.0.0.1/", "0"),
+                          ("Demo", "http://127.0.0.1/", "5", "more")):
             with self.subTest(arguments):
                 done = self.example(*arguments)
                 self.assertIn("usage: vorn-example PROFILE http://HOST", done.stderr)
