@@ -1,4 +1,6 @@
 // "doctor": everything below the root that is damaged, and what a person can do about it.
+#include <set>
+
 #include "failure.h"
 #include "network/napi_host.h"
 #include "output.h"
@@ -7,6 +9,7 @@
 #include "store.h"
 #include "terminal_text.h"
 #include "values.h"
+#include "whole_store.h"
 
 namespace ctl {
 
@@ -14,11 +17,16 @@ namespace {
 
 using napihost::Finding;
 
+std::string recordPath(const std::string& name)
+{
+    return napihost::profilesFolder() + '/' + name + "/profile";
+}
+
 // A record of the right size can still hold what no program can use.
 void inspectRecord(const std::string& name, const NetworkProfile& record,
                    std::vector<Finding>& findings)
 {
-    const std::string path = napihost::profilesFolder() + '/' + name + "/profile";
+    const std::string path = recordPath(name);
     for (const Field& field : fields()) {
         if (field.kind != Kind::Text && field.kind != Kind::Secret)
             continue;
@@ -30,16 +38,42 @@ void inspectRecord(const std::string& name, const NetworkProfile& record,
     }
 }
 
-std::vector<Finding> findAll()
+// What looking at the folders shows, and what only reading the records does.
+std::vector<Finding> findInStore()
 {
     std::vector<Finding> findings;
     if (const int result = napihost::inspectStore(&findings); result < 0)
         failNapi(result, "look through the profiles", nullptr);
-    for (const std::string& name : listProfiles()) {
-        NetworkProfile record;
-        if (readIfUsable(name, &record))
+    std::set<std::string> told;
+    for (const Finding& finding : findings)
+        told.insert(finding.path);
+    const std::vector<Unread> unread =
+        readEach(listProfiles(), [&](const std::string& name, const NetworkProfile& record) {
             inspectRecord(name, record, findings);
+        });
+    for (const Unread& one : unread)
+        if (const std::string path = recordPath(one.name); told.count(path) == 0)
+            findings.push_back({path,
+                                std::string("cannot be read: ") + napihost::resultText(one.result),
+                                "restore it from a copy, or delete the profile"});
+    return findings;
+}
+
+std::vector<Finding> findProfiles()
+{
+    try {
+        return findInStore();
+    } catch (const Failure& failure) {
+        // The files beside the profiles may still have something to tell.
+        if (failure.status() == Exit::Root)
+            throw;
+        return {{napihost::profilesFolder(), failure.what(), failure.advice()}};
     }
+}
+
+std::vector<Finding> findAll()
+{
+    std::vector<Finding> findings = findProfiles();
     for (const Finding& finding : napihost::inspectNetworkConfiguration())
         findings.push_back(finding);
     for (const settingshost::Finding& finding : settingshost::inspectSettings())

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <climits>
 #include <cstring>
+#include <functional>
 #include <set>
 
 #include "base/json_document.h"
@@ -13,6 +14,7 @@
 #include "store.h"
 #include "terminal_text.h"
 #include "values.h"
+#include "whole_store.h"
 
 namespace ctl {
 
@@ -215,6 +217,19 @@ void storeAll(const std::vector<Named>& profiles, const std::vector<bool>& store
     }
 }
 
+// Whoever saves everything must hear of what is not saved.
+std::vector<Unread>
+exportAll(const std::function<void(const std::string&, const NetworkProfile&)>& add)
+{
+    const std::vector<std::string> names = listProfiles();
+    const std::vector<Unread> unread = readEach(names, add);
+    const std::size_t count = countUnlisted(names.size());
+    if (count > 0)
+        note(std::to_string(count) + (count == 1 ? " damaged entry is" : " damaged entries are") +
+             " not exported; \"vornctl doctor\" tells more.");
+    return unread;
+}
+
 } // namespace
 
 int profileExport(const Request& request)
@@ -225,15 +240,20 @@ int profileExport(const Request& request)
         return exportRaw(request);
     Json list = Json::array();
     bool leftOut = false;
-    for (const std::string& name : request.all ? listProfiles() : request.names) {
-        const NetworkProfile record = readProfile("export the profile", name);
+    const auto add = [&](const std::string& name, const NetworkProfile& record) {
         list.push_back(exported(name, record, request.showSecrets));
         leftOut = leftOut || (!request.showSecrets && holdsPassword(record));
-    }
+    };
+    std::vector<Unread> unread;
+    if (request.all)
+        unread = exportAll(add);
+    for (const std::string& name : request.names)
+        add(name, readProfile("export the profile", name));
     const Json document = {{"format", formatName}, {"version", 1}, {"profiles", list}};
     deliver(request, jsonText(document, 2));
     if (leftOut)
         note("passwords were left out; --show-secrets writes them.");
+    failUnread(unread);
     return 0;
 }
 

@@ -96,13 +96,9 @@ std::string asArgument(const std::string& name)
 // Without an access point name and a number to dial, only WiFi can carry the profile.
 bool lacksCellular(const std::string& name)
 {
-    try {
-        NetworkProfile record;
-        return readIfUsable(name, &record) && !record.gprsApn[0] && !record.csdNumber[0] &&
-               (record.flags & NAPI_PREFER_MASK) != NAPI_PREFER_WIFI_ONLY;
-    } catch (const Failure&) {
-        return false;
-    }
+    NetworkProfile record;
+    return NAPI_ReadProfile(name.c_str(), &record, 0, 0) >= 0 && !record.gprsApn[0] &&
+           !record.csdNumber[0] && (record.flags & NAPI_PREFER_MASK) != NAPI_PREFER_WIFI_ONLY;
 }
 
 std::string openFailedAdvice(const std::string& name, int cause)

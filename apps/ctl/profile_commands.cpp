@@ -1,8 +1,5 @@
 // The commands over one profile, and the list.
-#include <filesystem>
-
 #include "failure.h"
-#include "network/napi_host.h"
 #include "output.h"
 #include "record.h"
 #include "request.h"
@@ -10,6 +7,7 @@
 #include "store.h"
 #include "terminal_text.h"
 #include "values.h"
+#include "whole_store.h"
 
 namespace ctl {
 
@@ -33,57 +31,44 @@ void printNames(const std::vector<std::string>& names)
     print(text);
 }
 
-void printList(const std::vector<std::string>& names)
+// Who misses a profile in the list learns where to look for it.
+void noteUnlisted(std::size_t count)
+{
+    if (count == 1)
+        note("1 damaged entry is not listed; \"vornctl doctor\" tells more.");
+    else
+        note(std::to_string(count) +
+             " damaged entries are not listed; \"vornctl doctor\" tells more.");
+}
+
+std::vector<Unread> printList(const std::vector<std::string>& names)
 {
     Table table({"NAME", "PREFERENCE", "APN", "CSD NUMBER"});
     const Field* columns[] = {findField("preference"), findField("apn"), findField("csd-number")};
-    for (const std::string& name : names) {
-        NetworkProfile record;
-        if (!readIfUsable(name, &record))
-            continue;
-        std::vector<std::string> cells = {name};
-        for (const Field* field : columns)
-            cells.push_back(shownText(*field, record, false));
-        table.add(std::move(cells));
-    }
+    const std::vector<Unread> unread =
+        readEach(names, [&](const std::string& name, const NetworkProfile& record) {
+            std::vector<std::string> cells = {name};
+            for (const Field* field : columns)
+                cells.push_back(shownText(*field, record, false));
+            table.add(std::move(cells));
+        });
     print(table.text());
+    if (const std::size_t unlisted = countUnlisted(names.size()))
+        noteUnlisted(unlisted);
+    else if (names.empty())
+        note("no profile is stored; \"vornctl profile create NAME apn=...\" makes one.");
+    return unread;
 }
 
-// How many entries the store has: one for each profile, usable or not.
-std::size_t countEntries()
-{
-    std::size_t count = 0;
-    std::error_code error;
-    std::filesystem::directory_iterator entry(napihost::profilesFolder(), error);
-    for (; !error && entry != std::filesystem::directory_iterator(); entry.increment(error))
-        if (entry->path().filename().native()[0] != '.')
-            ++count;
-    return count;
-}
-
-// Who misses a profile in the list learns where to look for it. Looking for damage takes as long as
-// listing, so it is done only when there is more than was listed. True when there was some.
-bool noteDamage(std::size_t listed)
-{
-    std::vector<napihost::Finding> findings;
-    if (countEntries() <= listed || napihost::inspectStore(&findings) < 0 || findings.empty())
-        return false;
-    const std::string count = std::to_string(findings.size());
-    note(findings.size() == 1
-             ? "1 damaged entry is not listed; \"vornctl doctor\" tells more."
-             : count + " damaged entries are not listed; \"vornctl doctor\" tells more.");
-    return true;
-}
-
-void printJsonList(const std::vector<std::string>& names, bool secrets)
+std::vector<Unread> printJsonList(const std::vector<std::string>& names, bool secrets)
 {
     Json list = Json::array();
-    for (const std::string& name : names) {
-        NetworkProfile record;
-        if (readIfUsable(name, &record))
+    const std::vector<Unread> unread =
+        readEach(names, [&](const std::string& name, const NetworkProfile& record) {
             list.push_back(describe(name, record, secrets));
-    }
+        });
     printJson(list);
+    return unread;
 }
 
 } // namespace
@@ -93,15 +78,10 @@ int profileList(const Request& request)
     const std::vector<std::string> names = listProfiles();
     if (request.json && request.onlyNames)
         printJson(Json(names));
-    else if (request.json)
-        printJsonList(names, request.showSecrets);
     else if (request.onlyNames)
         printNames(names);
-    else {
-        printList(names);
-        if (!noteDamage(names.size()) && names.empty())
-            note("no profile is stored; \"vornctl profile create NAME apn=...\" makes one.");
-    }
+    else
+        failUnread(request.json ? printJsonList(names, request.showSecrets) : printList(names));
     return 0;
 }
 

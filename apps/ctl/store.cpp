@@ -112,14 +112,6 @@ bool profileExists(const std::string& name)
     return result != NAPI_ERR_NO_PROFILE;
 }
 
-bool readIfUsable(const std::string& name, NetworkProfile* record)
-{
-    const int result = NAPI_ReadProfile(name.c_str(), record, 0, 0);
-    if (result < 0 && result != NAPI_ERR_NO_PROFILE && result != NAPI_ERR_DAMAGED)
-        failNapi(result, "read the profile", &name);
-    return result >= 0;
-}
-
 NetworkProfile readProfile(const std::string& action, const std::string& name)
 {
     NetworkProfile record = {};

@@ -23,9 +23,6 @@ std::vector<std::string> listProfiles();
 
 bool profileExists(const std::string& name);
 
-// False when the profile is gone or damaged; throws on every other failure.
-bool readIfUsable(const std::string& name, NetworkProfile* record);
-
 NetworkProfile readProfile(const std::string& action, const std::string& name);
 void createProfile(const std::string& name, const NetworkProfile& record);
 // Changes fields of a stored profile, whatever other programs change of it at the same time; what

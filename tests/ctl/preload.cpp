@@ -1,5 +1,7 @@
 // Preloaded into vornctl by its tests: writes down the link calls that reach the network API, and
-// plays a disk that is full or mounted read-only, which takes no privileges this way.
+// plays a disk that is full or mounted read-only, files that may not be opened
+// (VORN_TEST_FORBIDDEN, a part of their path) and files that cannot be read (VORN_TEST_FAULTY),
+// which takes no privileges, and none that have to be given up, this way.
 #include <cerrno>
 #include <cstdarg>
 #include <cstdio>
@@ -45,6 +47,26 @@ bool isBelowRoot(int fd)
     const char* root = std::getenv("VORN_ROOT");
     return length > 0 && root && std::strlen(root) <= static_cast<std::size_t>(length) &&
            std::strncmp(path, root, std::strlen(root)) == 0;
+}
+
+std::string pathOf(int fd)
+{
+    char link[64], path[4096] = "";
+    std::snprintf(link, sizeof link, "/proc/self/fd/%d", fd);
+    return readlink(link, path, sizeof path - 1) > 0 ? path : "";
+}
+
+bool isNamed(const char* variable, const std::string& path)
+{
+    const char* part = std::getenv(variable);
+    return part && path.find(part) != std::string::npos;
+}
+
+bool isForbidden(int folder, const char* path)
+{
+    if (!std::getenv("VORN_TEST_FORBIDDEN"))
+        return false;
+    return isNamed("VORN_TEST_FORBIDDEN", *path == '/' ? path : pathOf(folder) + '/' + path);
 }
 
 int refused(int error)
@@ -124,9 +146,46 @@ VORN_PLATFORM_API int openat(int folder, const char* path, int flags, ...)
     va_start(rest, flags);
     const mode_t mode = flags & O_CREAT ? va_arg(rest, mode_t) : 0;
     va_end(rest);
+    if (isForbidden(folder, path))
+        return refused(EACCES);
     if (diskIs("read-only") && (flags & O_ACCMODE) != O_RDONLY)
         return refused(EROFS);
     return next<int (*)(int, const char*, int, ...)>("openat")(folder, path, flags, mode);
+}
+
+VORN_PLATFORM_API int open(const char* path, int flags, ...)
+{
+    va_list rest;
+    va_start(rest, flags);
+    const mode_t mode = flags & O_CREAT ? va_arg(rest, mode_t) : 0;
+    va_end(rest);
+    if (isForbidden(AT_FDCWD, path))
+        return refused(EACCES);
+    return next<int (*)(const char*, int, ...)>("open")(path, flags, mode);
+}
+
+VORN_PLATFORM_API int faccessat(int folder, const char* path, int mode, int flags) noexcept
+{
+    if (isForbidden(folder, path))
+        return refused(EACCES);
+    return next<int (*)(int, const char*, int, int)>("faccessat")(folder, path, mode, flags);
+}
+
+// Of a folder that may not be entered, only what is in it is out of reach.
+VORN_PLATFORM_API int stat(const char* path, struct stat* status) noexcept
+{
+    const char* part = std::getenv("VORN_TEST_FORBIDDEN");
+    const char* found = part ? std::strstr(path, part) : nullptr;
+    if (found && found[std::strlen(part)] != '\0')
+        return refused(EACCES);
+    return next<int (*)(const char*, struct stat*)>("stat")(path, status);
+}
+
+VORN_PLATFORM_API ssize_t read(int fd, void* bytes, size_t count)
+{
+    if (std::getenv("VORN_TEST_FAULTY") && isNamed("VORN_TEST_FAULTY", pathOf(fd)))
+        return refused(EIO);
+    return next<ssize_t (*)(int, void*, size_t)>("read")(fd, bytes, count);
 }
 
 } // extern "C"

@@ -1,0 +1,52 @@
+#include "whole_store.h"
+
+#include <filesystem>
+
+#include "failure.h"
+#include "network/napi_host.h"
+#include "store.h"
+#include "terminal_text.h"
+
+namespace ctl {
+
+std::vector<Unread>
+readEach(const std::vector<std::string>& names,
+         const std::function<void(const std::string&, const NetworkProfile&)>& use)
+{
+    std::vector<Unread> unread;
+    for (const std::string& name : names) {
+        NetworkProfile record = {};
+        const int result = NAPI_ReadProfile(name.c_str(), &record, 0, 0);
+        if (result >= 0)
+            use(name, record);
+        else if (result != NAPI_ERR_NO_PROFILE)
+            unread.push_back({name, result});
+    }
+    return unread;
+}
+
+std::size_t countUnlisted(std::size_t listed)
+{
+    std::size_t count = 0;
+    std::error_code error;
+    std::filesystem::directory_iterator entry(napihost::profilesFolder(), error);
+    for (; !error && entry != std::filesystem::directory_iterator(); entry.increment(error))
+        if (entry->path().filename().native()[0] != '.')
+            ++count;
+    return count > listed ? count - listed : 0;
+}
+
+void failUnread(const std::vector<Unread>& unread)
+{
+    if (unread.empty())
+        return;
+    if (unread.size() == 1)
+        failNapi(unread[0].result, "read the profile", &unread[0].name);
+    std::string text = "cannot read " + std::to_string(unread.size()) + " profiles:";
+    for (const Unread& one : unread)
+        text += "\n  " + inQuotes(one.name) + ": " + napihost::resultText(one.result) + " (" +
+                std::to_string(one.result) + ").";
+    throw Failure(exitOfResult(unread[0].result), text, "\"vornctl doctor\" tells more.");
+}
+
+} // namespace ctl
