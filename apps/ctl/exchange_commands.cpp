@@ -27,6 +27,7 @@ struct Named
 {
     std::string name;
     NetworkProfile record;
+    std::vector<const Field*> leftOut; // the passwords of which the file says nothing
 };
 
 void deliver(const Request& request, const std::string& bytes)
@@ -123,7 +124,16 @@ private:
         const base::JsonValue values = item.at("fields");
         if (values.kind() != base::JsonKind::Object)
             return reject(item, values, "an object with fields");
-        m_profiles.push_back({text, imported(values, &m_problems)});
+        m_profiles.push_back({text, imported(values, &m_problems), leftOut(values)});
+    }
+
+    static std::vector<const Field*> leftOut(const base::JsonValue& values)
+    {
+        std::vector<const Field*> fieldsLeftOut;
+        for (const Field& field : fields())
+            if (field.kind == Kind::Secret && !values.at(field.name).present())
+                fieldsLeftOut.push_back(&field);
+        return fieldsLeftOut;
     }
 
     // One problem a line, as compilers write them, in the order of the file.
@@ -198,12 +208,29 @@ std::vector<bool> checkAgainstStore(const Request& request, const std::vector<Na
     return stored;
 }
 
-void storeAll(const std::vector<Named>& profiles, const std::vector<bool>& stored)
+// A file without passwords, as export writes it unless told otherwise, leaves the stored ones.
+void replaceStored(Named& profile)
+{
+    try {
+        changeProfile(profile.name, [&](NetworkProfile& stored) {
+            for (const Field* field : profile.leftOut)
+                std::memcpy(bytesOf(*field, profile.record), bytesOf(*field, stored), field->width);
+            stored = profile.record;
+        });
+    } catch (const Failure& failure) {
+        // There is nothing in a damaged record to be kept.
+        if (failure.status() != Exit::Damaged)
+            throw;
+        modifyProfile(profile.name, profile.record);
+    }
+}
+
+void storeAll(std::vector<Named>& profiles, const std::vector<bool>& stored)
 {
     for (std::size_t i = 0; i < profiles.size(); ++i) {
         try {
             if (stored[i])
-                modifyProfile(profiles[i].name, profiles[i].record);
+                replaceStored(profiles[i]);
             else
                 createProfile(profiles[i].name, profiles[i].record);
         } catch (const Failure& failure) {
