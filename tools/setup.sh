@@ -1,4 +1,4 @@
-# Sourced by run and check from the root of the checkout. Gives setup (Debian packages) and build.
+# Sourced by run and check from the root of the checkout. Gives setup (Debian packages), build and usage.
 
 configure_options=()
 
@@ -8,6 +8,9 @@ die() {
     printf '%s: %s\n' "$(basename "$0")" "$1" >&2
     exit "${2:-1}"
 }
+
+# usage: the comment at the head of the script, which stands in the folder that the script has gone to.
+usage() { sed -n '2,/^set /s/^# \{0,1\}//p' "$(basename "$0")"; }
 
 # packages_of GROUP...: the packages of these groups of tools/packages.txt.
 packages_of() {
@@ -47,6 +50,13 @@ setup() {
         { tail -n 20 "$log" >&2; die "apt-get could not install the packages; the whole log is in $log"; }
 }
 
+# show_errors LOG: the first errors of a build, or the end of a log that names none. awk and tail read the
+# whole log, so that no command before them in a pipe is cut off.
+show_errors() {
+    awk '/error|Error|FAILED/ { left = 13 } left-- > 0 && shown < 60 { print; shown++ } END { exit shown == 0 }' "$1" ||
+        tail -n 20 "$1"
+}
+
 # build PRESET [cmake --build arguments]: configures and builds; quiet unless it fails. The array
 # configure_options, when set, goes to the configuration.
 build() {
@@ -55,7 +65,7 @@ build() {
     mkdir -p build
     if ! { cmake --preset "$preset" "${configure_options[@]}" &&
         cmake --build --preset "$preset" "$@"; } >"$log" 2>&1; then
-        grep -E -A12 'error|Error|FAILED' "$log" | head -n 60 >&2
+        show_errors "$log" >&2
         die "the $preset build failed; the whole log is in $log"
     fi
 }
