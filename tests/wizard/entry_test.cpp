@@ -205,6 +205,20 @@ TEST_F(Entry, TwoWizardsHiddenInOneGoBothEnd)
     EXPECT_EQ(0, wizardPageCount());
 }
 
+TEST_F(Entry, TheApplicationThatQuitsEndsEachWizardAsClosed)
+{
+    QString inner("Old");
+    int outerResult = -1;
+    int innerResult = -1;
+    perform({opening([&] { outerResult = createProfilebyUser(name); }),
+             opening([&] { innerResult = editProfilebyUser(inner); }), [] { qApp->exit(5); }});
+    EXPECT_EQ(5, qApp->exec());
+    EXPECT_EQ(2, innerResult);
+    EXPECT_EQ(2, outerResult);
+    EXPECT_EQ(0, wizardPageCount());
+    EXPECT_EQ(1, create({cancel})) << "the next one runs as ever";
+}
+
 TEST_F(Entry, TimersOfTheCallerRunMeanwhile)
 {
     int ticks = 0;
