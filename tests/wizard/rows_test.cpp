@@ -1,8 +1,8 @@
 // Every row of both pages filled in, once with keys alone and once with a finger alone, whatever
 // the language and the screen: both have to store the same.
 
+#include <cstdlib>
 #include <string>
-#include <vector>
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -12,7 +12,6 @@
 #include <yformcontainer.h>
 #include <ykbmainwidget.h>
 #include <ylineedit.h>
-#include <ypressbutton.h>
 
 #include "wizard/record_bytes.h"
 #include "wizard/wizard_fixture.h"

@@ -156,6 +156,7 @@ std::string popupText()
 
 void walkTo(YKbMainWidget* page, const QString& label)
 {
+    ASSERT_TRUE(page) << "there is no page to find " << label.toStdString() << " on";
     const std::string wanted = label.toStdString();
     for (int step = 0; step < 30 && focusOf(page) != wanted; ++step)
         GuiTest::press(Qt::Key_Down);
