@@ -37,7 +37,7 @@ private:
     // The text that stands in it says what it is about, or at least the program does whose it is.
     QString nameOfUntitled() const
     {
-        const QString instruction = static_cast<const YPopup*>(widget())->instructText();
+        QString instruction = static_cast<const YPopup*>(widget())->instructText();
         if (!instruction.isEmpty())
             return instruction;
         for (const YLabel* label : widget()->findChildren<YLabel*>(Qt::FindDirectChildrenOnly))

@@ -1,5 +1,7 @@
 #include "yrowlook.h"
 
+#include <algorithm>
+
 #include <QFontMetrics>
 #include <QPainter>
 #include <QPainterPath>
@@ -19,6 +21,13 @@ constexpr double boxRadius = 6;
 QFont labelFont()
 {
     return YTheme::smallFont();
+}
+
+// Other letters may come from another font, which may be higher; to find out takes its time.
+bool isLatin(const QString& text)
+{
+    return std::all_of(text.begin(), text.end(),
+                       [](QChar letter) { return letter.unicode() < 0x250; });
 }
 
 } // namespace
@@ -141,10 +150,10 @@ int YRowLook::labelHeight(int width) const
         return 0;
     const QFontMetrics metrics(labelFont());
     if (lineWidth < 0) {
-        // A letter that the font has not comes from another one, which may be higher.
-        const QSize line = metrics.size(Qt::TextSingleLine, text);
-        lineWidth = line.width();
-        lineHeight = line.height();
+        // The sum of the letters' widths is rounded.
+        lineWidth = metrics.horizontalAdvance(text) + 1;
+        lineHeight =
+            isLatin(text) ? metrics.height() : metrics.size(Qt::TextSingleLine, text).height();
     }
     const QMargins around = margins();
     const int room = width - around.left() - around.right();
