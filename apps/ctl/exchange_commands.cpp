@@ -74,7 +74,7 @@ public:
     {
         if (m_document.state() == base::JsonDocument::State::Good)
             readDocument(m_document.root());
-        m_document.rejectUnknownKeys();
+        m_document.rejectUnknownKeys({});
         for (const base::JsonProblem& problem : m_document.problems())
             m_problems.push_back(problem);
         if (!m_problems.empty())
@@ -144,8 +144,12 @@ private:
         std::string lines;
         for (const base::JsonProblem& problem : m_problems)
             lines += "\n  " + printable(base::describe(m_request.file, problem));
+        const bool looksRaw = m_document.state() == base::JsonDocument::State::Broken &&
+                              m_document.source().size() == sizeof(NetworkProfile);
         throw Failure(Exit::Input, "cannot import " + inQuotes(m_request.file) + ':' + lines,
-                      "Nothing was imported.");
+                      looksRaw ? "Nothing was imported. The file has the size of a raw record, "
+                                 "which takes --raw and --name."
+                               : "Nothing was imported.");
     }
 
     const Request& m_request;

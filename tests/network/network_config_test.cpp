@@ -55,7 +55,8 @@ const Row rows[] = {
       "using \"machine\" instead"}},
     {"UnknownKey",
      "{\n\n\"berer\": \"machine\"}",
-     {std::string(":3: berer: expected one of the keys ") + kKeys + ", found an unknown key"}},
+     {std::string(":3: berer: expected one of the keys ") + kKeys +
+      ", found an unknown key; using the file without it instead"}},
     {"InterfacesIsNoObject",
      "{\"interfaces\": \"wlan0\"}",
      {":1: interfaces: expected an object, found the text \"wlan0\"; using an empty one instead"}},
@@ -74,7 +75,8 @@ const Row rows[] = {
       "using the default route's interface instead"}},
     {"UnknownInterface",
      "{\"interfaces\": {\"wlan\": \"wlan0\"}}",
-     {":1: interfaces.wlan: expected one of the keys wifi, cellular, found an unknown key"}},
+     {":1: interfaces.wlan: expected one of the keys wifi, cellular, found an unknown key; using "
+      "the file without it instead"}},
     {"MinuteTooShort",
      "{\"minuteMs\": 0}",
      {":1: minuteMs: expected an integer from 1 to 60000, found the number 0; using 60000 "
@@ -105,7 +107,7 @@ const Row rows[] = {
     {"UnknownScenarioKey",
      "{\"scenario\": {\"profiles\": {\"Home\": {\"after\": 3}}}}",
      {std::string(":1: scenario.profiles.Home.after: expected one of the keys ") + kScenarioKeys +
-      ", found an unknown key"}},
+      ", found an unknown key; using the file without it instead"}},
     {"NegativeTime",
      "{\"scenario\": {\"default\": {\"afterMs\": -1}}}",
      {":1: scenario.default.afterMs: expected an integer from 0 to 86400000, found the number -1; "
@@ -144,6 +146,12 @@ const Row rows[] = {
      "{\"scenario\": {\"default\": {\"nameServers\": [\"9.9.9.9\", \"dns.example\"]}}}",
      {":1: scenario.default.nameServers[1]: expected an IP address as text, found the text "
       "\"dns.example\"; using the other name servers instead"}},
+    {"NoNameServerIsLeft",
+     "{\"scenario\": {\"default\": {\"nameServers\": [\"dns.example\",\n 9]}}}",
+     {":1: scenario.default.nameServers[0]: expected an IP address as text, found the text "
+      "\"dns.example\"; using no name server instead",
+      ":2: scenario.default.nameServers[1]: expected an IP address as text, found the number 9; "
+      "using no name server instead"}},
     {"NameServersIsNoList",
      "{\"scenario\": {\"default\": {\"nameServers\": \"9.9.9.9\"}}}",
      {":1: scenario.default.nameServers: expected an array, found the text \"9.9.9.9\"; using an "
@@ -154,7 +162,8 @@ const Row rows[] = {
       "instead",
       ":3: bearer: expected one of the texts \"machine\", \"scenario\", found the number 1; using "
       "\"machine\" instead",
-      std::string(":4: more: expected one of the keys ") + kKeys + ", found an unknown key"}},
+      std::string(":4: more: expected one of the keys ") + kKeys +
+          ", found an unknown key; using the file without it instead"}},
 };
 
 class NetworkConfigProblem : public NetworkConfig, public testing::WithParamInterface<Row>

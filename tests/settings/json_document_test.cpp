@@ -91,10 +91,11 @@ TEST(JsonDocumentTest, ReportsKeysThatNobodyAskedFor)
     JsonDocument document = parsed("{\n\"delay\": 1,\n\"dealy\": 2,\n\"in\": {\"x\": 1}\n}");
     document.root().at("delay").integer(0, 9, 0);
     document.root().at("in").at("y");
-    document.rejectUnknownKeys();
-    EXPECT_EQ(told(document),
-              (Lines{"a.json:3: dealy: expected one of the keys delay, in, found an unknown key",
-                     "a.json:4: in.x: expected one of the keys y, found an unknown key"}));
+    document.rejectUnknownKeys("nothing");
+    EXPECT_EQ(told(document), (Lines{"a.json:3: dealy: expected one of the keys delay, in, found "
+                                     "an unknown key; using nothing instead",
+                                     "a.json:4: in.x: expected one of the keys y, found an unknown "
+                                     "key; using nothing instead"}));
 }
 
 TEST(JsonDocumentTest, KnowsAllKeysOfAnObjectThatWasEnumerated)
@@ -102,7 +103,7 @@ TEST(JsonDocumentTest, KnowsAllKeysOfAnObjectThatWasEnumerated)
     JsonDocument document = parsed("{\"Home\": 1, \"Work\": 2}");
     EXPECT_EQ(document.root().members().size(), 2U);
     document.root().at("Other");
-    document.rejectUnknownKeys();
+    document.rejectUnknownKeys("nothing");
     EXPECT_EQ(told(document), Lines{});
 }
 
@@ -120,7 +121,7 @@ TEST(JsonDocumentTest, TellsProblemsInTheOrderOfTheFile)
     JsonDocument document = parsed("{\n\"a\": \"x\",\n\"z\": 1,\n\"b\": \"y\"}");
     document.root().at("b").integer(0, 1, 0);
     document.root().at("a").integer(0, 1, 0);
-    document.rejectUnknownKeys();
+    document.rejectUnknownKeys("nothing");
     std::vector<int> lines;
     for (const base::JsonProblem& problem : document.problems())
         lines.push_back(problem.line);

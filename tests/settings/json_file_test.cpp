@@ -1,4 +1,5 @@
 // Documents that are files.
+#include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
@@ -54,6 +55,7 @@ TEST_F(JsonFile, ThatIsAFolderIsReported)
 {
     const JsonDocument document = JsonDocument::read(m_folder, "no settings");
     EXPECT_EQ(document.state(), JsonDocument::State::Unreadable);
+    EXPECT_EQ(document.error(), 0);
     EXPECT_EQ(told(document), Lines{std::string(m_folder) + ": expected a readable file, found a "
                                                             "folder; using no settings instead"});
 }
@@ -69,8 +71,10 @@ TEST_F(JsonFile, BelowSomethingThatIsNoFolderIsReported)
     write("{}");
     const JsonDocument document = JsonDocument::read(path() + "/x");
     EXPECT_EQ(document.state(), JsonDocument::State::Unreadable);
-    EXPECT_EQ(told(document), Lines{path() + "/x: expected a readable file, found Not a directory; "
-                                             "using the defaults instead"});
+    EXPECT_EQ(document.error(), ENOTDIR);
+    EXPECT_EQ(told(document),
+              Lines{path() + "/x: expected a readable file, found one that cannot be read "
+                             "(Not a directory); using the defaults instead"});
 }
 
 TEST_F(JsonFile, OfMoreThanFourMebibytesIsReported)

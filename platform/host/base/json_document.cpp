@@ -16,7 +16,22 @@ namespace {
 
 constexpr off_t kMaximumSize = 4 * 1024 * 1024;
 
-std::string readAll(int descriptor, std::string& bytes)
+// What is wrong with a file: the errno of a call, or something that no call has told.
+struct Wrong
+{
+    int error = 0;
+    std::string text;
+
+    static Wrong ofErrno() { return {errno, {}}; }
+    bool isWrong() const { return error != 0 || !text.empty(); }
+    std::string found() const
+    {
+        return error == 0 ? text
+                          : std::string("one that cannot be read (") + std::strerror(error) + ')';
+    }
+};
+
+Wrong readAll(int descriptor, std::string& bytes)
 {
     char block[16384];
     for (;;) {
@@ -24,36 +39,34 @@ std::string readAll(int descriptor, std::string& bytes)
         if (got == 0)
             return {};
         if (got < 0 && errno != EINTR)
-            return std::strerror(errno);
+            return Wrong::ofErrno();
         if (got > 0)
             bytes.append(block, static_cast<std::size_t>(got));
         if (bytes.size() > static_cast<std::size_t>(kMaximumSize))
-            return "more than 4 MiB";
+            return {0, "more than 4 MiB"};
     }
 }
 
-// Returns what is wrong with the file, "" when it has been read. O_NONBLOCK keeps a pipe in the
-// file's place from holding the program up.
-std::string readFile(const std::string& path, std::string& bytes, bool& missing)
+// O_NONBLOCK keeps a pipe in the file's place from holding the program up.
+Wrong readFile(const std::string& path, std::string& bytes)
 {
     const int descriptor = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
-    if (descriptor < 0) {
-        missing = errno == ENOENT;
-        return std::strerror(errno);
-    }
+    if (descriptor < 0)
+        return Wrong::ofErrno();
     struct stat status;
-    std::string wrong;
+    Wrong wrong;
     if (::fstat(descriptor, &status) != 0)
-        wrong = std::strerror(errno);
+        wrong = Wrong::ofErrno();
     else if (!S_ISREG(status.st_mode))
-        wrong = S_ISDIR(status.st_mode) ? "a folder" : "something that is no regular file";
+        wrong.text = S_ISDIR(status.st_mode) ? "a folder" : "something that is no regular file";
     else
         wrong = readAll(descriptor, bytes);
     ::close(descriptor);
     return wrong;
 }
 
-void collectUnknown(JsonTree& tree, const JsonNode& node, const std::string& key)
+void collectUnknown(JsonTree& tree, const JsonNode& node, const std::string& key,
+                    const std::string& used)
 {
     std::string known;
     for (const std::string& name : node.asked)
@@ -62,12 +75,12 @@ void collectUnknown(JsonTree& tree, const JsonNode& node, const std::string& key
         const std::string path = memberKey(key, member.name);
         if (!node.allKnown && !node.asked.empty() &&
             std::find(node.asked.begin(), node.asked.end(), member.name) == node.asked.end())
-            tree.report(member.line, path, "one of the keys " + known, "an unknown key", {});
+            tree.report(member.line, path, "one of the keys " + known, "an unknown key", used);
         else
-            collectUnknown(tree, member.value, path);
+            collectUnknown(tree, member.value, path, used);
     }
     for (std::size_t i = 0; i < node.elements.size(); ++i)
-        collectUnknown(tree, node.elements[i], key + '[' + std::to_string(i) + ']');
+        collectUnknown(tree, node.elements[i], key + '[' + std::to_string(i) + ']', used);
 }
 
 } // namespace
@@ -80,15 +93,16 @@ JsonDocument::~JsonDocument() = default;
 JsonDocument JsonDocument::read(const std::string& path, const std::string& used)
 {
     std::string bytes;
-    bool missing = false;
-    const std::string wrong = readFile(path, bytes, missing);
-    if (wrong.empty())
+    const Wrong wrong = readFile(path, bytes);
+    if (!wrong.isWrong())
         return parse(bytes, path, used);
     auto tree = std::make_unique<JsonTree>();
     tree->path = path;
-    tree->state = missing ? State::Missing : State::Unreadable;
-    if (!missing)
-        tree->report(0, {}, "a readable file", wrong, used);
+    tree->state = wrong.error == ENOENT ? State::Missing : State::Unreadable;
+    if (tree->state == State::Unreadable) {
+        tree->error = wrong.error;
+        tree->report(0, {}, "a readable file", wrong.found(), used);
+    }
     return JsonDocument(std::move(tree));
 }
 
@@ -107,6 +121,11 @@ JsonDocument::State JsonDocument::state() const
     return m_tree->state;
 }
 
+int JsonDocument::error() const
+{
+    return m_tree->error;
+}
+
 const std::string& JsonDocument::path() const
 {
     return m_tree->path;
@@ -122,10 +141,10 @@ JsonValue JsonDocument::root() const
     return {m_tree.get(), m_tree->state == State::Good ? &m_tree->root : nullptr, {}};
 }
 
-void JsonDocument::rejectUnknownKeys()
+void JsonDocument::rejectUnknownKeys(const std::string& used)
 {
     if (m_tree->state == State::Good)
-        collectUnknown(*m_tree, m_tree->root, {});
+        collectUnknown(*m_tree, m_tree->root, {}, used);
 }
 
 std::vector<JsonProblem> JsonDocument::problems() const

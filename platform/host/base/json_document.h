@@ -7,7 +7,7 @@
 //     base::JsonDocument file = base::JsonDocument::read(root + "/etc/network.json");
 //     const base::JsonValue scenario = file.root().at("scenario");
 //     const long long delay = scenario.at("delay").integer(0, 60000, 500);
-//     file.rejectUnknownKeys();
+//     file.rejectUnknownKeys("the file without it");
 //     for (const base::JsonProblem& problem : file.problems())
 //         std::cerr << base::describe(file.path(), problem) << '\n';
 #ifndef BASE_JSON_DOCUMENT_H
@@ -125,6 +125,10 @@ public:
     State state() const;
     const std::string& path() const;
 
+    // The errno for which the state is Unreadable; 0 when the file could be read but is not one to
+    // be used, and in every other state.
+    int error() const;
+
     // The bytes of the file as they were read; "" unless the state is Good or Broken.
     const std::string& source() const;
 
@@ -138,8 +142,8 @@ public:
     std::string withMember(const std::string& name, const std::string& literal) const;
 
     // Reports the members that nobody asked for, in every object of which a member was asked for.
-    // Call it once, when everything has been read.
-    void rejectUnknownKeys();
+    // `used` says what stands in their place. Call it once, when everything has been read.
+    void rejectUnknownKeys(const std::string& used);
 
     // What was wrong so far, in the order of the file. Duplicate keys are reported by reading
     // alone.

@@ -138,6 +138,14 @@ public:
         return fail("JSON", finding(error.what()));
     }
 
+    // The parser takes a NUL for the end of the text, whatever follows it.
+    bool endsAtNul() const
+    {
+        return m_progress.consumed > m_progress.begin && m_progress.consumed[-1] == '\0';
+    }
+
+    bool refuseNul() { return fail("JSON", finding({})); }
+
 private:
     struct Open
     {
@@ -148,6 +156,8 @@ private:
     // The parser's own words name its tokens and states; a person is helped by the place.
     std::string finding(const std::string& message)
     {
+        if (endsAtNul())
+            return "a NUL byte at column " + std::to_string(m_progress.column());
         if (message.find("unexpected end of input") != std::string::npos)
             return "the end of the file";
         if (message.find("number overflow") != std::string::npos)
@@ -233,9 +243,10 @@ void parseTree(JsonTree& tree, const std::string& used)
     const char* begin = tree.source.data();
     Progress progress{begin, begin, begin};
     TreeBuilder builder(tree, progress, used);
-    const bool good =
-        json::sax_parse(CountingIterator(begin, &progress),
-                        CountingIterator(begin + tree.source.size(), &progress), &builder);
+    bool good = json::sax_parse(CountingIterator(begin, &progress),
+                                CountingIterator(begin + tree.source.size(), &progress), &builder);
+    if (good && builder.endsAtNul())
+        good = builder.refuseNul();
     tree.state = good ? JsonDocument::State::Good : JsonDocument::State::Broken;
 }
 

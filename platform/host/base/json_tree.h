@@ -45,6 +45,7 @@ struct JsonMember
 struct JsonTree
 {
     JsonDocument::State state = JsonDocument::State::Missing;
+    int error = 0; // errno of a file that could not be read
     std::string path;
     std::string source;
     JsonNode root;

@@ -59,6 +59,7 @@ static uint32_t address(JsonValue value, uint32_t fallback)
 static std::vector<std::string> addressTexts(JsonValue list)
 {
     std::vector<std::string> texts;
+    std::vector<JsonValue> wrong;
     for (const JsonValue& one : list.elements()) {
         in6_addr parsed;
         std::string text = one.kind() == JsonKind::Text ? one.text("") : "";
@@ -67,8 +68,11 @@ static std::vector<std::string> addressTexts(JsonValue list)
         if (valid)
             texts.push_back(text);
         else
-            one.reject("an IP address as text", "the other name servers");
+            wrong.push_back(one);
     }
+    const char* used = texts.empty() ? "no name server" : "the other name servers";
+    for (const JsonValue& one : wrong)
+        one.reject("an IP address as text", used);
     return texts;
 }
 
@@ -129,7 +133,7 @@ NetworkConfig readNetworkConfig(base::JsonDocument& document)
     config.maxProfiles =
         static_cast<unsigned>(root.at("maxProfiles").integer(1, 65535, config.maxProfiles));
     config.minute = Milliseconds(root.at("minuteMs").integer(1, 60000, config.minute.count()));
-    document.rejectUnknownKeys();
+    document.rejectUnknownKeys("the file without it");
     return config;
 }
 
