@@ -27,16 +27,29 @@ struct Rate
     double perSecond;
 };
 
-// Collects the medians of the real times while it prints the table.
+// One statement about a counter of one benchmark: its median over the repetitions is at most
+// `limit`.
+struct Bound
+{
+    std::string measured;
+    std::string counter;
+    double limit;
+};
+
+// Collects the medians of the real times and of the counters while it prints the table.
 class RatioReporter : public benchmark::ConsoleReporter
 {
 public:
     void ReportRuns(const std::vector<Run>& runs) override
     {
         for (const Run& run : runs) {
-            if (run.aggregate_name == "median")
-                medians[run.run_name.function_name + "/" + run.run_name.args] =
-                    run.GetAdjustedRealTime() / benchmark::GetTimeUnitMultiplier(run.time_unit);
+            if (run.aggregate_name != "median")
+                continue;
+            const std::string name = run.run_name.function_name + "/" + run.run_name.args;
+            medians[name] =
+                run.GetAdjustedRealTime() / benchmark::GetTimeUnitMultiplier(run.time_unit);
+            for (const auto& [counter, value] : run.counters)
+                counters[name + " " + counter] = value;
         }
         ConsoleReporter::ReportRuns(runs);
     }
@@ -75,6 +88,22 @@ public:
         return kept;
     }
 
+    // The same for counters.
+    bool report(const std::vector<Bound>& bounds) const
+    {
+        bool kept = true;
+        for (const Bound& bound : bounds) {
+            const auto found = counters.find(bound.measured + " " + bound.counter);
+            if (found == counters.end())
+                continue;
+            kept = kept && found->second <= bound.limit;
+            std::printf("%s has a median %s of %.3f (limit %.3f): %s\n", bound.measured.c_str(),
+                        bound.counter.c_str(), found->second, bound.limit,
+                        found->second <= bound.limit ? "kept" : "MISSED");
+        }
+        return kept;
+    }
+
 private:
     // The median in seconds; 0 when the benchmark did not run.
     double find(const std::string& name) const
@@ -85,13 +114,15 @@ private:
         return found == medians.end() ? 0 : found->second;
     }
 
-    std::map<std::string, double> medians; // in seconds
+    std::map<std::string, double> medians;  // in seconds
+    std::map<std::string, double> counters; // the medians, by "benchmark/argument counter"
 };
 
 // The main function of a benchmark program: 9 repetitions in random order unless the command line
-// says otherwise, medians, and then the ratios and rates. Result: 0, or 1 when a limit was missed.
+// says otherwise, medians, and then the ratios, rates and bounds. Result: 0, or 1 when a limit was
+// missed.
 inline int run(int argc, char** argv, const std::vector<Ratio>& ratios,
-               const std::vector<Rate>& rates = {})
+               const std::vector<Rate>& rates = {}, const std::vector<Bound>& bounds = {})
 {
     std::vector<std::string> arguments(argv, argv + argc);
     arguments.insert(arguments.begin() + 1,
@@ -108,7 +139,8 @@ inline int run(int argc, char** argv, const std::vector<Ratio>& ratios,
     benchmark::RunSpecifiedBenchmarks(&reporter);
     const bool ratiosKept = reporter.report(ratios);
     const bool ratesKept = reporter.report(rates);
-    return ratiosKept && ratesKept ? 0 : 1;
+    const bool boundsKept = reporter.report(bounds);
+    return ratiosKept && ratesKept && boundsKept ? 0 : 1;
 }
 
 } // namespace bench
