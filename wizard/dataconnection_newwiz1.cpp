@@ -27,12 +27,12 @@ static const int formMorphMode = 3;
 DataConnection_NewWiz1::DataConnection_NewWiz1(const QString& name, bool creating, QWidget* parent,
                                                const char* objectName, unsigned int flags)
     : YKbMainWidget(parent, objectName, flags),
-      reserved(nullptr),
       form(nullptr),
       currentName(""),
       additionalSettings(nullptr),
       cellularSeparator(nullptr),
       softKeys(nullptr),
+      reserved(nullptr),
       isCreating(creating),
       inModalLoop(false),
       hasWifi(false),
@@ -86,13 +86,12 @@ void DataConnection_NewWiz1::addRows()
     for (const wizard::Page1Row& entry : wizard::page1Rows) {
         if (entry.onlyWithWifi && !hasWifi)
             continue;
-        QWidget* widget = wizard::addRow(entry.row, form, rows);
+        const bool holdsName = &entry.row == &wizard::page1Rows[0].row;
+        QWidget* widget = wizard::addRow(entry.row, form, rows, holdsName ? &currentName : nullptr);
         if (entry.row.kind == wizard::RowKind::Separator)
             cellularSeparator = static_cast<YSeparator*>(widget);
         else if (entry.row.kind == wizard::RowKind::PressButton)
             additionalSettings = static_cast<NSPressButton*>(widget);
-        else if (widget == rows.edit(Text::ProfileName))
-            rows.setText(Text::ProfileName, currentName);
         else if (widget == rows.combo(Choice::Preference))
             chooseDefaultPreference();
     }

@@ -46,9 +46,6 @@ public:
 
     wizard::FormRows& formRows() { return rows; }
 
-    // Belongs to whoever runs the page, who clears it first; the page takes no notice of it.
-    void* reserved;
-
 public slots:
     void slotGotoPrevious();
     void slotGoToNext();
@@ -76,6 +73,13 @@ private:
     NSPressButton* additionalSettings;
     YSeparator* cellularSeparator;
     YSoftKey* softKeys;
+
+public:
+    // Belongs to whoever runs the page, who clears it first; the page takes no notice of it. It has
+    // its place among the other members.
+    void* reserved;
+
+private:
     bool isCreating;
     bool inModalLoop;
     bool hasWifi;

@@ -10,9 +10,10 @@ namespace wizard {
 struct Page1Row
 {
     Row row;
-    bool onlyWithWifi; // where the phone has WiFi
+    bool onlyWithWifi;
 };
 
+// The first row is the profile's name.
 enum { page1RowCount = 14 };
 extern const Page1Row page1Rows[page1RowCount];
 

@@ -52,19 +52,25 @@ YOptionsMenu* addOptionsMenu(YKbMainWidget* page, const PhoneText& item, const c
     return menu;
 }
 
+static QString cancelText()
+{
+    return translate("TXT_RID_SOFTKEY_CANCEL", "Cancel");
+}
+
 YSoftKey* addSoftKeys(YKbMainWidget* page, YOptionsMenu* menu, const char* member)
 {
     YSoftKey* softKeys = new YSoftKey("CST_2A", page, page);
     softKeys->setText(leftKey, translate("TXT_RID_SOFTKEY_OPTIONS", "Options"), 0);
+    softKeys->setText(rightKey, cancelText(), 0);
     softKeys->setOptionsMenu(leftKey, menu);
-    offerCancel(softKeys, page, member);
+    softKeys->setClickedSlot(rightKey, page, member);
     page->setSoftKey(softKeys);
     return softKeys;
 }
 
 void offerCancel(YSoftKey* softKeys, QObject* page, const char* member)
 {
-    softKeys->setText(rightKey, translate("TXT_RID_SOFTKEY_CANCEL", "Cancel"), 0);
+    softKeys->setText(rightKey, cancelText(), 0);
     softKeys->setClickedSlot(rightKey, page, member);
 }
 

@@ -43,16 +43,26 @@ void makePassword(YLineEdit* edit)
     edit->getInputField()->setInputMode(passwordMode);
 }
 
-void dress(YLineEdit* edit, RowKind kind)
+void limit(YLineEdit* edit, int maxLength)
 {
-    switch (kind) {
+    if (maxLength > 0)
+        edit->setMaxLength(maxLength);
+}
+
+// The order of the calls is the phone's.
+void dress(YLineEdit* edit, const Row& row)
+{
+    switch (row.kind) {
     case RowKind::Port:
         return makePort(edit);
     case RowKind::DialNumber:
+        limit(edit, row.number);
         return widgets::useKeypad(edit, widgets::KeypadDialNumbers);
     case RowKind::Password:
-        return makePassword(edit);
+        makePassword(edit);
+        return limit(edit, row.number);
     case RowKind::PlainText:
+        return limit(edit, row.number);
     case RowKind::GuardedChoice:
     case RowKind::PlainChoice:
     case RowKind::Separator:
@@ -61,13 +71,13 @@ void dress(YLineEdit* edit, RowKind kind)
     }
 }
 
-QWidget* addText(const Row& row, YFormContainer* form, FormRows& rows)
+QWidget* addText(const Row& row, YFormContainer* form, FormRows& rows, const QString* text)
 {
     NSEditBox* edit = new NSEditBox(form->viewport(), nullptr);
     edit->setLabel(labelOf(row.label));
-    dress(edit, row.kind);
-    if (row.number > 0)
-        edit->setMaxLength(row.number);
+    if (text)
+        edit->setText(*text);
+    dress(edit, row);
     form->addChild(edit, true, nullptr);
     rows.add(Text(row.field), edit, form);
     return edit;
@@ -106,7 +116,7 @@ QWidget* addButton(const Row& row, YFormContainer* form)
 
 } // namespace
 
-QWidget* addRow(const Row& row, YFormContainer* form, FormRows& rows)
+QWidget* addRow(const Row& row, YFormContainer* form, FormRows& rows, const QString* text)
 {
     switch (row.kind) {
     case RowKind::PlainText:
@@ -123,7 +133,7 @@ QWidget* addRow(const Row& row, YFormContainer* form, FormRows& rows)
     case RowKind::PressButton:
         return addButton(row, form);
     }
-    return addText(row, form, rows);
+    return addText(row, form, rows, text);
 }
 
 } // namespace wizard

@@ -4,6 +4,7 @@
 
 #include "wizard/formfields.h"
 
+class QString;
 class QWidget;
 class YFormContainer;
 
@@ -23,7 +24,7 @@ enum class RowKind {
     Port,       // a number of 0 to 65535
     DialNumber, // typed with the keys of a dial
     Password,
-    GuardedChoice, // explains itself when WiFi only is wanted; its dialog is given a title and look
+    GuardedChoice, // an NSComboBox, whose dialog has a title and a look of its own
     PlainChoice,
     Separator,
     PressButton
@@ -60,8 +61,9 @@ constexpr Row plainRow(RowKind kind, PhoneText label)
 
 // Builds one row at the end of the form, and tells `rows` of it when it holds a value. Result: the
 // row's widget, owned by the form: an NSEditBox, NSComboBox, YComboBox, YSeparator or
-// NSPressButton.
-QWidget* addRow(const Row& row, YFormContainer* form, FormRows& rows);
+// NSPressButton. `text`, unless null, is what a text row holds at first.
+QWidget* addRow(const Row& row, YFormContainer* form, FormRows& rows,
+                const QString* text = nullptr);
 
 } // namespace wizard
 

@@ -116,7 +116,7 @@ const char* const page2 =
 edit some none 39; label "Proxy 2:"; length 100; add yes none
 edit some none 39; label "Port 2:"; validator 0 65535; input method "{637a8c00-1098-42ca-969a-2bf163cd3c14}" 6; add yes none
 edit some none 39; label "Domain 2:"; length 100; add yes none
-edit some none 39; label "CSD Number:"; input method "{637a8c00-1098-42ca-969a-2bf163cd3c14}" 4; length 44; add yes none
+edit some none 39; label "CSD Number:"; length 44; input method "{637a8c00-1098-42ca-969a-2bf163cd3c14}" 4; add yes none
 edit some none 39; label "User Name:"; length 64; add yes none
 edit some none 39; label "Password:"; echo 2; input mode 8; length 64; add yes none
 combo some none yes; title "Speed(BPS):"; item "Auto"; item "14400"; item "9600"; item "4800"; item "2400"; add no none
@@ -124,7 +124,7 @@ combo some none yes; title "Line Type:"; item "Modem"; item "ISDN"; add no none
 combo some none yes; title "CSD Timeout:"; item "Off"; item "1 min"; item "5 min"; item "15 min"; item "30 min"; item "60 min"; add no none
 edit some none 39; label "DNS 1:"; add yes none
 edit some none 39; label "DNS 2:"; add yes none
-menu of DataConnection_NewWiz2 0 0 200 286 none 0 54; item "Cancel" none DataConnection_NewWiz2 1slotGotoPrevious() yes no no -1 -1 no; keys CST_2A DataConnection_NewWiz2 DataConnection_NewWiz2; key 0 "Options" 0; opens 0 some; key 1 "Cancel" 0; calls 1 DataConnection_NewWiz2 1slotGotoPrevious(); soft keys some
+menu of DataConnection_NewWiz2 0 0 200 286 none 0 54; item "Cancel" none DataConnection_NewWiz2 1slotGotoPrevious() yes no no -1 -1 no; keys CST_2A DataConnection_NewWiz2 DataConnection_NewWiz2; key 0 "Options" 0; key 1 "Cancel" 0; opens 0 some; calls 1 DataConnection_NewWiz2 1slotGotoPrevious(); soft keys some
 connect Proxy 2: 2textChanged(const QString&) DataConnection_NewWiz2 1slotContentChanged(void)
 connect Port 2: 2textChanged(const QString&) DataConnection_NewWiz2 1slotContentChanged(void)
 connect Domain 2: 2textChanged(const QString&) DataConnection_NewWiz2 1slotContentChanged(void)
@@ -144,17 +144,17 @@ std::string head(const char* title, const char* profile)
     return std::string("page none none 0; morph mode 3; title \"") + title +
            "\"; form of DataConnection_NewWiz1 none 23; content YFormContainer; area of "
            "DataConnection_NewWiz1 T none 3; append 1 \"\" null; title bar YAppInfoArea\n"
-           "edit some none 39; label \"Profile Name:*\"; length 20; add yes none\n"
-           "text Profile Name:* \"" +
-           profile + "\"; ";
+           "edit some none 39; label \"Profile Name:*\"; text Profile Name:* \"" +
+           profile + "\"; length 20; add yes none\n";
 }
 
 std::string keys(const char* item)
 {
     return std::string("menu of DataConnection_NewWiz1 0 0 200 286 none 0 54; item \"") + item +
            "\" none DataConnection_NewWiz1 1slotGotoPrevious() yes no no -1 -1 no; keys CST_2A "
-           "DataConnection_NewWiz1 DataConnection_NewWiz1; key 0 \"Options\" 0; opens 0 some; key "
-           "1 \"Cancel\" 0; calls 1 DataConnection_NewWiz1 1slotGotoPrevious(); soft keys some\n"
+           "DataConnection_NewWiz1 DataConnection_NewWiz1; key 0 \"Options\" 0; key 1 \"Cancel\" "
+           "0; "
+           "opens 0 some; calls 1 DataConnection_NewWiz1 1slotGotoPrevious(); soft keys some\n"
            "focus Profile Name:*; ";
 }
 
