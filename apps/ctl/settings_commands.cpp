@@ -47,8 +47,9 @@ const char* adviceFor(Code code)
 {
     switch (code) {
     case Code::Ok:
-    case Code::Io:
         return "";
+    case Code::Io:
+        return "Look at the kernel's messages about the disk.";
     case Code::Name:
         return "A name has 1 to 255 bytes of UTF-8 without control characters.";
     case Code::Number:
@@ -63,8 +64,8 @@ const char* adviceFor(Code code)
     case Code::Root:
         return "Set VORN_ROOT to the absolute path of a folder.";
     case Code::Access:
-        return "Look at the owner and the permissions of the file, and whether it is mounted "
-               "read-only.";
+        return "Look at the owner and the permissions of the file and of the folders above it, and "
+               "whether it is mounted read-only.";
     case Code::Full:
         return "Make room on the disk, and try again.";
     }

@@ -302,6 +302,9 @@ TEST_F(NetworkConfig, ThatIsAFolderIsToldOnce)
     EXPECT_EQ(told([] { Receiver receiver; }),
               path() + ": expected a readable file, found a folder; using the defaults instead\n");
     EXPECT_EQ(told([] { Receiver receiver; }), "");
+    ASSERT_EQ(napihost::inspectNetworkConfiguration().size(), 1u);
+    EXPECT_EQ(napihost::inspectNetworkConfiguration()[0].remedy,
+              "put a file in its place that its owner may read, or remove it");
 }
 
 TEST_F(NetworkConfig, ThatIsAPipeHoldsNobodyUp)

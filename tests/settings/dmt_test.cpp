@@ -188,7 +188,7 @@ TEST_F(SettingsTree, NeedsAnObjectAsTheOutermostValue)
     testing::internal::CaptureStderr();
     EXPECT_EQ(obtain(tree), DMT_DAMAGED);
     EXPECT_EQ(testing::internal::GetCapturedStderr(),
-              settings() + ":2: expected an object, found an array\n");
+              settings() + ":2: expected an object, found an array; using no settings instead\n");
 }
 
 TEST_F(SettingsTree, ReadsANodeThoughAnotherIsUnusable)
@@ -346,7 +346,7 @@ TEST_P(UnusableNode, HasNoValueAndIsSaidOnce)
               settings() +
                   ":3: Node: expected an integer from -2147483648 to 2147483647, a text without "
                   "NUL or a truth value, found " +
-                  GetParam().said + '\n');
+                  GetParam().said + "; using no value instead\n");
     int value = 0;
     EXPECT_EQ(data.GetInt(value).GetCode(), DMT_OK);
     EXPECT_EQ(value, 5);

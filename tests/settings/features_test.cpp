@@ -46,7 +46,8 @@ INSTANTIATE_TEST_SUITE_P(
         Row{"Number", "{\n\"431\": 1}", 0,
             ":2: 431: expected true or false, found the number 1; using false instead\n"},
         Row{"AnotherWrongOne", "{\"431\": true, \"432\": 1}", 1, ""},
-        Row{"NoObject", "[431]", 0, ":1: expected an object, found an array\n"},
+        Row{"NoObject", "[431]", 0,
+            ":1: expected an object, found an array; using no features instead\n"},
         Row{"Broken", "{\n\n\"431\": yes}", 0, ":3: expected JSON, found "}),
     [](const auto& row) { return std::string(row.param.name); });
 

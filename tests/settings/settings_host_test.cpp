@@ -321,6 +321,24 @@ TEST(SettingsHostRoot, MustBeAnAbsolutePathOfAFolder)
     ::unsetenv("VORN_ROOT");
 }
 
+TEST_F(SettingsHost, TellsALoopOfLinksInTheFilesPlaceAsDamage)
+{
+    ASSERT_EQ(::symlink("settings.json", settings().c_str()), 0);
+    settingshost::Settings all;
+    EXPECT_EQ(settingshost::listSettings(&all).code, Code::Broken);
+}
+
+TEST_F(SettingsHost, TellsAnErrorOfTheDiskAsOne)
+{
+    // Reading a process's memory at its lowest address is an input or output error.
+    ASSERT_EQ(::symlink("/proc/self/mem", settings().c_str()), 0);
+    settingshost::Settings all;
+    const Result result = settingshost::listSettings(&all);
+    EXPECT_EQ(result.code, Code::Io);
+    EXPECT_EQ(result.message, settings() + ": expected a readable file, found one that cannot be "
+                                           "read (Input/output error)");
+}
+
 TEST_F(SettingsHost, LosesNothingOfTwoProcessesThatWriteAtOnce)
 {
     constexpr int kEach = 60;
@@ -390,16 +408,16 @@ TEST_F(SettingsHost, FindsEverythingThatIsWrongInTheOrderOfTheFiles)
     const std::string value = "expected an integer from -2147483648 to 2147483647, a text without "
                               "NUL or a truth value, found ";
     const std::vector<std::string> expected = {
-        "/etc/settings.json:2: a: " + value + "null",
+        "/etc/settings.json:2: a: " + value + "null; using no value instead",
         "/etc/settings.json:3: \"\": expected a name of 1 to 255 bytes without control characters, "
         "found the number 1",
         "/etc/settings.json:5: b: expected each key once, found the key again after line 4; using "
         "the last one instead",
-        "/etc/settings.json:5: b: " + value + "the number 4294967296",
+        "/etc/settings.json:5: b: " + value + "the number 4294967296; using no value instead",
         "/etc/features.json:2: 431: expected true or false, found the number 1; using false "
         "instead",
         "/etc/features.json:3: wifi: expected a feature number as the key, for instance \"431\", "
-        "found true"};
+        "found true; using the file without it instead"};
     EXPECT_EQ(found, expected);
 }
 

@@ -114,8 +114,11 @@ std::vector<napihost::Finding> napihost::inspectNetworkConfiguration()
         return findings;
     base::JsonDocument document = base::JsonDocument::read(path);
     network::readNetworkConfig(document);
+    const char* remedy =
+        document.state() == base::JsonDocument::State::Unreadable
+            ? "put a file in its place that its owner may read, or remove it"
+            : "correct the file; network-json.md in the documentation describes it";
     for (const base::JsonProblem& problem : document.problems())
-        findings.push_back({base::place(path, problem), base::sentence(problem),
-                            "correct the file; network-json.md in the documentation describes it"});
+        findings.push_back({base::place(path, problem), base::sentence(problem), remedy});
     return findings;
 }

@@ -172,10 +172,10 @@ DmtStatus DmtTreeFactory::GetTree(const DmtPrincipal& principal, DmtTreeHandle& 
     if (std::string(principal.GetName()) != "localhost")
         return DmtStatus(DMT_NOT_PERMITTED, "only localhost has access to the settings");
     std::vector<Leaf> leaves;
-    const settingshost::Result result = settingsfiles::readLeaves(&leaves);
+    const settingshost::Result result = settingsfiles::readLeaves(&leaves, "no settings");
     settingsfiles::sayOnce(settingshost::settingsFile(), result.message);
     if (!result.isOk())
-        return DmtStatus(result.code == settingshost::Code::Root ? DMT_NO_STORAGE : DMT_DAMAGED,
+        return DmtStatus(settingsfiles::checkRoot().isOk() ? DMT_DAMAGED : DMT_NO_STORAGE,
                          result.message.c_str());
     auto state = std::make_unique<DmtTree::Private>();
     for (const Leaf& leaf : leaves)

@@ -1,5 +1,4 @@
 // Changing the two files.
-#include <cerrno>
 #include <cstring>
 
 #include <nlohmann/json.hpp>
@@ -17,22 +16,7 @@ using base::JsonDocument;
 
 static Result failed(const std::string& path, int error)
 {
-    const std::string message = path + ": " + std::strerror(error);
-    switch (error) {
-    case EACCES:
-    case EPERM:
-    case EROFS:
-        return {Code::Access, message};
-    case ENOSPC:
-    case EDQUOT:
-        return {Code::Full, message};
-    case ENOTDIR:
-    case ENAMETOOLONG:
-    case ELOOP:
-        return {Code::Root, message};
-    default:
-        return {Code::Io, message};
-    }
+    return {settingsfiles::codeOf(error), path + ": " + std::strerror(error)};
 }
 
 // A file keeps its mode; a new one can be read by everybody.
@@ -54,7 +38,7 @@ static Result put(const std::string& path, const std::string& name, const nlohma
     if (const int error = locked.open(folder))
         return failed(folder, error);
     const JsonDocument document = JsonDocument::read(path, {});
-    if (Result result = settingsfiles::checkDocument(document); !result.isOk())
+    if (Result result = settingsfiles::checkDocument(document, {}); !result.isOk())
         return result;
     const std::string bytes = document.withMember(name, value.dump());
     if (bytes.size() > kLargest)

@@ -18,13 +18,34 @@ using settingshost::Code;
 using settingshost::Result;
 using settingshost::Setting;
 
-// "" when `path` is a folder or is not there.
-static std::string folderProblem(const std::string& path)
+Code codeOf(int error)
+{
+    switch (error) {
+    case EACCES:
+    case EPERM:
+    case EROFS:
+        return Code::Access;
+    case ENOSPC:
+    case EDQUOT:
+        return Code::Full;
+    case ENOTDIR:
+    case ENAMETOOLONG:
+    case ELOOP:
+        return Code::Root;
+    default:
+        return Code::Io;
+    }
+}
+
+// Ok when `path` is a folder or is not there.
+static Result checkFolder(const std::string& path)
 {
     struct stat status;
     if (stat(path.c_str(), &status) == 0)
-        return S_ISDIR(status.st_mode) ? "" : path + ": not a folder";
-    return errno == ENOENT ? "" : path + ": " + std::strerror(errno);
+        return S_ISDIR(status.st_mode) ? Result() : Result{Code::Root, path + ": not a folder"};
+    if (errno == ENOENT)
+        return {};
+    return {codeOf(errno), path + ": " + std::strerror(errno)};
 }
 
 Result checkRoot()
@@ -35,8 +56,8 @@ Result checkRoot()
     if (root.front() != '/')
         return {Code::Root, "VORN_ROOT is not an absolute path: " + root};
     for (const std::string& folder : {root, root + "/etc"})
-        if (std::string problem = folderProblem(folder); !problem.empty())
-            return {Code::Root, problem};
+        if (Result result = checkFolder(folder); !result.isOk())
+            return result;
     return {};
 }
 
@@ -47,12 +68,20 @@ static std::string complaint(const JsonDocument& document, const JsonValue& valu
                           {value.line(), value.key(), expected, value.description(), used});
 }
 
-Result checkDocument(const JsonDocument& document)
+// A file that is there and is not one to be read, a loop of symbolic links for instance, is damage.
+static Code codeOfUnreadable(int error)
+{
+    return error == 0 || codeOf(error) == Code::Root ? Code::Broken : codeOf(error);
+}
+
+Result checkDocument(const JsonDocument& document, const std::string& used)
 {
     switch (document.state()) {
     case JsonDocument::State::Missing:
         return {};
     case JsonDocument::State::Unreadable:
+        return {codeOfUnreadable(document.error()),
+                base::describe(document.path(), document.problems().back())};
     case JsonDocument::State::Broken:
         return {Code::Broken, base::describe(document.path(), document.problems().back())};
     case JsonDocument::State::Good:
@@ -61,15 +90,15 @@ Result checkDocument(const JsonDocument& document)
     const JsonValue root = document.root();
     if (root.kind() == JsonKind::Object)
         return {};
-    return {Code::Broken, complaint(document, root, "an object", {})};
+    return {Code::Broken, complaint(document, root, "an object", used)};
 }
 
-Result readLeaves(std::vector<Leaf>* leaves)
+Result readLeaves(std::vector<Leaf>* leaves, const std::string& used)
 {
     if (Result root = checkRoot(); !root.isOk())
         return root;
-    const JsonDocument document = JsonDocument::read(settingshost::settingsFile(), "no settings");
-    if (Result result = checkDocument(document); !result.isOk())
+    const JsonDocument document = JsonDocument::read(settingshost::settingsFile(), used);
+    if (Result result = checkDocument(document, used); !result.isOk())
         return result;
     for (const auto& [name, value] : document.root().members()) {
         Leaf leaf;
@@ -77,18 +106,19 @@ Result readLeaves(std::vector<Leaf>* leaves)
         if (std::optional<Setting> setting = settingOf(value))
             leaf.value = *setting;
         else
-            leaf.problem = complaint(document, value, kSettingExpected, {});
+            leaf.problem =
+                complaint(document, value, kSettingExpected, used.empty() ? "" : "no value");
         leaves->push_back(std::move(leaf));
     }
     return {};
 }
 
-Result readFeatures(std::map<int, FeatureLine>* lines)
+Result readFeatures(std::map<int, FeatureLine>* lines, const std::string& used)
 {
     if (Result root = checkRoot(); !root.isOk())
         return root;
-    const JsonDocument document = JsonDocument::read(settingshost::featuresFile(), "no features");
-    if (Result result = checkDocument(document); !result.isOk())
+    const JsonDocument document = JsonDocument::read(settingshost::featuresFile(), used);
+    if (Result result = checkDocument(document, used); !result.isOk())
         return result;
     for (const auto& [name, value] : document.root().members()) {
         const int number = featureNumber(name);

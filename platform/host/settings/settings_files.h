@@ -20,7 +20,10 @@ struct Leaf
     std::string problem; // file, line, what was expected and what was found
 };
 
-// Tells whether the folder of the files can be used: Ok or Root.
+// What the errno of a call on the root, its etc/ or a file there means.
+settingshost::Code codeOf(int error);
+
+// Tells whether the folder of the files can be used: Ok, Root, Access or Io.
 settingshost::Result checkRoot();
 
 // Whether a text can be a node's name, or a node's text.
@@ -36,11 +39,14 @@ extern const char kFeatureExpected[];
 std::optional<settingshost::Setting> settingOf(const base::JsonValue& value);
 std::optional<bool> featureOf(const base::JsonValue& value);
 
-// Ok, or Broken with the first problem as its message: the outermost value must be an object.
-settingshost::Result checkDocument(const base::JsonDocument& document);
+// Ok, or the first problem as its message: the outermost value must be an object. Broken, or what
+// the errno means of a file that cannot be read. `used` says what stands in the file's place.
+settingshost::Result checkDocument(const base::JsonDocument& document, const std::string& used);
 
-// Reads etc/settings.json: Ok, Broken or Root. A missing file has no leaves.
-settingshost::Result readLeaves(std::vector<Leaf>* leaves);
+// Reads etc/settings.json: Ok, Broken, Root, Access or Io. A missing file has no leaves. `used` is
+// what the messages say to stand in the place of a file that cannot be used; with "" they say
+// nothing of it.
+settingshost::Result readLeaves(std::vector<Leaf>* leaves, const std::string& used);
 
 // One member of etc/features.json; `isAvailable` is false where `problem` is not empty.
 struct FeatureLine
@@ -49,8 +55,8 @@ struct FeatureLine
     std::string problem;
 };
 
-// Reads etc/features.json, by number: Ok, Broken or Root. A missing file has no lines.
-settingshost::Result readFeatures(std::map<int, FeatureLine>* lines);
+// Reads etc/features.json, by number, as readLeaves() does.
+settingshost::Result readFeatures(std::map<int, FeatureLine>* lines, const std::string& used);
 
 // Says on standard error what is wrong with `subject` (a file, or one member of it), unless just
 // that was the last that was said of it. An empty message means that it is good.

@@ -26,7 +26,7 @@ Result getSetting(const std::string& name, Setting* setting)
     if (!settingsfiles::isNodeName(name))
         return {Code::Name, "a node name is 1 to 255 bytes of UTF-8 without control characters"};
     std::vector<settingsfiles::Leaf> leaves;
-    if (Result result = settingsfiles::readLeaves(&leaves); !result.isOk())
+    if (Result result = settingsfiles::readLeaves(&leaves, {}); !result.isOk())
         return result;
     for (const settingsfiles::Leaf& leaf : leaves) {
         if (leaf.name != name)
@@ -42,7 +42,7 @@ Result getSetting(const std::string& name, Setting* setting)
 Result listSettings(Settings* settings)
 {
     std::vector<settingsfiles::Leaf> leaves;
-    if (Result result = settingsfiles::readLeaves(&leaves); !result.isOk())
+    if (Result result = settingsfiles::readLeaves(&leaves, {}); !result.isOk())
         return result;
     settings->clear();
     for (const settingsfiles::Leaf& leaf : leaves)
@@ -54,7 +54,7 @@ Result listSettings(Settings* settings)
 Result listFeatures(Features* features)
 {
     std::map<int, settingsfiles::FeatureLine> lines;
-    if (Result result = settingsfiles::readFeatures(&lines); !result.isOk())
+    if (Result result = settingsfiles::readFeatures(&lines, {}); !result.isOk())
         return result;
     features->clear();
     for (const auto& [number, line] : lines)

@@ -29,7 +29,8 @@ enum class Code {
     NoNode = -4,
     // The node is there, but is neither an integer of 32 bits nor a text nor a truth value.
     Unusable = -5,
-    // The file is not JSON, its outermost value is no object, or it cannot be read.
+    // The file is not JSON, its outermost value is no object, it is no regular file, or it is larger
+    // than 4 MiB.
     Broken = -6,
     // The folder that stands for the phone's file system cannot be used: none is named, it is not
     // an absolute path, or it or its etc/ is no folder.
@@ -69,8 +70,8 @@ typedef std::vector<std::pair<int, bool>> Features;
 VORN_PLATFORM_API std::string settingsFile();
 VORN_PLATFORM_API std::string featuresFile();
 
-// Reads one node. Result: Ok, Name, NoNode, Unusable, Broken, Root. `*setting` changes only with
-// Ok.
+// Reads one node. Result: Ok, Name, NoNode, Unusable, Broken, Root, Access, Io. `*setting` changes
+// only with Ok.
 VORN_PLATFORM_API Result getSetting(const std::string& name, Setting* setting);
 
 // Sets one node, or makes it; a node may change its type. Result: Ok, Name, Value, Broken, Root,
@@ -78,7 +79,7 @@ VORN_PLATFORM_API Result getSetting(const std::string& name, Setting* setting);
 VORN_PLATFORM_API Result setSetting(const std::string& name, const Setting& setting);
 
 // All nodes of usable values, in the order of the file. A missing file has none. Result: Ok,
-// Broken, Root; `*settings` changes only with Ok.
+// Broken, Root, Access, Io; `*settings` changes only with Ok.
 VORN_PLATFORM_API Result listSettings(Settings* settings);
 
 // Sets whether the feature of this number is available. Result: Ok, Number, Broken, Root, Access,
@@ -86,7 +87,7 @@ VORN_PLATFORM_API Result listSettings(Settings* settings);
 VORN_PLATFORM_API Result setFeature(int number, bool isAvailable);
 
 // The features that the file names, by number; all others are not available. A missing file names
-// none. Result: Ok, Broken, Root; `*features` changes only with Ok.
+// none. Result: Ok, Broken, Root, Access, Io; `*features` changes only with Ok.
 VORN_PLATFORM_API Result listFeatures(Features* features);
 
 // What a feature number stands for, in English: "WiFi" for 431; "" for a number of no known

@@ -18,19 +18,23 @@ void checkSetting(const std::string& name, const JsonValue& value)
     if (!settingsfiles::isNodeName(name))
         value.reject("a name of 1 to 255 bytes without control characters", {});
     else if (!settingsfiles::settingOf(value))
-        value.reject(settingsfiles::kSettingExpected, {});
+        value.reject(settingsfiles::kSettingExpected, "no value");
 }
 
 void checkFeature(const std::string& name, const JsonValue& value)
 {
     if (settingsfiles::featureNumber(name) == 0)
-        value.reject("a feature number as the key, for instance \"431\"", {});
+        value.reject("a feature number as the key, for instance \"431\"", "the file without it");
     else if (!settingsfiles::featureOf(value))
         value.reject(settingsfiles::kFeatureExpected, "false");
 }
 
+const char kGivePermission[] = "give its owner the permission to read it";
+
 std::string remedyFor(const JsonDocument& document)
 {
+    if (settingsfiles::codeOf(document.error()) == Code::Access)
+        return kGivePermission;
     switch (document.state()) {
     case JsonDocument::State::Unreadable:
         return "put a readable file in its place, or remove it";
@@ -60,7 +64,11 @@ void inspect(const std::string& path, const char* used, Check check, std::vector
 std::vector<Finding> inspectSettings()
 {
     std::vector<Finding> findings;
-    if (const Result root = settingsfiles::checkRoot(); !root.isOk())
+    const Result root = settingsfiles::checkRoot();
+    if (root.code == Code::Access)
+        return {
+            {settingsFile(), root.message, "give the folder's owner the permission to enter it"}};
+    if (!root.isOk())
         return {{"VORN_ROOT", root.message, "set VORN_ROOT to the absolute path of a folder"}};
     inspect(settingsFile(), "no settings", checkSetting, &findings);
     inspect(featuresFile(), "no features", checkFeature, &findings);

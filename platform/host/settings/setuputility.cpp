@@ -10,7 +10,7 @@ int SETUP_Utility::isFeatureAvailable(int feature) const
 {
     std::map<int, settingsfiles::FeatureLine> lines;
     const std::string file = settingshost::featuresFile();
-    const settingshost::Result result = settingsfiles::readFeatures(&lines);
+    const settingshost::Result result = settingsfiles::readFeatures(&lines, "no features");
     settingsfiles::sayOnce(file, result.message);
     if (!result.isOk())
         return 0;
