@@ -5,6 +5,7 @@
 
 #include "common/gui_test.h"
 #include "common/interposed.h"
+#include "common/shows_ids.h"
 #include "yprofileselectdlg.h"
 
 using interposed::Call;
@@ -153,6 +154,14 @@ TEST_F(DialogParts, AreMadeInTheirOrderWithTheToolkitsValues)
                "row 0 sub-item 1 \"Work\" no no picture", "row 0 inserted -1 yes",
                "row 1 made in its list \"%R%M240\"", "row 1 sub-item 1 \"Home\" no no picture",
                "row 1 inserted -1 yes", "row 1 checked yes"}));
+}
+
+TEST_F(DialogParts, AreLookedUpByTheirIds)
+{
+    const ShowsIds translator;
+    QStringList names;
+    EXPECT_EQ(callsOf([&] { const YProfileSelectDlg dialog(names, "Home", nullptr, nullptr); })[1],
+              "title \"HEADER_SELECT_CONNECTION=Select Connection\"");
 }
 
 TEST_F(DialogParts, EndAtTheListBoxWithoutNames)

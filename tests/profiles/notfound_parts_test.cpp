@@ -12,6 +12,7 @@
 
 #include "common/gui_test.h"
 #include "common/interposed.h"
+#include "common/shows_ids.h"
 
 using interposed::Call;
 using interposed::callsOf;
@@ -182,6 +183,22 @@ TEST_F(NotFoundParts, AreMadeInTheirOrderWithTheToolkitsValues)
                "sub-item 1 \"Choose Connection\" \"\" no picture 50 2", "reserved 770",
                "inserted -1 yes", "check 0 yes", "exec", "dialog deleted"}),
         calls);
+}
+
+TEST_F(NotFoundParts, AreLookedUpByTheirIds)
+{
+    const ShowsIds translator;
+    EXPECT_EQ(1, ask());
+    EXPECT_EQ(
+        "dialog \"HEADER_DATA_CONNECTION=Data Connection\" "
+        "\"INSTRUCTIONALTXT_INTERNET_CONNECTION_NOT_FOUND=Internet connection not found.\" no "
+        "parent none modal 0 0",
+        calls[0]);
+    EXPECT_EQ("sub-item 1 \"LIST_A_CREATE_NEW_CONNECTION=Create New Connection\" \"\" no picture "
+              "50 2",
+              calls[5]);
+    EXPECT_EQ("sub-item 1 \"LIST_A_CHOOSE_CONNECTION=Choose Connection\" \"\" no picture 50 2",
+              calls[9]);
 }
 
 TEST_F(NotFoundParts, WithoutAListBoxGiveMinusOneAndShowNothing)

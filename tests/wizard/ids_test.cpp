@@ -1,33 +1,18 @@
-// Which text of the phone stands where: a translator that answers with the resource id shows it on
-// the screen.
+// Which of the phone's texts stands where in the wizard.
 
 #include <functional>
-
-#include <QCoreApplication>
-#include <QTranslator>
 
 #include <profilefunctions.h>
 #include <ykbmainwidget.h>
 #include <ylineedit.h>
 
 #include "common/interposed.h"
+#include "common/shows_ids.h"
 #include "wizard/record_bytes.h"
 #include "wizard/toolkit_calls.h"
 #include "wizard/wizard_fixture.h"
 
 namespace {
-
-// "RID=default", with the start that all ids have left out.
-class ShowsIds : public QTranslator
-{
-public:
-    QString translate(const char*, const char* id, const char* text, int) const override
-    {
-        const QString whole = QString::fromUtf8(id);
-        return whole.mid(whole.indexOf("_RID_") + 5) + '=' + QString::fromUtf8(text);
-    }
-    bool isEmpty() const override { return false; }
-};
 
 // What was shown, in the order of the calls; what the pages connect, enable and fill is left out.
 std::string idsOf(const std::vector<std::string>& calls)
@@ -49,14 +34,8 @@ std::string idsOf(const std::vector<std::string>& calls)
 class Ids : public Wizard
 {
 protected:
-    void SetUp() override
-    {
-        Wizard::SetUp();
-        QCoreApplication::installTranslator(&translator);
-    }
     void TearDown() override
     {
-        QCoreApplication::removeTranslator(&translator);
         toolkitcalls::answersPopups = false;
         Wizard::TearDown();
     }
@@ -101,7 +80,7 @@ protected:
         };
     }
 
-    ShowsIds translator;
+    const ShowsIds translator;
 };
 
 const char* const nameLabel = "LABEL_FORMITEM_PROFILE_NAME_COLON_ASTERISK=Profile Name:*";
