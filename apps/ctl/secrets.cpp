@@ -65,6 +65,14 @@ private:
 
 SilentTerminal* SilentTerminal::s_active = nullptr;
 
+// A file and a line that come from another system end in a carriage return, too.
+std::string withoutReturn(std::string line)
+{
+    if (!line.empty() && line.back() == '\r')
+        line.pop_back();
+    return line;
+}
+
 // One line, byte by byte: what follows it belongs to the next reader of the standard input.
 std::string readLine()
 {
@@ -80,7 +88,7 @@ std::string readLine()
             throw Failure(Exit::Password, "the standard input ended before a password came.",
                           "Give one line for each password, or use --password-file.");
         if (count == 0 || byte == '\n')
-            return line;
+            return withoutReturn(line);
         if (line.size() == longestLine)
             throw Failure(Exit::Password, "the line with the password does not end.");
         line += byte;
@@ -102,9 +110,7 @@ std::string fromFile(const std::string& path)
     std::string text = readFile(path, longestLine, Exit::Password);
     if (!text.empty() && text.back() == '\n')
         text.pop_back();
-    if (!text.empty() && text.back() == '\r')
-        text.pop_back();
-    return text;
+    return withoutReturn(text);
 }
 
 void take(const char* name, bool ask, const std::string& file, NetworkProfile& record)

@@ -135,11 +135,18 @@ void printEntries(const Request& request, const Json& list, const Table& table, 
         note(ifEmpty);
 }
 
+// An integer in its form, of whatever size.
+bool looksLikeInteger(const std::string& text)
+{
+    const std::size_t digits = text.compare(0, 1, "-") == 0 ? 1 : 0;
+    return text.size() > digits &&
+           text.find_first_not_of("0123456789", digits) == std::string::npos;
+}
+
 // A whole decimal number of 32 bits.
 bool integerOf(const std::string& text, int* value)
 {
-    const std::size_t digits = text.find_first_not_of('-');
-    if (digits > 1 || text.find_first_not_of("0123456789", digits) != std::string::npos)
+    if (!looksLikeInteger(text))
         return false;
     errno = 0;
     const long long number = std::strtoll(text.c_str(), nullptr, 10);
@@ -147,21 +154,23 @@ bool integerOf(const std::string& text, int* value)
     return errno == 0 && number >= INT_MIN && number <= INT_MAX;
 }
 
-// The type that was asked for, else the one that the setting has, else what the value looks like.
+// The type that was asked for, else the one that it is read as, else the one that the setting has,
+// else what the value looks like.
 Setting::Type typeFor(const Request& request)
 {
     for (const Setting::Type type :
          {Setting::Type::Integer, Setting::Type::Text, Setting::Type::Truth})
         if (request.type == typeName(type))
             return type;
+    if (settingshost::isReadAsInteger(request.name))
+        return Setting::Type::Integer;
     Setting stored;
     const Result result = settingshost::getSetting(request.name, &stored);
     if (result.isOk())
         return stored.type;
-    int ignored;
     if (request.value == "true" || request.value == "false")
         return Setting::Type::Truth;
-    return integerOf(request.value, &ignored) ? Setting::Type::Integer : Setting::Type::Text;
+    return looksLikeInteger(request.value) ? Setting::Type::Integer : Setting::Type::Text;
 }
 
 Setting settingFor(const Request& request)
@@ -176,7 +185,9 @@ Setting settingFor(const Request& request)
         throw Failure(Exit::Usage,
                       shown + " does not fit; " + inQuotes(request.name) +
                           " takes an integer from -2147483648 to 2147483647.",
-                      "--type gives the setting another type.");
+                      settingshost::isReadAsInteger(request.name)
+                          ? "Programs read this setting as an integer; --type stores another type."
+                          : "--type text stores it as a text.");
     if (setting.type == Setting::Type::Truth && !setting.truth && request.value != "false")
         throw Failure(Exit::Usage,
                       shown + " does not fit; " + inQuotes(request.name) + " takes true or false.",

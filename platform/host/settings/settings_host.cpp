@@ -21,6 +21,11 @@ std::string featuresFile()
     return below("features.json");
 }
 
+bool isReadAsInteger(const std::string& name)
+{
+    return name == "DefConnPrefer";
+}
+
 Result getSetting(const std::string& name, Setting* setting)
 {
     if (!settingsfiles::isNodeName(name))

@@ -70,6 +70,9 @@ typedef std::vector<std::pair<int, bool>> Features;
 VORN_PLATFORM_API std::string settingsFile();
 VORN_PLATFORM_API std::string featuresFile();
 
+// True for the nodes that the library for the phone reads as integers.
+VORN_PLATFORM_API bool isReadAsInteger(const std::string& name);
+
 // Reads one node. Result: Ok, Name, NoNode, Unusable, Broken, Root, Access, Io. `*setting` changes
 // only with Ok.
 VORN_PLATFORM_API Result getSetting(const std::string& name, Setting* setting);
