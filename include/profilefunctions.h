@@ -46,9 +46,11 @@ VORNQTNAPI_EXPORT void getDefaultProfileName(QString& name);
 // one; the inner one has to end first.
 //
 // Result: 0 when a profile was stored, 1 when the user has cancelled, 2 when the wizard was closed
-// in any other way: the network API has refused the profile (the user is told when memory was
-// full), the screen was closed, the application has quit, or it has run out of memory itself.
-// Failures are written to the application log. No exception leaves these functions.
+// in any other way: the network API has refused the profile, a profile's folder could not take its
+// new name (a name with a '/', for instance, can name no folder), the screen was closed or the
+// application has quit, the page was deleted, or memory has run out. Of a refusal the user is told
+// only when it is the network API's -152 (memory full); otherwise the wizard just closes, and the
+// reason is in the application log. No exception leaves these functions.
 
 // Creates a profile. What `name` holds is not looked at; with result 0 it is the name under which
 // the new profile is stored, otherwise it keeps its value.
@@ -64,8 +66,9 @@ VORNQTNAPI_EXPORT int createProfilebyUser(QString& name);
 VORNQTNAPI_EXPORT int copyProfilebyUser(QString& name);
 
 // Changes the profile `name` or its name. `name` keeps its value, even when the user has given the
-// profile another name. The result is 0 as well when `name` is no stored, usable profile; nothing
-// is shown then.
+// profile another name. The wizard's row for the name takes 20 QChars: a profile with a longer name
+// is shown, and with any change stored, under the first 20. The result is 0 as well when `name` is
+// no stored, usable profile; nothing is shown then.
 VORNQTNAPI_EXPORT int editProfilebyUser(QString& name);
 
 // For an application that has found no connection: tells the user, who may create a profile with

@@ -21,9 +21,6 @@ using support::logPrint;
 using wizard::Choice;
 using wizard::Text;
 
-// A value that the toolkit gives a meaning to.
-static const int formMorphMode = 3;
-
 DataConnection_NewWiz1::DataConnection_NewWiz1(const QString& name, bool creating, QWidget* parent,
                                                const char* objectName, unsigned int flags)
     : YKbMainWidget(parent, objectName, flags),
@@ -40,7 +37,7 @@ DataConnection_NewWiz1::DataConnection_NewWiz1(const QString& name, bool creatin
       currentPreference(wizard::WifiThenCellular),
       defaultPreference(wizard::WifiThenCellular)
 {
-    setMorphMode(formMorphMode);
+    setMorphMode(wizard::formMorphMode);
     const SETUP_Utility features;
     hasWifi = features.isFeatureAvailable(SETUP_FEATURE_WIFI) != 0;
 

@@ -16,9 +16,6 @@
 using wizard::Choice;
 using wizard::Text;
 
-// A value that the toolkit gives a meaning to.
-static const int formMorphMode = 3;
-
 static const int automaticSpeed = 0;
 
 DataConnection_NewWiz2::DataConnection_NewWiz2(DataConnection_NewWiz1* firstPage, QWidget* parent,
@@ -29,7 +26,7 @@ DataConnection_NewWiz2::DataConnection_NewWiz2(DataConnection_NewWiz1* firstPage
       softKeys(nullptr),
       saved(false)
 {
-    setMorphMode(formMorphMode);
+    setMorphMode(wizard::formMorphMode);
     setMainWidgetTitle(tr("TXT_RID_HEADER_ADDITIONAL_SETTINGS", "Additional Settings"));
     form = wizard::addForm(this);
     for (const wizard::Row& row : wizard::page2Rows)

@@ -54,6 +54,7 @@ const Message wifiOnly = {
     "TXT_RID_COMBOBOX_WIFI_ONLY", "WiFi Only",
     "TXT_RID_INSTRUCTIONALTXT_YOUR_CONNECTION_PREFERENCE_IS_WIFI_ONLYNO_GPRS_OR_CSD_CONNECTION_IS_USED_FOR_THIS_PROFILE",
     "Your connection preference is WiFi only.No GPRS or CSD connection is used for this profile."};
+// A notice has no title; an empty one is not looked up.
 const Message stored = {
     nullptr, "",
     "FMT_RID_INSTRUCTIONALTXT_YOU_HAVE_SUCCESSFULLY_SAVED_THE_PROFILE_NAMED",

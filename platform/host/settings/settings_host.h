@@ -29,8 +29,8 @@ enum class Code {
     NoNode = -4,
     // The node is there, but is neither an integer of 32 bits nor a text nor a truth value.
     Unusable = -5,
-    // The file is not JSON, its outermost value is no object, it is no regular file, or it is larger
-    // than 4 MiB.
+    // The file is not JSON, its outermost value is no object, it is no regular file, or it is
+    // larger than 4 MiB.
     Broken = -6,
     // The folder that stands for the phone's file system cannot be used: none is named, it is not
     // an absolute path, or it or its etc/ is no folder.
