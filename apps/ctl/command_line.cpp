@@ -124,6 +124,9 @@ void addFlag(CLI::App& app, Flag flag, Request& request)
     case Flag::ShowSecrets:
         app.add_flag("--show-secrets", request.showSecrets, "Show passwords");
         break;
+    case Flag::SecretsInJson:
+        app.add_flag("--show-secrets", request.showSecrets, "Put passwords into the JSON");
+        break;
     case Flag::Passwords:
         addPasswords(app, request);
         break;
@@ -173,6 +176,12 @@ void addCommand(CLI::App& app, const Command& command, Request& request, const C
         addWord(app, word, request);
     for (const Flag flag : command.flags)
         addFlag(app, flag, request);
+    for (const Flag flag : command.flags) {
+        if (flag == Flag::SecretsInJson)
+            app.get_option("--show-secrets")->needs(app.get_option("--json"));
+        if (flag == Flag::RawExport)
+            app.get_option("--raw")->excludes(app.get_option("--json"));
+    }
     app.callback([&command, &chosen] { chosen = &command; });
 }
 

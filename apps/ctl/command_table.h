@@ -24,6 +24,7 @@ enum class Word {
 enum class Flag {
     Json,
     ShowSecrets,
+    SecretsInJson, // of a command that shows no password to people
     Passwords,
     OnlyNames,
     All,

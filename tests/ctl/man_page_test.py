@@ -18,6 +18,11 @@ def commands_of(text):
     return re.findall(r"^  (\w+)  ", section[1].split("\n\n")[0], re.MULTILINE) if len(section) > 1 else []
 
 
+def options_of_help(leaf):
+    found = re.findall(r"^  (?:-\w,)?--([a-z-]+)(?: ([A-Z]+)(?= |$))?", help_of(*leaf), re.MULTILINE)
+    return {option: value.lower() for option, value in found if option != "help"}
+
+
 class ManPage(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
@@ -42,12 +47,33 @@ class ManPage(unittest.TestCase):
         named = re.findall(r"^\.Cm ([a-z ]+)$", self.synopsis(), re.MULTILINE)
         self.assertEqual(named, [" ".join(leaf) for leaf in self.leaves()])
 
-    def test_it_names_every_option(self):
+    def test_its_synopsis_has_the_options_of_each_command(self):
         for leaf in self.leaves():
-            for option in re.findall(r"^  (?:-\w,)?--([a-z-]+)", help_of(*leaf), re.MULTILINE):
-                if option != "help":
-                    with self.subTest(command=" ".join(leaf), option=option):
-                        self.assertTrue(f"Fl -{option}" in self.source)
+            with self.subTest(command=" ".join(leaf)):
+                self.assertEqual(self.options_of_synopsis(leaf), options_of_help(leaf))
+                self.assertEqual(
+                    "Fl -json Op Fl -show-secrets" in self.part_of_synopsis(leaf),
+                    "--show-secrets Needs: --json" in help_of(*leaf),
+                )
+
+    def test_the_completion_offers_the_options_of_each_command(self):
+        for leaf in self.leaves():
+            with self.subTest(command=" ".join(leaf)):
+                done = subprocess.run([VORNCTL, "--complete", *leaf, "-"], capture_output=True, text=True, check=True)
+                self.assertEqual(set(done.stdout.split()) - {"--help"}, {f"--{o}" for o in options_of_help(leaf)})
+
+    def part_of_synopsis(self, leaf):
+        words = " ".join(leaf)
+        return re.search(rf"^\.Cm {words}\n((?:\.(?!Nm).*\n)*)", self.synopsis(), re.MULTILINE).group(1)
+
+    def options_of_synopsis(self, leaf):
+        """The options of a command with the names of their values, "" for none."""
+        part = self.part_of_synopsis(leaf)
+        options = re.findall(r"Fl -([a-z-]+)(?: Ar (\w+))?", part)
+        if "Ar password-option" in part:
+            names = self.source.split(".Ss Passwords")[1].split("Fl -show-secrets")[0]
+            options += re.findall(r"Fl -((?:csd-)?password(?:-file)?)(?: Ar (\w+))?", names)
+        return dict(options)
 
     def test_it_names_every_field(self):
         fields = help_of("profile", "set").split("Fields:\n")[1]
