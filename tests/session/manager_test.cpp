@@ -93,6 +93,20 @@ TEST_F(Manager, ListensForMessagesAndForTheEndOnceEach)
     EXPECT_EQ(1, counting.listeners(SIGNAL(connectionClosed())));
 }
 
+TEST_F(Manager, ListensForMessagesBeforeItListensForTheEnd)
+{
+    struct Noting : YDataSessionManager
+    {
+        void connectNotify(const QMetaMethod& signal) override
+        {
+            order += signal.methodSignature().toStdString() + " ";
+        }
+        std::string order;
+    } noting;
+    ASSERT_GE(noting.init(false), 0);
+    EXPECT_EQ("readyRead() connectionClosed() ", noting.order);
+}
+
 TEST_F(Manager, RefusesASecondInitWithoutACallOrAConnection)
 {
     initialise();

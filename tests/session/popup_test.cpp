@@ -261,6 +261,36 @@ TEST_F(Popup, GoesWithTheManagerThenTheNetworkApiThenTheSocket)
     EXPECT_EQ(-1, ::fcntl(descriptor, F_GETFD));
 }
 
+TEST_F(Popup, GoesWithAManagerThatAReceiverDeletes)
+{
+    const struct
+    {
+        const char* name;
+        NapiIndication message;
+        const char* signal;
+    } rows[] = {
+        {"link is up", indication(NAPI_IND_CONNECTED, 5), "connected(5)"},
+        {"link failed", indication(NAPI_IND_OPEN_FAILED, 5), "openFailed(5,41394,772)"},
+        {"other link is up", indication(NAPI_IND_CONNECTED, 6), "connected(6)"},
+        {"other link failed", indication(NAPI_IND_OPEN_FAILED, 4), "openFailed(4,41394,772)"},
+        {"other link broke", indication(NAPI_IND_BROKEN, 7), "broken(7)"},
+        {"default link is up", indication(NAPI_IND_DEFAULT_LINK, 0), "connected(0)"},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        open();
+        log->inside = [this] { manager.reset(); };
+        const NapiIndication messages[] = {row.message, indication(NAPI_IND_CONNECTED, 8)};
+        napi.sendBytes(messages, sizeof messages);
+        pass();
+        EXPECT_EQ(row.signal, log->take());
+        EXPECT_EQ("Fini()", napi.take());
+        EXPECT_EQ(0, popupCount());
+        TearDown();
+        SetUp();
+    }
+}
+
 TEST_F(Popup, IsForgottenByOpenLinkNoDialogAndStaysOnTheScreen)
 {
     open();

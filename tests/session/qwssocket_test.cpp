@@ -14,9 +14,25 @@
 
 #include <gtest/gtest.h>
 
+#include "common/interposed.h"
+
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QEventLoop>
+
+namespace {
+
+int recvCalls = 0;
+
+} // namespace
+
+// Stands before the C library's own, and counts.
+extern "C" __attribute__((visibility("default"))) ssize_t recv(int descriptor, void* bytes,
+                                                               size_t count, int flags)
+{
+    ++recvCalls;
+    return nextOf<decltype(&::recv)>("recv")(descriptor, bytes, count, flags);
+}
 
 namespace {
 
@@ -133,6 +149,24 @@ TEST_F(QwsSocket, SignalsOnceForWhatWaitsTogether)
     pass();
     EXPECT_EQ("ready ", listener->log);
     EXPECT_EQ(336u, socket->size());
+}
+
+TEST_F(QwsSocket, TakesHoweverManyMessagesWaitWithOneSystemCall)
+{
+    listener->inside = [this] { read(64 * 1024); };
+    for (int messages : {1, 2, 36, 37, 64, 200}) {
+        for (int i = 0; i < messages; ++i)
+            send(112);
+        recvCalls = 0;
+        listener->log.clear();
+        pass();
+        EXPECT_EQ(1, recvCalls) << messages;
+        EXPECT_EQ("ready ", listener->log) << messages;
+        EXPECT_EQ(0u, socket->size()) << messages;
+    }
+    recvCalls = 0;
+    pass();
+    EXPECT_EQ(0, recvCalls) << "without anything that waits";
 }
 
 TEST_F(QwsSocket, GivesTheBytesInTheirOrder)
