@@ -160,6 +160,16 @@ TEST_F(LinkOpen, NamesWhatIsWrongWithTheProfile)
     EXPECT_EQ(NAPI_OpenLink("Home"), 0) << "no id is lost";
 }
 
+TEST_F(LinkOpen, TellsOfARootOnWhichNoStoreCanStand)
+{
+    useScenarios();
+    Receiver receiver;
+    setenv("VORN_ROOT", "some/folder", 1);
+    EXPECT_EQ(NAPI_OpenLink("Home"), NAPI_ERR_ROOT);
+    setenv("VORN_ROOT", root().c_str(), 1);
+    EXPECT_EQ(NAPI_OpenLink("Home"), 0) << "no id is lost";
+}
+
 TEST_F(LinkOpen, WaitsForAnswersWithoutADevice)
 {
     useScenarios();

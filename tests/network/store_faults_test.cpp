@@ -3,6 +3,7 @@
 #include <cerrno>
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include "network/store_faults.h"
 #include "network/store_world.h"
@@ -210,6 +211,29 @@ TEST_P(StoreReadFaults, FailingCallIsReportedAndTheArgumentsStayAsTheyWere)
         ++failures;
     }
     EXPECT_GE(failures, 4);
+}
+
+TEST_P(StoreReadFaults, FailingCallRefusesTheOpeningOfALink)
+{
+    world.reset({{"A", 1}});
+    const int socket = NAPI_Init(0);
+    ASSERT_GE(socket, 0);
+    int failures = 0;
+    for (size_t at = 0;; ++at) {
+        faults::begin({Fault::Fail, at, GetParam().error});
+        int result = NAPI_OpenLink("A");
+        bool failed = faults::end().size() > at;
+        if (result >= 0) {
+            EXPECT_EQ(NAPI_CloseLink(result), NAPI_OK);
+        }
+        if (!failed)
+            break;
+        EXPECT_EQ(result, GetParam().result) << at;
+        ++failures;
+    }
+    EXPECT_GE(failures, 4);
+    EXPECT_EQ(NAPI_Fini(), NAPI_OK);
+    close(socket);
 }
 
 TEST_P(StoreReadFaults, FailingListLeavesTheCountAsItWas)

@@ -110,11 +110,15 @@ TEST(Root, DefaultsToTheUsersDataFolder)
     StoreWorld world;
     EXPECT_EQ(inChild([] {
                   unsetenv("VORN_ROOT");
+                  unsetenv("XDG_DATA_HOME");
                   setenv("HOME", "/home/of/me", 1);
+                  EXPECT_EQ(napihost::rootFolder(), "/home/of/me/.local/share/vorn");
+                  setenv("VORN_ROOT", "", 1);
                   setenv("XDG_DATA_HOME", "", 1);
-                  bool isHome = napihost::rootFolder() == "/home/of/me/.local/share/vorn";
+                  EXPECT_EQ(napihost::rootFolder(), "/home/of/me/.local/share/vorn");
                   setenv("XDG_DATA_HOME", "/data/of/me", 1);
-                  return isHome && napihost::rootFolder() == "/data/of/me/vorn" ? 0 : 1;
+                  EXPECT_EQ(napihost::rootFolder(), "/data/of/me/vorn");
+                  return testing::Test::HasFailure() ? 1 : 0;
               }),
               0);
 }
