@@ -215,26 +215,29 @@ void useOwnWords(CLI::App& app)
 }
 
 // An unknown command gets its own message; everything else about the line is the parser's to say.
-void checkCommandWords(const CLI::App& app, int argc, char** argv)
+void checkCommandWords(const CLI::App& app, const std::vector<std::string>& words)
 {
     const CLI::App* at = &app;
-    for (int i = 1; i < argc && argv[i][0] != '-'; ++i) {
+    for (const std::string& word : words) {
+        if (word.compare(0, 1, "-") == 0)
+            return;
         const auto children = at->get_subcommands([](const CLI::App*) { return true; });
         if (children.empty())
             return;
         std::vector<std::string> names;
         for (const CLI::App* child : children)
             names.push_back(child->get_name());
-        if (std::find(names.begin(), names.end(), argv[i]) == names.end()) {
+        if (std::find(names.begin(), names.end(), word) == names.end()) {
+            names.emplace_back("help");
             const std::string before = at == &app ? "" : " of \"" + at->get_name() + '"';
-            std::string advice = suggestion(argv[i], names);
+            std::string advice = suggestion(word, names);
             if (advice.empty())
                 advice = "\"vornctl " + (at == &app ? "" : at->get_name() + ' ') +
                          "--help\" lists the commands.";
-            throw Failure(Exit::Usage, "there is no command " + inQuotes(argv[i]) + before + '.',
+            throw Failure(Exit::Usage, "there is no command " + inQuotes(word) + before + '.',
                           advice);
         }
-        at = at->get_subcommand(argv[i]);
+        at = at->get_subcommand(word);
     }
 }
 
@@ -271,22 +274,82 @@ std::string commandList(const CLI::App& app)
     return text;
 }
 
+std::vector<std::string> optionNames(const CLI::App& app)
+{
+    std::vector<std::string> names;
+    for (const CLI::Option* option : app.get_options())
+        for (const std::string& name : option->get_lnames())
+            names.push_back("--" + name);
+    return names;
+}
+
+bool hasOption(const CLI::App& app, const std::string& option)
+{
+    const std::vector<std::string> names = optionNames(app);
+    return std::find(names.begin(), names.end(), option) != names.end();
+}
+
+bool isOptionBelow(const CLI::App& app, const std::string& option)
+{
+    for (const CLI::App* child : app.get_subcommands([](const CLI::App*) { return true; }))
+        if (hasOption(*child, option) || isOptionBelow(*child, option))
+            return true;
+    return false;
+}
+
+// An option that nothing took: it is misspelt, or stands before the command that takes it.
+Failure optionFailure(const Reached& reached, const std::string& option)
+{
+    const std::string more = '"' + reached.words + " --help\" and \"man vornctl\" tell more.";
+    if (hasOption(*reached.app, option))
+        return Failure(Exit::Usage,
+                       "the option " + inQuotes(option) + " stands before its command.",
+                       "Put it behind: \"" + reached.words + " " + option + "\".");
+    const std::string closest = suggestion(option, optionNames(*reached.app));
+    if (closest.empty() && isOptionBelow(*reached.app, option))
+        return Failure(Exit::Usage,
+                       "the option " + inQuotes(option) + " stands behind a command only.",
+                       '"' + reached.words + "\" lists the commands.");
+    return Failure(Exit::Usage, '"' + reached.words + "\" has no option " + inQuotes(option) + '.',
+                   closest.empty() ? more : closest + ' ' + more);
+}
+
+// Of an option with a value, which may be a secret, only the option is told.
+const std::string* firstOption(const std::vector<std::string>& words)
+{
+    for (const std::string& word : words)
+        if (word.size() > 1 && word[0] == '-')
+            return &word;
+    return nullptr;
+}
+
 Failure parseFailure(const CLI::App& app, const CLI::ParseError& error)
 {
     const Reached reached = reachedCommand(app);
     const std::vector<std::string> unknown = app.remaining(true);
-    std::string what = printable(error.what());
-    const bool lacksCommand = what == "A subcommand is required";
-    // An unknown option in the command's place is what the person has to hear about.
-    if (lacksCommand && !unknown.empty())
-        what = "there is no option " + inQuotes(unknown.front()) + " here";
-    else if (lacksCommand)
+    const std::string more = "--help\" and \"man vornctl\" tell more.";
+    // What nothing took is what the person has to hear about first.
+    if (const std::string* option = firstOption(unknown))
+        return optionFailure(reached, option->substr(0, option->find('=')));
+    if (std::strcmp(error.what(), "A subcommand is required") == 0)
         return Failure(Exit::Usage,
                        "a command is missing; \"" + reached.words + "\" has these commands:",
-                       commandList(*reached.app) + '"' + reached.words +
-                           " COMMAND --help\" and \"man vornctl\" tell more.");
-    return Failure(Exit::Usage, what + '.',
-                   '"' + reached.words + " --help\" and \"man vornctl\" tell more.");
+                       commandList(*reached.app) + '"' + reached.words + " COMMAND " + more);
+    if (!unknown.empty())
+        return Failure(Exit::Usage, inQuotes(unknown.front()) + " is one word too many.",
+                       '"' + reached.words + ' ' + more);
+    return Failure(Exit::Usage, printable(error.what()) + '.', '"' + reached.words + ' ' + more);
+}
+
+// "help profile set" asks what "profile set --help" does.
+std::vector<std::string> wordsOf(int argc, char** argv)
+{
+    std::vector<std::string> words(argv + 1, argv + argc);
+    if (!words.empty() && words[0] == "help") {
+        words.erase(words.begin());
+        words.emplace_back("--help");
+    }
+    return words;
 }
 
 int complete(const CLI::App& app, int argc, char** argv)
@@ -313,9 +376,11 @@ int runCommandLine(int argc, char** argv)
     addCommands(app, request, chosen);
     if (argc >= 3 && std::strcmp(argv[1], "--complete") == 0)
         return complete(app, argc, argv);
-    checkCommandWords(app, argc, argv);
+    std::vector<std::string> words = wordsOf(argc, argv);
+    checkCommandWords(app, words);
+    std::reverse(words.begin(), words.end()); // as the parser takes them
     try {
-        app.parse(argc, argv);
+        app.parse(std::move(words));
     } catch (const CLI::CallForHelp&) {
         print(app.help());
         return 0;

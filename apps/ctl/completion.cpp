@@ -114,6 +114,10 @@ bool takesMany(Word word)
 
 std::vector<std::string> candidates(const CLI::App& app, const std::vector<std::string>& words)
 {
+    if (words.size() > 1 && words[0] == "help") {
+        const CLI::App* at = words.size() > 2 ? childOf(app, words[1]) : &app;
+        return at && words.size() <= 3 ? childNames(*at) : std::vector<std::string>{};
+    }
     const CLI::App* at = &app;
     const std::string& current = words.back();
     const CLI::Option* pending = nullptr; // an option that waits for its value
@@ -139,6 +143,11 @@ std::vector<std::string> candidates(const CLI::App& app, const std::vector<std::
     if (!onlyWords && !current.empty() && current[0] == '-')
         return optionNames(*at);
     const Command* command = commandOf(*at);
+    if (at == &app) {
+        std::vector<std::string> names = childNames(app);
+        names.emplace_back("help");
+        return names;
+    }
     if (!command || at->get_parent() == nullptr)
         return childNames(*at);
     if (command->words.empty())

@@ -1,4 +1,5 @@
 // "doctor": everything below the root that is damaged, and what a person can do about it.
+#include <filesystem>
 #include <set>
 
 #include "failure.h"
@@ -85,6 +86,10 @@ std::vector<Finding> findAll()
 
 int doctor(const Request& request)
 {
+    std::error_code ignored;
+    const std::string root = napihost::rootFolder();
+    const bool isMissing =
+        std::filesystem::status(root, ignored).type() == std::filesystem::file_type::not_found;
     const std::vector<Finding> findings = findAll();
     Json list = Json::array();
     std::string text;
@@ -97,9 +102,11 @@ int doctor(const Request& request)
     if (request.json)
         printJson(list);
     else
-        print(findings.empty()
-                  ? "Nothing is wrong below " + inQuotes(napihost::rootFolder()) + ".\n"
-                  : text);
+        print(!findings.empty() ? text
+              : isMissing       ? "There is no folder " + inQuotes(root) +
+                                " yet, so nothing is stored.\n  The first thing that is stored "
+                                "makes it; VORN_ROOT names another.\n"
+                          : "Nothing is wrong below " + inQuotes(root) + ".\n");
     return static_cast<int>(findings.empty() ? Exit::Done : Exit::Found);
 }
 

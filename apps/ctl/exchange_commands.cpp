@@ -236,7 +236,7 @@ void storeAll(std::vector<Named>& profiles, const std::vector<bool>& stored)
             if (stored[i])
                 replaceStored(profiles[i]);
             else
-                createProfile(profiles[i].name, profiles[i].record);
+                createProfile("create the profile", profiles[i].name, profiles[i].record);
         } catch (const Failure& failure) {
             if (i == 0)
                 throw Failure(failure.status(), failure.what(),

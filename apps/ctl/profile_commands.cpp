@@ -104,7 +104,7 @@ int profileCreate(const Request& request)
     record.storedMark = editedMark;
     assign(request.assignments, record);
     takePasswords(request, record);
-    createProfile(request.name, record);
+    createProfile("create the profile", request.name, record);
     return done(request, request.name, record);
 }
 
@@ -132,7 +132,7 @@ int profileSet(const Request& request)
 int profileCopy(const Request& request)
 {
     const NetworkProfile record = readProfile("copy the profile", request.name);
-    createProfile(request.newName, record);
+    createProfile("copy the profile " + inQuotes(request.name) + " to", request.newName, record);
     return done(request, request.newName, record);
 }
 

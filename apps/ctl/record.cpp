@@ -1,6 +1,7 @@
 #include "record.h"
 
 #include <climits>
+#include <set>
 
 #include "failure.h"
 #include "suggestion.h"
@@ -94,8 +95,13 @@ bool importField(const Field& field, const base::JsonValue& value, NetworkProfil
 
 void assign(const std::vector<std::string>& assignments, NetworkProfile& record)
 {
-    for (const std::string& assignment : assignments)
+    std::set<std::string> assigned;
+    for (const std::string& assignment : assignments) {
         assignOne(assignment, record);
+        const std::string name = assignment.substr(0, assignment.find('='));
+        if (!assigned.insert(name).second)
+            throw Failure(Exit::Usage, "the field " + inQuotes(name) + " is given twice.");
+    }
 }
 
 Json describe(const std::string& name, const NetworkProfile& record, bool secrets)

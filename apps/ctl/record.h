@@ -11,8 +11,9 @@
 
 namespace ctl {
 
-// Applies FIELD=VALUE assignments. Throws Failure (Exit::Usage) on an unknown field, a value that
-// does not fit, or a password that is not empty; the record may then be half changed.
+// Applies FIELD=VALUE assignments. Throws Failure (Exit::Usage) on an unknown field, one that is
+// given twice, a value that does not fit, or a password that is not empty; the record may then be
+// half changed.
 void assign(const std::vector<std::string>& assignments, NetworkProfile& record);
 
 // The visible fields with the profile's name, for "list" and "show": texts as they read, passwords

@@ -6,6 +6,7 @@
 #include "network/napi_host.h"
 #include "suggestion.h"
 #include "terminal_text.h"
+#include "whole_store.h"
 
 namespace ctl {
 
@@ -52,7 +53,7 @@ std::string advice(Exit status, const std::string* name)
         return "\"vornctl doctor\" tells what is wrong with it; \"vornctl profile delete\" removes "
                "it, and \"vornctl profile import --replace\" puts a saved copy in its place.";
     if (status == Exit::NoRoom)
-        return "Delete profiles that nobody needs, or make room on the disk of " + root + ".";
+        return "Make room on the disk of " + root + '.';
     if (status == Exit::Access)
         return "Look at the owner and the permissions below " + root +
                ", and whether it is mounted read-only.";
@@ -63,6 +64,13 @@ std::string advice(Exit status, const std::string* name)
     if (status == Exit::Root)
         return "The root is " + root + "; set VORN_ROOT to the absolute path of a folder.";
     return status == Exit::Resources ? "End other programs, and try again." : "";
+}
+
+// The limit of profiles has been looked at before.
+std::string reasonOf(int result)
+{
+    return result == NAPI_ERR_MEMORY_FULL ? "no room: the disk or the quota is full"
+                                          : napihost::resultText(result);
 }
 
 void check(int result, const std::string& action, const std::string& name)
@@ -76,8 +84,7 @@ void check(int result, const std::string& action, const std::string& name)
 void failNapi(int result, const std::string& action, const std::string* name)
 {
     const Exit status = exitOfResult(result);
-    const std::string reason =
-        status == Exit::Name && name ? nameProblem(*name) : napihost::resultText(result);
+    const std::string reason = status == Exit::Name && name ? nameProblem(*name) : reasonOf(result);
     throw Failure(status,
                   "cannot " + action + (name ? ' ' + inQuotes(*name) : "") + ": " + reason + " (" +
                       std::to_string(result) + ").",
@@ -119,9 +126,20 @@ NetworkProfile readProfile(const std::string& action, const std::string& name)
     return record;
 }
 
-void createProfile(const std::string& name, const NetworkProfile& record)
+void createProfile(const std::string& action, const std::string& name, const NetworkProfile& record)
 {
-    check(NAPI_CreateProfile(name.c_str(), &record, 0, 0), "create the profile", name);
+    const int result = NAPI_CreateProfile(name.c_str(), &record, 0, 0);
+    // The network API has one result for both; only a new profile can exceed the limit.
+    const std::size_t limit = NAPI_GetMaxProfiles();
+    const std::size_t stored = result == NAPI_ERR_MEMORY_FULL ? countProfiles() : 0;
+    if (stored > 0 && stored >= limit)
+        throw Failure(Exit::NoRoom,
+                      "cannot " + action + ' ' + inQuotes(name) + ": at most " +
+                          std::to_string(limit) + " profiles are kept, and " +
+                          std::to_string(stored) + " are stored (" + std::to_string(result) + ").",
+                      "Delete profiles that nobody needs, damaged ones too, or raise "
+                      "\"maxProfiles\" in etc/network.json.");
+    check(result, action, name);
 }
 
 void changeProfile(const std::string& name, const std::function<void(NetworkProfile&)>& change)

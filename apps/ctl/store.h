@@ -24,7 +24,9 @@ std::vector<std::string> listProfiles();
 bool profileExists(const std::string& name);
 
 NetworkProfile readProfile(const std::string& action, const std::string& name);
-void createProfile(const std::string& name, const NetworkProfile& record);
+// `action` is what was tried, "create the profile".
+void createProfile(const std::string& action, const std::string& name,
+                   const NetworkProfile& record);
 // Changes fields of a stored profile, whatever other programs change of it at the same time; what
 // `change` throws leaves the profile as it is.
 void changeProfile(const std::string& name, const std::function<void(NetworkProfile&)>& change);

@@ -7,7 +7,21 @@
 
 namespace ctl {
 
-static std::size_t distance(const std::string& a, const std::string& b)
+// The characters of UTF-8; a byte that is none of it counts with the one before it.
+static std::vector<std::string> charactersOf(const std::string& text)
+{
+    std::vector<std::string> characters;
+    for (const char byte : text) {
+        const bool continues = (static_cast<unsigned char>(byte) & 0xC0) == 0x80;
+        if (continues && !characters.empty())
+            characters.back() += byte;
+        else
+            characters.emplace_back(1, byte);
+    }
+    return characters;
+}
+
+static std::size_t distance(const std::vector<std::string>& a, const std::vector<std::string>& b)
 {
     std::vector<std::size_t> row(b.size() + 1);
     std::iota(row.begin(), row.end(), 0U);
@@ -26,10 +40,13 @@ static std::size_t distance(const std::string& a, const std::string& b)
 std::string suggestion(const std::string& word, const std::vector<std::string>& candidates)
 {
     const std::string* closest = nullptr;
-    std::size_t least = std::max<std::size_t>(1, word.size() / 3) + 1;
+    const std::vector<std::string> typed = charactersOf(word);
+    std::size_t least = std::max<std::size_t>(1, typed.size() / 3) + 1;
     for (const std::string& candidate : candidates) {
-        const std::size_t steps = distance(word, candidate);
-        if (steps < least) {
+        const std::vector<std::string> known = charactersOf(candidate);
+        const std::size_t steps = distance(typed, known);
+        // Of very short words, a single step makes another word and not a slip.
+        if (steps < least && 2 * steps < std::max(typed.size(), known.size())) {
             least = steps;
             closest = &candidate;
         }

@@ -25,14 +25,32 @@ readEach(const std::vector<std::string>& names,
     return unread;
 }
 
-std::size_t countUnlisted(std::size_t listed)
+using Entry = std::filesystem::directory_entry;
+
+static std::size_t countEntries(bool (*counts)(const Entry&))
 {
     std::size_t count = 0;
     std::error_code error;
     std::filesystem::directory_iterator entry(napihost::profilesFolder(), error);
     for (; !error && entry != std::filesystem::directory_iterator(); entry.increment(error))
-        if (entry->path().filename().native()[0] != '.')
+        if (counts(*entry))
             ++count;
+    return count;
+}
+
+std::size_t countProfiles()
+{
+    return countEntries([](const Entry& entry) {
+        std::error_code ignored;
+        return nameProblem(entry.path().filename().native()).empty() &&
+               entry.is_directory(ignored) && !entry.is_symlink(ignored);
+    });
+}
+
+std::size_t countUnlisted(std::size_t listed)
+{
+    const std::size_t count =
+        countEntries([](const Entry& entry) { return entry.path().filename().native()[0] != '.'; });
     return count > listed ? count - listed : 0;
 }
 

@@ -24,6 +24,9 @@ std::vector<Unread>
 readEach(const std::vector<std::string>& names,
          const std::function<void(const std::string&, const NetworkProfile&)>& use);
 
+// How many profiles count for the limit: usable ones and damaged ones.
+std::size_t countProfiles();
+
 // How many entries of the store are not among its `listed` profiles, being damaged or foreign.
 std::size_t countUnlisted(std::size_t listed);
 

@@ -19,6 +19,9 @@ WORLDS = pathlib.Path(__file__).resolve().parent / "worlds"
 COMPLETED = {
     "a group": ("vornctl prof", ["profile"]),
     "a command": ("vornctl profile ren", ["profile", "rename"]),
+    "the help": ("vornctl hel", ["help"]),
+    "a command of the help": ("vornctl help profile ren", ["help", "profile", "rename"]),
+    "a group of the help": ("vornctl help sett", ["help", "setting"]),
     "an option": ("vornctl profile show --sh", ["profile", "show", "--show-secrets"]),
     "a profile": ("vornctl profile show Ho", ["profile", "show", "Home"]),
     "a profile with a blank": ("vornctl profile show Di", ["profile", "show", "Dial up"]),
