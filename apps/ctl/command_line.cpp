@@ -314,7 +314,6 @@ Failure optionFailure(const Reached& reached, const std::string& option)
                    closest.empty() ? more : closest + ' ' + more);
 }
 
-// Of an option with a value, which may be a secret, only the option is told.
 const std::string* firstOption(const std::vector<std::string>& words)
 {
     for (const std::string& word : words)
@@ -329,6 +328,7 @@ Failure parseFailure(const CLI::App& app, const CLI::ParseError& error)
     const std::vector<std::string> unknown = app.remaining(true);
     const std::string more = "--help\" and \"man vornctl\" tell more.";
     // What nothing took is what the person has to hear about first.
+    // Of an option with a value, which may be a secret, only the option is told.
     if (const std::string* option = firstOption(unknown))
         return optionFailure(reached, option->substr(0, option->find('=')));
     if (std::strcmp(error.what(), "A subcommand is required") == 0)

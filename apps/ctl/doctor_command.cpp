@@ -43,8 +43,15 @@ void inspectRecord(const std::string& name, const NetworkProfile& record,
 std::vector<Finding> findInStore()
 {
     std::vector<Finding> findings;
-    if (const int result = napihost::inspectStore(&findings); result < 0)
+    const int result = napihost::inspectStore(&findings);
+    if (result == NAPI_ERR_ROOT)
         failNapi(result, "look through the profiles", nullptr);
+    if (result < 0) // the files beside the profiles may still have something to tell
+        return {{napihost::profilesFolder(),
+                 std::string("cannot be looked through: ") + napihost::resultText(result),
+                 result == NAPI_ERR_ACCESS
+                     ? "give its owner the permission to enter it, and the folders above it"
+                     : "look at the kernel's messages about the disk"}};
     std::set<std::string> told;
     for (const Finding& finding : findings)
         told.insert(finding.path);
@@ -60,21 +67,9 @@ std::vector<Finding> findInStore()
     return findings;
 }
 
-std::vector<Finding> findProfiles()
-{
-    try {
-        return findInStore();
-    } catch (const Failure& failure) {
-        // The files beside the profiles may still have something to tell.
-        if (failure.status() == Exit::Root)
-            throw;
-        return {{napihost::profilesFolder(), failure.what(), failure.advice()}};
-    }
-}
-
 std::vector<Finding> findAll()
 {
-    std::vector<Finding> findings = findProfiles();
+    std::vector<Finding> findings = findInStore();
     for (const Finding& finding : napihost::inspectNetworkConfiguration())
         findings.push_back(finding);
     for (const settingshost::Finding& finding : settingshost::inspectSettings())

@@ -66,8 +66,8 @@ std::vector<Finding> inspectSettings()
     std::vector<Finding> findings;
     const Result root = settingsfiles::checkRoot();
     if (root.code == Code::Access)
-        return {
-            {settingsFile(), root.message, "give the folder's owner the permission to enter it"}};
+        return {{settingsFile(), "cannot be read: " + root.message,
+                 "give the folder's owner the permission to enter it"}};
     if (!root.isOk())
         return {{"VORN_ROOT", root.message, "set VORN_ROOT to the absolute path of a folder"}};
     inspect(settingsFile(), "no settings", checkSetting, &findings);
