@@ -4,6 +4,7 @@
 
 #include "command_table.h"
 #include "failure.h"
+#include "line_failures.h"
 #include "store.h"
 #include "terminal_text.h"
 #include "values.h"
@@ -27,15 +28,6 @@ std::vector<std::string> childNames(const CLI::App& app)
     std::vector<std::string> names;
     for (const CLI::App* child : app.get_subcommands([](const CLI::App*) { return true; }))
         names.push_back(child->get_name());
-    return names;
-}
-
-std::vector<std::string> optionNames(const CLI::App& app)
-{
-    std::vector<std::string> names;
-    for (const CLI::Option* option : app.get_options())
-        for (const std::string& name : option->get_lnames())
-            names.push_back("--" + name);
     return names;
 }
 

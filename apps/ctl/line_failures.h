@@ -1,0 +1,26 @@
+// What is wrong with a command line, told with what to type instead.
+#ifndef CTL_LINE_FAILURES_H
+#define CTL_LINE_FAILURES_H
+
+#include <string>
+#include <vector>
+
+#include <CLI/App.hpp>
+
+#include "failure.h"
+
+namespace ctl {
+
+// Throws the Failure of the first word that is no command where only commands can stand; everything
+// else about the line is the parser's to say.
+void checkCommandWords(const CLI::App& app, const std::vector<std::string>& words);
+
+// The Failure of a line that the parser has refused with `error`.
+Failure parseFailure(const CLI::App& app, const CLI::ParseError& error);
+
+// The options of a command as they are typed: "--json".
+std::vector<std::string> optionNames(const CLI::App& app);
+
+} // namespace ctl
+
+#endif
