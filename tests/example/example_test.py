@@ -153,6 +153,14 @@ class Example(unittest.TestCase):
         self.assertIn("opening link 0 failed: cause 5, detail 0\n", done.stdout)
         self.assertEqual(done.returncode, 1)
 
+    def test_a_link_that_breaks_is_said_once_and_closed(self):
+        self.configure('{ "bearer": "scenario", "scenario": { "default": { "breakAfterMs": 300 } } }')
+        with socket.create_server(("127.0.0.1", 0)) as silent:
+            done = self.example("Demo", f"http://127.0.0.1:{silent.getsockname()[1]}/x", "20")
+        self.assertEqual(done.stdout.split("\n")[-3:], ["link 0 broke", "link 0 closed", ""])
+        self.assertEqual(done.stderr, "")
+        self.assertEqual(done.returncode, 1)
+
     def test_a_profile_that_is_not_stored_is_said(self):
         done = self.example("Nobody", "http://127.0.0.1:1/x")
         self.assertIn('cannot open a link for "Nobody": result -204\n', done.stdout)

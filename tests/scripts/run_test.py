@@ -5,8 +5,10 @@ Usage: run_test.py SOURCE_FOLDER BINARY_FOLDER
 
 import os
 import pathlib
+import re
 import shutil
 import signal
+import socket
 import subprocess
 import sys
 import tempfile
@@ -61,6 +63,14 @@ class Scripts(unittest.TestCase):
                         secret, "--", name, "apn=internet"],
                        env=self.environment, check=True, capture_output=True)
 
+    def serves(self):
+        """Whether the page server of the last run still answers."""
+        text = (self.tree / "build/run/server.log").read_text(encoding="utf-8")
+        port = int(re.search(r" port (\d+)", text).group(1))
+        with socket.socket() as client:
+            client.settimeout(5)
+            return client.connect_ex(("127.0.0.1", port)) == 0
+
     def left(self):
         """What lies in build/run, in the order of the names."""
         return sorted(entry.name for entry in (self.tree / "build/run").iterdir())
@@ -79,6 +89,7 @@ class Run(Scripts):
         self.assertRegex(done.stdout, r"\nfetched http://127.0.0.1:\d+/index.html: \d+ bytes\n")
         self.assertIn('getProfileIfNoFound: result 0, profile "Profile3"', done.stdout)
         self.assertEqual(self.left(), ["page", "server.log", "tour"])
+        self.assertFalse(self.serves())
 
     def test_takes_a_stored_profile_and_leaves_no_copy_of_it(self):
         self.store("Mine", "correct-horse")
@@ -100,11 +111,12 @@ class Run(Scripts):
         vornctl = self.tree / "build/release/apps/ctl/vornctl"
         vornctl.unlink()
         seen = self.folder / "seen"
-        put_program(vornctl, f'[ "$2" != import ] || {{ cp build/run/profile.json "{seen}"; exit 9; }}\n'
+        put_program(vornctl, f'[ "$2" != import ] || {{ cp -p build/run/profile.json "{seen}"; exit 9; }}\n'
                              f'exec "{BINARY}/apps/ctl/vornctl" "$@"')
         done = self.script("./run", "Mine")
         self.assertEqual(done.returncode, 9)
         self.assertIn("correct-horse", seen.read_text(encoding="utf-8"))
+        self.assertEqual(seen.stat().st_mode & 0o777, 0o600)
         self.assertEqual(self.left(), [])
 
     def test_leaves_no_copy_when_it_is_ended_from_outside(self):
@@ -123,10 +135,12 @@ class Run(Scripts):
                             break
                         time.sleep(0.05)
                     self.assertNotEqual(self.traces("correct-horse"), [], "while it runs")
+                    self.assertTrue(self.serves())
                     run.send_signal(number)
                     os.kill(int(pidfile.read_text(encoding="utf-8")), signal.SIGTERM)
                 self.assertNotEqual(run.returncode, 0)
                 self.assertEqual(self.traces("correct-horse"), [])
+                self.assertFalse(self.serves())
 
     def test_tells_of_a_profile_that_is_not_stored(self):
         done = self.script("./run", "Nobody")
