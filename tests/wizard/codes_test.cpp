@@ -1,6 +1,7 @@
 // Codes that the form knows and codes that it does not, opened and saved through the pages.
 
 #include <array>
+#include <sstream>
 #include <string>
 
 #include <ycombobox.h>
@@ -33,6 +34,19 @@ protected:
         press(Qt::Key_End);
         type("1");
         press(Qt::Key_Backspace);
+    }
+
+    // The rows of page 1 that are not switched off, by label.
+    static std::string rowsThatAreOn()
+    {
+        std::istringstream rows(rowsOf(wizardPage(1)));
+        std::string labels;
+        for (std::string row; std::getline(rows, row);) {
+            const size_t label = row.find(' ') + 1;
+            if (row.find(" off", label) == std::string::npos)
+                labels += row.substr(label, row.find('"') - label - 1) + "|";
+        }
+        return labels;
     }
 
     // What becomes of a record that is opened and saved from page 1, or from page 2.
@@ -100,6 +114,21 @@ TEST_F(Codes, OfAChosenPreferenceReplaceFourBits)
                                   [] { touch(1, "Profile Name:*"); }, opening(save), dismiss}));
         EXPECT_EQ(codes[item], napi.profiles["Old"].flags);
     }
+}
+
+TEST_F(Codes, OfWifiOnlySwitchTheRowsOfACopyOffToo)
+{
+    napi.profiles["Source"] = storedRecord().word(4, 0xA5A5A15A).record();
+    EXPECT_EQ(0, copy("Source", {[] {
+                                     EXPECT_EQ("Profile Name:*|Connection Preference:*|",
+                                               rowsThatAreOn());
+                                     EXPECT_TRUE(editOf(wizardPage(1), "Domain 1:")->isReadOnly());
+                                     EXPECT_EQ("Cancel", rightKeyOf(wizardPage(1)));
+                                     touch(1, "Profile Name:*");
+                                 },
+                                 opening(save), dismiss}));
+    EXPECT_EQ("the same",
+              RecordBytes(napi.written).difference(RecordBytes(napi.profiles["Source"])));
 }
 
 // A field of the record with a code that its row knows and one that it does not.

@@ -51,7 +51,7 @@ int NAPI_ReadProfile(const char* name, NetworkProfile* out, int reserved1, int r
     const auto found = current->profiles.find(name);
     if (found == current->profiles.end())
         return NAPI_ERR_NO_PROFILE;
-    if (current->readResult == 0)
+    if (current->readResult == 0 || current->fillsRefused)
         *out = found->second;
     return current->readResult;
 }

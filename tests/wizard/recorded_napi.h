@@ -21,6 +21,9 @@ struct RecordedNapi
     int createResult = 0;
     int modifyResult = 0;
 
+    // Whether ReadProfile hands the record over when it fails, too.
+    bool fillsRefused = false;
+
     // The record that came with the last CreateProfile or ModifyProfile.
     NetworkProfile written = {};
 
