@@ -214,12 +214,16 @@ void useOwnWords(CLI::App& app)
     app.set_version_flag("--version", "vornctl " VORN_VERSION, "Print the version and end");
 }
 
-// "help profile set" asks what "profile set --help" does.
+// "help profile set" and "profile help" ask what "profile set --help" and "profile --help" do.
 std::vector<std::string> wordsOf(int argc, char** argv)
 {
     std::vector<std::string> words(argv + 1, argv + argc);
-    if (!words.empty() && words[0] == "help") {
-        words.erase(words.begin());
+    for (std::size_t place = 0; place < 2 && place < words.size();) {
+        if (words[place] != "help") {
+            ++place;
+            continue;
+        }
+        words.erase(words.begin() + static_cast<std::ptrdiff_t>(place));
         words.emplace_back("--help");
     }
     return words;
@@ -251,6 +255,7 @@ int runCommandLine(int argc, char** argv)
         return complete(app, argc, argv);
     std::vector<std::string> words = wordsOf(argc, argv);
     checkCommandWords(app, words);
+    refusePasswords(words);
     std::reverse(words.begin(), words.end()); // as the parser takes them
     try {
         app.parse(std::move(words));

@@ -82,6 +82,14 @@ const std::string* firstOption(const std::vector<std::string>& words)
     return nullptr;
 }
 
+// The parser's own sentence about an option is not of the tone of the others.
+std::string problemOf(const CLI::ParseError& error)
+{
+    const std::string text = printable(error.what());
+    const std::size_t twice = text.find(": At Most 1 required");
+    return twice == std::string::npos ? text : text.substr(0, twice) + " is given twice";
+}
+
 } // namespace
 
 std::vector<std::string> optionNames(const CLI::App& app)
@@ -106,7 +114,8 @@ void checkCommandWords(const CLI::App& app, const std::vector<std::string>& word
         for (const CLI::App* child : children)
             names.push_back(child->get_name());
         if (std::find(names.begin(), names.end(), word) == names.end()) {
-            names.emplace_back("help");
+            if (at == &app)
+                names.emplace_back("help");
             const std::string before = at == &app ? "" : " of \"" + at->get_name() + '"';
             std::string advice = suggestion(word, names);
             if (advice.empty())
@@ -116,6 +125,20 @@ void checkCommandWords(const CLI::App& app, const std::vector<std::string>& word
                           advice);
         }
         at = at->get_subcommand(word);
+    }
+}
+
+void refusePasswords(const std::vector<std::string>& words)
+{
+    for (const std::string& word : words) {
+        const std::string option = word.substr(0, word.find('='));
+        if (word == "--")
+            return;
+        if (option == word || (option != "--password" && option != "--csd-password"))
+            continue;
+        throw Failure(Exit::Usage,
+                      "a password does not belong on the command line, where others can read it.",
+                      "Use " + option + " alone to be asked for it, or " + option + "-file FILE.");
     }
 }
 
@@ -135,7 +158,7 @@ Failure parseFailure(const CLI::App& app, const CLI::ParseError& error)
     if (!unknown.empty())
         return Failure(Exit::Usage, inQuotes(unknown.front()) + " is one word too many.",
                        '"' + reached.words + ' ' + more);
-    return Failure(Exit::Usage, printable(error.what()) + '.', '"' + reached.words + ' ' + more);
+    return Failure(Exit::Usage, problemOf(error) + '.', '"' + reached.words + ' ' + more);
 }
 
 } // namespace ctl

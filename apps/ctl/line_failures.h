@@ -15,6 +15,9 @@ namespace ctl {
 // else about the line is the parser's to say.
 void checkCommandWords(const CLI::App& app, const std::vector<std::string>& words);
 
+// Throws the Failure of a word that holds a password, without repeating it.
+void refusePasswords(const std::vector<std::string>& words);
+
 // The Failure of a line that the parser has refused with `error`.
 Failure parseFailure(const CLI::App& app, const CLI::ParseError& error);
 

@@ -21,20 +21,22 @@ static std::vector<std::string> charactersOf(const std::string& text)
     return characters;
 }
 
+// How many characters are inserted, removed or changed, or change places with the next one.
 static std::size_t distance(const std::vector<std::string>& a, const std::vector<std::string>& b)
 {
-    std::vector<std::size_t> row(b.size() + 1);
-    std::iota(row.begin(), row.end(), 0U);
+    std::vector<std::vector<std::size_t>> steps(a.size() + 1,
+                                                std::vector<std::size_t>(b.size() + 1));
+    std::iota(steps[0].begin(), steps[0].end(), 0U);
     for (std::size_t i = 1; i <= a.size(); ++i) {
-        std::size_t diagonal = row[0];
-        row[0] = i;
+        steps[i][0] = i;
         for (std::size_t j = 1; j <= b.size(); ++j) {
-            const std::size_t changed = diagonal + (a[i - 1] == b[j - 1] ? 0 : 1);
-            diagonal = row[j];
-            row[j] = std::min({row[j] + 1, row[j - 1] + 1, changed});
+            const std::size_t changed = steps[i - 1][j - 1] + (a[i - 1] == b[j - 1] ? 0 : 1);
+            steps[i][j] = std::min({steps[i - 1][j] + 1, steps[i][j - 1] + 1, changed});
+            if (i > 1 && j > 1 && a[i - 1] == b[j - 2] && a[i - 2] == b[j - 1])
+                steps[i][j] = std::min(steps[i][j], steps[i - 2][j - 2] + 1);
         }
     }
-    return row.back();
+    return steps[a.size()][b.size()];
 }
 
 std::string suggestion(const std::string& word, const std::vector<std::string>& candidates)

@@ -8,7 +8,7 @@
 namespace ctl {
 
 // The sentence `Did you mean "closest"?` for the candidate that differs from the word by the fewest
-// inserted, removed or changed characters, when these are few enough for a slip; else "".
+// inserted, removed, changed or swapped characters, when these are few enough for a slip; else "".
 std::string suggestion(const std::string& word, const std::vector<std::string>& candidates);
 
 } // namespace ctl

@@ -32,6 +32,8 @@ INSTANTIATE_TEST_SUITE_P(
         Row{"LetterLeftOut", "Hme", {"Home"}, "Did you mean \"Home\"?"},
         Row{"LetterTooMany", "Homee", {"Home"}, "Did you mean \"Home\"?"},
         Row{"LetterChanged", "Hame", {"Home"}, "Did you mean \"Home\"?"},
+        Row{"TwoLettersSwapped", "hlep", {"feature", "help"}, "Did you mean \"help\"?"},
+        Row{"TwoLettersOfTwoSwapped", "bA", {"Ab"}, ""},
         Row{"TheClosestOfSeveral", "profle", {"prefer", "profile"}, "Did you mean \"profile\"?"},
         Row{"LastLetterOfThree", "lis", {"list"}, "Did you mean \"list\"?"},
         Row{"SecondOfThree", "gat", {"get"}, "Did you mean \"get\"?"},
