@@ -54,6 +54,8 @@ protected:
     void TearDown() override
     {
         toolkitcalls::answersPopups = false;
+        toolkitcalls::home = QRect();
+        toolkitcalls::softKeyBar = QRect();
         Wizard::TearDown();
     }
 
@@ -96,61 +98,69 @@ protected:
 };
 
 const char* const page1Rows =
-    R"(guarded combo some none yes; auto-resize yes; title "Connection Preference:*"; dialog "Connection Preference:*" 0; item "WiFi, then Cellular"; item "WiFi Only"; item "Cellular Only"; add no none
-current Connection Preference:* 2; separator some none 0 64; label of YSeparator none 0 86; text "Cellular Connection Settings:"; auto-resize yes; caption some; add yes none
-edit some none 39; label "Proxy 1:"; length 100; add yes none
-edit some none 39; label "Port 1:"; validator 0 65535; input method "{637a8c00-1098-42ca-969a-2bf163cd3c14}" 6; add yes none
-edit some none 39; label "Domain 1:"; length 100; add yes none
-edit some none 39; label "GPRS APN:"; length 99; add yes none
-edit some none 39; label "User Name:"; length 64; add yes none
-edit some none 39; label "Password:"; echo 2; input mode 8; length 64; add yes none
-edit some none 39; label "GPRS DNS 1:"; add yes none
-edit some none 39; label "GPRS DNS 2:"; add yes none
-guarded combo some none yes; auto-resize yes; title "Quality of service Policy:"; dialog "Quality of service Policy:" 1; item "Data"; item "Voice"; add no none
-guarded combo some none yes; auto-resize yes; title "GPRS Timeout:"; dialog "GPRS Timeout:" 1; item "Off"; item "15 min"; item "1 hour"; item "2 hour"; item "6 hour"; item "24 hour"; add no none
-button some none 60; text "Additional settings:"; add no none
+    R"(guarded combo of viewport none yes; auto-resize yes; title "Connection Preference:*"; dialog "Connection Preference:*" 0; item "WiFi, then Cellular"; item "WiFi Only"; item "Cellular Only"; add no none
+setting DefConnPrefer; current Connection Preference:* 2; separator of viewport none 0 64; label of YSeparator none 0 86; text "Cellular Connection Settings:"; auto-resize yes; caption some; add yes none
+edit of viewport none 39; label "Proxy 1:"; length 100; add yes none
+edit of viewport none 39; label "Port 1:"; validator 0 65535; input method of Port 1: "{637a8c00-1098-42ca-969a-2bf163cd3c14}" 6; add yes none
+edit of viewport none 39; label "Domain 1:"; length 100; add yes none
+edit of viewport none 39; label "GPRS APN:"; length 99; add yes none
+edit of viewport none 39; label "User Name:"; length 64; add yes none
+edit of viewport none 39; label "Password:"; echo 2; input mode 8; length 64; add yes none
+edit of viewport none 39; label "GPRS DNS 1:"; add yes none
+edit of viewport none 39; label "GPRS DNS 2:"; add yes none
+guarded combo of viewport none yes; auto-resize yes; title "Quality of service Policy:"; dialog "Quality of service Policy:" 1; item "Data"; item "Voice"; add no none
+guarded combo of viewport none yes; auto-resize yes; title "GPRS Timeout:"; dialog "GPRS Timeout:" 1; item "Off"; item "15 min"; item "1 hour"; item "2 hour"; item "6 hour"; item "24 hour"; add no none
+button of viewport none 60; text "Additional settings:"; add no none
 )";
 
 const char* const page2 =
     R"(page none none 0; morph mode 3; title "Additional Settings"; form of DataConnection_NewWiz2 none 23; content YFormContainer; area of DataConnection_NewWiz2 T none 3; append 1 "" null; title bar YAppInfoArea
-edit some none 39; label "Proxy 2:"; length 100; add yes none
-edit some none 39; label "Port 2:"; validator 0 65535; input method "{637a8c00-1098-42ca-969a-2bf163cd3c14}" 6; add yes none
-edit some none 39; label "Domain 2:"; length 100; add yes none
-edit some none 39; label "CSD Number:"; length 44; input method "{637a8c00-1098-42ca-969a-2bf163cd3c14}" 4; add yes none
-edit some none 39; label "User Name:"; length 64; add yes none
-edit some none 39; label "Password:"; echo 2; input mode 8; length 64; add yes none
-combo some none yes; title "Speed(BPS):"; item "Auto"; item "14400"; item "9600"; item "4800"; item "2400"; add no none
-combo some none yes; title "Line Type:"; item "Modem"; item "ISDN"; add no none
-combo some none yes; title "CSD Timeout:"; item "Off"; item "1 min"; item "5 min"; item "15 min"; item "30 min"; item "60 min"; add no none
-edit some none 39; label "DNS 1:"; add yes none
-edit some none 39; label "DNS 2:"; add yes none
-menu of DataConnection_NewWiz2 0 0 200 286 none 0 54; item "Cancel" none DataConnection_NewWiz2 1slotGotoPrevious() yes no no -1 -1 no; keys CST_2A DataConnection_NewWiz2 DataConnection_NewWiz2; key 0 "Options" 0; key 1 "Cancel" 0; opens 0 some; calls 1 DataConnection_NewWiz2 1slotGotoPrevious(); soft keys some
+edit of viewport none 39; label "Proxy 2:"; length 100; add yes none
+edit of viewport none 39; label "Port 2:"; validator 0 65535; input method of Port 2: "{637a8c00-1098-42ca-969a-2bf163cd3c14}" 6; add yes none
+edit of viewport none 39; label "Domain 2:"; length 100; add yes none
+edit of viewport none 39; label "CSD Number:"; length 44; input method of CSD Number: "{637a8c00-1098-42ca-969a-2bf163cd3c14}" 4; add yes none
+edit of viewport none 39; label "User Name:"; length 64; add yes none
+edit of viewport none 39; label "Password:"; echo 2; input mode 8; length 64; add yes none
+combo of viewport none yes; title "Speed(BPS):"; item "Auto"; item "14400"; item "9600"; item "4800"; item "2400"; add no none
+combo of viewport none yes; title "Line Type:"; item "Modem"; item "ISDN"; add no none
+combo of viewport none yes; title "CSD Timeout:"; item "Off"; item "1 min"; item "5 min"; item "15 min"; item "30 min"; item "60 min"; add no none
+edit of viewport none 39; label "DNS 1:"; add yes none
+edit of viewport none 39; label "DNS 2:"; add yes none
+home no; bar; menu of DataConnection_NewWiz2 0 0 200 286 none 0 54; item "Cancel" none DataConnection_NewWiz2 1slotGotoPrevious() yes no no -1 -1 no; keys CST_2A DataConnection_NewWiz2 DataConnection_NewWiz2; key 0 "Options" 0; key 1 "Cancel" 0; opens 0 some; calls 1 DataConnection_NewWiz2 1slotGotoPrevious(); soft keys some
 connect Proxy 2: 2textChanged(const QString&) DataConnection_NewWiz2 1slotContentChanged(void)
-connect Port 2: 2textChanged(const QString&) DataConnection_NewWiz2 1slotContentChanged(void)
-connect Domain 2: 2textChanged(const QString&) DataConnection_NewWiz2 1slotContentChanged(void)
-connect CSD Number: 2textChanged(const QString&) DataConnection_NewWiz2 1slotContentChanged(void)
-connect User Name: 2textChanged(const QString&) DataConnection_NewWiz2 1slotContentChanged(void)
-connect Password: 2textChanged(const QString&) DataConnection_NewWiz2 1slotContentChanged(void)
-connect Speed(BPS): 2activated(int) DataConnection_NewWiz2 1slotLineSpeedChanged(void)
+next of Proxy 2:; connect Port 2: 2textChanged(const QString&) DataConnection_NewWiz2 1slotContentChanged(void)
+next of Port 2:; connect Domain 2: 2textChanged(const QString&) DataConnection_NewWiz2 1slotContentChanged(void)
+next of Domain 2:; connect CSD Number: 2textChanged(const QString&) DataConnection_NewWiz2 1slotContentChanged(void)
+next of CSD Number:; connect User Name: 2textChanged(const QString&) DataConnection_NewWiz2 1slotContentChanged(void)
+next of User Name:; connect Password: 2textChanged(const QString&) DataConnection_NewWiz2 1slotContentChanged(void)
+next of Password:; connect Speed(BPS): 2activated(int) DataConnection_NewWiz2 1slotLineSpeedChanged(void)
 connect Line Type: 2activated(int) DataConnection_NewWiz2 1slotContentChanged(void)
 connect CSD Timeout: 2activated(int) DataConnection_NewWiz2 1slotContentChanged(void)
 connect DNS 1: 2textChanged(const QString&) DataConnection_NewWiz2 1slotContentChanged(void)
 connect DNS 2: 2textChanged(const QString&) DataConnection_NewWiz2 1slotContentChanged(void)
 )";
 
-// Behind the title and the name row, and behind the rows of both pages.
-std::string head(const char* title, const char* profile)
+// Two questions list the profiles that there are, for a default name.
+const char* const anyName = "list; list; ";
+const char* const givenName = "";
+
+// From the page itself to its name row.
+std::string head(const char* question, const char* title, const char* profile)
 {
-    return std::string("page none none 0; morph mode 3; title \"") + title +
+    return std::string("page none none 0; morph mode 3; feature 431; ") + question + "title \"" +
+           title +
            "\"; form of DataConnection_NewWiz1 none 23; content YFormContainer; area of "
            "DataConnection_NewWiz1 T none 3; append 1 \"\" null; title bar YAppInfoArea\n"
-           "edit some none 39; label \"Profile Name:*\"; text Profile Name:* \"" +
+           "edit of viewport none 39; label \"Profile Name:*\"; text Profile Name:* \"" +
            profile + "\"; length 20; add yes none\n";
 }
 
+// Behind the rows of both pages.
 std::string keys(const char* item)
 {
-    return std::string("menu of DataConnection_NewWiz1 0 0 200 286 none 0 54; item \"") + item +
+    return std::string(
+               "home no; bar; menu of DataConnection_NewWiz1 0 0 200 286 none 0 54; item \"") +
+           item +
            "\" none DataConnection_NewWiz1 1slotGotoPrevious() yes no no -1 -1 no; keys CST_2A "
            "DataConnection_NewWiz1 DataConnection_NewWiz1; key 0 \"Options\" 0; key 1 \"Cancel\" "
            "0; "
@@ -164,16 +174,16 @@ const char* const preferenceConnection =
 
 const char* const shown =
     R"(connect Additional settings: 2clicked() DataConnection_NewWiz1 1slotGoToNext()
-show DataConnection_NewWiz1; connect Profile Name:* 2textChanged (const QString &) DataConnection_NewWiz1 1slotContentChanged()
+features gone; show DataConnection_NewWiz1; connect Profile Name:* 2textChanged (const QString &) DataConnection_NewWiz1 1slotContentChanged()
 connect Proxy 1: 2textChanged (const QString &) DataConnection_NewWiz1 1slotContentChanged()
-connect Port 1: 2textChanged (const QString &) DataConnection_NewWiz1 1slotContentChanged()
-connect Domain 1: 2textChanged (const QString &) DataConnection_NewWiz1 1slotContentChanged()
-connect GPRS APN: 2textChanged (const QString &) DataConnection_NewWiz1 1slotContentChanged()
-connect User Name: 2textChanged (const QString &) DataConnection_NewWiz1 1slotContentChanged()
-connect Password: 2textChanged (const QString &) DataConnection_NewWiz1 1slotContentChanged()
-connect GPRS DNS 1: 2textChanged (const QString &) DataConnection_NewWiz1 1slotContentChanged()
-connect GPRS DNS 2: 2textChanged (const QString &) DataConnection_NewWiz1 1slotContentChanged()
-connect Quality of service Policy: 2activated(int) DataConnection_NewWiz1 1slotContentChanged()
+next of Proxy 1:; connect Port 1: 2textChanged (const QString &) DataConnection_NewWiz1 1slotContentChanged()
+next of Port 1:; connect Domain 1: 2textChanged (const QString &) DataConnection_NewWiz1 1slotContentChanged()
+next of Domain 1:; connect GPRS APN: 2textChanged (const QString &) DataConnection_NewWiz1 1slotContentChanged()
+next of GPRS APN:; connect User Name: 2textChanged (const QString &) DataConnection_NewWiz1 1slotContentChanged()
+next of User Name:; connect Password: 2textChanged (const QString &) DataConnection_NewWiz1 1slotContentChanged()
+next of Password:; connect GPRS DNS 1: 2textChanged (const QString &) DataConnection_NewWiz1 1slotContentChanged()
+next of GPRS DNS 1:; connect GPRS DNS 2: 2textChanged (const QString &) DataConnection_NewWiz1 1slotContentChanged()
+next of GPRS DNS 2:; connect Quality of service Policy: 2activated(int) DataConnection_NewWiz1 1slotContentChanged()
 connect GPRS Timeout: 2activated(int) DataConnection_NewWiz1 1slotContentChanged()
 )";
 
@@ -192,7 +202,8 @@ std::string switched(const char* on, const char* off)
 }
 
 const char* const loaded =
-    "text GPRS APN: \"internet\"; text User Name: \"ann\"; text Password: \"secret\"; current GPRS "
+    "read Old; text GPRS APN: \"internet\"; text User Name: \"ann\"; text Password: \"secret\"; "
+    "current GPRS "
     "Timeout: 4; current Quality of service Policy: 1; text GPRS DNS 1: \"10.1.2.3\"; text GPRS "
     "DNS "
     "2: \"10.1.2.4\"; text Proxy 1: \"proxy.one\"; text Port 1: \"8080\"; text Domain 1: "
@@ -200,8 +211,8 @@ const char* const loaded =
 
 TEST_F(Parts, OfANewProfileAreMadeInTheirOrderWithTheToolkitsValues)
 {
-    EXPECT_EQ(head("Connection Setup", "Profile1") + page1Rows + page2 + keys("Cancel Profile") +
-                  preferenceConnection + shown,
+    EXPECT_EQ(head(anyName, "Connection Setup", "Profile1") + page1Rows + page2 +
+                  keys("Cancel Profile") + preferenceConnection + shown,
               callsOfOpening(createProfilebyUser));
 }
 
@@ -209,8 +220,8 @@ TEST_F(Parts, OfACopyAreFilledBehindBothPages)
 {
     napi.profiles["Old"] = filledRecord(0x400);
     name = "Old";
-    EXPECT_EQ(head("New Connection", "Profile1") + page1Rows + page2 + loaded +
-                  "current Connection Preference:* 2; " + keys("Cancel Profile") +
+    EXPECT_EQ("valid Old; " + head(anyName, "New Connection", "Profile1") + page1Rows + page2 +
+                  loaded + "current Connection Preference:* 2; " + keys("Cancel Profile") +
                   preferenceConnection + shown,
               callsOfOpening(copyProfilebyUser));
 }
@@ -219,10 +230,32 @@ TEST_F(Parts, OfAnEditedWifiOnlyProfileAreSwitchedOffInTheirOrder)
 {
     napi.profiles["Old"] = filledRecord(0x100);
     name = "Old";
-    EXPECT_EQ(head("Old", "Old") + page1Rows + page2 + loaded +
+    EXPECT_EQ("valid Old; " + head(givenName, "Old", "Old") + page1Rows + page2 + loaded +
                   "current Connection Preference:* 1; " + switched("no", "yes") +
                   keys("Cancel Edit") + preferenceConnection + shown,
               callsOfOpening(editProfilebyUser));
+}
+
+TEST_F(Parts, OfAProfileThatCannotBeReadAreMadeAllTheSame)
+{
+    napi.profiles["Old"] = filledRecord(0x400);
+    napi.readResult = NAPI_ERR_IO;
+    name = "Old";
+    EXPECT_EQ("valid Old; " + head(givenName, "Old", "Old") + page1Rows + page2 + "read Old; " +
+                  keys("Cancel Edit") + preferenceConnection + shown,
+              callsOfOpening(editProfilebyUser));
+}
+
+TEST_F(Parts, OfTheMenusAreBelowTheScreensCornerAndAboveTheSoftKeys)
+{
+    toolkitcalls::home = QRect(5, 7, 230, 300);
+    toolkitcalls::softKeyBar = QRect(9, 280, 210, 27);
+    const std::string calls = callsOfOpening(createProfilebyUser);
+    for (const char* page : {"1", "2"}) {
+        const std::string menu = std::string("home no; bar; menu of DataConnection_NewWiz") + page +
+                                 " 5 7 200 273 none 0 54; ";
+        EXPECT_NE(std::string::npos, calls.find(menu)) << menu << calls;
+    }
 }
 
 TEST_F(Parts, WithoutTheWifiFeatureHaveNoPreference)
@@ -231,8 +264,9 @@ TEST_F(Parts, WithoutTheWifiFeatureHaveNoPreference)
     napi.profiles["Old"] = filledRecord(0x100);
     name = "Old";
     std::string rows = page1Rows;
-    rows.erase(0, rows.find("edit some"));
-    EXPECT_EQ(head("Old", "Old") + rows + page2 + loaded + keys("Cancel Edit") + shown,
+    rows.erase(0, rows.find("edit of"));
+    EXPECT_EQ("valid Old; " + head(givenName, "Old", "Old") + rows + page2 + loaded +
+                  keys("Cancel Edit") + shown,
               callsOfOpening(editProfilebyUser));
 }
 
@@ -289,6 +323,7 @@ struct MessageRow
     const char* name;
     const char* label;
     const char* text;
+    std::string question;
     const char* message;
     std::string focus;
 };
@@ -309,25 +344,25 @@ TEST_P(Message, ComesBeforeTheFocusMoves)
         editOf(wizardPage(1), row.label)->setText(row.text);
         editOf(wizardPage(2), "CSD Number:")->setText("");
         toolkitcalls::answersPopups = true;
-        EXPECT_EQ(std::string("message ") + row.message + " 2 0 none none yes 0; exec; " +
+        EXPECT_EQ(row.question + "message " + row.message + " 2 0 none none yes 0; exec; " +
                       row.focus,
                   callsOfSlot(1, "slotSaveProfile"));
     });
 }
 
 const MessageRow messages[] = {
-    {"Duplicate", "Profile Name:*", "Taken",
+    {"Duplicate", "Profile Name:*", "Taken", "valid Taken; ",
      R"("Duplicate Profile" "You already have a Profile named: Taken. Please choose another name.")",
      ""},
-    {"NoName", "Profile Name:*", "",
+    {"NoName", "Profile Name:*", "", "valid ; ",
      R"("Required Fields" "Please complete the required fields.Required fields are indicated with a *.")",
      toRow("Profile Name:*")},
-    {"Dot", "Profile Name:*", ".x", R"("Invalid Name" "A Profile name cannot start with ".".")",
-     toRow("Profile Name:*")},
-    {"NoAccessPoint", "GPRS APN:", "",
+    {"Dot", "Profile Name:*", ".x", "valid .x; ",
+     R"("Invalid Name" "A Profile name cannot start with ".".")", toRow("Profile Name:*")},
+    {"NoAccessPoint", "GPRS APN:", "", "",
      R"x("Missing Required Field(s)" "Please enter  a GPRS APN or CSD number.")x",
      toRow("GPRS APN:") + toRow("CSD Number:")},
-    {"Dns", "GPRS DNS 2:", "x",
+    {"Dns", "GPRS DNS 2:", "x", "",
      R"("Invalid DNS" "You've entered wrong DNS, only IP address is accepted")",
      toRow("DNS 1:") + toRow("GPRS DNS 1:")},
 };
@@ -351,7 +386,7 @@ TEST_F(Parts, OfAFullStoreAreAMessageAndThePageHidden)
         editOf(wizardPage(1), "Proxy 1:")->setText("p");
         toolkitcalls::answersPopups = true;
         EXPECT_EQ(
-            "message \"Memory Full\" \"There is insufficient memory to create a new "
+            "modify Old; message \"Memory Full\" \"There is insufficient memory to create a new "
             "connection. You may delete some files in order to add a new one.\" 2 0 none none "
             "yes 0; exec; hide DataConnection_NewWiz1; ",
             callsOfSlot(2, "slotSaveProfile"));
@@ -363,7 +398,7 @@ TEST_F(Parts, OfAnotherRefusalAreThePageHiddenAlone)
     napi.modifyResult = -208;
     inEdited([] {
         editOf(wizardPage(1), "Proxy 1:")->setText("p");
-        EXPECT_EQ("hide DataConnection_NewWiz1; ", callsOfSlot(1, "slotSaveProfile"));
+        EXPECT_EQ("modify Old; hide DataConnection_NewWiz1; ", callsOfSlot(1, "slotSaveProfile"));
     });
 }
 

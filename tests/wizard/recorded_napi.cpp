@@ -2,6 +2,7 @@
 
 #include <cstring>
 
+#include "common/interposed.h"
 #include "profiles/recorder.h"
 
 static RecordedNapi* current = nullptr;
@@ -16,6 +17,12 @@ RecordedNapi::~RecordedNapi()
     current = nullptr;
 }
 
+static void note(const std::string& what)
+{
+    recorder::note(what);
+    const interposed::Call call(what);
+}
+
 static std::string trailing(int reserved1, int reserved2)
 {
     return reserved1 == 0 && reserved2 == 0
@@ -25,6 +32,7 @@ static std::string trailing(int reserved1, int reserved2)
 
 int NAPI_ListAllProfile(char* buffer, unsigned int* count)
 {
+    const interposed::Call call("list");
     if (current->listResult != 0)
         return current->listResult;
     if (!buffer) {
@@ -47,7 +55,7 @@ unsigned int NAPI_GetMaxProfiles()
 
 int NAPI_ReadProfile(const char* name, NetworkProfile* out, int reserved1, int reserved2)
 {
-    recorder::note("read " + std::string(name) + trailing(reserved1, reserved2));
+    note("read " + std::string(name) + trailing(reserved1, reserved2));
     const auto found = current->profiles.find(name);
     if (found == current->profiles.end())
         return NAPI_ERR_NO_PROFILE;
@@ -58,7 +66,7 @@ int NAPI_ReadProfile(const char* name, NetworkProfile* out, int reserved1, int r
 
 int NAPI_CreateProfile(const char* name, const NetworkProfile* record, int reserved1, int reserved2)
 {
-    recorder::note("create " + std::string(name) + trailing(reserved1, reserved2));
+    note("create " + std::string(name) + trailing(reserved1, reserved2));
     current->written = *record;
     if (current->createResult == 0)
         current->profiles[name] = *record;
@@ -67,7 +75,7 @@ int NAPI_CreateProfile(const char* name, const NetworkProfile* record, int reser
 
 int NAPI_ModifyProfile(const char* name, const NetworkProfile* record, int reserved1, int reserved2)
 {
-    recorder::note("modify " + std::string(name) + trailing(reserved1, reserved2));
+    note("modify " + std::string(name) + trailing(reserved1, reserved2));
     current->written = *record;
     if (current->modifyResult == 0)
         current->profiles[name] = *record;
@@ -76,6 +84,6 @@ int NAPI_ModifyProfile(const char* name, const NetworkProfile* record, int reser
 
 int NAPI_IsProfileValid(const char* name)
 {
-    recorder::note("valid " + std::string(name));
+    note("valid " + std::string(name));
     return current->profiles.count(name) ? current->validResult : NAPI_ERR_NO_PROFILE;
 }

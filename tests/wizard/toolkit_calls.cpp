@@ -3,7 +3,6 @@
 #include "wizard/toolkit_calls.h"
 
 #include <QValidator>
-#include <type_traits>
 
 #include <yappinfoarea.h>
 #include <yapplication.h>
@@ -22,66 +21,13 @@
 
 #include "common/interposed.h"
 #include "ipaddressedit_validator.h"
+#include "wizard/toolkit_words.h"
 
 using interposed::Call;
-using interposed::orNone;
-
-namespace {
-
-// How an argument is handed over: an object of a class by its address.
-template <typename T>
-using Handed =
-    std::conditional_t<std::is_class_v<std::remove_reference_t<T>>, const T&, std::decay_t<T>>;
-
-template <typename... Arguments> void goOn(const char* symbol, Arguments&&... arguments)
-{
-    nextOf<void (*)(Handed<Arguments>...)>(symbol)(arguments...);
-}
-
-std::string said(const QString& text)
-{
-    return text.isNull() ? "null" : '"' + text.toStdString() + '"';
-}
-
-std::string said(int number)
-{
-    return std::to_string(number);
-}
-
-std::string said(bool flag)
-{
-    return flag ? "yes" : "no";
-}
-
-std::string said(const char* text)
-{
-    return orNone(text);
-}
-
-std::string said(const void* object)
-{
-    return object ? "some" : "none";
-}
-
-template <typename First, typename... Rest>
-std::string said(const First& first, const Rest&... rest)
-{
-    return said(first) + ' ' + said(rest...);
-}
-
-// A row by its label, a page by its class.
-std::string nameOf(const QObject* object)
-{
-    if (auto* edit = qobject_cast<const YLineEdit*>(object))
-        return edit->label().toStdString();
-    if (auto* combo = qobject_cast<const YComboBox*>(object))
-        return combo->title().toStdString();
-    if (auto* button = qobject_cast<const YButton*>(object))
-        return button->text().toStdString();
-    return object ? object->metaObject()->className() : "none";
-}
-
-} // namespace
+using toolkitcalls::goOn;
+using toolkitcalls::nameOf;
+using toolkitcalls::placeOf;
+using toolkitcalls::said;
 
 #define PAGE_CONSTRUCTOR _ZN13YKbMainWidgetC2EP7QWidgetPKcj
 #define FORM_CONSTRUCTOR _ZN14YFormContainerC1EP7QWidgetPKci
@@ -123,33 +69,32 @@ EXPORTED void AREA_CONSTRUCTOR(void* area, QWidget* parent, const char* kind, co
 
 EXPORTED void EDIT_CONSTRUCTOR(void* edit, QWidget* parent, const char* name, int widgetClass)
 {
-    const Call call("edit " + said(static_cast<const void*>(parent), name, widgetClass));
+    const Call call("edit of " + placeOf(parent) + ' ' + said(name, widgetClass));
     NEXT(EDIT_CONSTRUCTOR)(edit, parent, name, widgetClass);
 }
 
 EXPORTED void GUARDED_COMBO_CONSTRUCTOR(void* combo, QWidget* parent, const char* name, bool titled)
 {
-    const Call call("guarded combo " + said(static_cast<const void*>(parent), name, titled));
+    const Call call("guarded combo of " + placeOf(parent) + ' ' + said(name, titled));
     NEXT(GUARDED_COMBO_CONSTRUCTOR)(combo, parent, name, titled);
 }
 
 EXPORTED void COMBO_CONSTRUCTOR(void* combo, QWidget* parent, const char* name, bool titled)
 {
-    const Call call("combo " + said(static_cast<const void*>(parent), name, titled));
+    const Call call("combo of " + placeOf(parent) + ' ' + said(name, titled));
     NEXT(COMBO_CONSTRUCTOR)(combo, parent, name, titled);
 }
 
 EXPORTED void BUTTON_CONSTRUCTOR(void* button, QWidget* parent, const char* name, int widgetClass)
 {
-    const Call call("button " + said(static_cast<const void*>(parent), name, widgetClass));
+    const Call call("button of " + placeOf(parent) + ' ' + said(name, widgetClass));
     NEXT(BUTTON_CONSTRUCTOR)(button, parent, name, widgetClass);
 }
 
 EXPORTED void SEPARATOR_CONSTRUCTOR(void* separator, QWidget* parent, const char* name,
                                     unsigned flags, int widgetClass)
 {
-    const Call call("separator " +
-                    said(static_cast<const void*>(parent), name, int(flags), widgetClass));
+    const Call call("separator of " + placeOf(parent) + ' ' + said(name, int(flags), widgetClass));
     NEXT(SEPARATOR_CONSTRUCTOR)(separator, parent, name, flags, widgetClass);
 }
 
@@ -248,6 +193,13 @@ void YFormContainer::addChild(QWidget* row, bool first, QWidget* second)
     goOn("_ZN14YFormContainer8addChildEP7QWidgetbS1_", this, row, first, second);
 }
 
+QWidget* YFormContainer::getNextChild(QWidget* row) const
+{
+    const Call call("next of " + nameOf(row));
+    return nextOf<QWidget* (*)(const YFormContainer*, QWidget*)>(
+        "_ZNK14YFormContainer12getNextChildEP7QWidget")(this, row);
+}
+
 void YLineEdit::setLabel(const QString& label)
 {
     const Call call("label " + said(label));
@@ -302,7 +254,8 @@ void YInputField::setInputMode(int mode)
 void YApplication::setInputMethod(QWidget* widget, const QString& method, int mode,
                                   const QString& extra)
 {
-    const Call call("input method " + said(method, mode) + (extra.isEmpty() ? "" : " and more"));
+    const Call call("input method of " + nameOf(widget) + ' ' + said(method, mode) +
+                    (extra.isEmpty() ? "" : " and more"));
     goOn("_ZN12YApplication14setInputMethodEP7QWidgetRK7QStringiS4_", widget, method, mode, extra);
 }
 

@@ -3,10 +3,16 @@
 #ifndef TESTS_WIZARD_TOOLKIT_CALLS_H
 #define TESTS_WIZARD_TOOLKIT_CALLS_H
 
+#include <QRect>
+
 namespace toolkitcalls {
 
 // Whether popups come back at once, as if the user had closed them.
 inline bool answersPopups = false;
+
+// The rectangles of the screen that the wizard is told, unless empty; the toolkit keeps its own.
+inline QRect home;
+inline QRect softKeyBar;
 
 // The last answer to the place of a row in its form.
 inline int rowY = -1;
