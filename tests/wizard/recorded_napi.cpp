@@ -56,6 +56,7 @@ unsigned int NAPI_GetMaxProfiles()
 int NAPI_ReadProfile(const char* name, NetworkProfile* out, int reserved1, int reserved2)
 {
     note("read " + std::string(name) + trailing(reserved1, reserved2));
+    current->lastRead = out;
     const auto found = current->profiles.find(name);
     if (found == current->profiles.end())
         return NAPI_ERR_NO_PROFILE;

@@ -27,6 +27,9 @@ struct RecordedNapi
     // The record that came with the last CreateProfile or ModifyProfile.
     NetworkProfile written = {};
 
+    // Where the last ReadProfile had to put the record.
+    NetworkProfile* lastRead = nullptr;
+
     // Makes this the one that the calls go to.
     RecordedNapi();
     ~RecordedNapi();
