@@ -8,6 +8,8 @@
 
 #include <dlfcn.h>
 
+#include <qstring.h>
+
 // The definition that would be called without the test's own.
 template <typename Function> Function nextOf(const char* symbol)
 {
@@ -52,6 +54,16 @@ template <typename Work> std::vector<std::string> callsOf(Work work)
 inline std::string orNone(const char* text)
 {
     return text ? text : "none";
+}
+
+inline std::string quoted(const QString& text)
+{
+    return text.isNull() ? "null" : '"' + text.toStdString() + '"';
+}
+
+inline std::string yes(bool flag)
+{
+    return flag ? " yes" : " no";
 }
 
 } // namespace interposed

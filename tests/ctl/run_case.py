@@ -28,7 +28,7 @@ def environment(folder, vornctl, preload, disk):
         "VORN_ROOT": str(folder / "root"),
         "VORN_TEST_VORNCTL": vornctl,
         "VORN_TEST_PRELOAD": preload,
-        "VORN_TEST_CALLS": str(folder / "work" / "calls"),
+        "VORN_TEST_CALLS": str(folder / "here" / "calls"),
         "VORN_TEST_DISK": disk,
         "PYTHONDONTWRITEBYTECODE": "1",
     }
@@ -54,7 +54,7 @@ def prefixed(prefix, text):
 def run_line(line, folder, env):
     done = subprocess.run(
         ["bash", "-c", line],
-        cwd=folder / "work",
+        cwd=folder / "here",
         env=env,
         stdin=subprocess.DEVNULL,
         capture_output=True,
@@ -71,7 +71,7 @@ def replay(case, vornctl, preload):
     result = []
     with tempfile.TemporaryDirectory(prefix="vornctl-") as name:
         folder = pathlib.Path(name)
-        for child in ("home", "work"):
+        for child in ("home", "here"):
             (folder / child).mkdir()
         env = None
         for line in case.read_text(encoding="utf-8").splitlines(keepends=True):

@@ -13,7 +13,18 @@ using Clock = std::chrono::steady_clock;
 namespace {
 
 class LinkIdle : public LinkTest
-{};
+{
+protected:
+    // "Home", on a device that carries no traffic.
+    void storeWithAPeriodOfASecond()
+    {
+        configure(R"({"bearer": "scenario", "minuteMs": 1000,
+            "scenario": {"default": {"device": "quiet0"}}})");
+        NetworkProfile record = packetProfile();
+        record.gprsTimeout = 1;
+        store("Home", record);
+    }
+};
 
 // A device that the machine does not have carries no traffic.
 constexpr char kQuietDevice[] = R"({"bearer": "scenario", "minuteMs": 40,
@@ -51,11 +62,7 @@ TEST_F(LinkIdle, EndsAQuietDialledLinkAfterItsOwnMinutes)
 
 TEST_F(LinkIdle, WakesTheEngineFourTimesInAPeriod)
 {
-    configure(R"({"bearer": "scenario", "minuteMs": 1000,
-        "scenario": {"default": {"device": "quiet0"}}})");
-    NetworkProfile record = packetProfile();
-    record.gprsTimeout = 1;
-    store("Home", record);
+    storeWithAPeriodOfASecond();
     Receiver receiver;
     NAPI_OpenLink("Home");
     EXPECT_EQ(receiver.next(), connected(0, "quiet0"));
@@ -70,11 +77,7 @@ TEST_F(LinkIdle, WakesTheEngineFourTimesInAPeriod)
 // the most. A loaded machine may be late besides; then the next of a few links shows it.
 TEST_F(LinkIdle, EndsAQuietLinkWithinAQuarterOfItsPeriodMore)
 {
-    configure(R"({"bearer": "scenario", "minuteMs": 1000,
-        "scenario": {"default": {"device": "quiet0"}}})");
-    NetworkProfile record = packetProfile();
-    record.gprsTimeout = 1;
-    store("Home", record);
+    storeWithAPeriodOfASecond();
     Receiver receiver;
     auto soonest = milliseconds::max();
     for (int attempt = 0; attempt < 5 && soonest > milliseconds(1250); ++attempt) {

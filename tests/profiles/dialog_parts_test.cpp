@@ -11,6 +11,8 @@
 using interposed::Call;
 using interposed::callsOf;
 using interposed::orNone;
+using interposed::quoted;
+using interposed::yes;
 
 namespace {
 
@@ -23,16 +25,6 @@ std::string row(const void* item)
         if (items[i] == item)
             return "row " + std::to_string(i);
     return item ? "unknown row" : "no row";
-}
-
-std::string quoted(const QString& text)
-{
-    return text.isNull() ? "null" : '"' + text.toStdString() + '"';
-}
-
-std::string yes(bool flag)
-{
-    return flag ? " yes" : " no";
 }
 
 } // namespace

@@ -17,22 +17,14 @@
 using interposed::Call;
 using interposed::callsOf;
 using interposed::orNone;
+using interposed::quoted;
+using interposed::yes;
 
 namespace {
 
 bool hasListBox = true;
 std::function<int(YSingleSelectDlg*)> user;
 YListBoxItem* checkedItem = nullptr;
-
-std::string quoted(const QString& text)
-{
-    return text.isNull() ? "null" : '"' + text.toStdString() + '"';
-}
-
-std::string yes(bool flag)
-{
-    return flag ? " yes" : " no";
-}
 
 } // namespace
 

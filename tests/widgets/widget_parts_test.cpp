@@ -18,6 +18,7 @@
 using interposed::Call;
 using interposed::callsOf;
 using interposed::orNone;
+using interposed::quoted;
 
 namespace {
 
@@ -31,11 +32,6 @@ std::string segment(const void* edit)
     if (found == segments.end())
         return "edit: ";
     return "segment " + std::to_string(found - segments.begin()) + ": ";
-}
-
-std::string quoted(const QString& text)
-{
-    return text.isNull() ? "null" : '"' + text.toStdString() + '"';
 }
 
 } // namespace

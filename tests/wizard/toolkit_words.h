@@ -26,7 +26,7 @@ template <typename... Arguments> void goOn(const char* symbol, Arguments&&... ar
 
 inline std::string said(const QString& text)
 {
-    return text.isNull() ? "null" : '"' + text.toStdString() + '"';
+    return interposed::quoted(text);
 }
 
 inline std::string said(int number)
