@@ -4,8 +4,8 @@
 
 #include "ratios.h"
 #include "wizard/array_form.h"
-#include "wizard/record.h"
-#include "wizard/recordmapping.h"
+#include "wizard/form/record.h"
+#include "wizard/form/recordmapping.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 function(vorn_library_sources support library)
   set(root "${PROJECT_SOURCE_DIR}")
   file(GLOB helpers CONFIGURE_DEPENDS "${root}/support/*.cpp" "${root}/support/*.h")
-  file(GLOB others CONFIGURE_DEPENDS
+  file(GLOB_RECURSE others CONFIGURE_DEPENDS
     "${root}/session/*.cpp" "${root}/session/*.h"
     "${root}/profiles/*.cpp" "${root}/profiles/*.h"
     "${root}/widgets/*.cpp" "${root}/widgets/*.h"

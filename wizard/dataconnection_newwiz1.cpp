@@ -10,12 +10,12 @@
 #include "profiles/readdmint.h"
 #include "support/log.h"
 #include "support/text.h"
-#include "wizard/codetables.h"
 #include "wizard/dataconnection_newwiz2.h"
+#include "wizard/form/codetables.h"
+#include "wizard/form/recordmapping.h"
 #include "wizard/nspressbutton.h"
 #include "wizard/page1rows.h"
 #include "wizard/pageparts.h"
-#include "wizard/recordmapping.h"
 
 using support::logPrint;
 using wizard::Choice;

@@ -8,9 +8,9 @@
 
 #include <ykbmainwidget.h>
 
-#include "wizard/formcheck.h"
+#include "wizard/form/formcheck.h"
+#include "wizard/form/record.h"
 #include "wizard/formrows.h"
-#include "wizard/record.h"
 
 class DataConnection_NewWiz2;
 class NSPressButton;

@@ -2,7 +2,7 @@
 #ifndef WIZARD_FORMROWS_H
 #define WIZARD_FORMROWS_H
 
-#include "wizard/formfields.h"
+#include "wizard/form/formfields.h"
 
 class YComboBox;
 class YFormContainer;

@@ -5,8 +5,8 @@
 
 #include <qstring.h>
 
-#include "wizard/formcheck.h"
-#include "wizard/formfields.h"
+#include "wizard/form/formcheck.h"
+#include "wizard/form/formfields.h"
 
 namespace wizard {
 

@@ -2,7 +2,7 @@
 #ifndef WIZARD_ROWTABLE_H
 #define WIZARD_ROWTABLE_H
 
-#include "wizard/formfields.h"
+#include "wizard/form/formfields.h"
 
 class QString;
 class QWidget;

@@ -12,8 +12,8 @@
 #include "support/memory.h"
 #include "wizard/dataconnection_newwiz1.h"
 #include "wizard/dataconnection_newwiz2.h"
+#include "wizard/form/profilestore.h"
 #include "wizard/messages.h"
-#include "wizard/profilestore.h"
 
 using support::Guarded;
 using wizard::Choice;

@@ -132,7 +132,7 @@ class PhoneBuild(unittest.TestCase):
     def sources(self, pattern):
         return {path.relative_to(ROOT).as_posix()
                 for folder in ("session", "profiles", "wizard", "widgets", "support", "include")
-                for path in (ROOT / folder).glob(pattern)}
+                for path in (ROOT / folder).rglob(pattern)}
 
     def test_compiles_each_source_of_the_library_and_nothing_of_the_host(self):
         compiled = {pathlib.Path(command["file"]) for command in self.commands}

@@ -277,7 +277,7 @@ def lint_which_qt(text):
 
 def sources(root):
     for folder in FOLDERS:
-        for path in sorted((root / folder).glob("*")):
+        for path in sorted((root / folder).rglob("*")):
             if path.suffix in (".h", ".cpp"):
                 yield path.relative_to(root).as_posix(), path.read_text(encoding="utf-8")
 

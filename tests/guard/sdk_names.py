@@ -59,7 +59,7 @@ def declared_names(text):
 def used_names(root):
     words, calls, headers = set(), set(), set()
     for folder in LIBRARY:
-        for path in (root / folder).glob("*"):
+        for path in (root / folder).rglob("*"):
             if path.suffix in (".h", ".cpp"):
                 text = path.read_text(encoding="utf-8")
                 headers |= set(INCLUDE.findall(text))

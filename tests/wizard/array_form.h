@@ -2,7 +2,7 @@
 #ifndef TESTS_WIZARD_ARRAY_FORM_H
 #define TESTS_WIZARD_ARRAY_FORM_H
 
-#include "wizard/formfields.h"
+#include "wizard/form/formfields.h"
 
 class ArrayForm : public wizard::FormFields
 {

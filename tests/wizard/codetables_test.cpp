@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include "wizard/codetables.h"
+#include "wizard/form/codetables.h"
 
 namespace {
 

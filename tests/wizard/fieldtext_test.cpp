@@ -5,7 +5,7 @@
 
 #include "profiles/recorder.h"
 #include "support/text.h"
-#include "wizard/fieldtext.h"
+#include "wizard/form/fieldtext.h"
 
 namespace {
 

@@ -10,7 +10,7 @@
 
 #include "support/text.h"
 #include "wizard/array_form.h"
-#include "wizard/formcheck.h"
+#include "wizard/form/formcheck.h"
 
 static std::set<std::string> storedNames;
 static std::string askedNames;

@@ -10,9 +10,9 @@
 #include "profiles/recorder.h"
 #include "support/text.h"
 #include "wizard/array_form.h"
+#include "wizard/form/profilefolder.h"
+#include "wizard/form/profilestore.h"
 #include "wizard/heap.h"
-#include "wizard/profilefolder.h"
-#include "wizard/profilestore.h"
 #include "wizard/record_bytes.h"
 #include "wizard/recorded_napi.h"
 

@@ -6,8 +6,8 @@
 #include "profiles/recorder.h"
 #include "support/text.h"
 #include "wizard/array_form.h"
+#include "wizard/form/recordmapping.h"
 #include "wizard/record_bytes.h"
-#include "wizard/recordmapping.h"
 
 namespace {
 

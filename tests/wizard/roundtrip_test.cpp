@@ -6,9 +6,9 @@
 #include "profiles/recorder.h"
 #include "support/text.h"
 #include "wizard/array_form.h"
+#include "wizard/form/recordmapping.h"
 #include "wizard/record_bytes.h"
 #include "wizard/record_generator.h"
-#include "wizard/recordmapping.h"
 
 namespace {
 

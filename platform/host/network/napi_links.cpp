@@ -4,9 +4,9 @@
 #include <cstring>
 #include <exception>
 
-#include "network/link_engine.h"
-#include "network/resolver_config.h"
-#include "network/socket_binding.h"
+#include "network/links/link_engine.h"
+#include "network/links/resolver_config.h"
+#include "network/links/socket_binding.h"
 
 using network::LinkEngine;
 

@@ -5,7 +5,7 @@
 #include <QPainter>
 #include <QStringList>
 
-#include "ytheme.h"
+#include "toolkit/look/ytheme.h"
 
 struct YAppInfoArea::Private
 {

@@ -6,7 +6,7 @@
 #include <yinputfield.h>
 #include <ylineedit.h>
 
-#include "yinputmode.h"
+#include "toolkit/input/yinputmode.h"
 
 YApplication::YApplication(int& argc, char** argv) : QApplication(argc, argv) {}
 

@@ -4,10 +4,10 @@
 #include <QKeyEvent>
 #include <QPainter>
 
-#include "yrowlook.h"
-#include "ytell.h"
-#include "ytheme.h"
-#include "ywrap.h"
+#include "toolkit/accessible/ytell.h"
+#include "toolkit/look/yrowlook.h"
+#include "toolkit/look/ytheme.h"
+#include "toolkit/look/ywrap.h"
 
 namespace {
 

@@ -11,10 +11,10 @@
 #include <ysingleselectdlg.h>
 #include <yskinservice.h>
 
-#include "yrowlook.h"
-#include "ytell.h"
-#include "ytheme.h"
-#include "ywrap.h"
+#include "toolkit/accessible/ytell.h"
+#include "toolkit/look/yrowlook.h"
+#include "toolkit/look/ytheme.h"
+#include "toolkit/look/ywrap.h"
 
 namespace {
 

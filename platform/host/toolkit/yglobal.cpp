@@ -1,7 +1,7 @@
 #include <yglobal.h>
 
+#include "toolkit/look/ytheme.h"
 #include "yscreen.h"
-#include "ytheme.h"
 
 namespace {
 

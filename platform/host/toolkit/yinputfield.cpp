@@ -5,10 +5,10 @@
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 
-#include "yinputmode.h"
-#include "ykeypad.h"
-#include "ymultitap.h"
-#include "yrowlook.h"
+#include "toolkit/input/yinputmode.h"
+#include "toolkit/input/ykeypad.h"
+#include "toolkit/input/ymultitap.h"
+#include "toolkit/look/yrowlook.h"
 
 struct YInputField::Private
 {

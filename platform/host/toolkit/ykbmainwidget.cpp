@@ -6,8 +6,8 @@
 
 #include <ysoftkey.h>
 
+#include "toolkit/look/ytheme.h"
 #include "yscreen.h"
-#include "ytheme.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 #include <ylabel.h>
 
-#include "ywrap.h"
+#include "toolkit/look/ywrap.h"
 
 struct YLabel::Private
 {

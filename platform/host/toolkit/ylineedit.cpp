@@ -10,10 +10,10 @@
 #include <yinputfield.h>
 #include <yskinservice.h>
 
-#include "yinputmode.h"
-#include "yrowlook.h"
-#include "ytell.h"
-#include "ytheme.h"
+#include "toolkit/accessible/ytell.h"
+#include "toolkit/input/yinputmode.h"
+#include "toolkit/look/yrowlook.h"
+#include "toolkit/look/ytheme.h"
 
 namespace {
 

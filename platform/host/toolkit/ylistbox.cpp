@@ -5,12 +5,12 @@
 #include <QListView>
 #include <QResizeEvent>
 
-#include "yfinger.h"
+#include "toolkit/accessible/ytell.h"
+#include "toolkit/input/yfinger.h"
+#include "toolkit/look/ytheme.h"
 #include "ylistdelegate.h"
 #include "ylistitemdata.h"
 #include "ylistmodel.h"
-#include "ytell.h"
-#include "ytheme.h"
 
 struct YListBox::Private
 {

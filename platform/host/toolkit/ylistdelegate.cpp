@@ -5,10 +5,10 @@
 #include <QAbstractItemView>
 #include <QPainter>
 
+#include "toolkit/look/ytheme.h"
+#include "toolkit/look/ywrap.h"
 #include "ylistitemdata.h"
 #include "ylistmodel.h"
-#include "ytheme.h"
-#include "ywrap.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 
 #include <QStyledItemDelegate>
 
-#include "yrowfont.h"
+#include "toolkit/look/yrowfont.h"
 
 class YListModel;
 struct YListSubItem;

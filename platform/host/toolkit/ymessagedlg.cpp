@@ -6,7 +6,7 @@
 
 #include <ysoftkey.h>
 
-#include "ymessagetext.h"
+#include "toolkit/look/ymessagetext.h"
 
 struct YMessageDlg::Private
 {

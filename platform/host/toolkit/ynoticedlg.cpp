@@ -9,8 +9,8 @@
 
 #include <ysoftkey.h>
 
-#include "ymessagetext.h"
-#include "ytheme.h"
+#include "toolkit/look/ymessagetext.h"
+#include "toolkit/look/ytheme.h"
 
 namespace {
 

@@ -16,9 +16,9 @@
 #include <yglobal.h>
 #include <ysoftkey.h>
 
-#include "ytell.h"
-#include "ytheme.h"
-#include "ywrap.h"
+#include "toolkit/accessible/ytell.h"
+#include "toolkit/look/ytheme.h"
+#include "toolkit/look/ywrap.h"
 
 namespace {
 

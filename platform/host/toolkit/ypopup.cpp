@@ -13,11 +13,11 @@
 #include <ylabel.h>
 #include <ysoftkey.h>
 
-#include "ybusy.h"
+#include "toolkit/accessible/ytell.h"
+#include "toolkit/look/ybusy.h"
+#include "toolkit/look/ytextlabel.h"
+#include "toolkit/look/ytheme.h"
 #include "yscreen.h"
-#include "ytell.h"
-#include "ytextlabel.h"
-#include "ytheme.h"
 
 namespace {
 

@@ -8,7 +8,7 @@
 #include <QPainter>
 #include <QPointer>
 
-#include "ytheme.h"
+#include "toolkit/look/ytheme.h"
 
 namespace {
 

@@ -8,7 +8,7 @@
 #include <QScrollArea>
 #include <QScrollBar>
 
-#include "yfinger.h"
+#include "toolkit/input/yfinger.h"
 
 // The widget that is scrolled.
 class YScrollContents : public QWidget

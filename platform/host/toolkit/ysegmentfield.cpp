@@ -12,10 +12,10 @@
 #include <yinputfield.h>
 #include <ylineedit.h>
 
-#include "ykeypad.h"
-#include "yrowlook.h"
-#include "ytell.h"
-#include "ytheme.h"
+#include "toolkit/accessible/ytell.h"
+#include "toolkit/input/ykeypad.h"
+#include "toolkit/look/yrowlook.h"
+#include "toolkit/look/ytheme.h"
 
 namespace {
 

@@ -5,9 +5,9 @@
 
 #include <ylabel.h>
 
-#include "yrowlook.h"
-#include "ytell.h"
-#include "ytheme.h"
+#include "toolkit/accessible/ytell.h"
+#include "toolkit/look/yrowlook.h"
+#include "toolkit/look/ytheme.h"
 
 namespace {
 

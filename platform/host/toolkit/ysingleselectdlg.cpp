@@ -6,7 +6,7 @@
 
 #include <ysoftkey.h>
 
-#include "ytheme.h"
+#include "toolkit/look/ytheme.h"
 
 struct YSingleSelectDlg::Private
 {

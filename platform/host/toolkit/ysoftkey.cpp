@@ -9,7 +9,7 @@
 
 #include <yoptionsmenu.h>
 
-#include "ytheme.h"
+#include "toolkit/look/ytheme.h"
 
 namespace {
 

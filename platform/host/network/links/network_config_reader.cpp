@@ -1,0 +1,140 @@
+#include "network/links/network_config_reader.h"
+
+#include <climits>
+
+#include <arpa/inet.h>
+#include <net/if.h>
+
+#include "base/root.h"
+
+namespace network {
+
+using base::JsonKind;
+using base::JsonValue;
+
+constexpr long long kDayMs = 24LL * 60 * 60 * 1000;
+
+static bool isDeviceName(const std::string& name)
+{
+    return !name.empty() && name.size() < IF_NAMESIZE &&
+           name.find_first_of("/: \t\n") == std::string::npos;
+}
+
+static std::string deviceName(JsonValue value, const std::string& fallback)
+{
+    std::string name = value.text(fallback);
+    if (isDeviceName(name))
+        return name;
+    value.reject("the name of a network device, 1 to 15 bytes", '"' + fallback + '"');
+    return fallback;
+}
+
+static std::optional<std::string> interfaceName(JsonValue value)
+{
+    static const std::string usual = "the default route's interface";
+    if (!value.present())
+        return {};
+    if (value.kind() == JsonKind::Text) {
+        std::string name = value.text("");
+        if (name.empty() || isDeviceName(name))
+            return name;
+    }
+    value.reject("the name of a network device, at most 15 bytes", usual);
+    return {};
+}
+
+static uint32_t address(JsonValue value, uint32_t fallback)
+{
+    static const char expected[] = "an IPv4 address like \"10.1.2.3\"";
+    in_addr parsed;
+    if (!value.present())
+        return fallback;
+    if (value.kind() == JsonKind::Text &&
+        ::inet_pton(AF_INET, value.text("").c_str(), &parsed) == 1)
+        return ntohl(parsed.s_addr);
+    value.reject(expected, "\"127.0.0.1\"");
+    return fallback;
+}
+
+static std::vector<std::string> addressTexts(JsonValue list)
+{
+    std::vector<std::string> texts;
+    std::vector<JsonValue> wrong;
+    for (const JsonValue& one : list.elements()) {
+        in6_addr parsed;
+        std::string text = one.kind() == JsonKind::Text ? one.text("") : "";
+        bool valid = ::inet_pton(AF_INET, text.c_str(), &parsed) == 1 ||
+                     ::inet_pton(AF_INET6, text.c_str(), &parsed) == 1;
+        if (valid)
+            texts.push_back(text);
+        else
+            wrong.push_back(one);
+    }
+    const char* used = texts.empty() ? "no name server" : "the other name servers";
+    for (const JsonValue& one : wrong)
+        one.reject("an IP address as text", used);
+    return texts;
+}
+
+static ScenarioOutcome outcome(JsonValue value)
+{
+    std::string text = value.choice({"connect", "fail", "never"}, "connect");
+    if (text == "fail")
+        return ScenarioOutcome::Fail;
+    return text == "never" ? ScenarioOutcome::Never : ScenarioOutcome::Connect;
+}
+
+// A default of zero would break the link at once, so what is no length of time is no breaking at
+// all.
+static std::optional<Milliseconds> breakAfter(JsonValue value)
+{
+    if (!value.present())
+        return {};
+    long long length = -1;
+    if (value.kind() == JsonKind::Integer)
+        length = value.integer(LLONG_MIN, LLONG_MAX, -1);
+    if (length >= 0 && length <= kDayMs)
+        return Milliseconds(length);
+    value.reject("an integer from 0 to " + std::to_string(kDayMs), "no breaking");
+    return {};
+}
+
+static Scenario scenario(JsonValue value)
+{
+    Scenario read;
+    read.outcome = outcome(value.at("outcome"));
+    read.after = Milliseconds(value.at("afterMs").integer(0, kDayMs, 0));
+    read.cause = static_cast<uint16_t>(value.at("cause").integer(1, 65535, NAPI_CAUSE_NO_SERVICE));
+    read.detail = static_cast<uint16_t>(value.at("detail").integer(0, 65535, 0));
+    read.device = deviceName(value.at("device"), read.device);
+    read.address = address(value.at("address"), read.address);
+    read.nameServers = addressTexts(value.at("nameServers"));
+    read.breakAfter = breakAfter(value.at("breakAfterMs"));
+    return read;
+}
+
+std::string networkConfigPath()
+{
+    std::string root = base::rootFolder();
+    return root.empty() ? "" : root + "/etc/network.json";
+}
+
+NetworkConfig readNetworkConfig(base::JsonDocument& document)
+{
+    NetworkConfig config;
+    JsonValue root = document.root();
+    bool scenarios = root.at("bearer").choice({"machine", "scenario"}, "machine") == "scenario";
+    config.bearer = scenarios ? BearerChoice::Scenario : BearerChoice::Machine;
+    config.wifi = interfaceName(root.at("interfaces").at("wifi"));
+    config.cellular = interfaceName(root.at("interfaces").at("cellular"));
+    config.defaultScenario = scenario(root.at("scenario").at("default"));
+    for (const auto& [profile, told] : root.at("scenario").at("profiles").members())
+        config.scenarios[profile] = scenario(told);
+    config.maxProfiles =
+        static_cast<unsigned>(root.at("maxProfiles").integer(1, 65535, config.maxProfiles));
+    config.minute = Milliseconds(root.at("minuteMs").integer(1, 60000, config.minute.count()));
+    document.rejectUnknownKeys("the file without it");
+    return config;
+}
+
+} // namespace network

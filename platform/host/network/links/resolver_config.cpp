@@ -1,0 +1,78 @@
+#include "network/links/resolver_config.h"
+
+#include <fstream>
+#include <sstream>
+
+#include "base/durable_file.h"
+#include "base/root.h"
+#include "network/store/store_errors.h"
+#include "network/store/store_folder.h"
+
+namespace network {
+
+static std::string addressText(uint32_t address)
+{
+    std::string text = std::to_string(address >> 24);
+    for (int shift = 16; shift >= 0; shift -= 8)
+        text += '.' + std::to_string((address >> shift) & 0xFF);
+    return text;
+}
+
+static std::vector<std::string> profileServers(const NetworkProfile& record, NapiBearerKind kind)
+{
+    bool dialled = kind == NAPI_BEARER_CSD;
+    std::vector<std::string> servers;
+    for (uint32_t address :
+         {dialled ? record.csdDns1 : record.gprsDns1, dialled ? record.csdDns2 : record.gprsDns2}) {
+        if (address != 0)
+            servers.push_back(addressText(address));
+    }
+    return servers;
+}
+
+static std::vector<std::string> machineServers()
+{
+    std::vector<std::string> servers;
+    std::ifstream file("/etc/resolv.conf");
+    for (std::string line; std::getline(file, line);) {
+        std::istringstream words(line);
+        std::string keyword, server;
+        if (words >> keyword >> server && keyword == "nameserver")
+            servers.push_back(server);
+    }
+    return servers;
+}
+
+std::vector<std::string> nameServers(const NetworkProfile& record, const Device& device)
+{
+    std::vector<std::string> servers = profileServers(record, device.kind);
+    if (servers.empty())
+        servers = device.nameServers;
+    if (servers.empty())
+        servers = machineServers();
+    return servers;
+}
+
+static int resultOf(int error)
+{
+    int result = store::resultOf(error);
+    bool listed = result == NAPI_OK || result == NAPI_ERR_MEMORY_FULL ||
+                  result == NAPI_ERR_ACCESS || result == NAPI_ERR_RESOURCES;
+    return listed ? result : NAPI_ERR_IO;
+}
+
+int writeResolverConfig(const std::vector<std::string>& nameServers)
+{
+    if (int result = store::checkRoot())
+        return result;
+    std::string folder = base::rootFolder() + "/etc";
+    if (int error = base::makeFolders(folder))
+        return store::rootResultOf(error);
+    std::string text;
+    for (const std::string& server : nameServers)
+        text += "nameserver " + server + "\n";
+    // Every program of the phone resolves names, whoever it runs as.
+    return resultOf(base::replaceFile(folder + "/resolv.conf", text, 0644));
+}
+
+} // namespace network

@@ -1,0 +1,156 @@
+#include "network/store/profile_reader.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/stat.h>
+
+#include "base/durable_file.h"
+#include "network/store/profile_name.h"
+#include "network/store/store_errors.h"
+#include "network/store/store_folder.h"
+
+namespace store {
+
+// Other programs may rename and remove profiles while one looks; looking again finds where they
+// are now. More than a few times in a row takes a program that does nothing else.
+static const int kLooks = 64;
+
+static base::UniqueFd openProfile(int folder, const std::string& name)
+{
+    return base::UniqueFd(base::retried([&] {
+        return openat(folder, name.c_str(), O_PATH | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
+    }));
+}
+
+enum class Look { Usable, Unusable, Gone };
+
+static Look lookAt(int folder, const std::string& name)
+{
+    std::string path = name + "/" + kRecordName;
+    RecordState state = recordStatus(folder, path.c_str()).state;
+    if (state == RecordState::Missing) {
+        // Either the folder has no record, or it has another name by now.
+        base::UniqueFd profile = openProfile(folder, name);
+        if (!profile.isOpen())
+            return errno == ENOENT ? Look::Gone : Look::Unusable;
+        state = recordStatus(profile.get(), kRecordName).state;
+    }
+    return state == RecordState::Usable ? Look::Usable : Look::Unusable;
+}
+
+// Gives the names of the usable profiles among the entries; false when an entry is gone already, so
+// that a profile may have taken a name that these entries do not have.
+static bool pickUsable(int folder, const std::vector<Entry>& entries,
+                       std::vector<std::string>* names)
+{
+    bool areAllThere = true;
+    names->clear();
+    for (const Entry& entry : entries) {
+        if (!isProfileName(entry.name) || !isFolder(folder, entry))
+            continue;
+        Look look = lookAt(folder, entry.name);
+        if (look == Look::Usable)
+            names->push_back(entry.name);
+        areAllThere = areAllThere && look != Look::Gone;
+    }
+    return areAllThere;
+}
+
+int listProfiles(std::vector<std::string>* names)
+{
+    base::UniqueFd folder;
+    std::vector<Entry> entries;
+    names->clear();
+    if (int result = openStore(&folder); result != NAPI_OK || !folder.isOpen())
+        return result;
+    for (int look = 0; look < kLooks; ++look) {
+        if (int error = readEntries(folder.get(), &entries))
+            return resultOf(error);
+        if (pickUsable(folder.get(), entries, names))
+            break;
+    }
+    std::sort(names->begin(), names->end());
+    return NAPI_OK;
+}
+
+// Tells whether `name` still stands for the folder that was opened under it.
+static bool isStillNamed(int store, const std::string& name, int profile)
+{
+    struct stat named, opened;
+    return fstatat(store, name.c_str(), &named, AT_SYMLINK_NOFOLLOW) == 0 &&
+           fstat(profile, &opened) == 0 && named.st_dev == opened.st_dev &&
+           named.st_ino == opened.st_ino;
+}
+
+// NAPI_OK with the record open; NAPI_ERR_NO_PROFILE when the folder holds none.
+static int openRecordIn(int profile, base::UniqueFd* record)
+{
+    RecordStatus status = recordStatus(profile, kRecordName);
+    switch (status.state) {
+    case RecordState::Missing:
+        return NAPI_ERR_NO_PROFILE;
+    case RecordState::NotRegular:
+    case RecordState::WrongSize:
+        return NAPI_ERR_DAMAGED;
+    case RecordState::OutOfReach:
+        return resultOf(status.error);
+    case RecordState::Usable:
+        break;
+    }
+    // O_NONBLOCK: should a pipe have taken the record's place in this instant, nobody waits for it.
+    *record = base::UniqueFd(base::retried([&] {
+        return openat(profile, kRecordName, O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
+    }));
+    return record->isOpen() ? NAPI_OK : resultOf(errno);
+}
+
+static int openRecord(const std::string& name, base::UniqueFd* record)
+{
+    base::UniqueFd folder;
+    if (int result = openStore(&folder))
+        return result;
+    for (int look = 0; folder.isOpen() && look < kLooks; ++look) {
+        base::UniqueFd profile(base::retried([&] {
+            return openat(folder.get(), name.c_str(),
+                          O_PATH | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
+        }));
+        if (!profile.isOpen())
+            return resultOf(errno);
+        int result = openRecordIn(profile.get(), record);
+        if (result != NAPI_ERR_NO_PROFILE)
+            return result;
+        // A folder that is just being removed has lost its name before its record.
+        if (isStillNamed(folder.get(), name, profile.get()))
+            return NAPI_ERR_DAMAGED;
+    }
+    return NAPI_ERR_NO_PROFILE;
+}
+
+int checkProfile(const std::string& name)
+{
+    base::UniqueFd record;
+    return openRecord(name, &record);
+}
+
+int readProfile(const std::string& name, NetworkProfile* out)
+{
+    base::UniqueFd record;
+    if (int result = openRecord(name, &record))
+        return result;
+    NetworkProfile whole;
+    char* bytes = reinterpret_cast<char*>(&whole);
+    for (size_t have = 0; have < sizeof whole;) {
+        ssize_t got =
+            base::retried([&] { return read(record.get(), bytes + have, sizeof whole - have); });
+        if (got < 0)
+            return resultOf(errno);
+        if (got == 0)
+            return NAPI_ERR_DAMAGED;
+        have += static_cast<size_t>(got);
+    }
+    *out = whole;
+    return NAPI_OK;
+}
+
+} // namespace store

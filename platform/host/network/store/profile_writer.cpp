@@ -1,0 +1,207 @@
+#include "network/store/profile_writer.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <fcntl.h>
+#include <string_view>
+#include <sys/stat.h>
+
+#include "base/durable_file.h"
+#include "network/links/network_config.h"
+#include "network/napi_host.h"
+#include "network/store/file_moves.h"
+#include "network/store/profile_name.h"
+#include "network/store/store_errors.h"
+#include "network/store/store_folder.h"
+
+namespace store {
+
+static std::string_view bytesOf(const NetworkProfile& record)
+{
+    return {reinterpret_cast<const char*>(&record), sizeof record};
+}
+
+// 0 when there is something of this name, else an errno.
+static int lookFor(int folder, const std::string& name)
+{
+    struct stat status;
+    return fstatat(folder, name.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0 ? 0 : errno;
+}
+
+static base::UniqueFd openFolderIn(int folder, const char* name)
+{
+    return base::UniqueFd(base::retried(
+        [&] { return openat(folder, name, O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC); }));
+}
+
+int ProfileWriter::open(IfMissing ifMissing)
+{
+    if (int result = checkRoot())
+        return result;
+    std::string path = napihost::profilesFolder();
+    int error = m_folder.open(path);
+    if (error == ENOENT && ifMissing == IfMissing::Refuse)
+        return NAPI_ERR_NO_PROFILE;
+    if (error == ENOENT) {
+        error = base::makeFolders(path);
+        if (error == 0)
+            error = m_folder.open(path);
+    }
+    return error ? rootResultOf(error) : resultOf(sweep());
+}
+
+// Leftovers that may not be removed are put aside, so that they do not stop the writers for good.
+int ProfileWriter::sweep()
+{
+    Place pending{m_folder.fd(), kPendingName};
+    int error = removeTree(pending, "");
+    struct stat status;
+    if (resultOf(error) != NAPI_ERR_ACCESS ||
+        fstatat(pending.folder, pending.name, &status, AT_SYMLINK_NOFOLLOW) != 0)
+        return error;
+    std::string aside = ".unremovable-" + std::to_string(status.st_ino);
+    return moveToFree(pending, {m_folder.fd(), aside.c_str()});
+}
+
+// Removes what this writer does not need any more; where that fails, the next writer tries again.
+void ProfileWriter::discardPending()
+{
+    removeTree({m_folder.fd(), kPendingName}, "");
+}
+
+// A folder's link count tells how many folders are in it, on file systems that keep it (a count
+// below 2 says that this one does not); so the profiles are only counted when there may be too
+// many.
+int ProfileWriter::checkLimit() const
+{
+    const unsigned int limit = network::networkConfig()->maxProfiles;
+    struct stat status;
+    if (fstat(m_folder.fd(), &status) != 0)
+        return errno;
+    if (status.st_nlink >= 2 && status.st_nlink - 2 < limit)
+        return 0;
+    std::vector<Entry> entries;
+    if (int error = readEntries(m_folder.fd(), &entries))
+        return error;
+    auto profiles = std::count_if(entries.begin(), entries.end(), [this](const Entry& entry) {
+        return isProfileName(entry.name) && isFolder(m_folder.fd(), entry);
+    });
+    return profiles < limit ? 0 : ENOSPC;
+}
+
+// Makes the whole profile under the pending name, on the disk but for that name.
+int ProfileWriter::buildFolder(const NetworkProfile& record)
+{
+    if (mkdirat(m_folder.fd(), kPendingName, 0700) != 0)
+        return errno;
+    base::UniqueFd profile = openFolderIn(m_folder.fd(), kPendingName);
+    if (!profile.isOpen() && errno == EACCES) {
+        // The process's umask keeps even the owner out.
+        fchmodat(m_folder.fd(), kPendingName, 0700, 0);
+        profile = openFolderIn(m_folder.fd(), kPendingName);
+    }
+    if (!profile.isOpen())
+        return errno;
+    if (int error = base::setMode(profile.get(), 0700))
+        return error;
+    if (int error = base::createFile(profile.get(), kRecordName, bytesOf(record), 0600))
+        return error;
+    return base::syncFolder(profile.get());
+}
+
+// One step to another name, confirmed by the disk, or taken back.
+int ProfileWriter::move(const char* from, const char* to)
+{
+    Place old{m_folder.fd(), from}, fresh{m_folder.fd(), to};
+    int error = moveToFree(old, fresh);
+    if (error == 0) {
+        error = base::syncFolder(m_folder.fd());
+        if (error != 0)
+            moveToFree(fresh, old);
+    }
+    return error;
+}
+
+int ProfileWriter::create(const std::string& name, const NetworkProfile& record)
+{
+    int error = lookFor(m_folder.fd(), name);
+    if (error != ENOENT)
+        return error == 0 ? NAPI_ERR_EXISTS : resultOf(error);
+    if ((error = checkLimit()) == 0)
+        error = buildFolder(record);
+    if (error == 0)
+        error = move(kPendingName, name.c_str());
+    if (error != 0)
+        discardPending();
+    // ENOENT: the store itself was taken away from under this writer.
+    return error == ENOENT ? int(NAPI_ERR_IO) : resultOf(error);
+}
+
+// The open folder of the profile stays the same when another program renames it meanwhile.
+int ProfileWriter::replaceRecord(int profile, const NetworkProfile& record)
+{
+    Place pending{m_folder.fd(), kPendingName}, place{profile, kRecordName};
+    int error = base::createFile(m_folder.fd(), kPendingName, bytesOf(record), 0600);
+    if (error != 0)
+        return error;
+    if ((error = swapIn(pending, place)) != 0)
+        return error;
+    // The profile's own name may be newer than the disk knows, where another program has renamed
+    // it; so the folder of the profiles is synced too.
+    error = base::syncFolder(profile);
+    if (error == 0)
+        error = base::syncFolder(m_folder.fd());
+    if (error != 0)
+        swapBack(pending, place);
+    return error;
+}
+
+// For a profile that is damaged so far that not even its folder is one.
+int ProfileWriter::replaceFolder(const std::string& name, const NetworkProfile& record)
+{
+    Place pending{m_folder.fd(), kPendingName}, place{m_folder.fd(), name.c_str()};
+    int error = buildFolder(record);
+    if (error != 0)
+        return error;
+    if ((error = swapIn(pending, place)) != 0)
+        return error;
+    if ((error = base::syncFolder(m_folder.fd())) != 0)
+        swapBack(pending, place);
+    return error;
+}
+
+int ProfileWriter::modify(const std::string& name, const NetworkProfile& record)
+{
+    base::UniqueFd profile = openFolderIn(m_folder.fd(), name.c_str());
+    int error = errno;
+    if (profile.isOpen())
+        error = replaceRecord(profile.get(), record);
+    else if (error == ENOTDIR)
+        error = replaceFolder(name, record);
+    discardPending();
+    return resultOf(error);
+}
+
+int ProfileWriter::remove(const std::string& name)
+{
+    if (int error = move(name.c_str(), kPendingName))
+        return resultOf(error);
+    int error = removeTree({m_folder.fd(), kPendingName}, kRecordName);
+    std::string record = std::string(kPendingName) + "/" + kRecordName;
+    if (error == 0 || recordStatus(m_folder.fd(), record.c_str()).state == RecordState::Missing)
+        return NAPI_OK; // the next writer removes an empty folder
+    // The record stays where people look for it: it holds passwords.
+    move(kPendingName, name.c_str());
+    return resultOf(error);
+}
+
+int ProfileWriter::rename(const std::string& name, const std::string& newName)
+{
+    if (name == newName)
+        return resultOf(lookFor(m_folder.fd(), name));
+    if (int error = lookFor(m_folder.fd(), name))
+        return resultOf(error);
+    return resultOf(move(name.c_str(), newName.c_str()));
+}
+
+} // namespace store

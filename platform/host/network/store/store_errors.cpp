@@ -1,0 +1,61 @@
+#include "network/store/store_errors.h"
+
+#include <cerrno>
+
+#include "napi.h"
+
+namespace store {
+
+namespace {
+
+struct Meaning
+{
+    int error;
+    int result;
+};
+
+const Meaning kMeanings[] = {
+    {0, NAPI_OK},
+    {ENOSPC, NAPI_ERR_MEMORY_FULL},
+    {EDQUOT, NAPI_ERR_MEMORY_FULL},
+    {EMLINK, NAPI_ERR_MEMORY_FULL}, // the file system takes no more folders into this one
+    {ENOENT, NAPI_ERR_NO_PROFILE},
+    {EEXIST, NAPI_ERR_EXISTS},
+    {ENOTEMPTY, NAPI_ERR_EXISTS},
+    {ENOTDIR, NAPI_ERR_DAMAGED},
+    {ELOOP, NAPI_ERR_DAMAGED},
+    {EISDIR, NAPI_ERR_DAMAGED},
+    {EACCES, NAPI_ERR_ACCESS},
+    {EPERM, NAPI_ERR_ACCESS},
+    {EROFS, NAPI_ERR_ACCESS},
+    {EMFILE, NAPI_ERR_RESOURCES},
+    {ENFILE, NAPI_ERR_RESOURCES},
+    {ENOMEM, NAPI_ERR_RESOURCES},
+    {ENOLCK, NAPI_ERR_RESOURCES},
+};
+
+} // namespace
+
+int resultOf(int error)
+{
+    for (const Meaning& meaning : kMeanings)
+        if (meaning.error == error)
+            return meaning.result;
+    return NAPI_ERR_IO;
+}
+
+int rootResultOf(int error)
+{
+    switch (error) {
+    case ENOENT: // a dangling symbolic link on the way
+    case EEXIST:
+    case ENOTDIR:
+    case ELOOP:
+    case ENAMETOOLONG:
+        return NAPI_ERR_ROOT;
+    default:
+        return resultOf(error);
+    }
+}
+
+} // namespace store

@@ -1,0 +1,38 @@
+#include "toolkit/look/yrowfont.h"
+
+#include "toolkit/look/ytheme.h"
+#include "toolkit/look/ywrap.h"
+
+namespace {
+
+QFont rowFont(bool strong)
+{
+    QFont font = YTheme::bodyFont();
+    font.setBold(strong);
+    return font;
+}
+
+} // namespace
+
+YRowFont::YRowFont(bool strong) : face(rowFont(strong)), measure(face)
+{
+    for (std::size_t code = 0; code < advances.size(); ++code)
+        advances[code] = measure.horizontalAdvance(QChar(static_cast<char16_t>(code)));
+}
+
+bool YRowFont::fits(const QString& text, int width) const
+{
+    int sum = 0;
+    for (const QChar letter : text) {
+        if (letter.unicode() >= advances.size())
+            return measure.horizontalAdvance(text) < width;
+        sum += advances[letter.unicode()];
+    }
+    // Kerning and rounding change the sum by less than a pixel a letter.
+    return sum + text.size() <= width || measure.horizontalAdvance(text) < width;
+}
+
+int YRowFont::wrappedHeight(const QString& text, int width) const
+{
+    return YWrap::height(face, text, width);
+}

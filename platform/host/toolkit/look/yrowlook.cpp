@@ -1,0 +1,172 @@
+#include "toolkit/look/yrowlook.h"
+
+#include <algorithm>
+
+#include <QFontMetrics>
+#include <QPainter>
+#include <QPainterPath>
+#include <QWidget>
+
+#include <yscrollpanel.h>
+
+#include "toolkit/look/ytheme.h"
+#include "toolkit/look/ywrap.h"
+
+namespace {
+
+constexpr QMargins rowMargins(YTheme::margin, 4, YTheme::margin, 4);
+constexpr int labelGap = 2;
+constexpr double boxRadius = 6;
+
+QFont labelFont()
+{
+    return YTheme::smallFont();
+}
+
+// Other letters may come from another font, which may be higher; to find out takes its time.
+bool isLatin(const QString& text)
+{
+    return std::all_of(text.begin(), text.end(),
+                       [](QChar letter) { return letter.unicode() < 0x250; });
+}
+
+} // namespace
+
+void YRowLook::setCompact(bool isCompact)
+{
+    compact = isCompact;
+    measuredWidth = -1;
+}
+
+void YRowLook::setLabel(const QString& newText)
+{
+    text = newText;
+    lineWidth = -1;
+    measuredWidth = -1;
+}
+
+void YRowLook::setBoxHeight(int height)
+{
+    box = height;
+}
+
+int YRowLook::heightForWidth(int width) const
+{
+    const QMargins around = margins();
+    return around.top() + labelHeight(width) + box + around.bottom();
+}
+
+QRect YRowLook::boxR(const QSize& row) const
+{
+    const QRect inner = QRect(QPoint(), row).marginsRemoved(margins());
+    return QRect(inner.left(), inner.bottom() + 1 - box, inner.width(), box);
+}
+
+QRect YRowLook::textR(const QSize& row) const
+{
+    const int side = compact ? YTheme::focusWidth + 1 : textMargin;
+    return boxR(row).adjusted(side, YTheme::focusWidth, -side, -YTheme::focusWidth);
+}
+
+void YRowLook::drawLabel(QPainter& painter, const QSize& row, State state) const
+{
+    if (text.isEmpty())
+        return;
+    const YTheme& theme = YTheme::current();
+    QRect line = QRect(QPoint(), row).marginsRemoved(margins());
+    line.setBottom(boxR(row).top() - 1 - labelGap);
+    painter.setFont(labelFont());
+    painter.setPen(!state.enabled  ? theme.disabledText
+                   : state.focused ? theme.accent
+                                   : theme.mutedText);
+    YWrap::draw(painter, line, Qt::AlignLeft | Qt::AlignTop, text);
+}
+
+// The surface is filled over the edge's colour: tracing a round edge takes several times as long.
+void YRowLook::drawBox(QPainter& painter, const QSize& row, State state) const
+{
+    const YTheme& theme = YTheme::current();
+    const double line = state.focused ? YTheme::focusWidth : 1;
+    const QRectF outer(boxR(row));
+    const double inner = boxRadius - line / 2;
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(state.focused ? theme.accent : state.enabled ? theme.outline : theme.border);
+    painter.drawRoundedRect(outer, inner + line, inner + line);
+    painter.setBrush(state.pressed ? theme.bar : state.enabled ? theme.surface : theme.background);
+    painter.drawRoundedRect(outer.adjusted(line, line, -line, -line), inner, inner);
+    painter.restore();
+}
+
+int YRowLook::noteWidth(const QString& note)
+{
+    return note.isEmpty() ? 0 : QFontMetrics(labelFont()).horizontalAdvance(note) + textMargin;
+}
+
+void YRowLook::drawNote(QPainter& painter, const QRect& place, const QString& note)
+{
+    painter.setFont(labelFont());
+    painter.setPen(YTheme::current().mutedText);
+    painter.drawText(place.adjusted(0, 0, -textMargin, 0),
+                     Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine, note);
+}
+
+void YRowLook::drawEye(QPainter& painter, const QRect& place, bool open, const QColor& colour)
+{
+    const QPointF middle = QRectF(place).center();
+    QPainterPath outline;
+    outline.moveTo(middle - QPointF(8, 0));
+    outline.quadTo(middle - QPointF(0, 9), middle + QPointF(8, 0));
+    outline.quadTo(middle + QPointF(0, 9), middle - QPointF(8, 0));
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(colour, 1.4));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawPath(outline);
+    painter.setBrush(colour);
+    painter.drawEllipse(middle, 2.0, 2.0);
+    if (!open)
+        painter.drawLine(middle + QPointF(-6, 6), middle + QPointF(6, -6));
+    painter.restore();
+}
+
+void YRowLook::reveal(QWidget* row)
+{
+    YScrollPanel* panel = nullptr;
+    for (QWidget* above = row->parentWidget(); above && !panel; above = above->parentWidget())
+        panel = qobject_cast<YScrollPanel*>(above);
+    if (!panel)
+        return;
+    QWidget* child = row;
+    while (child != panel && child->parentWidget() != panel->viewport())
+        child = child->parentWidget();
+    panel->ensureChildVisible(child);
+}
+
+int YRowLook::labelHeight(int width) const
+{
+    if (text.isEmpty())
+        return 0;
+    const QFontMetrics metrics(labelFont());
+    if (lineWidth < 0) {
+        // The sum of the letters' widths is rounded.
+        lineWidth = metrics.horizontalAdvance(text) + 1;
+        lineHeight =
+            isLatin(text) ? metrics.height() : metrics.size(Qt::TextSingleLine, text).height();
+    }
+    const QMargins around = margins();
+    const int room = width - around.left() - around.right();
+    if (lineWidth <= room)
+        return labelGap + lineHeight;
+    if (width != measuredWidth) {
+        measuredWidth = width;
+        measuredHeight = labelGap + YWrap::height(labelFont(), text, room);
+    }
+    return measuredHeight;
+}
+
+QMargins YRowLook::margins() const
+{
+    return compact ? QMargins() : rowMargins;
+}

@@ -1,0 +1,74 @@
+#include "toolkit/look/ywrap.h"
+
+#include <cmath>
+
+#include <QFontMetricsF>
+#include <QLabel>
+#include <QPainter>
+#include <QTextLayout>
+
+namespace {
+
+QTextOption wrapping(Qt::Alignment alignment)
+{
+    QTextOption option(alignment);
+    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    return option;
+}
+
+} // namespace
+
+int YWrap::height(const QFont& font, const QString& text, int width)
+{
+    QString lines = text;
+    lines.replace('\n', QChar::LineSeparator);
+    QTextLayout layout(lines, font);
+    layout.setTextOption(wrapping(Qt::AlignLeft));
+    const double leading = QFontMetricsF(font).leading();
+    double height = -leading;
+    layout.beginLayout();
+    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+        line.setLineWidth(width);
+        height += leading + line.height();
+    }
+    layout.endLayout();
+    return static_cast<int>(std::ceil(height));
+}
+
+void YWrap::draw(QPainter& painter, const QRect& place, Qt::Alignment alignment,
+                 const QString& text)
+{
+    painter.drawText(QRectF(place), text, wrapping(alignment));
+}
+
+int YWrap::height(const QLabel& label, int width)
+{
+    const QMargins around = label.contentsMargins();
+    return around.top() +
+           height(label.font(), label.text(), width - around.left() - around.right()) +
+           around.bottom();
+}
+
+void YWrap::draw(QLabel& label)
+{
+    QPainter painter(&label);
+    painter.setPen(label.palette().color(label.foregroundRole()));
+    draw(painter, label.contentsRect(), label.alignment(), label.text());
+}
+
+int YWrapHeight::at(const QFont& font, const QString& text, int width)
+{
+    if (text != measuredText || font != measuredFont) {
+        measuredText = text;
+        measuredFont = font;
+        widths[0] = widths[1] = -1;
+    }
+    for (int i : {0, 1})
+        if (widths[i] == width)
+            return heights[i];
+    const int place = oldest;
+    oldest = 1 - oldest;
+    widths[place] = width;
+    heights[place] = YWrap::height(font, text, width);
+    return heights[place];
+}
