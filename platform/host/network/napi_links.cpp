@@ -57,7 +57,7 @@ int NAPI_CloseLink(int linkId)
 int NAPI_BindSocket2Link(int linkId, int socket)
 {
     return guarded([=](LinkEngine& engine) {
-        LinkEngine::LinkFacts facts;
+        network::LinkFacts facts;
         int result = engine.facts(linkId, &facts);
         return result == NAPI_OK ? network::bindToDevice(socket, facts.device.name) : result;
     });
@@ -84,7 +84,7 @@ static int deviceAddress(const network::Device& device, void* buffer, int length
 int NAPI_GetDeviceInfo(int linkId, int item, void* buffer, int length)
 {
     return guarded([=](LinkEngine& engine) -> int {
-        LinkEngine::LinkFacts facts;
+        network::LinkFacts facts;
         if (int error = engine.facts(linkId, &facts))
             return error;
         if (!buffer)
@@ -100,7 +100,7 @@ int NAPI_GetDeviceInfo(int linkId, int item, void* buffer, int length)
 int NAPI_DnsResolverConfig(int linkId)
 {
     return guarded([linkId](LinkEngine& engine) -> int {
-        LinkEngine::LinkFacts facts;
+        network::LinkFacts facts;
         if (int error = engine.facts(linkId, &facts))
             return error;
         return network::writeResolverConfig(network::nameServers(facts.record, facts.device));
