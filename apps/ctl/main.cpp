@@ -6,8 +6,8 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-#include "command_line.h"
 #include "failure.h"
+#include "line/command_line.h"
 #include "output.h"
 
 namespace {

@@ -6,7 +6,7 @@
 
 #include <gtest/gtest.h>
 
-#include "fields.h"
+#include "profile/fields.h"
 
 namespace {
 

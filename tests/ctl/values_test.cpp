@@ -8,8 +8,8 @@
 
 #include "base/json_document.h"
 #include "failure.h"
-#include "record.h"
-#include "values.h"
+#include "profile/record.h"
+#include "profile/values.h"
 
 namespace {
 

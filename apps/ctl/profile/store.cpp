@@ -1,12 +1,12 @@
-#include "store.h"
+#include "profile/store.h"
 
 #include <memory>
 
 #include "failure.h"
 #include "network/napi_host.h"
+#include "profile/whole_store.h"
 #include "suggestion.h"
 #include "terminal_text.h"
-#include "whole_store.h"
 
 namespace ctl {
 

@@ -3,8 +3,8 @@
 #ifndef CTL_SECRETS_H
 #define CTL_SECRETS_H
 
+#include "line/request.h"
 #include "napi.h"
-#include "request.h"
 
 namespace ctl {
 

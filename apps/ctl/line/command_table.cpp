@@ -1,4 +1,4 @@
-#include "command_table.h"
+#include "line/command_table.h"
 
 namespace ctl {
 

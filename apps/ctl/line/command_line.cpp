@@ -1,4 +1,4 @@
-#include "command_line.h"
+#include "line/command_line.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -8,13 +8,13 @@
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
 
-#include "command_table.h"
-#include "completion.h"
 #include "failure.h"
-#include "line_failures.h"
+#include "line/command_table.h"
+#include "line/completion.h"
+#include "line/line_failures.h"
 #include "output.h"
+#include "profile/values.h"
 #include "terminal_text.h"
-#include "values.h"
 
 namespace ctl {
 

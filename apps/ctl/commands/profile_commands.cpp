@@ -1,13 +1,13 @@
 // The commands over one profile, and the list.
 #include "failure.h"
+#include "line/request.h"
 #include "output.h"
-#include "record.h"
-#include "request.h"
-#include "secrets.h"
-#include "store.h"
+#include "profile/record.h"
+#include "profile/secrets.h"
+#include "profile/store.h"
+#include "profile/values.h"
+#include "profile/whole_store.h"
 #include "terminal_text.h"
-#include "values.h"
-#include "whole_store.h"
 
 namespace ctl {
 

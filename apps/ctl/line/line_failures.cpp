@@ -1,4 +1,4 @@
-#include "line_failures.h"
+#include "line/line_failures.h"
 
 #include <algorithm>
 #include <cstring>

@@ -8,13 +8,13 @@
 #include "base/json_document.h"
 #include "failure.h"
 #include "files.h"
+#include "line/request.h"
 #include "output.h"
-#include "record.h"
-#include "request.h"
-#include "store.h"
+#include "profile/record.h"
+#include "profile/store.h"
+#include "profile/values.h"
+#include "profile/whole_store.h"
 #include "terminal_text.h"
-#include "values.h"
-#include "whole_store.h"
 
 namespace ctl {
 

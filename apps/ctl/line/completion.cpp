@@ -1,13 +1,13 @@
-#include "completion.h"
+#include "line/completion.h"
 
 #include <cstring>
 
-#include "command_table.h"
 #include "failure.h"
-#include "line_failures.h"
-#include "store.h"
+#include "line/command_table.h"
+#include "line/line_failures.h"
+#include "profile/store.h"
+#include "profile/values.h"
 #include "terminal_text.h"
-#include "values.h"
 
 namespace ctl {
 

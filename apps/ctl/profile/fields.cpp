@@ -1,4 +1,4 @@
-#include "fields.h"
+#include "profile/fields.h"
 
 #include <cstring>
 

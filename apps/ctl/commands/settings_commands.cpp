@@ -4,8 +4,8 @@
 #include <cstdlib>
 
 #include "failure.h"
+#include "line/request.h"
 #include "output.h"
-#include "request.h"
 #include "settings/settings_host.h"
 #include "terminal_text.h"
 

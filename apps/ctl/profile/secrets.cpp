@@ -1,4 +1,4 @@
-#include "secrets.h"
+#include "profile/secrets.h"
 
 #include <cerrno>
 #include <csignal>
@@ -11,7 +11,7 @@
 #include "failure.h"
 #include "files.h"
 #include "output.h"
-#include "values.h"
+#include "profile/values.h"
 
 namespace ctl {
 

@@ -1,10 +1,10 @@
-#include "whole_store.h"
+#include "profile/whole_store.h"
 
 #include <filesystem>
 
 #include "failure.h"
 #include "network/napi_host.h"
-#include "store.h"
+#include "profile/store.h"
 #include "terminal_text.h"
 
 namespace ctl {

@@ -1,4 +1,4 @@
-#include "link_session.h"
+#include "commands/link_session.h"
 
 #include <cerrno>
 #include <cmath>
@@ -10,7 +10,7 @@
 
 #include "base/durable_file.h"
 #include "failure.h"
-#include "store.h"
+#include "profile/store.h"
 
 namespace ctl {
 

@@ -1,4 +1,4 @@
-#include "values.h"
+#include "profile/values.h"
 
 #include <cctype>
 #include <cstring>

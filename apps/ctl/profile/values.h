@@ -6,7 +6,7 @@
 #include <optional>
 #include <string>
 
-#include "fields.h"
+#include "profile/fields.h"
 
 namespace ctl {
 

@@ -3,14 +3,14 @@
 #include <set>
 
 #include "failure.h"
+#include "line/request.h"
 #include "network/napi_host.h"
 #include "output.h"
-#include "request.h"
+#include "profile/store.h"
+#include "profile/values.h"
+#include "profile/whole_store.h"
 #include "settings/settings_host.h"
-#include "store.h"
 #include "terminal_text.h"
-#include "values.h"
-#include "whole_store.h"
 
 namespace ctl {
 

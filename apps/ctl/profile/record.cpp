@@ -1,12 +1,12 @@
-#include "record.h"
+#include "profile/record.h"
 
 #include <climits>
 #include <set>
 
 #include "failure.h"
+#include "profile/values.h"
 #include "suggestion.h"
 #include "terminal_text.h"
-#include "values.h"
 
 namespace ctl {
 

@@ -3,12 +3,12 @@
 #include <chrono>
 #include <cstring>
 
+#include "commands/link_session.h"
 #include "failure.h"
-#include "link_session.h"
+#include "line/request.h"
 #include "network/napi_host.h"
 #include "output.h"
-#include "request.h"
-#include "store.h"
+#include "profile/store.h"
 #include "terminal_text.h"
 
 namespace ctl {

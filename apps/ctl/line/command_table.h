@@ -4,7 +4,7 @@
 
 #include <vector>
 
-#include "request.h"
+#include "line/request.h"
 
 namespace ctl {
 
