@@ -6,7 +6,7 @@
 #include <QPixmap>
 #include <QPushButton>
 
-#include <toolkit/ykeypad.h>
+#include <toolkit/input/ykeypad.h>
 #include <yappinfoarea.h>
 #include <yapplication.h>
 #include <ycombobox.h>

@@ -8,8 +8,8 @@
 #include <QPainter>
 #include <QPixmap>
 
+#include <toolkit/look/ytheme.h>
 #include <toolkit/yscreen.h>
-#include <toolkit/ytheme.h>
 #include <yapplication.h>
 
 #include "scene.h"

@@ -6,7 +6,7 @@
 
 #include <QValidator>
 
-#include <toolkit/ykeypad.h>
+#include <toolkit/input/ykeypad.h>
 #include <yinputfield.h>
 #include <ylineedit.h>
 #include <ypopup.h>

@@ -9,8 +9,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <toolkit/look/ytheme.h>
 #include <toolkit/yscreen.h>
-#include <toolkit/ytheme.h>
 #include <yglobal.h>
 #include <ypopup.h>
 #include <ysoftkey.h>

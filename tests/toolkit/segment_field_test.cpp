@@ -5,7 +5,7 @@
 #include <QGuiApplication>
 #include <QTest>
 
-#include <toolkit/ykeypad.h>
+#include <toolkit/input/ykeypad.h>
 #include <yapplication.h>
 #include <yinputfield.h>
 #include <ylineedit.h>

@@ -4,8 +4,8 @@
 #include <QLabel>
 #include <QPushButton>
 
-#include <toolkit/ytheme.h>
-#include <toolkit/ytranslator.h>
+#include <toolkit/look/ytheme.h>
+#include <toolkit/look/ytranslator.h>
 #include <ylabel.h>
 #include <ymessagedlg.h>
 #include <ysoftkey.h>

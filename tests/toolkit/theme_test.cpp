@@ -2,7 +2,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include <toolkit/ytheme.h>
+#include <toolkit/look/ytheme.h>
 
 #include "common/gui_test.h"
 
