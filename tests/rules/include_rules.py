@@ -20,6 +20,15 @@ ALLOWED = {
 # the device, the read of which belongs to profiles/; it knows no dialog, so that no circle closes.
 ALLOWED_HEADERS = {"wizard": {"profiles/readdmint.h"}}
 
+# Rooms of the host -> those that they stand without, by which their includes would begin.
+APART = {
+    "platform/host/base": ("network/", "settings/", "toolkit/"),
+    "platform/host/settings": ("network/", "toolkit/"),
+    "platform/host/network": ("settings/", "toolkit/"),
+    "platform/host/network/store": ("network/links/",),
+    "platform/host/network/links": ("network/store/",),
+}
+
 # Headers that the phone's own Qt has under the same name.
 QT_NAMES_OF_THE_HOST = {"qwssocket_qws.h"}
 
@@ -96,6 +105,13 @@ class Tree:
                 elif re.match(r"y[a-z]+\.h$|toolkit/", header):
                     self.refuse(path, header, f"{folder}/ knows no toolkit")
 
+    def check_rooms(self):
+        for folder, others in APART.items():
+            for path in sources(self.root, folder):
+                for header in INCLUDE.findall(path.read_text(encoding="utf-8")):
+                    if header.startswith(others):
+                        self.refuse(path, header, f"{folder}/ stands without {header.rsplit('/', 1)[0]}/")
+
     def check_platform(self):
         for path in list(sources(self.root, "platform")):
             for header in INCLUDE.findall(path.read_text(encoding="utf-8")):
@@ -125,6 +141,7 @@ def check(root):
     tree.check_library()
     for folder in ("platform/host/base", "platform/host/network", "platform/host/settings"):
         tree.check_without_qt(folder)
+    tree.check_rooms()
     tree.check_platform()
     tree.check_apps()
     return tree.violations

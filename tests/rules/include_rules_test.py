@@ -42,6 +42,12 @@ BAD = {
     "the network knows Qt by its old names": ("platform/host/network/store.h", "#include <qstring.h>\n"),
     "the network knows Qt by module": ("platform/host/network/store.h", "#include <QtCore/QString>\n"),
     "the network knows the toolkit": ("platform/host/network/store.h", "#include <ypopup.h>\n"),
+    "the store looks into the links":
+        ("platform/host/network/store/folder.h", '#include "network/links/engine.h"\n'),
+    "the links look into the store":
+        ("platform/host/network/links/engine.h", '#include "network/store/folder.h"\n'),
+    "the base of the host looks above itself":
+        ("platform/host/base/root.h", '#include "settings/files.h"\n'),
     "the host knows the library": ("platform/host/toolkit/ypopup.cpp", '#include "support/text.h"\n'),
     "the host knows the exported headers": ("platform/host/toolkit/ypopup.cpp", "#include <api.h>\n"),
     "platform headers know the host":

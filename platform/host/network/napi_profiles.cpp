@@ -3,8 +3,8 @@
 #include <cstring>
 #include <new>
 
-#include "network/links/network_config.h"
 #include "network/napi_host.h"
+#include "network/network_config.h"
 #include "network/store/profile_name.h"
 #include "network/store/profile_reader.h"
 #include "network/store/profile_writer.h"

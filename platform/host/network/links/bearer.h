@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "napi.h"
-#include "network/links/network_config.h"
+#include "network/network_config.h"
 
 namespace network {
 

@@ -5,8 +5,7 @@
 
 #include "base/durable_file.h"
 #include "base/root.h"
-#include "network/store/store_errors.h"
-#include "network/store/store_folder.h"
+#include "network/file_results.h"
 
 namespace network {
 
@@ -55,7 +54,7 @@ std::vector<std::string> nameServers(const NetworkProfile& record, const Device&
 
 static int resultOf(int error)
 {
-    int result = store::resultOf(error);
+    int result = fileResult(error);
     bool listed = result == NAPI_OK || result == NAPI_ERR_MEMORY_FULL ||
                   result == NAPI_ERR_ACCESS || result == NAPI_ERR_RESOURCES;
     return listed ? result : NAPI_ERR_IO;
@@ -63,11 +62,11 @@ static int resultOf(int error)
 
 int writeResolverConfig(const std::vector<std::string>& nameServers)
 {
-    if (int result = store::checkRoot())
+    if (int result = checkRoot())
         return result;
     std::string folder = base::rootFolder() + "/etc";
     if (int error = base::makeFolders(folder))
-        return store::rootResultOf(error);
+        return rootResult(error);
     std::string text;
     for (const std::string& server : nameServers)
         text += "nameserver " + server + "\n";

@@ -6,8 +6,8 @@
 #include <sys/stat.h>
 
 #include "base/durable_file.h"
+#include "network/file_results.h"
 #include "network/store/profile_name.h"
-#include "network/store/store_errors.h"
 #include "network/store/store_folder.h"
 
 namespace store {
@@ -66,7 +66,7 @@ int listProfiles(std::vector<std::string>* names)
         return result;
     for (int look = 0; look < kLooks; ++look) {
         if (int error = readEntries(folder.get(), &entries))
-            return resultOf(error);
+            return network::fileResult(error);
         if (pickUsable(folder.get(), entries, names))
             break;
     }
@@ -94,7 +94,7 @@ static int openRecordIn(int profile, base::UniqueFd* record)
     case RecordState::WrongSize:
         return NAPI_ERR_DAMAGED;
     case RecordState::OutOfReach:
-        return resultOf(status.error);
+        return network::fileResult(status.error);
     case RecordState::Usable:
         break;
     }
@@ -102,7 +102,7 @@ static int openRecordIn(int profile, base::UniqueFd* record)
     *record = base::UniqueFd(base::retried([&] {
         return openat(profile, kRecordName, O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
     }));
-    return record->isOpen() ? NAPI_OK : resultOf(errno);
+    return record->isOpen() ? NAPI_OK : network::fileResult(errno);
 }
 
 static int openRecord(const std::string& name, base::UniqueFd* record)
@@ -116,7 +116,7 @@ static int openRecord(const std::string& name, base::UniqueFd* record)
                           O_PATH | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
         }));
         if (!profile.isOpen())
-            return resultOf(errno);
+            return network::fileResult(errno);
         int result = openRecordIn(profile.get(), record);
         if (result != NAPI_ERR_NO_PROFILE)
             return result;
@@ -144,7 +144,7 @@ int readProfile(const std::string& name, NetworkProfile* out)
         ssize_t got =
             base::retried([&] { return read(record.get(), bytes + have, sizeof whole - have); });
         if (got < 0)
-            return resultOf(errno);
+            return network::fileResult(errno);
         if (got == 0)
             return NAPI_ERR_DAMAGED;
         have += static_cast<size_t>(got);

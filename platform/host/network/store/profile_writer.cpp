@@ -7,11 +7,11 @@
 #include <sys/stat.h>
 
 #include "base/durable_file.h"
-#include "network/links/network_config.h"
+#include "network/file_results.h"
 #include "network/napi_host.h"
+#include "network/network_config.h"
 #include "network/store/file_moves.h"
 #include "network/store/profile_name.h"
-#include "network/store/store_errors.h"
 #include "network/store/store_folder.h"
 
 namespace store {
@@ -36,7 +36,7 @@ static base::UniqueFd openFolderIn(int folder, const char* name)
 
 int ProfileWriter::open(IfMissing ifMissing)
 {
-    if (int result = checkRoot())
+    if (int result = network::checkRoot())
         return result;
     std::string path = napihost::profilesFolder();
     int error = m_folder.open(path);
@@ -47,7 +47,7 @@ int ProfileWriter::open(IfMissing ifMissing)
         if (error == 0)
             error = m_folder.open(path);
     }
-    return error ? rootResultOf(error) : resultOf(sweep());
+    return error ? network::rootResult(error) : network::fileResult(sweep());
 }
 
 // Leftovers that may not be removed are put aside, so that they do not stop the writers for good.
@@ -56,7 +56,7 @@ int ProfileWriter::sweep()
     Place pending{m_folder.fd(), kPendingName};
     int error = removeTree(pending, "");
     struct stat status;
-    if (resultOf(error) != NAPI_ERR_ACCESS ||
+    if (network::fileResult(error) != NAPI_ERR_ACCESS ||
         fstatat(pending.folder, pending.name, &status, AT_SYMLINK_NOFOLLOW) != 0)
         return error;
     std::string aside = ".unremovable-" + std::to_string(status.st_ino);
@@ -126,7 +126,7 @@ int ProfileWriter::create(const std::string& name, const NetworkProfile& record)
 {
     int error = lookFor(m_folder.fd(), name);
     if (error != ENOENT)
-        return error == 0 ? NAPI_ERR_EXISTS : resultOf(error);
+        return error == 0 ? NAPI_ERR_EXISTS : network::fileResult(error);
     if ((error = checkLimit()) == 0)
         error = buildFolder(record);
     if (error == 0)
@@ -134,7 +134,7 @@ int ProfileWriter::create(const std::string& name, const NetworkProfile& record)
     if (error != 0)
         discardPending();
     // ENOENT: the store itself was taken away from under this writer.
-    return error == ENOENT ? int(NAPI_ERR_IO) : resultOf(error);
+    return error == ENOENT ? int(NAPI_ERR_IO) : network::fileResult(error);
 }
 
 // The open folder of the profile stays the same when another program renames it meanwhile.
@@ -179,29 +179,29 @@ int ProfileWriter::modify(const std::string& name, const NetworkProfile& record)
     else if (error == ENOTDIR)
         error = replaceFolder(name, record);
     discardPending();
-    return resultOf(error);
+    return network::fileResult(error);
 }
 
 int ProfileWriter::remove(const std::string& name)
 {
     if (int error = move(name.c_str(), kPendingName))
-        return resultOf(error);
+        return network::fileResult(error);
     int error = removeTree({m_folder.fd(), kPendingName}, kRecordName);
     std::string record = std::string(kPendingName) + "/" + kRecordName;
     if (error == 0 || recordStatus(m_folder.fd(), record.c_str()).state == RecordState::Missing)
         return NAPI_OK; // the next writer removes an empty folder
     // The record stays where people look for it: it holds passwords.
     move(kPendingName, name.c_str());
-    return resultOf(error);
+    return network::fileResult(error);
 }
 
 int ProfileWriter::rename(const std::string& name, const std::string& newName)
 {
     if (name == newName)
-        return resultOf(lookFor(m_folder.fd(), name));
+        return network::fileResult(lookFor(m_folder.fd(), name));
     if (int error = lookFor(m_folder.fd(), name))
-        return resultOf(error);
-    return resultOf(move(name.c_str(), newName.c_str()));
+        return network::fileResult(error);
+    return network::fileResult(move(name.c_str(), newName.c_str()));
 }
 
 } // namespace store

@@ -8,24 +8,17 @@
 #include <sys/stat.h>
 
 #include "base/durable_file.h"
-#include "base/root.h"
+#include "network/file_results.h"
 #include "network/napi_host.h"
-#include "network/store/store_errors.h"
 
 namespace store {
 
-int checkRoot()
-{
-    std::string root = base::rootFolder();
-    return !root.empty() && root.front() == '/' ? NAPI_OK : NAPI_ERR_ROOT;
-}
-
 int openStore(base::UniqueFd* folder)
 {
-    if (int result = checkRoot())
+    if (int result = network::checkRoot())
         return result;
     *folder = base::openFolder(napihost::profilesFolder());
-    return folder->isOpen() || errno == ENOENT ? NAPI_OK : rootResultOf(errno);
+    return folder->isOpen() || errno == ENOENT ? NAPI_OK : network::rootResult(errno);
 }
 
 static void appendEntries(const char* bytes, size_t length, std::vector<Entry>* entries)

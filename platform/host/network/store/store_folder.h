@@ -19,10 +19,6 @@ inline constexpr char kRecordName[] = "profile";
 // writer.
 inline constexpr char kPendingName[] = ".pending";
 
-// Checks that the root can stand for a file system: an absolute path. Result: NAPI_OK or
-// NAPI_ERR_ROOT.
-int checkRoot();
-
 // Opens the folder of the profiles for looking. Result: NAPI_OK, with `folder` not open when
 // nothing has been stored below this root yet; or NAPI_ERR_ROOT, NAPI_ERR_ACCESS,
 // NAPI_ERR_RESOURCES, NAPI_ERR_IO.

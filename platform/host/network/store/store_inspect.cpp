@@ -6,9 +6,9 @@
 #include <new>
 #include <unistd.h>
 
+#include "network/file_results.h"
 #include "network/napi_host.h"
 #include "network/store/profile_name.h"
-#include "network/store/store_errors.h"
 #include "network/store/store_folder.h"
 
 namespace store {
@@ -21,7 +21,7 @@ using napihost::Finding;
 static Finding outOfReach(const std::string& path, int error)
 {
     return {path, std::string("cannot be read: ") + strerror(error),
-            resultOf(error) == NAPI_ERR_ACCESS ? kGivePermission : kRestoreOrDelete};
+            network::fileResult(error) == NAPI_ERR_ACCESS ? kGivePermission : kRestoreOrDelete};
 }
 
 // Adds what is wrong with the record `path` ("NAME/profile"), if anything.
@@ -74,7 +74,7 @@ static int inspect(std::vector<Finding>* findings)
     if (int result = openStore(&folder); result != NAPI_OK || !folder.isOpen())
         return result;
     if (int error = readEntries(folder.get(), &entries))
-        return resultOf(error);
+        return network::fileResult(error);
     std::sort(entries.begin(), entries.end(),
               [](const Entry& a, const Entry& b) { return a.name < b.name; });
     for (const Entry& entry : entries)

@@ -1,10 +1,11 @@
-#include "network/store/store_errors.h"
+#include "network/file_results.h"
 
 #include <cerrno>
 
+#include "base/root.h"
 #include "napi.h"
 
-namespace store {
+namespace network {
 
 namespace {
 
@@ -36,7 +37,13 @@ const Meaning kMeanings[] = {
 
 } // namespace
 
-int resultOf(int error)
+int checkRoot()
+{
+    std::string root = base::rootFolder();
+    return !root.empty() && root.front() == '/' ? NAPI_OK : NAPI_ERR_ROOT;
+}
+
+int fileResult(int error)
 {
     for (const Meaning& meaning : kMeanings)
         if (meaning.error == error)
@@ -44,7 +51,7 @@ int resultOf(int error)
     return NAPI_ERR_IO;
 }
 
-int rootResultOf(int error)
+int rootResult(int error)
 {
     switch (error) {
     case ENOENT: // a dangling symbolic link on the way
@@ -54,8 +61,8 @@ int rootResultOf(int error)
     case ENAMETOOLONG:
         return NAPI_ERR_ROOT;
     default:
-        return resultOf(error);
+        return fileResult(error);
     }
 }
 
-} // namespace store
+} // namespace network

@@ -1,4 +1,4 @@
-#include "network/links/network_config_reader.h"
+#include "network/network_config_reader.h"
 
 #include <climits>
 

@@ -1,4 +1,4 @@
-#include "network/links/network_config.h"
+#include "network/network_config.h"
 
 #include <cerrno>
 #include <cstdio>
@@ -7,8 +7,8 @@
 #include <pthread.h>
 #include <sys/stat.h>
 
-#include "network/links/network_config_reader.h"
 #include "network/napi_host.h"
+#include "network/network_config_reader.h"
 
 namespace network {
 

@@ -3,7 +3,7 @@
 #define NETWORK_NETWORK_CONFIG_READER_H
 
 #include "base/json_document.h"
-#include "network/links/network_config.h"
+#include "network/network_config.h"
 
 namespace network {
 
