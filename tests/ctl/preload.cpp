@@ -1,8 +1,10 @@
 // Preloaded into vornctl by its tests: writes down the link calls that reach the network API, and
 // plays a disk that is full or mounted read-only, files that may not be opened
-// (VORN_TEST_FORBIDDEN, a part of their path) and files that cannot be read (VORN_TEST_FAULTY),
-// which takes no privileges, and none that have to be given up, this way.
+// (VORN_TEST_FORBIDDEN, a part of their path), files that cannot be read (VORN_TEST_FAULTY), a user
+// whom no file belongs to (VORN_TEST_USER) and a kill before a rename (VORN_TEST_KILLED), which
+// takes no privileges, and none that have to be given up, this way.
 #include <cerrno>
+#include <csignal>
 #include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
@@ -125,6 +127,8 @@ VORN_PLATFORM_API int renameat2(int from, const char* name, int to, const char* 
     using Function = int (*)(int, const char*, int, const char*, unsigned int);
     if (diskIs("read-only"))
         return refused(EROFS);
+    if (std::getenv("VORN_TEST_KILLED"))
+        std::raise(SIGKILL);
     return next<Function>("renameat2")(from, name, to, newName, flags);
 }
 
@@ -144,10 +148,13 @@ VORN_PLATFORM_API int openat(int folder, const char* path, int flags, ...)
 {
     va_list rest;
     va_start(rest, flags);
-    const mode_t mode = flags & O_CREAT ? va_arg(rest, mode_t) : 0;
+    const bool isNameless = (flags & O_TMPFILE) == O_TMPFILE;
+    const mode_t mode = flags & O_CREAT || isNameless ? va_arg(rest, mode_t) : 0;
     va_end(rest);
     if (isForbidden(folder, path))
         return refused(EACCES);
+    if (isNameless && diskIs("named-only"))
+        return refused(EOPNOTSUPP);
     if (diskIs("read-only") && (flags & O_ACCMODE) != O_RDONLY)
         return refused(EROFS);
     return next<int (*)(int, const char*, int, ...)>("openat")(folder, path, flags, mode);
@@ -179,6 +186,12 @@ VORN_PLATFORM_API int stat(const char* path, struct stat* status) noexcept
     if (found && found[std::strlen(part)] != '\0')
         return refused(EACCES);
     return next<int (*)(const char*, struct stat*)>("stat")(path, status);
+}
+
+VORN_PLATFORM_API uid_t geteuid() noexcept
+{
+    const char* user = std::getenv("VORN_TEST_USER");
+    return user ? static_cast<uid_t>(std::atoi(user)) : next<uid_t (*)()>("geteuid")();
 }
 
 VORN_PLATFORM_API ssize_t read(int fd, void* bytes, size_t count)

@@ -11,6 +11,7 @@
 #include "profile/whole_store.h"
 #include "settings/settings_host.h"
 #include "terminal_text.h"
+#include "unfinished_file.h"
 
 namespace ctl {
 
@@ -70,6 +71,9 @@ std::vector<Finding> findInStore()
 std::vector<Finding> findAll()
 {
     std::vector<Finding> findings = findInStore();
+    for (const std::string& path : unfinishedFiles())
+        findings.push_back({path, "left by an export that was killed; it may hold passwords",
+                            "remove it, and export again"});
     for (const Finding& finding : napihost::inspectNetworkConfiguration())
         findings.push_back(finding);
     for (const settingshost::Finding& finding : settingshost::inspectSettings())

@@ -10,6 +10,7 @@
 #include "files.h"
 #include "line/request.h"
 #include "output.h"
+#include "private_file.h"
 #include "profile/record.h"
 #include "profile/store.h"
 #include "profile/values.h"

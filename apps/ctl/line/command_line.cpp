@@ -52,6 +52,11 @@ std::string timeoutProblem(std::string& text)
                : inQuotes(text) + " does not fit; it takes 0.001 to 1000000 seconds";
 }
 
+std::string emptyProblem(std::string& text)
+{
+    return text.empty() ? "the name of a file is empty" : "";
+}
+
 std::string typeProblem(std::string& text)
 {
     return text == "integer" || text == "text" || text == "truth"
@@ -144,7 +149,8 @@ void addFlag(CLI::App& app, Flag flag, Request& request)
         break;
     case Flag::Output:
         app.add_option("--output,-o", request.file, "Write to a file that only you can read")
-            ->type_name("FILE");
+            ->type_name("FILE")
+            ->check(CLI::Validator(emptyProblem, ""));
         break;
     case Flag::NewName:
         app.add_option("--name", request.name, "Store the file's one profile under this name")
