@@ -62,6 +62,42 @@ INSTANTIATE_TEST_SUITE_P(
                     Change{"BehindABrace", "{\"a\": {\"b\": 1}}", "{\"a\": {\"b\": 1}, \"b\": 7}"}),
     [](const auto& row) { return std::string(row.param.name); });
 
+class RemovedMember : public testing::TestWithParam<Change>
+{};
+
+TEST_P(RemovedMember, LeavesEverythingElseAsItIs)
+{
+    EXPECT_EQ(parsed(GetParam().before).withoutMember("b"), GetParam().after);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Removed, RemovedMember,
+    testing::Values(
+        Change{"TheOnlyOne", "{\n  \"b\": 1\n}\n", "{\n}\n"},
+        Change{"TheOnlyOneInOneLine", "{\"b\":1}", "{}"},
+        Change{"TheFirst", "{\n  \"b\": 1,\n  \"c\": 2\n}\n", "{\n  \"c\": 2\n}\n"},
+        Change{"OneBetween", "{\"a\": 1 , \"b\": 2 , \"c\": 3}", "{\"a\": 1 , \"c\": 3}"},
+        Change{"TheLast", "{\n  \"a\": 1,\n  \"b\": [2]\n}\n", "{\n  \"a\": 1\n}\n"},
+        Change{"NumberAtTheEnd", "{\"a\":1,\"b\":-2.5e3}", "{\"a\":1}"},
+        Change{"TextOfBracesAndCommas", "{\"b\": \"},\\\"\", \"c\": 1}", "{\"c\": 1}"},
+        Change{"NotTheInnerOne", "{\"a\": {\"b\": 1}, \"b\": 2}", "{\"a\": {\"b\": 1}}"},
+        Change{"EscapedName", "{\"a\\\\\": 1, \"\\u0062\": 2}", "{\"a\\\\\": 1}"},
+        Change{"EveryoneOfADuplicate", "{\"b\": 1, \"a\": 2, \"b\": 3, \"b\": 4}", "{\"a\": 2}"},
+        Change{"NoneThatIsNotThere", "{\"a\": 1}", ""}),
+    [](const auto& row) { return std::string(row.param.name); });
+
+TEST(RemovedMemberOf, AnythingButAnObjectIsNothing)
+{
+    EXPECT_EQ(parsed("[1]").withoutMember("b"), "");
+    EXPECT_EQ(parsed("{").withoutMember("b"), "");
+}
+
+TEST(RemovedMemberOf, ANameOfQuotesAndBackslashesIsFound)
+{
+    const std::string name = "x\\\"";
+    EXPECT_EQ(parsed("{\"a\": 1, \"x\\\\\\\"\": 2}").withoutMember(name), "{\"a\": 1}");
+}
+
 // A random value, at most `depth` levels deep.
 static nlohmann::json randomValue(std::mt19937& random, int depth)
 {

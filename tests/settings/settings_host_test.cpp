@@ -96,6 +96,36 @@ TEST_F(SettingsHost, KeepsEverythingElseByteForByte)
                                 "\"big\":18446744073709551616}");
 }
 
+TEST_F(SettingsHost, RemovesASettingAndAFeature)
+{
+    write(settings(), "{\n  \"a\": 1,\n  \"b\": 2\n}\n");
+    write(features(), "{\"7\": true}");
+    EXPECT_TRUE(settingshost::removeSetting("a").isOk());
+    EXPECT_TRUE(settingshost::removeFeature(7).isOk());
+    EXPECT_EQ(read(settings()), "{\n  \"b\": 2\n}\n");
+    EXPECT_EQ(read(features()), "{}");
+    EXPECT_EQ(settingshost::removeSetting("a").code, Code::NoNode);
+    EXPECT_EQ(settingshost::removeFeature(7).code, Code::NoNode);
+    EXPECT_EQ(read(settings()), "{\n  \"b\": 2\n}\n");
+}
+
+TEST_F(SettingsHost, RemovesNothingFromWhatItCannotUse)
+{
+    write(settings(), "{\"a\": 1,");
+    EXPECT_EQ(settingshost::removeSetting("a").code, Code::Broken);
+    EXPECT_EQ(settingshost::removeSetting("").code, Code::Name);
+    EXPECT_EQ(settingshost::removeFeature(0).code, Code::Number);
+    EXPECT_EQ(read(settings()), "{\"a\": 1,");
+}
+
+TEST_F(SettingsHost, MakesNothingToRemoveFrom)
+{
+    ::setenv("VORN_ROOT", (m_root + "/new/root").c_str(), 1);
+    EXPECT_EQ(settingshost::removeSetting("a").code, Code::NoNode);
+    EXPECT_EQ(settingshost::removeFeature(431).code, Code::NoNode);
+    EXPECT_FALSE(std::filesystem::exists(m_root + "/new"));
+}
+
 TEST_F(SettingsHost, MakesTheFoldersOnTheWay)
 {
     ::setenv("VORN_ROOT", (m_root + "/new/root").c_str(), 1);

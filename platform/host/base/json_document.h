@@ -141,6 +141,10 @@ public:
     // when the outermost value is no object.
     std::string withMember(const std::string& name, const std::string& literal) const;
 
+    // The source without the member `name` of the outermost object, without any of a duplicate
+    // name; everything else stays as it is, byte for byte. "" when there is no such member.
+    std::string withoutMember(const std::string& name) const;
+
     // Reports the members that nobody asked for, in every object of which a member was asked for.
     // `used` says what stands in their place. Call it once, when everything has been read.
     void rejectUnknownKeys(const std::string& used);

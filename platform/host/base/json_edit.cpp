@@ -1,4 +1,4 @@
-// Changing one member in the text of a document.
+// Changing and removing one member in the text of a document.
 #include <nlohmann/json.hpp>
 
 #include "base/json_tree.h"
@@ -34,6 +34,45 @@ std::string JsonDocument::withMember(const std::string& name, const std::string&
     std::string changed = m_tree->source;
     return changed.replace(present->value.begin, present->value.end - present->value.begin,
                            literal);
+}
+
+// Where the name begins whose text ends at `end`: an inner quote has an odd number of backslashes
+// before it.
+static std::size_t nameBegin(const std::string& source, std::size_t end)
+{
+    for (std::size_t at = end - 2;; --at) {
+        if (source[at] != '"')
+            continue;
+        std::size_t escapes = 0;
+        while (source[at - 1 - escapes] == '\\')
+            ++escapes;
+        if (escapes % 2 == 0)
+            return at;
+    }
+}
+
+// The next member moves into the place of this one; behind the last one its comma goes.
+static std::string removed(const std::string& source, const JsonMember& member)
+{
+    const std::size_t begin = nameBegin(source, member.nameEnd);
+    const std::size_t before = source.find_last_not_of(kBlanks, begin - 1);
+    const std::size_t after = source.find_first_not_of(kBlanks, member.value.end);
+    if (source[after] == ',')
+        return source.substr(0, begin) +
+               source.substr(source.find_first_not_of(kBlanks, after + 1));
+    return source.substr(0, source[before] == ',' ? before : before + 1) +
+           source.substr(member.value.end);
+}
+
+std::string JsonDocument::withoutMember(const std::string& name) const
+{
+    if (state() != State::Good || m_tree->root.kind != JsonKind::Object)
+        return {};
+    const JsonMember* present = m_tree->root.find(name);
+    if (!present)
+        return {};
+    const JsonDocument rest = parse(removed(m_tree->source, *present), path());
+    return rest.m_tree->root.find(name) ? rest.withoutMember(name) : rest.source();
 }
 
 } // namespace base

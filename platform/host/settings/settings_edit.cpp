@@ -1,5 +1,7 @@
 // Changing the two files.
+#include <cerrno>
 #include <cstring>
+#include <functional>
 
 #include <nlohmann/json.hpp>
 #include <sys/stat.h>
@@ -26,7 +28,10 @@ static mode_t modeOf(const std::string& path)
     return stat(path.c_str(), &status) == 0 ? status.st_mode & 0777 : 0644;
 }
 
-static Result put(const std::string& path, const std::string& name, const nlohmann::json& value)
+// What a file is to hold, made of what it holds; "" when there is nothing to be changed in it.
+typedef std::function<std::string(const JsonDocument&)> Edit;
+
+static Result change(const std::string& path, const Edit& edit, const Result& ifUnchanged)
 {
     constexpr size_t kLargest = 4 * 1024 * 1024;
     if (Result root = settingsfiles::checkRoot(); !root.isOk())
@@ -40,12 +45,44 @@ static Result put(const std::string& path, const std::string& name, const nlohma
     const JsonDocument document = JsonDocument::read(path, {});
     if (Result result = settingsfiles::checkDocument(document, {}); !result.isOk())
         return result;
-    const std::string bytes = document.withMember(name, value.dump());
+    const std::string bytes = edit(document);
+    if (bytes.empty())
+        return ifUnchanged;
     if (bytes.size() > kLargest)
         return {Code::Full, path + ": the file would grow beyond 4 MiB"};
     const int error =
         base::replaceFile(locked, path.substr(folder.size() + 1), bytes, modeOf(path));
     return error == 0 ? Result() : failed(path, error);
+}
+
+static Result put(const std::string& path, const std::string& name, const nlohmann::json& value)
+{
+    return change(
+        path, [&](const JsonDocument& document) { return document.withMember(name, value.dump()); },
+        {});
+}
+
+// Where there is no file, none is made.
+static Result take(const std::string& path, const std::string& name, const std::string& ifMissing)
+{
+    const Result missing = {Code::NoNode, ifMissing + " in " + path};
+    struct stat status;
+    if (Result root = settingsfiles::checkRoot(); !root.isOk())
+        return root;
+    if (stat(path.c_str(), &status) != 0 && errno == ENOENT)
+        return missing;
+    return change(
+        path, [&](const JsonDocument& document) { return document.withoutMember(name); }, missing);
+}
+
+static Result badName()
+{
+    return {Code::Name, "a node name is 1 to 255 bytes of UTF-8 without control characters"};
+}
+
+static Result badNumber()
+{
+    return {Code::Number, "a feature number is 1 to 2147483647"};
 }
 
 static nlohmann::json jsonOf(const Setting& setting)
@@ -64,7 +101,7 @@ static nlohmann::json jsonOf(const Setting& setting)
 Result setSetting(const std::string& name, const Setting& setting)
 {
     if (!settingsfiles::isNodeName(name))
-        return {Code::Name, "a node name is 1 to 255 bytes of UTF-8 without control characters"};
+        return badName();
     if (setting.type == Setting::Type::Text && !settingsfiles::isNodeText(setting.text))
         return {Code::Value, "a node's text is UTF-8 without NUL, of at most 4096 bytes"};
     return put(settingsFile(), name, jsonOf(setting));
@@ -73,8 +110,20 @@ Result setSetting(const std::string& name, const Setting& setting)
 Result setFeature(int number, bool isAvailable)
 {
     if (number <= 0)
-        return {Code::Number, "a feature number is 1 to 2147483647"};
+        return badNumber();
     return put(featuresFile(), std::to_string(number), isAvailable);
+}
+
+Result removeSetting(const std::string& name)
+{
+    return settingsfiles::isNodeName(name) ? take(settingsFile(), name, "there is no node " + name)
+                                           : badName();
+}
+
+Result removeFeature(int number)
+{
+    const std::string name = std::to_string(number);
+    return number > 0 ? take(featuresFile(), name, "there is no feature " + name) : badNumber();
 }
 
 } // namespace settingshost

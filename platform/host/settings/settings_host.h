@@ -81,6 +81,9 @@ VORN_PLATFORM_API Result getSetting(const std::string& name, Setting* setting);
 // Access, Full, Io.
 VORN_PLATFORM_API Result setSetting(const std::string& name, const Setting& setting);
 
+// Removes one node. Result: Ok, Name, NoNode, Broken, Root, Access, Full, Io.
+VORN_PLATFORM_API Result removeSetting(const std::string& name);
+
 // All nodes of usable values, in the order of the file. A missing file has none. Result: Ok,
 // Broken, Root, Access, Io; `*settings` changes only with Ok.
 VORN_PLATFORM_API Result listSettings(Settings* settings);
@@ -88,6 +91,10 @@ VORN_PLATFORM_API Result listSettings(Settings* settings);
 // Sets whether the feature of this number is available. Result: Ok, Number, Broken, Root, Access,
 // Full, Io.
 VORN_PLATFORM_API Result setFeature(int number, bool isAvailable);
+
+// Removes a feature from the file, so that it is not available. Result: Ok, Number, NoNode, Broken,
+// Root, Access, Full, Io.
+VORN_PLATFORM_API Result removeFeature(int number);
 
 // The features that the file names, by number; all others are not available. A missing file names
 // none. Result: Ok, Broken, Root, Access, Io; `*features` changes only with Ok.
