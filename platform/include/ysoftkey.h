@@ -12,8 +12,12 @@ class QResizeEvent;
 class QPaintEvent;
 class YOptionsMenu;
 
-// Two keys: button 0 on the left (F1) and button 1 on the right (F2 and Escape), worked by the
-// phone's keys and by the finger alike. A key that repeats because it is held acts once.
+// Two keys: button 0 on the left (F1) and button 1 on the right (F2), worked by the phone's keys
+// and by the finger alike. A key that repeats because it is held acts once.
+//
+// Escape is the button that offers the way out, and nothing where none does, so that it never
+// saves: the right one, else the left one, whose slot is reject() of a popup or one of whose texts
+// is that of Cancel, Back, Close or No.
 class VORN_PLATFORM_API YSoftKey : public QWidget
 {
     Q_OBJECT

@@ -125,6 +125,111 @@ TEST_F(SoftKey, ANullReceiverLeavesTheButtonWithoutASlot)
     EXPECT_TRUE(popup->isVisible());
 }
 
+struct Leaving
+{
+    const char* name;
+    const char* left;
+    const char* right;
+    int clicked; // the button that Escape clicks, -1 for none
+};
+
+std::ostream& operator<<(std::ostream& out, const Leaving& row)
+{
+    return out << row.name;
+}
+
+class Clicks : public QObject
+{
+    Q_OBJECT
+
+public:
+    int last = -1;
+    int count = 0;
+
+public slots:
+    void left() { note(YSoftKey::Left); }
+    void right() { note(YSoftKey::Right); }
+
+private:
+    void note(int button)
+    {
+        last = button;
+        ++count;
+    }
+};
+
+class Escape : public SoftKey, public ::testing::WithParamInterface<Leaving>
+{
+protected:
+    void SetUp() override
+    {
+        SoftKey::SetUp();
+        bar->setClickedSlot(YSoftKey::Left, &clicks, SLOT(left()));
+        bar->setClickedSlot(YSoftKey::Right, &clicks, SLOT(right()));
+        bar->setText(YSoftKey::Left, GetParam().left, 0);
+        bar->setText(YSoftKey::Right, GetParam().right, 0);
+    }
+
+    Clicks clicks;
+};
+
+TEST_P(Escape, IsTheKeyThatOffersTheWayOut)
+{
+    press(Qt::Key_Escape);
+    EXPECT_EQ(clicks.last, GetParam().clicked);
+}
+
+TEST_P(Escape, LeavesTheOtherPhoneKeysAsTheyAre)
+{
+    press(Qt::Key_F1);
+    EXPECT_EQ(clicks.last, YSoftKey::Left);
+    press(Qt::Key_F2);
+    EXPECT_EQ(clicks.last, YSoftKey::Right);
+    EXPECT_EQ(clicks.count, 2);
+}
+
+INSTANTIATE_TEST_SUITE_P(Keys, Escape,
+                         ::testing::Values(Leaving{"Cancel", "Options", "Cancel", YSoftKey::Right},
+                                           Leaving{"Back", "Options", "Back", YSoftKey::Right},
+                                           Leaving{"Close", "Options", "Close", YSoftKey::Right},
+                                           Leaving{"No", "Yes", "No", YSoftKey::Right},
+                                           Leaving{"Save", "Options", "Save", -1},
+                                           Leaving{"BackOnTheLeft", "Back", "Save", YSoftKey::Left},
+                                           Leaving{"TwoWaysOut", "Back", "Cancel", YSoftKey::Right},
+                                           Leaving{"NoText", "", "", -1},
+                                           Leaving{"OtherCase", "", "cancel", -1},
+                                           Leaving{"PartOfAText", "", "Cancel all", -1}),
+                         [](const auto& row) { return std::string(row.param.name); });
+
+TEST_F(SoftKey, EscapeKnowsTheWayOutByEachOfItsTexts)
+{
+    Clicks clicks;
+    bar->setClickedSlot(YSoftKey::Right, &clicks, SLOT(right()));
+    bar->setText(YSoftKey::Right, "C.", 0);
+    bar->setText(YSoftKey::Right, "Cancel", 1);
+    press(Qt::Key_Escape);
+    EXPECT_EQ(clicks.last, YSoftKey::Right);
+}
+
+TEST_F(SoftKey, EscapeDoesNothingOnceThePopupsOwnKeySaves)
+{
+    Clicks clicks;
+    bar->setText(YSoftKey::Right, "Cancel", 0);
+    bar->setClickedSlot(YSoftKey::Right, &clicks, SLOT(right()));
+    bar->setText(YSoftKey::Right, "Save", 0);
+    press(Qt::Key_Escape);
+    EXPECT_EQ(clicks.count, 0);
+    EXPECT_TRUE(popup->isVisible());
+}
+
+TEST_F(SoftKey, EscapeDoesNotClickAHiddenKey)
+{
+    bar->setText(YSoftKey::Right, "Cancel", 0);
+    bar->showButton(YSoftKey::Right, false);
+    press(Qt::Key_Escape);
+    EXPECT_TRUE(popup->isVisible());
+}
+
 TEST_F(SoftKey, AMenuTakesThePlaceOfTheSlot)
 {
     YOptionsMenu menu(QRect(0, 0, 200, 286), nullptr, nullptr, 0, 54);
@@ -136,3 +241,5 @@ TEST_F(SoftKey, AMenuTakesThePlaceOfTheSlot)
 }
 
 } // namespace
+
+#include "soft_key_test.moc"

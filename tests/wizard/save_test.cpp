@@ -86,6 +86,31 @@ TEST_F(Save, OfANewProfileCreatesItAndGivesItsName)
                   .difference(RecordBytes().byte(1, 1).word(4, 0x200).text(8, "internet")));
 }
 
+TEST_F(Save, IsNeverDoneByEscape)
+{
+    napi.profiles["Old"] = storedRecord().record();
+    EXPECT_EQ(1, edit("Old", {typing("Profile Name:*", "New"), [] { press(Qt::Key_Escape); },
+                              [] {
+                                  EXPECT_EQ("Save", rightKeyOf(wizardPage(1)));
+                                  EXPECT_EQ(wizardPage(1), activeLayer());
+                                  press(Qt::Key_F1);
+                              },
+                              dismiss}));
+    EXPECT_EQ((Calls{"valid Old", "read Old"}), take());
+}
+
+TEST_F(Save, IsNotDoneByEscapeOnPage2Either)
+{
+    EXPECT_EQ(1, create({openPage2, [] { type("p"); }, [] { press(Qt::Key_Escape); },
+                         [] {
+                             EXPECT_EQ("Save", rightKeyOf(wizardPage(2)));
+                             EXPECT_EQ(wizardPage(2), activeLayer());
+                             press(Qt::Key_F1);
+                         },
+                         dismiss, cancel}));
+    EXPECT_EQ(0, napi.written.flags);
+}
+
 TEST_F(Save, WithoutTheWifiFeatureStoresCellularOnly)
 {
     setWifi(false);

@@ -61,8 +61,11 @@ void YMessageDlg::keyPressEvent(QKeyEvent* event)
     if (d->text->scrollByKey(event->key()))
         return;
     const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    // A message that asks nothing goes with the key that leaves.
+    const bool leaves =
+        event->key() == Qt::Key_Escape && !getSoftKey()->isButtonVisible(YSoftKey::Left);
     // The key that opened the message may still be held.
-    if (isReturn && !event->isAutoRepeat())
+    if ((isReturn || leaves) && !event->isAutoRepeat())
         accept();
     else
         YPopup::keyPressEvent(event);

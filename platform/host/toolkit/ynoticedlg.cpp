@@ -106,10 +106,11 @@ void YNoticeDlg::hideEvent(QHideEvent* event)
 
 void YNoticeDlg::keyPressEvent(QKeyEvent* event)
 {
-    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (isReturn && !event->isAutoRepeat())
+    const int key = event->key();
+    const bool leaves = key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Escape;
+    if (leaves && !event->isAutoRepeat())
         accept();
-    else if (!d->text->scrollByKey(event->key()))
+    else if (!d->text->scrollByKey(key))
         YPopup::keyPressEvent(event);
 }
 

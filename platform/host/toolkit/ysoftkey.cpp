@@ -1,5 +1,6 @@
 #include <ysoftkey.h>
 
+#include <algorithm>
 #include <array>
 #include <map>
 
@@ -8,6 +9,7 @@
 #include <QPushButton>
 
 #include <yoptionsmenu.h>
+#include <ypopup.h>
 
 #include "toolkit/look/ytheme.h"
 
@@ -20,14 +22,26 @@ bool isButton(int button)
     return button >= 0 && button < buttonCount;
 }
 
-// The button that a phone key stands for, or -1.
-int buttonOfKey(int key)
+// The texts of keys that leave a page or popup without doing what it is for.
+struct WayOut
 {
-    if (key == Qt::Key_F1)
-        return YSoftKey::Left;
-    if (key == Qt::Key_F2 || key == Qt::Key_Escape)
-        return YSoftKey::Right;
-    return -1;
+    const char* id;
+    const char* defaultText;
+};
+
+constexpr WayOut waysOut[] = {
+    {"TXT_RID_SOFTKEY_CANCEL", "Cancel"},
+    {"TXT_RID_SOFTKEY_BACK", "Back"},
+    {"TXT_RID_SOFTKEY_CLOSE", "Close"},
+    {"TXT_RID_SOFTKEY_NO", "No"},
+};
+
+bool saysWayOut(const QString& text)
+{
+    return std::any_of(std::begin(waysOut), std::end(waysOut), [&text](const WayOut& way) {
+        return text == QLatin1String(way.defaultText) ||
+               text == YSoftKey::tr(way.id, way.defaultText);
+    });
 }
 
 QString fitting(const std::map<int, QString>& alternatives, const QPushButton& button)
@@ -51,6 +65,7 @@ struct YSoftKey::Private
 {
     std::array<QPushButton*, buttonCount> buttons;
     std::array<std::map<int, QString>, buttonCount> alternatives; // by priority
+    std::array<bool, buttonCount> rejects = {};                   // a popup, by its own slot
 
     void refresh(int button)
     {
@@ -59,6 +74,26 @@ struct YSoftKey::Private
     }
 
     QPushButton* at(int button) const { return buttons[static_cast<std::size_t>(button)]; }
+
+    bool isWayOut(int button) const
+    {
+        const auto& texts = alternatives[static_cast<std::size_t>(button)];
+        return rejects[static_cast<std::size_t>(button)] ||
+               std::any_of(texts.begin(), texts.end(),
+                           [](const auto& text) { return saysWayOut(text.second); });
+    }
+
+    // The button that a phone key stands for, or -1.
+    int buttonOfKey(int key) const
+    {
+        if (key == Qt::Key_F1)
+            return Left;
+        if (key == Qt::Key_F2)
+            return Right;
+        if (key != Qt::Key_Escape)
+            return -1;
+        return isWayOut(Right) ? Right : isWayOut(Left) ? Left : -1;
+    }
 };
 
 YSoftKey::YSoftKey(const char* /*layout*/, QWidget* parent, QWidget* keyReceiver)
@@ -113,6 +148,8 @@ void YSoftKey::setClickedSlot(int button, QObject* receiver, const char* member)
     if (!isButton(button))
         return;
     disconnect(d->at(button), SIGNAL(clicked()), nullptr, nullptr);
+    d->rejects[static_cast<std::size_t>(button)] =
+        qobject_cast<YPopup*>(receiver) && qstrcmp(member, SLOT(reject())) == 0;
     if (receiver)
         connect(d->at(button), SIGNAL(clicked()), receiver, member);
 }
@@ -138,7 +175,7 @@ bool YSoftKey::eventFilter(QObject* watched, QEvent* event)
     if (event->type() != QEvent::KeyPress)
         return QWidget::eventFilter(watched, event);
     const auto* key = static_cast<QKeyEvent*>(event);
-    const int button = buttonOfKey(key->key());
+    const int button = d->buttonOfKey(key->key());
     if (button < 0)
         return false;
     if (!key->isAutoRepeat())
