@@ -136,8 +136,7 @@ enum NapiIndicationType {
     NAPI_IND_BROKEN = 32 // an established link is gone; its id stays taken until NAPI_CloseLink
 };
 
-// Why opening failed: NapiIndication.cause1. cause2 is a detail: an errno, the modem's or the
-// service's own code, else 0.
+// Why opening failed: NapiIndication.cause1. cause2 is a detail, as NapiDetail says.
 enum NapiCause {
     NAPI_CAUSE_NONE = 0,
     NAPI_CAUSE_NO_BEARER = 1,          // nothing on this device can carry this profile
@@ -159,6 +158,14 @@ enum NapiCause {
     NAPI_CAUSE_UNKNOWN = 65535
 };
 
+// What NapiIndication.cause2 says about the cause: 0 is nothing more, any other value one of these
+// numbers plus a code of its own.
+enum NapiDetail {
+    NAPI_DETAIL_EQUIPMENT = 0x0000, // the modem's +CME ERROR code (3GPP TS 27.007, clause 9.2)
+    NAPI_DETAIL_REASON = 0x0100,    // NetworkManager's NMDeviceStateReason, 0 to 255
+    NAPI_DETAIL_ERRNO = 0x0300      // an errno; 0x0384 (ERFKILL): the user has switched it off
+};
+
 // What carries a link: NapiIndication.infoByte of types 16, 3 and 32.
 enum NapiBearerKind {
     NAPI_BEARER_UNKNOWN = 0,
@@ -177,7 +184,7 @@ struct NapiIndication
     char infoText[100]; // NUL-terminated: the link's network device, "" when it has none
     uint32_t infoWord;  // the link's IPv4 address, first octet in the most significant byte, or 0
     uint16_t cause1;    // NapiCause, type 17 only, else 0
-    uint16_t cause2;    // detail of cause1, else 0
+    uint16_t cause2;    // NapiDetail and a code, type 17 only, else 0
 };
 
 static_assert(sizeof(NapiIndication) == 112, "an indication message is 112 bytes");

@@ -86,7 +86,7 @@ constexpr uint32_t k10_1_1_1 = 0x0A010101;
 constexpr char kBoth[] = R"("wifi": "wlan9", "cellular": "wwan9")";
 const Place kWifi = {"wlan9", "10.1.1.1", false};
 const Place kCellular = {"wwan9", "10.2.2.2", false};
-constexpr int kNoDevice = 19, kNetDown = 100, kNoAddress = 99; // errno
+constexpr int kNoDevice = 0x300 + 19, kNetDown = 0x300 + 100, kNoAddress = 0x300 + 99; // errno
 
 const ChoiceRow choiceRows[] = {
     {"LoopbackWithoutRoute", "", profile(0, "web", ""), {}, connected(0)},
@@ -290,7 +290,7 @@ TEST_F(BearerTrouble, FailsToOpenWithTheKernelsError)
     machine.refuse(EMFILE);
     Receiver receiver;
     NAPI_OpenLink("Packet");
-    EXPECT_EQ(receiver.next(), failed(0, 65535, EMFILE));
+    EXPECT_EQ(receiver.next(), failed(0, 65535, 0x300 + EMFILE));
 }
 
 TEST_F(BearerTrouble, AsksAgainWhenTheKernelDidNotAnswer)

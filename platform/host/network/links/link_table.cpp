@@ -170,7 +170,7 @@ void LinkTable::handOver(int id)
         link->bearer->open(link->opening);
     } catch (const std::bad_alloc&) {
         link->bearer->close(id);
-        linkFailed(id, NAPI_CAUSE_UNKNOWN, ENOMEM);
+        linkFailed(id, NAPI_CAUSE_UNKNOWN, NAPI_DETAIL_ERRNO + ENOMEM);
     }
 }
 

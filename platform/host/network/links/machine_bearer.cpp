@@ -30,7 +30,7 @@ void MachineBearer::open(const Opening& opening)
 {
     Interfaces interfaces;
     if (int error = interfaces.read()) {
-        m_listener.linkFailed(opening.link, NAPI_CAUSE_UNKNOWN, error);
+        m_listener.linkFailed(opening.link, NAPI_CAUSE_UNKNOWN, NAPI_DETAIL_ERRNO + error);
         return;
     }
     MachineChoice choice = chooseInterface(opening.record, *opening.config, interfaces);

@@ -26,11 +26,11 @@ std::vector<NapiBearerKind> allowedKinds(const NetworkProfile& record)
     return kinds;
 }
 
-static MachineChoice refusal(NapiCause cause, int detail)
+static MachineChoice refusal(NapiCause cause, int error)
 {
     MachineChoice choice;
     choice.cause = cause;
-    choice.detail = detail;
+    choice.detail = error == 0 ? 0 : NAPI_DETAIL_ERRNO + error;
     return choice;
 }
 

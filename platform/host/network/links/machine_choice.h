@@ -10,7 +10,7 @@ namespace network {
 struct MachineChoice
 {
     NapiCause cause = NAPI_CAUSE_NONE; // why there is none
-    int detail = 0;                    // an errno
+    int detail = 0;                    // of NapiDetail
     Device device;
 };
 
