@@ -11,12 +11,21 @@ if(NOT CMAKE_BUILD_TYPE AND NOT CMAKE_CONFIGURATION_TYPES)
   set(CMAKE_BUILD_TYPE Release CACHE STRING "Kind of build" FORCE)
 endif()
 
-# A build that is not cross-compiled finds its libraries below build/ and, installed, beside
-# themselves.
-if(NOT IS_ABSOLUTE "${CMAKE_INSTALL_LIBDIR}")
-  file(RELATIVE_PATH _vorn_lib_from_bin "/${CMAKE_INSTALL_BINDIR}" "/${CMAKE_INSTALL_LIBDIR}")
-  set(CMAKE_INSTALL_RPATH "$ORIGIN;$ORIGIN/${_vorn_lib_from_bin}")
-endif()
+# vorn_find_beside(TARGET FOLDER LIBRARIES...): has a target find the libraries in the folder, told from
+# where the target itself lies; the same in the build, where links stand for them there, as installed. A
+# path that is changed by the installation would be padded with empty elements, each of which stands for
+# whatever folder a program is started in.
+function(vorn_find_beside target folder)
+  string(REGEX REPLACE "/\\.$" "" path "$ORIGIN/${folder}")
+  set_target_properties(${target} PROPERTIES BUILD_WITH_INSTALL_RPATH ON INSTALL_RPATH "${path}")
+  foreach(library IN LISTS ARGN)
+    set(link "$<TARGET_FILE_DIR:${target}>/${folder}")
+    add_custom_command(TARGET ${target} POST_BUILD VERBATIM
+      COMMAND "${CMAKE_COMMAND}" -E make_directory "${link}"
+      COMMAND "${CMAKE_COMMAND}" -E create_symlink
+        "$<TARGET_FILE:${library}>" "${link}/$<TARGET_SONAME_FILE_NAME:${library}>")
+  endforeach()
+endfunction()
 
 add_library(vorn_build INTERFACE)
 target_compile_options(vorn_build INTERFACE
@@ -27,7 +36,23 @@ if(VORN_SANITIZE)
     -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer -O1)
   target_link_options(vorn_build INTERFACE -fsanitize=address,undefined)
 endif()
-target_link_options(vorn_build INTERFACE LINKER:--no-undefined LINKER:--as-needed)
+target_link_options(vorn_build INTERFACE LINKER:--no-undefined LINKER:--as-needed LINKER:-z,relro,-z,now)
+
+# vorn_hardened: the same for what is installed. The phone's C library may be older than what the stack
+# protector and the fortified calls ask of it; the debugger and the sanitizers do without.
+add_library(vorn_hardened INTERFACE)
+target_link_libraries(vorn_hardened INTERFACE vorn_build)
+if(NOT VORN_SANITIZE)
+  target_compile_options(vorn_hardened INTERFACE
+    $<$<NOT:$<CONFIG:Debug>>:-fstack-protector-strong -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2>)
+endif()
+
+# vorn_hide_runtime(TARGET): keeps the C++ run-time library out of what a shared library exports.
+function(vorn_hide_runtime target)
+  set(map "${PROJECT_SOURCE_DIR}/cmake/library/exports.map")
+  target_link_options(${target} PRIVATE "LINKER:--version-script,${map}")
+  set_property(TARGET ${target} APPEND PROPERTY LINK_DEPENDS "${map}")
+endfunction()
 
 # vorn_platform_headers: the declarations that the library needs from the phone.
 add_library(vorn_platform_headers INTERFACE)

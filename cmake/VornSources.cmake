@@ -13,10 +13,3 @@ function(vorn_library_sources support library)
   set(${support} "${helpers}" PARENT_SCOPE)
   set(${library} "${others}" PARENT_SCOPE)
 endfunction()
-
-# vorn_hide_runtime(TARGET): keeps the C++ run-time library out of what a shared library exports.
-function(vorn_hide_runtime target)
-  set(map "${PROJECT_SOURCE_DIR}/cmake/library/exports.map")
-  target_link_options(${target} PRIVATE "LINKER:--version-script,${map}")
-  set_property(TARGET ${target} APPEND PROPERTY LINK_DEPENDS "${map}")
-endfunction()

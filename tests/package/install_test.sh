@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
-# install_test.sh CMAKE BUILD WORK [FLAGS]: installs BUILD below WORK and builds the consumer against it.
+# install_test.sh CMAKE BUILD WORK HARDENING [FLAGS]: installs BUILD below WORK and builds the consumer against
+# it. HARDENING is the mode of tests/rules/hardening.py.
 set -euo pipefail
-cmake=$1 build=$2 work=$3/installed flags=${4:-}
+cmake=$1 build=$2 work=$3/installed hardening=$4 flags=${5:-}
 source=$(cd "$(dirname "$0")" && pwd)/consumer
 
 rm -rf "$work"
@@ -29,5 +30,8 @@ LD_LIBRARY_PATH=$(pkg-config --variable=libdir vornqtnapi) "$work/by-pkg-config"
 [ -f "$prefix/share/bash-completion/completions/vornctl" ]
 [ -f "$prefix/share/man/man1/vornctl.1" ]
 [ -s "$prefix/share/doc/vornqtnapi/network-json.md" ]
+find "$prefix" -name 'lib*.so.*' -type f -o -path '*/bin/*' -type f >"$work/binaries"
+[ "$(wc -l <"$work/binaries")" -ge 5 ]
+xargs -d '\n' python3 -B "$source/../../rules/hardening.py" "$hardening" <"$work/binaries"
 VORN_ROOT=$work/empty "$prefix/bin/vornctl" profile list >/dev/null
 echo 'installed, found and linked'

@@ -97,8 +97,8 @@ int ProfileWriter::buildFolder(const NetworkProfile& record)
     base::UniqueFd profile = openFolderIn(m_folder.fd(), kPendingName);
     if (!profile.isOpen() && errno == EACCES) {
         // The process's umask keeps even the owner out.
-        fchmodat(m_folder.fd(), kPendingName, 0700, 0);
-        profile = openFolderIn(m_folder.fd(), kPendingName);
+        if (fchmodat(m_folder.fd(), kPendingName, 0700, 0) == 0)
+            profile = openFolderIn(m_folder.fd(), kPendingName);
     }
     if (!profile.isOpen())
         return errno;
