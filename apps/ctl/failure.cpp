@@ -55,11 +55,13 @@ Exit exitOfResult(int result)
     case NAPI_ERR_NOT_PERMITTED:
         return Exit::Access;
     case NAPI_ERR_IO:
+    case NAPI_ERR_NOT_SYNCED:
         return Exit::Io;
     case NAPI_ERR_ROOT:
         return Exit::Root;
     case NAPI_ERR_TOO_MANY_LINKS:
     case NAPI_ERR_RESOURCES:
+    case NAPI_ERR_BUSY:
         return Exit::Resources;
     case NAPI_ERR_NOT_INITIALISED:
     case NAPI_ERR_ARGUMENT:

@@ -48,7 +48,13 @@ enum NapiResult {
     // The kernel does not let this process do it (a second binding of one socket, for instance).
     NAPI_ERR_NOT_PERMITTED = -214,
     // The process or the machine has run out of descriptors, threads or memory.
-    NAPI_ERR_RESOURCES = -215
+    NAPI_ERR_RESOURCES = -215,
+    // Another program has been writing for 10 seconds and has not ended. Nothing was touched; the
+    // call may be made again.
+    NAPI_ERR_BUSY = -216,
+    // The change stands and everybody sees it, but the disk has not confirmed its last step: after
+    // a loss of power there may be the old state or the new one.
+    NAPI_ERR_NOT_SYNCED = -217
 };
 
 // Profile names: 1 to 63 bytes of valid UTF-8 without '/', without control characters (U+0000 to
@@ -250,7 +256,7 @@ VORN_PLATFORM_API int NAPI_GetDeviceInfo(int linkId, int item, void* buffer, int
 // the network gave, else those that this machine uses itself. Writes etc/resolv.conf below the
 // root, whole or not at all, and waits for the disk. Result: 0. Errors: NAPI_ERR_NOT_INITIALISED,
 // NAPI_ERR_NO_LINK, NAPI_ERR_LINK_NOT_UP, NAPI_ERR_MEMORY_FULL, NAPI_ERR_ACCESS, NAPI_ERR_IO,
-// NAPI_ERR_ROOT, NAPI_ERR_RESOURCES.
+// NAPI_ERR_ROOT, NAPI_ERR_RESOURCES, NAPI_ERR_BUSY (waits as NAPI_CreateProfile does).
 VORN_PLATFORM_API int NAPI_DnsResolverConfig(int linkId);
 
 // Lists the stored profiles, sorted by name (byte by byte). With a null `buffer` the number of
@@ -271,16 +277,16 @@ VORN_PLATFORM_API int NAPI_ReadProfile(const char* name, NetworkProfile* out, in
                                        int reserved2);
 
 // Stores a new profile; it is on the disk when the call returns, whole or not at all. Waits for
-// another process that is writing. The last two arguments are 0. Result: 0. Errors:
-// NAPI_ERR_ARGUMENT (null), NAPI_ERR_NAME, NAPI_ERR_EXISTS, NAPI_ERR_MEMORY_FULL, NAPI_ERR_ACCESS,
-// NAPI_ERR_IO, NAPI_ERR_ROOT, NAPI_ERR_RESOURCES.
+// another process that is writing, 10 seconds at the longest. The last two arguments are 0. Result:
+// 0. Errors: NAPI_ERR_ARGUMENT (null), NAPI_ERR_NAME, NAPI_ERR_EXISTS, NAPI_ERR_MEMORY_FULL,
+// NAPI_ERR_ACCESS, NAPI_ERR_IO, NAPI_ERR_ROOT, NAPI_ERR_RESOURCES, NAPI_ERR_BUSY.
 VORN_PLATFORM_API int NAPI_CreateProfile(const char* name, const NetworkProfile* record,
                                          int reserved1, int reserved2);
 
 // Replaces the record of a stored profile, a damaged one too; as durable and as whole as
 // NAPI_CreateProfile. The last two arguments are 0. Result: 0. Errors: NAPI_ERR_ARGUMENT (null),
 // NAPI_ERR_NAME, NAPI_ERR_NO_PROFILE, NAPI_ERR_MEMORY_FULL, NAPI_ERR_ACCESS, NAPI_ERR_IO,
-// NAPI_ERR_ROOT, NAPI_ERR_RESOURCES.
+// NAPI_ERR_ROOT, NAPI_ERR_RESOURCES, NAPI_ERR_BUSY.
 VORN_PLATFORM_API int NAPI_ModifyProfile(const char* name, const NetworkProfile* record,
                                          int reserved1, int reserved2);
 

@@ -5,7 +5,6 @@
 #include <fcntl.h>
 #include <filesystem>
 #include <gtest/gtest.h>
-#include <sstream>
 #include <stdexcept>
 #include <sys/file.h>
 #include <sys/prctl.h>
@@ -174,19 +173,15 @@ TEST_F(StoreSharing, ManyThreadsNeverPassTheLimit)
     EXPECT_EQ(refused, 5);
 }
 
-// Tells whether somebody waits for a lock on the folder: the kernel's list has "1: -> FLOCK ..."
-// and the inode for each who does.
+// Tells whether a writer of this process has come to a stop before the folder: it has opened it
+// beside the one that holds the lock, and gets no further.
 bool hasWaitingWriter(const std::string& folder)
 {
-    struct stat status
-    {};
-    stat(folder.c_str(), &status);
-    std::string inode = ":" + std::to_string(status.st_ino) + " ";
-    std::istringstream locks(contentOf("/proc/locks"));
-    for (std::string line; std::getline(locks, line);)
-        if (line.find("-> FLOCK") != std::string::npos && line.find(inode) != std::string::npos)
-            return true;
-    return false;
+    int descriptors = 0;
+    std::error_code ignored;
+    for (const auto& entry : fs::directory_iterator("/proc/self/fd"))
+        descriptors += fs::read_symlink(entry.path(), ignored) == folder;
+    return descriptors > 1;
 }
 
 // Takes the writers' lock as a writer of another process that has come to a stop.

@@ -38,7 +38,10 @@ Exit exitOf(Code code)
     case Code::Full:
         return Exit::NoRoom;
     case Code::Io:
+    case Code::NotSynced:
         return Exit::Io;
+    case Code::Busy:
+        return Exit::Resources;
     }
     return Exit::Internal;
 }
@@ -48,7 +51,10 @@ const char* adviceFor(Code code)
     switch (code) {
     case Code::Ok:
         return "";
+    case Code::Busy:
+        return "End the other program, and try again.";
     case Code::Io:
+    case Code::NotSynced:
         return "Look at the kernel's messages about the disk.";
     case Code::Name:
         return "A name has 1 to 255 bytes of UTF-8 without control characters.";

@@ -27,6 +27,9 @@ const Text kResults[] = {
     {NAPI_ERR_SOCKET, "not a socket that can be bound to a network device"},
     {NAPI_ERR_NOT_PERMITTED, "not permitted by the kernel"},
     {NAPI_ERR_RESOURCES, "out of descriptors, threads or memory"},
+    {NAPI_ERR_BUSY, "another program is writing and has not ended for 10 seconds"},
+    {NAPI_ERR_NOT_SYNCED,
+     "the change is made, but the disk has not confirmed that it outlives a loss of power"},
 };
 
 const Text kCauses[] = {

@@ -33,6 +33,7 @@ const Meaning kMeanings[] = {
     {ENFILE, NAPI_ERR_RESOURCES},
     {ENOMEM, NAPI_ERR_RESOURCES},
     {ENOLCK, NAPI_ERR_RESOURCES},
+    {ETIMEDOUT, NAPI_ERR_BUSY}, // base::LockedFolder
 };
 
 } // namespace

@@ -22,8 +22,9 @@ VORN_PLATFORM_API std::string profilesFolder();
 // Changes some fields of a stored profile: reads its record, gives it to `change`, and stores what
 // `change` has made of it, with no other writer in between, so that two who change different fields
 // at once both succeed. Other writers wait meanwhile, so `change` is short, asks nobody anything,
-// and calls nothing that writes profiles, which would wait for itself. What it throws goes through,
-// and nothing is stored. Result: 0, or the errors of NAPI_ReadProfile and NAPI_ModifyProfile.
+// and calls nothing that writes profiles, which would find the store busy. What it throws goes
+// through, and nothing is stored. Result: 0, or the errors of NAPI_ReadProfile and
+// NAPI_ModifyProfile.
 VORN_PLATFORM_API int changeProfile(const char* name,
                                     const std::function<void(NetworkProfile&)>& change);
 

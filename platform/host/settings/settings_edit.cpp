@@ -18,7 +18,10 @@ using base::JsonDocument;
 
 static Result failed(const std::string& path, int error)
 {
-    return {settingsfiles::codeOf(error), path + ": " + std::strerror(error)};
+    const Code code = settingsfiles::codeOf(error);
+    if (code == Code::Busy)
+        return {code, path + ": another program is writing and has not ended for 10 seconds"};
+    return {code, path + ": " + std::strerror(error)};
 }
 
 // A file keeps its mode; a new one can be read by everybody.

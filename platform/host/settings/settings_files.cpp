@@ -32,6 +32,8 @@ Code codeOf(int error)
     case ENAMETOOLONG:
     case ELOOP:
         return Code::Root;
+    case ETIMEDOUT:
+        return Code::Busy;
     default:
         return Code::Io;
     }

@@ -3,9 +3,9 @@
 // Applications do without it.
 //
 // Thread-safe. Reading never waits for anybody; writing waits for another process that is writing,
-// and is on the disk when the call returns, whole or not at all. Writing keeps everything else that
-// stands in the file, and refuses to touch a file that it cannot read through. Names and texts are
-// UTF-8.
+// 10 seconds at the longest, and is on the disk when the call returns, whole or not at all. Writing
+// keeps everything else that stands in the file, and refuses to touch a file that it cannot read
+// through. Names and texts are UTF-8.
 #ifndef SETTINGS_HOST_H
 #define SETTINGS_HOST_H
 
@@ -40,7 +40,12 @@ enum class Code {
     // The disk or the quota is full, or the file would grow beyond 4 MiB.
     Full = -9,
     // Reading or writing failed for another reason.
-    Io = -10
+    Io = -10,
+    // Another program has been writing for 10 seconds and has not ended. Nothing was touched.
+    Busy = -11,
+    // The change stands and everybody sees it, but the disk has not confirmed it: after a loss of
+    // power there may be the old file or the new one.
+    NotSynced = -12
 };
 
 struct Result
@@ -78,7 +83,7 @@ VORN_PLATFORM_API bool isReadAsInteger(const std::string& name);
 VORN_PLATFORM_API Result getSetting(const std::string& name, Setting* setting);
 
 // Sets one node, or makes it; a node may change its type. Result: Ok, Name, Value, Broken, Root,
-// Access, Full, Io.
+// Access, Full, Io, Busy.
 VORN_PLATFORM_API Result setSetting(const std::string& name, const Setting& setting);
 
 // Removes one node. Result: Ok, Name, NoNode, Broken, Root, Access, Full, Io.
@@ -89,7 +94,7 @@ VORN_PLATFORM_API Result removeSetting(const std::string& name);
 VORN_PLATFORM_API Result listSettings(Settings* settings);
 
 // Sets whether the feature of this number is available. Result: Ok, Number, Broken, Root, Access,
-// Full, Io.
+// Full, Io, Busy.
 VORN_PLATFORM_API Result setFeature(int number, bool isAvailable);
 
 // Removes a feature from the file, so that it is not available. Result: Ok, Number, NoNode, Broken,
