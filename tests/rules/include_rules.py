@@ -129,7 +129,9 @@ class Tree:
         for path in sources(self.root, "apps"):
             for header in INCLUDE.findall(path.read_text(encoding="utf-8")):
                 target = self.library_folder_of(header)
-                own = (path.parent / header).is_file()
+                # An app with rooms names its headers from its own folder.
+                app = self.root.joinpath(*path.relative_to(self.root).parts[:2])
+                own = (path.parent / header).is_file() or (app / header).is_file()
                 if target not in (None, "include") and not own:
                     self.refuse(path, header, "apps use exported headers only")
                 if path.parts[len(self.root.parts) + 1] == "example" and self.is_host_header(header):

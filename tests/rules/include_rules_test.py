@@ -22,6 +22,9 @@ GOOD = {
     "platform/host/toolkit/ypopup.cpp": "#include <QWidget>\n",
     "platform/host/toolkit/qt2/qwssocket_qws.h": "#include <qobject.h>\n",
     "apps/ctl/main.cpp": '#include "network/store.h"\n',
+    "support/files.h": "",
+    "apps/ctl/files.h": "",
+    "apps/ctl/commands/list.cpp": '#include "files.h"\n',
     "apps/example/main.cpp": "#include <api.h>\n",
 }
 
