@@ -4,6 +4,7 @@
 
 #include "profilefunctions.h"
 #include "support/log.h"
+#include "support/loop.h"
 #include "support/memory.h"
 #include "support/translate.h"
 
@@ -60,7 +61,7 @@ static int askUser(QString& name)
     list->setMinimumWidth(listWidth);
     addRows(list, texts);
     list->checkItem(0, true);
-    if (dialog.exec() != accepted)
+    if (support::runDialog(dialog) != accepted)
         return cancelled;
     const YListBoxItem* item = dialog.getCheckedItem();
     return item ? actOn(item->getReservedData(), name) : int(nothingChecked);

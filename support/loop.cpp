@@ -20,11 +20,17 @@ public:
     ~Level()
     {
         innermost = outer;
-        if (outer && outer->isLeft)
-            outer->loop.leave();
+        if (outer)
+            outer->resumeLeaving();
     }
 
     void run() { loop.run(); }
+
+    void resumeLeaving()
+    {
+        if (isLeft)
+            loop.leave();
+    }
 
     // Leaves this level, or the first one further out that is not left yet.
     void leaveOne()
@@ -61,6 +67,12 @@ void exitLoop()
 {
     if (innermost)
         innermost->leaveOne();
+}
+
+void resumeLeaving()
+{
+    if (innermost)
+        innermost->resumeLeaving();
 }
 
 void processPending()

@@ -16,9 +16,21 @@ void enterLoop();
 // where no level is left to leave.
 //
 // While a dialog of the toolkit runs a loop of its own inside that level, Qt 2 knows only one
-// innermost loop: the call ends the dialog's, and the level itself goes on. On Qt 6 the dialog's
-// stays, and the level returns after it. So call it only when no dialog is up.
+// innermost loop: the call ends the dialog's. On Qt 6 the dialog's stays until the user ends it. On
+// both the level returns after the dialog, where runDialog() has run it.
 void exitLoop();
+
+// Has the innermost level return that was told to while a loop of somebody else ran inside it and
+// took the word for its own. Does nothing where none was.
+void resumeLeaving();
+
+// Runs a dialog of the toolkit. Result: that of its exec(). The dialog may be deleted meanwhile.
+template <class Dialog> int runDialog(Dialog& dialog)
+{
+    const int result = dialog.exec();
+    resumeLeaving();
+    return result;
+}
 
 // Handles what is pending in one pass and does not wait for anything. Does nothing while there is
 // no QApplication. Not to be called between exitLoop() and the end of that level.

@@ -3,6 +3,7 @@
 #include <ymessagedlg.h>
 #include <ynoticedlg.h>
 
+#include "support/loop.h"
 #include "support/translate.h"
 
 using support::translate;
@@ -70,7 +71,7 @@ void show(const Message& message, const QString& text)
 {
     YMessageDlg dialog(translate(message.titleId, message.title), text, informationType, 0, 0, 0,
                        true, 0);
-    dialog.exec();
+    support::runDialog(dialog);
 }
 
 } // namespace
@@ -123,7 +124,7 @@ void showWifiOnly()
 void showStored(const QString& name)
 {
     YNoticeDlg dialog(successType, stored.title, textOf(stored).arg(name), 0, 0, true, 0);
-    dialog.exec();
+    support::runDialog(dialog);
 }
 
 } // namespace wizard

@@ -1,5 +1,6 @@
 #include "support/loop.h"
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -14,6 +15,7 @@
 
 #include "support/guarded.h"
 #include "support/later.h"
+#include "support/qt.h"
 
 using namespace support;
 
@@ -33,6 +35,49 @@ public:
         return !self.isNull();
     }
 };
+
+// A dialog of the toolkit: it runs a loop that the helpers know nothing of.
+class Dialog
+{
+public:
+    ~Dialog() { *isThere = false; }
+
+    int exec()
+    {
+        loop.run();
+        return 7;
+    }
+
+    // Has somebody end the dialog after so many milliseconds, if it is there by then.
+    void endAfter(int milliseconds)
+    {
+        const auto there = isThere;
+        later(milliseconds, [this, there] {
+            if (*there)
+                loop.leave();
+        });
+    }
+
+private:
+    qt::LoopLevel loop;
+    std::shared_ptr<bool> isThere = std::make_shared<bool>(true);
+};
+
+// Enters a level, which fails where nothing has left it after five seconds.
+void enterLoopOfATest()
+{
+    bool hasReturned = false;
+    Later* const giveUp = new Later(5000, [&hasReturned] {
+        if (hasReturned)
+            return;
+        ADD_FAILURE() << "the level goes on";
+        qt::LoopLevel().leave();
+    });
+    enterLoop();
+    hasReturned = true;
+    if (!testing::Test::HasFailure())
+        delete giveUp;
+}
 
 // Takes one byte for each activation.
 class ByteReader : public QSocketNotifier
@@ -189,6 +234,64 @@ TEST(EnterLoop, LeavesALivingObjectToItsCaller)
     Runner runner;
     later(0, [] { exitLoop(); });
     EXPECT_TRUE(runner.run());
+}
+
+TEST(RunDialog, LetsTheLevelReturnThatIsLeftWhileTheDialogIsUp)
+{
+    Trace trace;
+    later(0, [&] {
+        Dialog dialog;
+        later(0, [] { exitLoop(); });
+        dialog.endAfter(20);
+        EXPECT_EQ(7, runDialog(dialog));
+        trace.push_back("dialog ended");
+    });
+    enterLoopOfATest();
+    trace.push_back("level returned");
+    EXPECT_EQ((Trace{"dialog ended", "level returned"}), trace);
+}
+
+TEST(RunDialog, LetsTheLevelReturnThatIsLeftWhileOneDialogLiesOverAnother)
+{
+    Trace trace;
+    later(0, [&] {
+        Dialog lower;
+        later(0, [&] {
+            Dialog upper;
+            later(0, [] { exitLoop(); });
+            upper.endAfter(20);
+            runDialog(upper);
+            trace.push_back("upper ended");
+        });
+        lower.endAfter(40);
+        runDialog(lower);
+        trace.push_back("lower ended");
+    });
+    enterLoopOfATest();
+    EXPECT_EQ((Trace{"upper ended", "lower ended"}), trace);
+}
+
+TEST(RunDialog, LeavesALevelThatNobodyHasLeft)
+{
+    Trace trace;
+    later(0, [&] {
+        Dialog dialog;
+        dialog.endAfter(0);
+        runDialog(dialog);
+        later(0, [&] {
+            trace.push_back("level still serves");
+            exitLoop();
+        });
+    });
+    enterLoopOfATest();
+    EXPECT_EQ(Trace{"level still serves"}, trace);
+}
+
+TEST(RunDialog, NeedsNoLevel)
+{
+    Dialog dialog;
+    dialog.endAfter(0);
+    EXPECT_EQ(7, runDialog(dialog));
 }
 
 TEST(ProcessPending, DoesNotWaitForWhatIsNotDue)
