@@ -24,10 +24,22 @@ struct NapiIndication;
 // application calls closeLink() when it is done. A slot may take only the leading arguments of a
 // signal, may call any operation of the manager, and may delete it.
 //
+// What the network API has reported before closeLink() or a Cancel is still on its way then, and
+// comes as a signal for a link that is closed. A receiver compares the id with the one that it
+// holds, and gives that up when it closes the link:
+//
+//     if (linkId != link)
+//         return; // of a link that was closed or cancelled meanwhile
+//     manager->closeLink(link);
+//     link = -1;
+//
+// The network API gives a free id again. Who opens the next link at once may be told of the link
+// before it under the same id; after a pass through the event loop nothing of that is left.
+//
 // All calls and all signals belong to the GUI thread. The object logs nothing and starts no thread
 // and no timer. Link ids are 0..255. Results: 0 or a link id is success; negative results are -101,
-// -103 and -151 where the operation says so, and otherwise those of the network API (napi.h),
-// unchanged.
+// -103 and -151 where the operation says so, -152 also where memory has run out, and otherwise
+// those of the network API (napi.h), unchanged. No exception leaves an operation.
 //
 // The manager is itself the socket on which the network API reports; the operations inherited from
 // the socket are not for applications.
@@ -53,9 +65,9 @@ public:
 
     // Opens a link for the profile `profileName` and shows a popup with a Cancel key until the
     // outcome arrives. While an earlier openLink() is pending, the new link gets no popup of its
-    // own. Cancel closes the link and emits openFailed() with the causes 13 and 0. Result: the link
-    // id (>= 0); -101 before init() has succeeded; else the network API's error, and nothing is
-    // shown.
+    // own; nor does it where there is no memory for one. Cancel closes the link and emits
+    // openFailed() with the causes 13 and 0. Result: the link id (>= 0); -101 before init() has
+    // succeeded; else the network API's error, and nothing is shown.
     int openLink(const QString& profileName);
 
     // The same without a popup. A popup that an earlier openLink() still shows is no longer looked
@@ -65,8 +77,9 @@ public:
     // Result: the link id (>= 0); -101 before init() has succeeded; else the network API's error.
     int openLinkNoDialog(const QString& profileName);
 
-    // Closes a link or gives up its opening, and takes the popup of that opening away. No signal is
-    // emitted. Result: 0; -151 when `linkId` is negative; else the network API's error.
+    // Closes a link or gives up its opening, and takes the popup of that opening away. It emits no
+    // signal itself; what was reported of the link before still comes (see above).
+    // Result: 0; -151 when `linkId` is negative; else the network API's error.
     int closeLink(int linkId);
 
     // Placeholders that do nothing; always 0.
@@ -80,8 +93,9 @@ public:
     int bindSocket2Link(int linkId, int socket);
 
     // Tells the link's network device: its name, for instance "wwan0", and in `*value` its IPv4
-    // address as a number with the first octet in the most significant byte. Result: 0; else the
-    // network API's error. When already the name cannot be had, neither output is changed.
+    // address as a number with the first octet in the most significant byte. A null `value` goes to
+    // the network API as it is. Result: 0; else the network API's error. When already the name
+    // cannot be had, neither output is changed.
     int getDeviceInfo(int linkId, QString& name, unsigned long* value);
 
     // Makes the system's name resolver use the link's name servers.
@@ -89,13 +103,15 @@ public:
     int dnsResolverConfig(int linkId);
 
 signals:
-    // The link is up.
+    // The link is up. May still come for a link whose opening was cancelled or closed meanwhile.
     void connected(int linkId, YLinkInfo& info);
     // Opening has failed, or the user has cancelled it. The first cause is one of NapiCause in
-    // napi.h, the second a detail of it. The link id is free again. Not emitted after closeLink().
+    // napi.h, the second a detail of it. The link id is free again. Comes a second time, with the
+    // network API's causes, where it was reported before the user cancelled, and may still come
+    // after closeLink().
     void openFailed(int linkId, unsigned short cause1, unsigned short cause2);
     // An established link is gone; closeLink() frees its id. Not emitted for the link whose popup
-    // is still up.
+    // is still up. May still come after closeLink().
     void broken(int linkId, YLinkInfo& info);
 
 private slots:
@@ -104,9 +120,13 @@ private slots:
     void slotCancelBtnClicked();
 
 private:
+    void listen();
+    void giveBack();
+    void showPopup(int linkId);
     void answerPending(const NapiIndication& message);
     void announce(const NapiIndication& message);
-    void dropPopup();
+    void endPending();
+    void deletePopup();
 
     int indicationSocket;
     int pendingLinkId;

@@ -34,8 +34,8 @@ public:
     ~YProfileSelectDlg();
 
     // Stores the name of the current row, the one under the cursor, in `out` and returns 0. Without
-    // a current row it returns -1 and leaves `out` as it is. May be called before, while and after
-    // the popup is shown.
+    // a current row, and without memory for the name, it returns -1 and leaves `out` as it is. May
+    // be called before, while and after the popup is shown.
     int selectedProfile(QString& out);
 };
 

@@ -6,6 +6,7 @@
 #include "profilefunctions.h"
 #include "profiles/nameslots.h"
 #include "support/log.h"
+#include "support/memory.h"
 #include "support/number.h"
 #include "support/text.h"
 
@@ -48,9 +49,13 @@ static int following(int number)
     return int(static_cast<unsigned int>(number) + 1U);
 }
 
-void getDefaultProfileName(QString& name)
+static void withoutMemory()
 {
-    const QString base("Profile");
+    logPrint(4, "Can not alloc memory for profile.\n");
+}
+
+static void assignNextName(QString& name)
+{
     unsigned int count = 0;
     if (NAPI_ListAllProfile(nullptr, &count) < 0) {
         logPrint(4, "NAPI_ListAllProfile return error\n");
@@ -58,14 +63,18 @@ void getDefaultProfileName(QString& name)
     }
     const unsigned int room = count;
     const std::unique_ptr<char[]> buffer(newSlots(room));
-    if (!buffer) {
-        logPrint(4, "Can not alloc memory for profile.\n");
-        return;
-    }
+    if (!buffer)
+        return withoutMemory();
     if (NAPI_ListAllProfile(buffer.get(), &count) < 0) {
         logPrint(4, "NAPI_ListAllProfile return error\n");
         return;
     }
+    const QString base("Profile");
     const int highest = highestSuffix(buffer.get(), count < room ? count : room, base);
     name = base + QString::number(following(highest), 10);
+}
+
+void getDefaultProfileName(QString& name)
+{
+    support::withMemory([&name] { assignNextName(name); }, withoutMemory);
 }

@@ -12,6 +12,7 @@
 #include "support/guarded.h"
 #include "support/log.h"
 #include "support/loop.h"
+#include "support/memory.h"
 #include "yprofileselectdlg.h"
 
 using support::logPrint;
@@ -77,31 +78,41 @@ static int listNames(char* buffer, unsigned int room, QStringList& names)
 // painted at once, and gone from the screen before the caller goes on.
 static int runDialog(YProfileSelectDlg* newDialog, QString& name)
 {
-    const support::Guarded<YProfileSelectDlg> dialog(newDialog);
-    support::wakeLoop();
     int result = noneSelected;
-    const bool isAccepted = newDialog->exec() != 0;
-    if (isAccepted && dialog && dialog->selectedProfile(name) == 0)
-        result = 0;
-    delete dialog.get();
+    {
+        const support::Owned<YProfileSelectDlg> dialog(newDialog);
+        support::wakeLoop();
+        const bool isAccepted = support::runDialog(*newDialog) != 0;
+        if (isAccepted && !dialog.isNull() && dialog->selectedProfile(name) == 0)
+            result = 0;
+    }
     support::processPending();
     return result;
 }
 
-int getProfileNamebySelect(QString& name)
+static int withoutMemory()
+{
+    logPrint(4, "Can not malloc memory for profiles.\n");
+    return noneSelected;
+}
+
+static int select(QString& name)
 {
     unsigned int count = 0;
     if (const int result = countNames(count))
         return result;
     Buffer buffer = newBuffer(count);
-    if (!buffer) {
-        logPrint(4, "Can not malloc memory for profiles.\n");
-        return noneSelected;
-    }
+    if (!buffer)
+        return withoutMemory();
     QStringList names;
     if (const int result = listNames(buffer.get(), count, names))
         return result;
     YProfileSelectDlg* dialog = new YProfileSelectDlg(names, name, nullptr, nullptr);
     buffer.reset();
     return runDialog(dialog, name);
+}
+
+int getProfileNamebySelect(QString& name)
+{
+    return support::withMemory([&name] { return select(name); }, withoutMemory);
 }

@@ -1,5 +1,6 @@
 #include "yprofileselectdlg.h"
 
+#include "support/memory.h"
 #include "support/text.h"
 
 // One mark and one text; the toolkit knows what the letters mean.
@@ -45,6 +46,10 @@ int YProfileSelectDlg::selectedProfile(QString& out)
     YListBoxItem* row = current == -1 ? nullptr : list->item(current);
     if (!row)
         return -1;
-    out = row->getSubItemText(nameSubItem, 0, false);
-    return 0;
+    return support::withMemory(
+        [row, &out] {
+            out = row->getSubItemText(nameSubItem, 0, false);
+            return 0;
+        },
+        [] { return -1; });
 }

@@ -9,8 +9,8 @@
 namespace session {
 
 // The link information of `message`. The text is taken up to its NUL. Senders always end it; were
-// the NUL missing, the text would run on into the fields that follow, as far as the message goes
-// and the record has room.
+// the NUL missing, the text would run on into the fields that follow, as far as the record has
+// room: 103 bytes and a NUL.
 YLinkInfo linkInfo(const NapiIndication& message);
 
 } // namespace session

@@ -1,6 +1,8 @@
-// A pointer that does not dangle.
+// Pointers that do not dangle.
 #ifndef SUPPORT_GUARDED_H
 #define SUPPORT_GUARDED_H
+
+#include <memory>
 
 #include "support/qt.h"
 
@@ -26,6 +28,28 @@ public:
 
 private:
     qt::Pointer<T> pointer;
+};
+
+// Owns a QObject that others may delete, too, and deletes it at the end where nobody else has.
+template <class T> class Owned
+{
+public:
+    explicit Owned(T* object)
+    {
+        std::unique_ptr<T> unguarded(object);
+        guarded = object;
+        unguarded.release();
+    }
+    Owned(const Owned&) = delete;
+    Owned& operator=(const Owned&) = delete;
+    ~Owned() { delete guarded.get(); }
+
+    T* get() const { return guarded.get(); }
+    bool isNull() const { return guarded.isNull(); }
+    T* operator->() const { return guarded.get(); }
+
+private:
+    Guarded<T> guarded;
 };
 
 } // namespace support

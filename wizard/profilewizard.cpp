@@ -16,20 +16,6 @@ using support::logPrint;
 
 namespace {
 
-// A page that others may delete while it runs.
-class OwnedPage
-{
-public:
-    OwnedPage(const QString& name, bool creating)
-        : page(new DataConnection_NewWiz1(name, creating, nullptr, nullptr, 0))
-    {}
-    OwnedPage(const OwnedPage&) = delete;
-    OwnedPage& operator=(const OwnedPage&) = delete;
-    ~OwnedPage() { delete page.get(); }
-
-    const support::Guarded<DataConnection_NewWiz1> page;
-};
-
 int withMemory(int (*run)(QString& name), QString& name)
 {
     return support::withMemory([run, &name] { return run(name); },
@@ -39,11 +25,12 @@ int withMemory(int (*run)(QString& name), QString& name)
 // Runs the wizard once. `storedName`, unless null, is the name of a profile that was stored.
 int runWizard(const QString& name, bool creating, QString* storedName)
 {
-    const OwnedPage owned(name, creating);
-    owned.page->reserved = nullptr;
-    const int result = owned.page->run();
-    if (!owned.page.isNull() && storedName && result == DataConnection_NewWiz1::ResultStored)
-        *storedName = owned.page->profileName();
+    const support::Owned<DataConnection_NewWiz1> page(
+        new DataConnection_NewWiz1(name, creating, nullptr, nullptr, 0));
+    page->reserved = nullptr;
+    const int result = page->run();
+    if (!page.isNull() && storedName && result == DataConnection_NewWiz1::ResultStored)
+        *storedName = page->profileName();
     return result;
 }
 

@@ -24,6 +24,7 @@ class Application : public QObject
     YDataSessionManager* manager;
     QString lastUsedProfile;
     int link;
+    int linkId;
     void use(const QString&);
     void use(int);
     void offerWifi();

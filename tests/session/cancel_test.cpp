@@ -104,6 +104,16 @@ TEST_F(Cancel, LeavesALaterFailureOfTheSameIdToASecondSignal)
     EXPECT_EQ("openFailed(5,41394,772)", log->take());
 }
 
+TEST_F(Cancel, LeavesASuccessThatWasReportedBeforeToASignalForTheClosedLink)
+{
+    open();
+    napi.send(indication(NAPI_IND_CONNECTED, 5));
+    QMetaObject::invokeMethod(manager.get(), "slotCancelBtnClicked", Qt::DirectConnection);
+    EXPECT_EQ("openFailed(5,13,0)", log->take());
+    pass();
+    EXPECT_EQ("connected(5)", log->take());
+}
+
 TEST_F(Cancel, LetsTheNextOpeningShowItsPopup)
 {
     open();

@@ -236,6 +236,17 @@ TEST_F(Indications, StillHandlesWhatCameBeforeTheSocketWasClosed)
     EXPECT_EQ("connected(1)", log->take());
 }
 
+TEST_F(Indications, StillSignalsWhatWasReportedOfALinkBeforeItWasClosed)
+{
+    const NapiIndication messages[] = {indication(16, 1), indication(17, 2), indication(32, 3)};
+    napi.sendBytes(messages, sizeof messages);
+    for (int link = 1; link <= 3; ++link)
+        manager->closeLink(link);
+    EXPECT_EQ("", log->take());
+    pass();
+    EXPECT_EQ("connected(1) openFailed(2,41394,772) broken(3)", log->take());
+}
+
 TEST_F(Indications, GoesOnWhenAReceiverClosesALinkInsideTheSignal)
 {
     log->inside = [this] { manager->closeLink(1); };

@@ -296,6 +296,21 @@ TEST_F(Manager, ReturnsTheResultOfTheAddressWithTheNameAlreadySet)
     EXPECT_EQ(77ul, value);
 }
 
+TEST_F(Manager, TellsTheDeviceNameAloneWhereTheNetworkApiTakesANullAddress)
+{
+    napi.takesNullAddress = true;
+    QString name;
+    EXPECT_EQ(0, manager->getDeviceInfo(3, name, nullptr));
+    EXPECT_EQ("wwan0", name.toStdString());
+}
+
+TEST_F(Manager, LeavesTheJudgementOfANullAddressToTheNetworkApi)
+{
+    QString name;
+    EXPECT_EQ(NAPI_ERR_ARGUMENT, manager->getDeviceInfo(3, name, nullptr));
+    EXPECT_EQ("GetDeviceInfo(3,0,16) GetDeviceInfo(3,2,4)", napi.take());
+}
+
 TEST_F(Manager, LeavesTheJudgementOfTheDevicesLinkIdToTheNetworkApi)
 {
     napi.nameResult = NAPI_ERR_NO_LINK;

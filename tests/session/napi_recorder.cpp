@@ -117,6 +117,8 @@ int NAPI_GetDeviceInfo(int linkId, int item, void* buffer, int length)
                         std::min<size_t>(recorder.deviceName.size(), static_cast<size_t>(length)));
         return recorder.nameResult;
     }
+    if (!buffer)
+        return recorder.takesNullAddress ? recorder.addressResult : int(NAPI_ERR_ARGUMENT);
     if (recorder.addressResult == 0)
         std::memcpy(buffer, &recorder.deviceAddress, sizeof recorder.deviceAddress);
     return recorder.addressResult;

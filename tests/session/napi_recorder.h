@@ -27,6 +27,8 @@ struct NapiRecorder
     // Item 0 as it is written into the 16-byte buffer.
     std::string deviceName = std::string("wwan0\0", 6);
     uint32_t deviceAddress = 0x0A010203;
+    // Whether a null address is no error.
+    bool takesNullAddress = false;
 
     // The end on which the network API writes; -1 before Init.
     int writeEnd = -1;

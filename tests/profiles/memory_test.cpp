@@ -1,0 +1,118 @@
+// Memory that runs out while a profile is chosen or named, at each allocation in turn.
+
+#include <QApplication>
+
+#include <profilefunctions.h>
+#include <yprofileselectdlg.h>
+
+#include "common/failing_memory.h"
+#include "wizard/wizard_fixture.h"
+
+namespace {
+
+using failingmemory::forEachAllocation;
+using failingmemory::Of;
+using recorder::Calls;
+
+class ProfilesMemory : public Wizard
+{
+protected:
+    void SetUp() override
+    {
+        Wizard::SetUp();
+        napi.profiles = {{"Profile1", {}}, {"A name that no text holds by itself", {}}};
+        name = "kept";
+        widgetsBefore = QApplication::allWidgets().size();
+    }
+
+    // Calls a function with one failing allocation, and cancels what opens after all. Result: that
+    // of the function, -99 where an exception came instead.
+    int callWithout(int number, EntryPoint function, bool* hasFailed)
+    {
+        bool isDone = false;
+        later([&isDone] {
+            failingmemory::stop();
+            isDone = true;
+            if (activeLayer())
+                cancel();
+        });
+        failingmemory::failAt(number);
+        int result = -99;
+        EXPECT_NO_THROW(result = function(name)) << number;
+        *hasFailed = failingmemory::stop();
+        EXPECT_TRUE(waitFor([&isDone] { return isDone; }));
+        settle();
+        EXPECT_EQ(widgetsBefore, QApplication::allWidgets().size()) << number;
+        return result;
+    }
+
+    int callWithoutFailure()
+    {
+        later([] { press(Qt::Key_F1); });
+        return getProfileNamebySelect(name);
+    }
+
+    qsizetype widgetsBefore = 0;
+};
+
+TEST_F(ProfilesMemory, ThatRunsOutAtEachStepOfChoosingGivesTheResult)
+{
+    const int allocations = forEachAllocation([this](int number) {
+        bool hasFailed = false;
+        take();
+        EXPECT_EQ(-100, callWithout(number, getProfileNamebySelect, &hasFailed));
+        EXPECT_EQ(hasFailed ? Calls{"log: Can not malloc memory for profiles.\n"} : Calls(), take())
+            << number;
+        EXPECT_EQ("kept", name.toStdString());
+        return hasFailed;
+    });
+    EXPECT_GE(allocations, 8);
+    EXPECT_EQ(0, callWithoutFailure());
+    EXPECT_EQ("A name that no text holds by itself", name.toStdString());
+}
+
+// The not-found flow tells what the choosing behind it has told.
+TEST_F(ProfilesMemory, ThatRunsOutWhileChoosingBehindTheQuestionGivesTheResultOfChoosing)
+{
+    const int allocations = forEachAllocation([this](int number) {
+        bool hasFailed = false;
+        bool isDone = false;
+        perform({[] { press(Qt::Key_Down); },
+                 [number] {
+                     failingmemory::failAt(number);
+                     press(Qt::Key_F1);
+                 },
+                 [&hasFailed, &isDone] {
+                     hasFailed = failingmemory::stop();
+                     isDone = true;
+                     if (activeLayer())
+                         cancel();
+                 }});
+        int result = -99;
+        EXPECT_NO_THROW(result = getProfileIfNoFound(name)) << number;
+        EXPECT_TRUE(waitFor([&isDone] { return isDone; }));
+        settle();
+        EXPECT_EQ(-100, result) << number;
+        EXPECT_EQ(widgetsBefore, QApplication::allWidgets().size()) << number;
+        return hasFailed;
+    });
+    EXPECT_GE(allocations, 8);
+}
+
+TEST_F(ProfilesMemory, ThatRunsOutAtEachStepOfNamingLeavesTheName)
+{
+    const int allocations = forEachAllocation([this](int number) {
+        take();
+        name = "kept";
+        failingmemory::failAt(number, Of::Everybody);
+        EXPECT_NO_THROW(getDefaultProfileName(name)) << number;
+        const bool hasFailed = failingmemory::stop();
+        EXPECT_EQ(hasFailed ? "kept" : "Profile2", name.toStdString()) << number;
+        EXPECT_EQ(hasFailed ? Calls{"log: Can not alloc memory for profile.\n"} : Calls(), take())
+            << number;
+        return hasFailed;
+    });
+    EXPECT_GE(allocations, 4);
+}
+
+} // namespace
