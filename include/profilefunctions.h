@@ -47,10 +47,11 @@ VORNQTNAPI_EXPORT void getDefaultProfileName(QString& name);
 //
 // Result: 0 when a profile was stored, 1 when the user has cancelled, 2 when the wizard was closed
 // in any other way: the network API has refused the profile, a profile's folder could not take its
-// new name (a name with a '/', for instance, can name no folder), the screen was closed or the
-// application has quit, the page was deleted, or memory has run out. Of a refusal the user is told
-// only when it is the network API's -152 (memory full); otherwise the wizard just closes, and the
-// reason is in the application log. No exception leaves these functions.
+// new name (a name with a '/', for instance, can name no folder), the screen was closed, hidden or
+// deleted, the application has quit, a page was hidden or deleted, or memory has run out. Of a
+// refusal the user is told only when it is the network API's -152 (memory full); otherwise the
+// wizard just closes, and the reason is in the application log. No exception leaves these
+// functions.
 
 // Creates a profile. What `name` holds is not looked at; with result 0 it is the name under which
 // the new profile is stored, otherwise it keeps its value.

@@ -65,6 +65,20 @@ DataConnection_NewWiz1::~DataConnection_NewWiz1()
     logPrint(8, "Destory an object...\n ");
 }
 
+// A page that is deleted by its owner has nobody to tell.
+void DataConnection_NewWiz1::DeletePage2::operator()(DataConnection_NewWiz2* page) const
+{
+    page->forgetPage1();
+    delete page;
+}
+
+void DataConnection_NewWiz1::losePage2()
+{
+    page2.release();
+    rows.forgetPage2();
+    hide();
+}
+
 void DataConnection_NewWiz1::setTitleAndName(const QString& name)
 {
     QString title = name;
@@ -160,6 +174,8 @@ void DataConnection_NewWiz1::slotGotoPrevious()
 
 void DataConnection_NewWiz1::slotGoToNext()
 {
+    if (!page2)
+        return;
     if (record)
         wizard::fillPage2(*record, rows);
     page2->open();

@@ -14,6 +14,7 @@
 
 class DataConnection_NewWiz2;
 class NSPressButton;
+class QHideEvent;
 class YFormContainer;
 class YSeparator;
 class YSoftKey;
@@ -34,12 +35,15 @@ public:
                            const char* objectName, unsigned int flags);
     ~DataConnection_NewWiz1();
 
-    // Shows the page and blocks in a nested event loop until it is hidden. Result: an Outcome;
-    // ResultClosed when the page was deleted meanwhile.
+    // Shows the page and blocks in a nested event loop until it is hidden, by whatever way, or one
+    // of the two pages is deleted. Result: an Outcome; ResultClosed when this page was deleted.
     int run();
 
     // Ends run().
     void hide() override;
+
+    // Page 2 is being deleted by somebody else: its rows are forgotten, and run() ends.
+    void losePage2();
 
     // The name under which the profile is stored, or will be.
     QString profileName() const { return currentName; }
@@ -53,7 +57,17 @@ public slots:
     void slotSaveProfile();
     void slotContentChanged();
 
+protected:
+    // Hears of what does not go through hide(): the base class's own, and the screen's end.
+    void hideEvent(QHideEvent* event) override;
+
 private:
+    struct DeletePage2
+    {
+        void operator()(DataConnection_NewWiz2* page) const;
+    };
+
+    void leaveLoop();
     void setTitleAndName(const QString& name);
     void addRows();
     void chooseDefaultPreference();
@@ -65,7 +79,7 @@ private:
     int checkAndStore(wizard::FormFault* fault);
     void focusFields(wizard::FormFault fault);
 
-    std::unique_ptr<DataConnection_NewWiz2> page2;
+    std::unique_ptr<DataConnection_NewWiz2, DeletePage2> page2;
     YFormContainer* form;
     wizard::Record record;
     QString currentName;

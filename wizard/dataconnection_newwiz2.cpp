@@ -37,7 +37,11 @@ DataConnection_NewWiz2::DataConnection_NewWiz2(DataConnection_NewWiz1* firstPage
     connectContentSignals();
 }
 
-DataConnection_NewWiz2::~DataConnection_NewWiz2() {}
+DataConnection_NewWiz2::~DataConnection_NewWiz2()
+{
+    if (page1)
+        page1->losePage2();
+}
 
 void DataConnection_NewWiz2::connectContentSignals()
 {

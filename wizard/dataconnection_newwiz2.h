@@ -22,6 +22,9 @@ public:
     // Shows the page, whose rows have just been filled, as one without changes.
     void open();
 
+    // Page 1 is deleted, or deletes this one.
+    void forgetPage1() { page1 = nullptr; }
+
     // Whether the user has asked to save from this page, successfully or not.
     bool isSaved() const { return saved; }
 

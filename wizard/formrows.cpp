@@ -17,6 +17,16 @@ void FormRows::add(Choice field, YComboBox* combo)
     combos[int(field)] = combo;
 }
 
+void FormRows::forgetPage2()
+{
+    for (int field = int(Text::Proxy2); field < textCount; ++field) {
+        edits[field] = nullptr;
+        forms[field] = nullptr;
+    }
+    for (int field = int(Choice::CsdSpeed); field < choiceCount; ++field)
+        combos[field] = nullptr;
+}
+
 QString FormRows::text(Text field) const
 {
     return edit(field) ? edit(field)->text() : QString();

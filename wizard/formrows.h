@@ -18,6 +18,9 @@ public:
     void add(Text field, YLineEdit* edit, YFormContainer* form);
     void add(Choice field, YComboBox* combo);
 
+    // The rows of page 2 are gone.
+    void forgetPage2();
+
     YLineEdit* edit(Text field) const { return edits[int(field)]; }
     YComboBox* combo(Choice field) const { return combos[int(field)]; }
 

@@ -2,6 +2,8 @@
 
 #include <initializer_list>
 
+#include <qevent.h>
+
 #include <ycombobox.h>
 #include <yformcontainer.h>
 #include <ylineedit.h>
@@ -52,6 +54,19 @@ void DataConnection_NewWiz1::connectContentSignals()
 void DataConnection_NewWiz1::hide()
 {
     YKbMainWidget::hide();
+    leaveLoop();
+}
+
+// A window that is iconified comes back; the wizard waits for it.
+void DataConnection_NewWiz1::hideEvent(QHideEvent* event)
+{
+    if (!event->spontaneous())
+        leaveLoop();
+    YKbMainWidget::hideEvent(event);
+}
+
+void DataConnection_NewWiz1::leaveLoop()
+{
     if (inModalLoop) {
         inModalLoop = false;
         support::exitLoop();
@@ -73,7 +88,8 @@ int DataConnection_NewWiz1::checkAndStore(FormFault* fault)
     *fault = wizard::checkForm(rows, purpose());
     if (*fault != FormFault::None)
         return wizard::NotStored;
-    return wizard::storeProfile(rows, purpose(), record.get(), page2->isSaved(), &currentName);
+    const bool withPage2 = page2 && page2->isSaved();
+    return wizard::storeProfile(rows, purpose(), record.get(), withPage2, &currentName);
 }
 
 // The page may be deleted while the user reads a message.
