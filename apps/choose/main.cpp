@@ -11,6 +11,7 @@
 #include <qstringlist.h>
 
 #include <profilefunctions.h>
+#include <vornqtnapi_texts.h>
 #include <yapplication.h>
 
 enum Exit { Chosen = 0, NotChosen = 1, WrongUse = 2, NotListed = 3 };
@@ -28,13 +29,13 @@ int main(int argc, char** argv)
     case 0:
         std::printf("%s\n", name.toUtf8().constData());
         return Chosen;
-    case -100:
-        std::fprintf(stderr, "vorn-choose: no profile was chosen\n");
+    case VORN_ERR_NONE_CHOSEN:
+        std::fprintf(stderr, "vorn-choose: %s\n", vornResultText(result));
         return NotChosen;
     default:
         std::fprintf(stderr,
-                     "vorn-choose: the profiles cannot be listed (%d); try: vornctl doctor\n",
-                     result);
+                     "vorn-choose: the profiles cannot be listed: %s (%d); try: vornctl doctor\n",
+                     vornResultText(result), result);
         return NotListed;
     }
 }

@@ -8,6 +8,7 @@
 #include <QTimer>
 #include <QUrl>
 
+#include <vornqtnapi_texts.h>
 #include <yapplication.h>
 #include <ydatasessionmanager.h>
 
@@ -36,7 +37,7 @@ public:
         if (result >= 0)
             result = link = manager.openLink(profile);
         if (result < 0)
-            say(QString("cannot open a link for \"%1\": result %2").arg(profile).arg(result));
+            say(QString("cannot open a link for \"%1\": %2").arg(profile, described(result)));
         else
             say(QString("opening link %1 for \"%2\"").arg(link).arg(profile));
         return result >= 0;
@@ -54,13 +55,13 @@ private slots:
                 .arg(device, QHostAddress(quint32(address)).toString(),
                      bearers[info.infoByte < 4 ? info.infoByte : 0]));
         if (int result = manager.dnsResolverConfig(id); result != 0)
-            say(QString("the name servers could not be set: result %1").arg(result));
+            say("the name servers could not be set: " + described(result));
 
         // A socket gets its descriptor with bind(); it must belong to the link before it connects.
         socket.bind(QHostAddress(QHostAddress::AnyIPv4));
         const int result = manager.bindSocket2Link(id, int(socket.socketDescriptor()));
         if (result != 0)
-            return finish(QString("the socket could not be bound: result %1").arg(result), 1);
+            return finish("the socket could not be bound: " + described(result), 1);
         say(QString("socket bound to link %1").arg(id));
         socket.connectToHost(url.host(), quint16(url.port(80)), QIODevice::ReadWrite,
                              QAbstractSocket::IPv4Protocol);
@@ -69,8 +70,11 @@ private slots:
 
     void failed(int id, unsigned short cause1, unsigned short cause2)
     {
-        // The causes have names in napi.h: NapiCause.
-        say(QString("opening link %1 failed: cause %2, detail %3").arg(id).arg(cause1).arg(cause2));
+        say(QString("opening link %1 failed: %2 (cause %3, detail %4)")
+                .arg(id)
+                .arg(vornCauseText(cause1))
+                .arg(cause1)
+                .arg(cause2));
         qApp->exit(1);
     }
 
@@ -116,6 +120,14 @@ private:
         return unknown;
     }
 
+    // "no such profile (NAPI_ERR_NO_PROFILE, -204)"
+    static QString described(int result)
+    {
+        return QString("%1 (%2, %3)")
+            .arg(vornResultText(result), vornResultName(result))
+            .arg(result);
+    }
+
     void finish(const QString& text, int status)
     {
         // Whatever ended it, nothing that is still under way may end it again.
@@ -124,7 +136,7 @@ private:
         say(text);
         const int result = manager.closeLink(link);
         say(result == 0 ? QString("link %1 closed").arg(link)
-                        : QString("link %1 could not be closed: result %2").arg(link).arg(result));
+                        : QString("link %1 could not be closed: ").arg(link) + described(result));
         qApp->exit(status);
     }
 

@@ -150,7 +150,7 @@ class Example(unittest.TestCase):
     def test_a_link_that_does_not_open_is_said_with_its_cause(self):
         self.configure(REFUSED)
         done = self.example("Demo", "http://127.0.0.1:1/x")
-        self.assertIn("opening link 0 failed: cause 5, detail 0\n", done.stdout)
+        self.assertIn("opening link 0 failed: user name or password refused (cause 5, detail 0)\n", done.stdout)
         self.assertEqual(done.returncode, 1)
 
     def test_a_link_that_breaks_is_said_once_and_closed(self):
@@ -163,7 +163,7 @@ class Example(unittest.TestCase):
 
     def test_a_profile_that_is_not_stored_is_said(self):
         done = self.example("Nobody", "http://127.0.0.1:1/x")
-        self.assertIn('cannot open a link for "Nobody": result -204\n', done.stdout)
+        self.assertIn('cannot open a link for "Nobody": no such profile (NAPI_ERR_NO_PROFILE, -204)\n', done.stdout)
         self.assertEqual(done.returncode, 1)
 
     def test_a_wrong_command_line_gets_the_usage(self):

@@ -333,28 +333,4 @@ TEST_F(NetworkConfig, IsReadFromTheRootOfTheMoment)
     setenv("VORN_ROOT", root().c_str(), 1);
 }
 
-TEST(Texts, ExistForEveryCode)
-{
-    for (int result = -215; result <= -201; ++result)
-        EXPECT_STRNE(napihost::resultText(result), napihost::resultText(-999)) << result;
-    EXPECT_STRNE(napihost::resultText(-152), napihost::resultText(-999));
-    for (int cause = 0; cause <= 16; ++cause)
-        EXPECT_STRNE(napihost::causeText(cause), napihost::causeText(999)) << cause;
-    EXPECT_STRNE(napihost::causeText(65535), napihost::causeText(999));
-    for (int type : {3, 16, 17, 32})
-        EXPECT_STRNE(napihost::indicationText(type), napihost::indicationText(999)) << type;
-}
-
-TEST(Texts, AreForPeople)
-{
-    EXPECT_STREQ(napihost::resultText(0), "done");
-    EXPECT_STREQ(napihost::resultText(7), "done");
-    EXPECT_STREQ(napihost::resultText(-204), "no such profile");
-    EXPECT_STREQ(napihost::resultText(-999), "a result that is not known here");
-    EXPECT_STREQ(napihost::causeText(5), "user name or password refused");
-    EXPECT_STREQ(napihost::causeText(-1), "a cause that is not known here");
-    EXPECT_STREQ(napihost::indicationText(16), "connected");
-    EXPECT_STREQ(napihost::indicationText(-1), "an indication that is not known here");
-}
-
 } // namespace

@@ -57,10 +57,4 @@ TEST(StoreLock, IsWaitedForTenSecondsThenTheStoreIsBusyAndUnchanged)
     close(other);
 }
 
-TEST(StoreLockText, SaysWhatTheMatterIs)
-{
-    EXPECT_STREQ(napihost::resultText(NAPI_ERR_BUSY),
-                 "another program is writing and has not ended for 10 seconds");
-}
-
 } // namespace

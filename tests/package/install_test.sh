@@ -14,7 +14,7 @@ prefix=$work/moved
 "$cmake" -S "$source" -B "$work/cmake" -G Ninja -DCMAKE_PREFIX_PATH="$prefix" \
     -DCMAKE_CXX_FLAGS="$flags" >/dev/null
 "$cmake" --build "$work/cmake" >/dev/null
-"$work/cmake/consumer" | grep -Fx 'before init: -101'
+"$work/cmake/consumer" | grep -Fx 'before init: -101 VORN_ERR_NOT_INITIALISED'
 
 pc=$(dirname "$(find "$prefix" -name vornqtnapi.pc)")
 export PKG_CONFIG_PATH=$pc
@@ -23,7 +23,7 @@ export PKG_CONFIG_PATH=$pc
 g++ -std=c++17 -fPIC $flags "$source/main.cpp" -o "$work/by-pkg-config" \
     $(pkg-config --cflags --libs vornqtnapi)
 LD_LIBRARY_PATH=$(pkg-config --variable=libdir vornqtnapi) "$work/by-pkg-config" |
-    grep -Fx 'before init: -101'
+    grep -Fx 'before init: -101 VORN_ERR_NOT_INITIALISED'
 
 [ -L "$(find "$prefix" -name libvornqtnapi.so.1)" ]
 [ -x "$prefix/bin/vornctl" ]
@@ -33,5 +33,29 @@ LD_LIBRARY_PATH=$(pkg-config --variable=libdir vornqtnapi) "$work/by-pkg-config"
 find "$prefix" -name 'lib*.so.*' -type f -o -path '*/bin/*' -type f >"$work/binaries"
 [ "$(wc -l <"$work/binaries")" -ge 5 ]
 xargs -d '\n' python3 -B "$source/../../rules/hardening.py" "$hardening" <"$work/binaries"
+find "$prefix/share/doc" -name '*.md' -print0 | xargs -0 python3 -B "$source/../../rules/links.py"
+
+# What the README says to paste works as it stands, both ways.
+readme=$source/../../../README.md snippet=$work/snippet
+mkdir "$snippet"
+block() { awk -v language="$1" '$0 == "```" { inside = 0 } inside; $0 == "```" language { inside = !done++ }'; }
+block cpp <"$readme" >"$snippet/main.cpp"
+block cmake <"$readme" >"$snippet/CMakeLists.txt"
+"$cmake" -S "$snippet" -B "$snippet/build" -DCMAKE_PREFIX_PATH="$prefix" -DCMAKE_CXX_FLAGS="$flags" >/dev/null
+"$cmake" --build "$snippet/build" >/dev/null
+line=$(grep '^g++ .*pkg-config' "$readme")
+(cd "$snippet" && eval "${line/g++/g++ $flags}")
+export VORN_ROOT=$work/online
+mkdir -p "$VORN_ROOT/etc"
+cp "$source/../../../apps/example/network.json" "$VORN_ROOT/etc"
+export LD_LIBRARY_PATH=$pc/..
+for online in "$snippet/build/online" "$snippet/online"; do
+    ! "$online" 2>"$work/without" || exit 1
+    grep -Fx 'no link: no such profile (NAPI_ERR_NO_PROFILE)' "$work/without"
+    "$prefix/bin/vornctl" profile create Internet apn=internet >/dev/null
+    "$online" | grep -Fx 'link 0 is up on lo'
+    rm -r "$VORN_ROOT/vornlocal"
+done
+unset LD_LIBRARY_PATH
 VORN_ROOT=$work/empty "$prefix/bin/vornctl" profile list >/dev/null
 echo 'installed, found and linked'

@@ -12,6 +12,7 @@
 #include "settings/settings_host.h"
 #include "terminal_text.h"
 #include "unfinished_file.h"
+#include "vornqtnapi_texts.h"
 
 namespace ctl {
 
@@ -49,7 +50,7 @@ std::vector<Finding> findInStore()
         failNapi(result, "look through the profiles", nullptr);
     if (result < 0) // the files beside the profiles may still have something to tell
         return {{napihost::profilesFolder(),
-                 std::string("cannot be looked through: ") + napihost::resultText(result),
+                 std::string("cannot be looked through: ") + vornResultText(result),
                  result == NAPI_ERR_ACCESS
                      ? "give its owner the permission to enter it, and the folders above it"
                      : "look at the kernel's messages about the disk"}};
@@ -62,8 +63,7 @@ std::vector<Finding> findInStore()
         });
     for (const Unread& one : unread)
         if (const std::string path = recordPath(one.name); told.count(path) == 0)
-            findings.push_back({path,
-                                std::string("cannot be read: ") + napihost::resultText(one.result),
+            findings.push_back({path, std::string("cannot be read: ") + vornResultText(one.result),
                                 "restore it from a copy, or delete the profile"});
     return findings;
 }

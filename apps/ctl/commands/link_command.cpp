@@ -10,6 +10,7 @@
 #include "output.h"
 #include "profile/store.h"
 #include "terminal_text.h"
+#include "vornqtnapi_texts.h"
 
 namespace ctl {
 
@@ -60,7 +61,7 @@ Json describe(const NapiIndication& indication)
     Json json = {{"event", eventText(indication.type)}, {"link", indication.linkId}};
     if (indication.type == NAPI_IND_OPEN_FAILED) {
         json["cause"] = indication.cause1;
-        json["reason"] = napihost::causeText(indication.cause1);
+        json["reason"] = vornCauseText(indication.cause1);
         json["detail"] = indication.cause2;
         return json;
     }
@@ -182,7 +183,7 @@ private:
             m_session.forget();
             throw Failure(Exit::OpenFailed,
                           "the link for " + inQuotes(m_request.name) +
-                              " could not be opened: " + napihost::causeText(indication.cause1) +
+                              " could not be opened: " + vornCauseText(indication.cause1) +
                               " (cause " + std::to_string(indication.cause1) + ", detail " +
                               std::to_string(indication.cause2) + ").",
                           openFailedAdvice(m_request.name, indication.cause1));

@@ -7,6 +7,7 @@
 #include "profile/whole_store.h"
 #include "suggestion.h"
 #include "terminal_text.h"
+#include "vornqtnapi_texts.h"
 
 namespace ctl {
 
@@ -70,7 +71,7 @@ std::string advice(Exit status, const std::string* name)
 std::string reasonOf(int result)
 {
     return result == NAPI_ERR_MEMORY_FULL ? "no room: the disk or the quota is full"
-                                          : napihost::resultText(result);
+                                          : vornResultText(result);
 }
 
 void check(int result, const std::string& action, const std::string& name)

@@ -6,6 +6,7 @@
 #include "network/napi_host.h"
 #include "profile/store.h"
 #include "terminal_text.h"
+#include "vornqtnapi_texts.h"
 
 namespace ctl {
 
@@ -62,7 +63,7 @@ void failUnread(const std::vector<Unread>& unread)
         failNapi(unread[0].result, "read the profile", &unread[0].name);
     std::string text = "cannot read " + std::to_string(unread.size()) + " profiles:";
     for (const Unread& one : unread)
-        text += "\n  " + inQuotes(one.name) + ": " + napihost::resultText(one.result) + " (" +
+        text += "\n  " + inQuotes(one.name) + ": " + vornResultText(one.result) + " (" +
                 std::to_string(one.result) + ").";
     throw Failure(exitOfResult(unread[0].result), text, "\"vornctl doctor\" tells more.");
 }

@@ -1,5 +1,5 @@
 // What the host offers beyond the phone's network API, for the programs that play the phone:
-// removing and renaming profiles, looking for damage, texts for codes. Applications do without it.
+// removing and renaming profiles, looking for damage. Applications do without it.
 #ifndef NAPI_HOST_H
 #define NAPI_HOST_H
 
@@ -52,12 +52,6 @@ VORN_PLATFORM_API int inspectStore(std::vector<Finding>* findings);
 // Looks through etc/network.json without changing anything: one finding for each thing wrong, in
 // the order of the file, with "file:line" as its path. A missing file is no finding.
 VORN_PLATFORM_API std::vector<Finding> inspectNetworkConfiguration();
-
-// English texts for codes, for people to read; never null. An unknown code gets a text that says
-// so.
-VORN_PLATFORM_API const char* resultText(int result);
-VORN_PLATFORM_API const char* causeText(int cause);
-VORN_PLATFORM_API const char* indicationText(int type);
 
 } // namespace napihost
 

@@ -3,9 +3,15 @@
 
 #include <applog.h>
 #include <napi.h>
+#include <vornqtnapi_texts.h>
+#include <vornqtnapi_version.h>
 #include <yapplication.h>
 #include <ydatasessionmanager.h>
 #include <ystatedialog.h>
+
+#if VORNQTNAPI_VERSION < VORNQTNAPI_VERSION_CHECK(1, 0, 0)
+#error "the library is older than this program"
+#endif
 
 int main(int argc, char** argv)
 {
@@ -17,6 +23,7 @@ int main(int argc, char** argv)
     unsigned int profiles = 0;
     if (NAPI_ListAllProfile(nullptr, &profiles) != 0 || APPLOG_ModuleStream)
         return 1;
-    std::printf("before init: %d\n", manager.openLink("Internet"));
-    return manager.openLink("Internet") == -101 ? 0 : 1;
+    const int result = manager.openLink("Internet");
+    std::printf("before init: %d %s\n", result, vornResultName(result));
+    return result == VORN_ERR_NOT_INITIALISED ? 0 : 1;
 }
