@@ -45,6 +45,7 @@ def build(description, root):
         root.write_text("not a folder\n", encoding="utf-8")
     if kind != "folder":
         return ""
+    root.mkdir(mode=0o700)
     profiles = root / PROFILES
     profiles.mkdir(parents=True, mode=0o700)
     for name, profile in world.get("profiles", {}).items():

@@ -7,6 +7,7 @@
 #include <sys/stat.h>
 #include <sys/un.h>
 
+#include "base/locked_folder.h"
 #include "network/store_world.h"
 
 namespace fs = std::filesystem;
@@ -206,7 +207,109 @@ TEST_F(StoreInspection, TakesAWritersWorkForNoDamage)
 {
     world.reset({{"A", 1}});
     fs::create_directory(world.profiles() + "/.pending");
+    base::LockedFolder writer;
+    ASSERT_EQ(writer.open(world.profiles()), 0);
     EXPECT_TRUE(inspect().empty());
+}
+
+struct Concern
+{
+    const char* label;
+    void (*make)(const StoreWorld& world);
+    // What is found; "ROOT" stands for the root.
+    const char* path;
+    const char* problem;
+    const char* remedy;
+};
+
+void PrintTo(const Concern& concern, std::ostream* out)
+{
+    *out << concern.label;
+}
+
+const Concern kConcerns[] = {
+    {"RecordThatOthersMayRead",
+     [](const StoreWorld& world) { chmod(world.record("A").c_str(), 0644); },
+     "ROOT/vornlocal/download/appwrite/NetProfile/A/profile", "others may read it (mode 0644)",
+     "chmod go-rw ROOT/vornlocal/download/appwrite/NetProfile/A/profile"},
+    {"RecordThatTheGroupMayWrite",
+     [](const StoreWorld& world) { chmod(world.record("A").c_str(), 0620); },
+     "ROOT/vornlocal/download/appwrite/NetProfile/A/profile", "others may write it (mode 0620)",
+     "chmod go-rw ROOT/vornlocal/download/appwrite/NetProfile/A/profile"},
+    {"FolderThatOthersMayRead",
+     [](const StoreWorld& world) { chmod((world.profiles() + "/A").c_str(), 0755); },
+     "ROOT/vornlocal/download/appwrite/NetProfile/A", "others may read it (mode 0755)",
+     "chmod go-rw ROOT/vornlocal/download/appwrite/NetProfile/A"},
+    {"StoreThatOthersMayReadAndWrite",
+     [](const StoreWorld& world) { chmod(world.profiles().c_str(), 0777); },
+     "ROOT/vornlocal/download/appwrite/NetProfile", "others may read and write it (mode 0777)",
+     "chmod go-rw ROOT/vornlocal/download/appwrite/NetProfile"},
+    {"FolderOnTheWayThatOthersMayWrite",
+     [](const StoreWorld& world) { chmod((world.root() + "/vornlocal").c_str(), 0733); },
+     "ROOT/vornlocal", "others may write it (mode 0733)", "chmod go-w ROOT/vornlocal"},
+    {"RootThatOthersMayRead", [](const StoreWorld& world) { chmod(world.root().c_str(), 0744); },
+     "ROOT", "others may read it (mode 0744)", "chmod go-rw ROOT"},
+    {"LeftoverPutAside",
+     [](const StoreWorld& world) { fs::create_directory(world.profiles() + "/.unremovable-7"); },
+     "ROOT/vornlocal/download/appwrite/NetProfile/.unremovable-7",
+     "put aside because it could not be removed; it may hold passwords",
+     "as its owner or as root: rm -r "
+     "ROOT/vornlocal/download/appwrite/NetProfile/.unremovable-7"},
+    {"LeftoverOfAnEndedWriter",
+     [](const StoreWorld& world) { fs::create_directory(world.profiles() + "/.pending"); },
+     "ROOT/vornlocal/download/appwrite/NetProfile/.pending",
+     "left by a program that was ended while it changed a profile; it may hold passwords",
+     "the next change of a profile removes it, or rm -r "
+     "ROOT/vornlocal/download/appwrite/NetProfile/.pending"},
+};
+
+class StoreConcerns : public testing::TestWithParam<Concern>
+{
+protected:
+    std::string expanded(std::string text) const
+    {
+        for (size_t at; (at = text.find("ROOT")) != std::string::npos;)
+            text.replace(at, 4, world.root());
+        return text;
+    }
+
+    StoreWorld world{StoreWorld::On::Memory};
+};
+
+TEST_P(StoreConcerns, AreFoundWithTheCommandThatMendsThem)
+{
+    world.reset({{"A", 1}});
+    std::vector<napihost::Finding> findings;
+    ASSERT_EQ(napihost::inspectStore(&findings), NAPI_OK);
+    ASSERT_TRUE(findings.empty());
+    GetParam().make(world);
+    ASSERT_EQ(napihost::inspectStore(&findings), NAPI_OK);
+    ASSERT_EQ(findings.size(), 1u);
+    EXPECT_EQ(findings[0].path, expanded(GetParam().path));
+    EXPECT_EQ(findings[0].problem, GetParam().problem);
+    EXPECT_EQ(findings[0].remedy, expanded(GetParam().remedy));
+}
+
+INSTANTIATE_TEST_SUITE_P(Concerns, StoreConcerns, testing::ValuesIn(kConcerns),
+                         [](const auto& concern) { return std::string(concern.param.label); });
+
+TEST_F(StoreInspection, LooksAtTheRootBeforeAnythingIsStored)
+{
+    chmod(world.root().c_str(), 0755);
+    std::vector<napihost::Finding> findings;
+    EXPECT_EQ(napihost::inspectStore(&findings), NAPI_OK);
+    ASSERT_EQ(findings.size(), 1u);
+    EXPECT_EQ(findings[0].path, world.root());
+}
+
+TEST_F(StoreInspection, QuotesWhatAShellWouldReadOtherwise)
+{
+    world.reset({{"Mum's phone", 1}});
+    chmod(world.record("Mum's phone").c_str(), 0644);
+    std::vector<napihost::Finding> findings;
+    EXPECT_EQ(napihost::inspectStore(&findings), NAPI_OK);
+    ASSERT_EQ(findings.size(), 1u);
+    EXPECT_EQ(findings[0].remedy, "chmod go-rw '" + world.profiles() + "/Mum'\\''s phone/profile'");
 }
 
 TEST(Leftovers, OfAnyKindAreSweptByTheNextWrite)

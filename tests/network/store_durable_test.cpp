@@ -18,13 +18,19 @@ namespace {
 class DurableFile : public testing::Test
 {
 protected:
+    int replace(const std::string& bytes, mode_t mode = 0600)
+    {
+        return base::replaceFile(opened.get(), "file", bytes, mode);
+    }
+
     StoreWorld world{StoreWorld::On::Memory};
+    base::UniqueFd opened = base::openFolder(world.root());
     std::string path = world.root() + "/file";
 };
 
 TEST_F(DurableFile, IsMadeWithItsMode)
 {
-    ASSERT_EQ(base::replaceFile(path, "text", 0640), 0);
+    ASSERT_EQ(replace("text", 0640), 0);
     EXPECT_EQ(contentOf(path), "text");
     EXPECT_EQ(fs::status(path).permissions(), fs::perms(0640));
     EXPECT_EQ(entriesOf(world.root()), std::vector<std::string>{"file"});
@@ -32,34 +38,28 @@ TEST_F(DurableFile, IsMadeWithItsMode)
 
 TEST_F(DurableFile, IsReplacedWholly)
 {
-    ASSERT_EQ(base::replaceFile(path, std::string(100000, 'a'), 0600), 0);
-    ASSERT_EQ(base::replaceFile(path, "b", 0600), 0);
+    ASSERT_EQ(replace(std::string(100000, 'a')), 0);
+    ASSERT_EQ(replace("b"), 0);
     EXPECT_EQ(contentOf(path), "b");
-    ASSERT_EQ(base::replaceFile(path, "", 0600), 0);
+    ASSERT_EQ(replace(""), 0);
     EXPECT_EQ(contentOf(path), "");
 }
 
 TEST_F(DurableFile, ReplacesAndSweepsWhatAKilledWriterLeft)
 {
     std::ofstream(world.root() + "/.file.new") << "half";
-    ASSERT_EQ(base::replaceFile(path, "whole", 0600), 0);
+    ASSERT_EQ(replace("whole"), 0);
     EXPECT_EQ(contentOf(path), "whole");
     EXPECT_EQ(entriesOf(world.root()), std::vector<std::string>{"file"});
-}
-
-TEST_F(DurableFile, NeedsItsFolder)
-{
-    EXPECT_EQ(base::replaceFile(world.root() + "/none/file", "text", 0600), ENOENT);
-    EXPECT_TRUE(entriesOf(world.root()).empty());
 }
 
 TEST_F(DurableFile, IsTheOldOneWhenItsProcessEndsBeforeTheRenameAndElseTheNewOne)
 {
     for (size_t at = 0;; ++at) {
-        ASSERT_EQ(base::replaceFile(path, "old", 0600), 0);
+        ASSERT_EQ(replace("old"), 0);
         int status = inChild([&] {
             faults::begin({faults::Fault::Die, at, 0});
-            return base::replaceFile(path, "new", 0600);
+            return replace("new");
         });
         std::string content = contentOf(path);
         ASSERT_TRUE(content == "old" || content == "new") << content;
@@ -72,11 +72,11 @@ TEST_F(DurableFile, IsTheOldOneWhenItsProcessEndsBeforeTheRenameAndElseTheNewOne
 
 TEST_F(DurableFile, FailingWriteOrSyncLeavesTheOldOneAndNothingElse)
 {
-    ASSERT_EQ(base::replaceFile(path, "old", 0600), 0);
+    ASSERT_EQ(replace("old"), 0);
     int failures = 0;
     for (size_t at = 0;; ++at) {
         faults::begin({faults::Fault::Fail, at, ENOSPC});
-        int error = base::replaceFile(path, "new", 0600);
+        int error = replace("new");
         std::vector<faults::Call> calls = faults::end();
         if (at >= calls.size())
             break;
@@ -87,7 +87,7 @@ TEST_F(DurableFile, FailingWriteOrSyncLeavesTheOldOneAndNothingElse)
         ASSERT_TRUE(isLast || contentOf(path) == "old") << calls[at].function;
         ASSERT_EQ(entriesOf(world.root()), std::vector<std::string>{"file"});
     }
-    EXPECT_GE(failures, 6);
+    EXPECT_GE(failures, 5);
 }
 
 TEST_F(DurableFile, FoldersAreMadeOnTheWayAndOnlyOnce)
@@ -99,6 +99,30 @@ TEST_F(DurableFile, FoldersAreMadeOnTheWayAndOnlyOnce)
     std::ofstream(world.root() + "/file") << "x";
     EXPECT_EQ(base::makeFolders(world.root() + "/file"), ENOTDIR);
     EXPECT_EQ(base::makeFolders(world.root() + "/file/below"), ENOTDIR);
+}
+
+TEST_F(DurableFile, FoldersServeTheirOwnerWhateverTheUmask)
+{
+    for (const mode_t mask : {0777, 0700, 0177, 0000}) {
+        SCOPED_TRACE(mask);
+        world.clear();
+        EXPECT_EQ(asOrdinaryUser(world,
+                                 [&] {
+                                     umask(mask);
+                                     return base::makeFolders(world.root() + "/a/b", 0755);
+                                 }),
+                  0);
+        EXPECT_EQ(fs::status(world.root() + "/a").permissions(), fs::perms(0700));
+        EXPECT_EQ(fs::status(world.root() + "/a/b").permissions(), fs::perms(0755));
+    }
+}
+
+TEST_F(DurableFile, FoldersThatAreThereKeepTheirModes)
+{
+    fs::create_directory(world.root() + "/a");
+    fs::permissions(world.root() + "/a", fs::perms(0750));
+    EXPECT_EQ(base::makeFolders(world.root() + "/a", 0755), 0);
+    EXPECT_EQ(fs::status(world.root() + "/a").permissions(), fs::perms(0750));
 }
 
 void* blockedSignals(void* signals)

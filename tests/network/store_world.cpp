@@ -8,6 +8,7 @@
 #include <fstream>
 #include <gtest/gtest.h>
 #include <iterator>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -43,12 +44,14 @@ StoreWorld::StoreWorld(On on)
     if (!mkdtemp(pattern.data()))
         throw std::runtime_error("no temporary folder: " + pattern);
     m_root = pattern;
+    m_umask = umask(077);
     setenv("VORN_ROOT", m_root.c_str(), 1);
 }
 
 StoreWorld::~StoreWorld()
 {
     unsetenv("VORN_ROOT");
+    umask(m_umask);
     std::error_code ignored;
     for (auto& entry : fs::recursive_directory_iterator(m_root, ignored))
         if (entry.is_directory(ignored) && !entry.is_symlink(ignored))

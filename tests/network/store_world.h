@@ -5,6 +5,7 @@
 #include <functional>
 #include <map>
 #include <string>
+#include <sys/types.h>
 #include <vector>
 
 #include "network/napi_host.h"
@@ -24,7 +25,9 @@ public:
     // Where the root lies: on the disk that tests use, or in memory where there is such a place.
     enum class On { Disk, Memory };
 
-    explicit StoreWorld(On on = On::Disk); // makes an empty root and sets VORN_ROOT
+    // Makes an empty root and sets VORN_ROOT. What a test makes in it by hand is its owner's alone,
+    // as what the network API makes.
+    explicit StoreWorld(On on = On::Disk);
     StoreWorld(const StoreWorld&) = delete;
     StoreWorld& operator=(const StoreWorld&) = delete;
     ~StoreWorld();
@@ -45,6 +48,7 @@ public:
 
 private:
     std::string m_root;
+    mode_t m_umask;
 };
 
 // All profiles that the network API lists, each read; -1 for a mixed record, the (negative) result

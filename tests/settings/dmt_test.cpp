@@ -42,6 +42,21 @@ protected:
     }
 };
 
+TEST_F(SettingsTree, GivesAnIntegerThatMeansNothingAndSaysOnceThatProgramsIgnoreIt)
+{
+    write(settings(), "{\n\"DefConnPrefer\": 9}");
+    DmtData data;
+    int value = 0;
+    testing::internal::CaptureStderr();
+    for (int i = 0; i < 3; ++i)
+        ASSERT_EQ(readNode("DefConnPrefer", data), DMT_OK);
+    EXPECT_EQ(testing::internal::GetCapturedStderr(),
+              settings() + ":2: DefConnPrefer: expected 0 (WiFi, then cellular), 1 (WiFi only) or "
+                           "2 (cellular only), found the number 9; using 0 instead\n");
+    ASSERT_EQ(data.GetInt(value).GetCode(), DMT_OK);
+    EXPECT_EQ(value, 9);
+}
+
 TEST_F(SettingsTree, GivesAnInteger)
 {
     write(settings(), "{\"DefConnPrefer\": -7}");

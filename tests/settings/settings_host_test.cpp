@@ -1,6 +1,7 @@
 #include "settings/settings_host.h"
 
 #include <cerrno>
+#include <chrono>
 #include <csignal>
 #include <cstring>
 #include <random>
@@ -417,57 +418,35 @@ TEST_F(SettingsHost, IsWholeWheneverAWriterIsKilled)
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(m_root + "/etc"), {}), 1);
 }
 
-TEST_F(SettingsHost, FindsNothingWrongWhereNothingIs)
+TEST_F(SettingsHost, WaitsTenSecondsForAnotherWriterThenSaysSo)
 {
-    EXPECT_TRUE(settingshost::inspectSettings().empty());
-    write(settings(), "{\"a\": 1, \"b\": \"\", \"c\": false}");
-    write(features(), "{\"431\": true}");
-    EXPECT_TRUE(settingshost::inspectSettings().empty());
+    write(settings(), "{\"a\": 1}");
+    OtherWriter other(m_root);
+    const auto begin = std::chrono::steady_clock::now();
+    const settingshost::Result result = settingshost::setSetting("a", integer(2));
+    EXPECT_GE(std::chrono::steady_clock::now() - begin, std::chrono::seconds(10));
+    EXPECT_EQ(result.code, Code::Busy);
+    EXPECT_EQ(result.message,
+              m_root + "/etc: another program is writing and has not ended for 10 seconds");
+    EXPECT_EQ(read(settings()), "{\"a\": 1}");
 }
 
-TEST_F(SettingsHost, FindsEverythingThatIsWrongInTheOrderOfTheFiles)
+TEST_F(SettingsHost, IsHeldUpByNobodyWhoMayOnlyReadTheFiles)
 {
-    write(settings(), "{\n\"a\": null,\n\"\": 1,\n\"b\": 1,\n\"b\": 4294967296\n}");
-    write(features(), "{\n\"431\": 1,\n\"wifi\": true\n}");
-    std::vector<std::string> found;
-    for (const settingshost::Finding& finding : settingshost::inspectSettings()) {
-        found.push_back(finding.path.substr(m_root.size()) + ": " + finding.problem);
-        EXPECT_EQ(finding.remedy, "correct this line, or remove it; settings-json.md in the "
-                                  "documentation describes the file");
-    }
-    const std::string value = "expected an integer from -2147483648 to 2147483647, a text without "
-                              "NUL or a truth value, found ";
-    const std::vector<std::string> expected = {
-        "/etc/settings.json:2: a: " + value + "null; using no value instead",
-        "/etc/settings.json:3: \"\": expected a name of 1 to 255 bytes without control characters, "
-        "found the number 1",
-        "/etc/settings.json:5: b: expected each key once, found the key again after line 4; using "
-        "the last one instead",
-        "/etc/settings.json:5: b: " + value + "the number 4294967296; using no value instead",
-        "/etc/features.json:2: 431: expected true or false, found the number 1; using false "
-        "instead",
-        "/etc/features.json:3: wifi: expected a feature number as the key, for instance \"431\", "
-        "found true; using the file without it instead"};
-    EXPECT_EQ(found, expected);
+    ASSERT_EQ(::chmod((m_root + "/etc").c_str(), 0755), 0);
+    OtherWriter reader(m_root + "/etc");
+    EXPECT_TRUE(settingshost::setSetting("a", integer(2)).isOk());
 }
 
-TEST_F(SettingsHost, FindsABrokenFileWithItsLine)
+TEST_F(SettingsHost, MakesAFolderThatEveryProgramMayRead)
 {
-    write(features(), "{\n\"431\" true\n}");
-    const std::vector<settingshost::Finding> findings = settingshost::inspectSettings();
-    ASSERT_EQ(findings.size(), 1U);
-    EXPECT_EQ(findings[0].path, features() + ":2");
-    EXPECT_EQ(findings[0].remedy, "correct the file at this line, or remove it; settings-json.md "
-                                  "in the documentation describes it");
-}
-
-TEST_F(SettingsHost, FindsAFolderInTheFilesPlace)
-{
-    std::filesystem::create_directory(features());
-    const std::vector<settingshost::Finding> findings = settingshost::inspectSettings();
-    ASSERT_EQ(findings.size(), 1U);
-    EXPECT_EQ(findings[0].path, features());
-    EXPECT_EQ(findings[0].remedy, "put a readable file in its place, or remove it");
+    std::filesystem::remove(m_root + "/etc");
+    const mode_t mask = ::umask(0777);
+    const settingshost::Result result = settingshost::setSetting("a", integer(2));
+    ::umask(mask);
+    EXPECT_TRUE(result.isOk()) << result.message;
+    EXPECT_EQ(std::filesystem::status(m_root + "/etc").permissions(), std::filesystem::perms(0755));
+    EXPECT_EQ(std::filesystem::status(settings()).permissions(), std::filesystem::perms(0644));
 }
 
 TEST_F(SettingsHost, NamesTheFeaturesItKnows)

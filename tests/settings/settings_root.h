@@ -8,7 +8,10 @@
 #include <sstream>
 #include <string>
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/file.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -58,6 +61,24 @@ protected:
     }
 
     std::string m_root;
+};
+
+// Holds the lock that all writers of the settings take, which lies on the root, or that of another
+// folder, as another program.
+class OtherWriter
+{
+public:
+    explicit OtherWriter(const std::string& folder)
+        : m_descriptor(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC))
+    {
+        EXPECT_EQ(::flock(m_descriptor, LOCK_EX), 0);
+    }
+    ~OtherWriter() { ::close(m_descriptor); }
+    OtherWriter(const OtherWriter&) = delete;
+    OtherWriter& operator=(const OtherWriter&) = delete;
+
+private:
+    int m_descriptor;
 };
 
 #endif

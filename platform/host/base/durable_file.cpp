@@ -3,6 +3,8 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 
+#include "base/root.h"
+
 namespace base {
 
 UniqueFd openFolder(const std::string& path)
@@ -23,7 +25,20 @@ static int syncFolderAt(const std::string& path)
     return folder.isOpen() ? syncFolder(folder.get()) : errno;
 }
 
-int makeFolders(const std::string& path)
+// The process's umask may take rights away from the owner, too, so that the folder serves nobody.
+static int makeFolder(const std::string& path, mode_t mode)
+{
+    struct stat status;
+    if (mkdir(path.c_str(), mode) != 0)
+        return errno == EEXIST ? 0 : errno;
+    if (stat(path.c_str(), &status) != 0)
+        return errno;
+    if ((status.st_mode & 07777) == mode)
+        return 0;
+    return fchmodat(AT_FDCWD, path.c_str(), mode, 0) == 0 ? 0 : errno;
+}
+
+int makeFolders(const std::string& path, mode_t mode)
 {
     struct stat status;
     if (stat(path.c_str(), &status) == 0)
@@ -33,9 +48,14 @@ int makeFolders(const std::string& path)
     std::string parent = parentOf(path);
     if (int error = makeFolders(parent))
         return error;
-    if (mkdir(path.c_str(), 0700) != 0 && errno != EEXIST)
-        return errno;
+    if (int error = makeFolder(path, mode))
+        return error;
     return syncFolderAt(parent);
+}
+
+int makeRoot()
+{
+    return makeFolders(rootFolder(), 0711);
 }
 
 int writeAll(int fd, std::string_view bytes)
@@ -87,29 +107,25 @@ int createFile(int folder, const char* name, std::string_view bytes, mode_t mode
     return syncFile(file.get());
 }
 
-int replaceFile(const LockedFolder& folder, const std::string& name, std::string_view bytes,
-                mode_t mode)
+std::string pendingName(const std::string& name)
 {
-    // One writer at a time holds the folder, so one name serves all.
-    std::string pending = "." + name + ".new";
-    if (unlinkat(folder.fd(), pending.c_str(), 0) != 0 && errno != ENOENT)
-        return errno;
-    int error = createFile(folder.fd(), pending.c_str(), bytes, mode);
-    if (error == 0 && renameat(folder.fd(), pending.c_str(), folder.fd(), name.c_str()) != 0)
-        error = errno;
-    if (error != 0) {
-        unlinkat(folder.fd(), pending.c_str(), 0);
-        return error;
-    }
-    return syncFolder(folder.fd());
+    return "." + name + ".new";
 }
 
-int replaceFile(const std::string& path, std::string_view bytes, mode_t mode)
+int replaceFile(int folder, const std::string& name, std::string_view bytes, mode_t mode)
 {
-    LockedFolder folder;
-    if (int error = folder.open(parentOf(path)))
+    // One writer at a time holds the folder, so one name serves all.
+    std::string pending = pendingName(name);
+    if (unlinkat(folder, pending.c_str(), 0) != 0 && errno != ENOENT)
+        return errno;
+    int error = createFile(folder, pending.c_str(), bytes, mode);
+    if (error == 0 && renameat(folder, pending.c_str(), folder, name.c_str()) != 0)
+        error = errno;
+    if (error != 0) {
+        unlinkat(folder, pending.c_str(), 0);
         return error;
-    return replaceFile(folder, path.substr(path.rfind('/') + 1), bytes, mode);
+    }
+    return syncFolder(folder);
 }
 
 } // namespace base

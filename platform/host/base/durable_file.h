@@ -8,7 +8,6 @@
 #include <string_view>
 #include <sys/types.h>
 
-#include "base/locked_folder.h"
 #include "base/unique_fd.h"
 
 namespace base {
@@ -26,9 +25,14 @@ template <typename Call> auto retried(Call call) -> decltype(call())
 // Opens a folder for reading, closed on exec; not open, with errno set, when that fails.
 UniqueFd openFolder(const std::string& path);
 
-// Makes the folder `path` (absolute) and those on the way to it that are missing, mode 0700, each
-// on the disk when the call returns. ENOTDIR when something else than a folder is in the way.
-int makeFolders(const std::string& path);
+// Makes the folder `path` (absolute), with exactly `mode`, and those on the way to it that are
+// missing, mode 0700, each on the disk when the call returns. One that is there keeps its mode.
+// ENOTDIR when something else than a folder is in the way.
+int makeFolders(const std::string& path, mode_t mode = 0700);
+
+// Makes the root where it is missing: others may pass through it to what is for them, and list
+// nothing.
+int makeRoot();
 
 // Writes all of `bytes` at the descriptor's position.
 int writeAll(int fd, std::string_view bytes);
@@ -45,15 +49,14 @@ int setMode(int fd, mode_t mode);
 // is something of that name. What a failure leaves behind is the caller's to remove.
 int createFile(int folder, const char* name, std::string_view bytes, mode_t mode);
 
-// Puts `bytes` in the place of the file `name` in a locked folder, or makes it: at any instant, and
+// Puts `bytes` in the place of the file `name` in the open folder, or makes it: at any instant, and
 // after a loss of power, the file is wholly the old one or wholly the new one; the new one is on
-// the disk when the call returns. What a killed writer has left behind ("." + name + ".new") goes
-// with the next call.
-int replaceFile(const LockedFolder& folder, const std::string& name, std::string_view bytes,
-                mode_t mode);
+// the disk when the call returns. The caller holds the lock that all writers of the folder take.
+// What a killed writer has left behind, the file of the pending name, goes with the next call.
+int replaceFile(int folder, const std::string& name, std::string_view bytes, mode_t mode);
 
-// The same for an absolute path, with the lock taken for the time of the call; the folder exists.
-int replaceFile(const std::string& path, std::string_view bytes, mode_t mode);
+// The name under which replaceFile() prepares the file `name`.
+std::string pendingName(const std::string& name);
 
 } // namespace base
 

@@ -45,12 +45,14 @@ struct Finding
     std::string remedy;  // what a person can do: "restore it from a copy, or remove it with ..."
 };
 
-// Looks through the profiles, damaged and foreign entries included, without changing anything.
-// Result: 0, with what was found in `findings`; or the errors of NAPI_ListAllProfile.
+// Looks through the profiles without changing anything: damaged and foreign entries, what ended
+// programs have left, and rights of others where passwords are stored. Result: 0, with what was
+// found in `findings`; or the errors of NAPI_ListAllProfile.
 VORN_PLATFORM_API int inspectStore(std::vector<Finding>* findings);
 
 // Looks through etc/network.json without changing anything: one finding for each thing wrong, in
-// the order of the file, with "file:line" as its path. A missing file is no finding.
+// the order of the file, with "file:line" as its path; then the rights of others to change it or
+// etc/resolv.conf, and what ended programs have left of them. A missing file is no finding.
 VORN_PLATFORM_API std::vector<Finding> inspectNetworkConfiguration();
 
 } // namespace napihost

@@ -105,20 +105,3 @@ std::shared_ptr<const NetworkConfig> networkConfig()
 }
 
 } // namespace network
-
-std::vector<napihost::Finding> napihost::inspectNetworkConfiguration()
-{
-    std::vector<Finding> findings;
-    std::string path = network::networkConfigPath();
-    if (path.empty())
-        return findings;
-    base::JsonDocument document = base::JsonDocument::read(path);
-    network::readNetworkConfig(document);
-    const char* remedy =
-        document.state() == base::JsonDocument::State::Unreadable
-            ? "put a file in its place that its owner may read, or remove it"
-            : "correct the file; network-json.md in the documentation describes it";
-    for (const base::JsonProblem& problem : document.problems())
-        findings.push_back({base::place(path, problem), base::sentence(problem), remedy});
-    return findings;
-}

@@ -33,7 +33,8 @@ DmtNode::~DmtNode()
 DmtStatus DmtNode::GetValue(DmtData& data) const
 {
     const Leaf& leaf = d->leaf;
-    settingsfiles::sayOnce(settingshost::settingsFile() + ' ' + leaf.name, leaf.problem);
+    settingsfiles::sayOnce(settingshost::settingsFile() + ' ' + leaf.name,
+                           leaf.problem.empty() ? leaf.ignored : leaf.problem);
     if (!leaf.problem.empty())
         return DmtStatus(DMT_NO_VALUE, leaf.problem.c_str());
     switch (leaf.value.type) {

@@ -6,9 +6,8 @@
 #include <nlohmann/json.hpp>
 #include <sys/stat.h>
 
-#include "base/durable_file.h"
+#include "base/configuration_folder.h"
 #include "base/json_document.h"
-#include "base/root.h"
 #include "settings/settings_files.h"
 #include "settings/settings_host.h"
 
@@ -39,12 +38,9 @@ static Result change(const std::string& path, const Edit& edit, const Result& if
     constexpr size_t kLargest = 4 * 1024 * 1024;
     if (Result root = settingsfiles::checkRoot(); !root.isOk())
         return root;
-    const std::string folder = base::rootFolder() + "/etc";
-    if (const int error = base::makeFolders(folder))
-        return failed(folder, error);
-    base::LockedFolder locked;
-    if (const int error = locked.open(folder))
-        return failed(folder, error);
+    base::ConfigurationFolder folder;
+    if (const int error = folder.open())
+        return failed(folder.path(), error);
     const JsonDocument document = JsonDocument::read(path, {});
     if (Result result = settingsfiles::checkDocument(document, {}); !result.isOk())
         return result;
@@ -53,8 +49,7 @@ static Result change(const std::string& path, const Edit& edit, const Result& if
         return ifUnchanged;
     if (bytes.size() > kLargest)
         return {Code::Full, path + ": the file would grow beyond 4 MiB"};
-    const int error =
-        base::replaceFile(locked, path.substr(folder.size() + 1), bytes, modeOf(path));
+    const int error = folder.replace(path.substr(folder.path().size() + 1), bytes, modeOf(path));
     return error == 0 ? Result() : failed(path, error);
 }
 

@@ -95,6 +95,30 @@ Result checkDocument(const JsonDocument& document, const std::string& used)
     return {Code::Broken, complaint(document, root, "an object", used)};
 }
 
+// An integer that means nothing is still read, as it is on the phone.
+static std::string ignoredValue(const JsonDocument& document, const std::string& name,
+                                const JsonValue& value, const Setting& setting)
+{
+    const KnownNode* node = knownNode(name);
+    const bool isIgnored = node && setting.type == Setting::Type::Integer &&
+                           (setting.integer < node->low || setting.integer > node->high);
+    return isIgnored ? complaint(document, value, node->expected, node->used) : std::string();
+}
+
+static Leaf leafOf(const JsonDocument& document, const std::string& name, const JsonValue& value,
+                   const std::string& used)
+{
+    Leaf leaf;
+    leaf.name = name;
+    if (std::optional<Setting> setting = settingOf(value)) {
+        leaf.value = *setting;
+        leaf.ignored = ignoredValue(document, name, value, *setting);
+    } else {
+        leaf.problem = complaint(document, value, kSettingExpected, used.empty() ? "" : "no value");
+    }
+    return leaf;
+}
+
 Result readLeaves(std::vector<Leaf>* leaves, const std::string& used)
 {
     if (Result root = checkRoot(); !root.isOk())
@@ -102,16 +126,8 @@ Result readLeaves(std::vector<Leaf>* leaves, const std::string& used)
     const JsonDocument document = JsonDocument::read(settingshost::settingsFile(), used);
     if (Result result = checkDocument(document, used); !result.isOk())
         return result;
-    for (const auto& [name, value] : document.root().members()) {
-        Leaf leaf;
-        leaf.name = name;
-        if (std::optional<Setting> setting = settingOf(value))
-            leaf.value = *setting;
-        else
-            leaf.problem =
-                complaint(document, value, kSettingExpected, used.empty() ? "" : "no value");
-        leaves->push_back(std::move(leaf));
-    }
+    for (const auto& [name, value] : document.root().members())
+        leaves->push_back(leafOf(document, name, value, used));
     return {};
 }
 

@@ -18,7 +18,20 @@ struct Leaf
     std::string name;
     settingshost::Setting value;
     std::string problem; // file, line, what was expected and what was found
+    std::string ignored; // the same of a value that can be read and means nothing
 };
+
+// A node that the library for the phone reads, as an integer, and which integers mean something.
+struct KnownNode
+{
+    const char* name;
+    int low, high;
+    const char* expected; // for messages
+    const char* used;     // what programs do with every other value
+};
+
+// Null for a node that the library does not read.
+const KnownNode* knownNode(const std::string& name);
 
 // What the errno of a call on the root, its etc/ or a file there means.
 settingshost::Code codeOf(int error);

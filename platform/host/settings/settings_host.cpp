@@ -23,7 +23,7 @@ std::string featuresFile()
 
 bool isReadAsInteger(const std::string& name)
 {
-    return name == "DefConnPrefer";
+    return settingsfiles::knownNode(name) != nullptr;
 }
 
 Result getSetting(const std::string& name, Setting* setting)

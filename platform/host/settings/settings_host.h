@@ -119,7 +119,8 @@ struct Finding
 };
 
 // Looks through both files without changing anything: one finding for each thing wrong, in the
-// order of the files. Missing files are no findings.
+// order of the files; then the rights of others to change them or their folder, and what ended
+// programs have left of them. Missing files are no findings.
 VORN_PLATFORM_API std::vector<Finding> inspectSettings();
 
 } // namespace settingshost

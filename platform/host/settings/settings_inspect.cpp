@@ -1,4 +1,5 @@
 // Looking for what is wrong in the two files.
+#include "base/configuration_folder.h"
 #include "base/json_document.h"
 #include "settings/settings_files.h"
 #include "settings/settings_host.h"
@@ -13,12 +14,23 @@ namespace {
 
 typedef void (*Check)(const std::string& name, const JsonValue& value);
 
+bool means(const JsonValue& value, const settingsfiles::KnownNode& node)
+{
+    if (value.kind() != base::JsonKind::Integer)
+        return false;
+    const int number = settingsfiles::settingOf(value)->integer;
+    return number >= node.low && number <= node.high;
+}
+
 void checkSetting(const std::string& name, const JsonValue& value)
 {
     if (!settingsfiles::isNodeName(name))
         value.reject("a name of 1 to 255 bytes without control characters", {});
     else if (!settingsfiles::settingOf(value))
         value.reject(settingsfiles::kSettingExpected, "no value");
+    else if (const settingsfiles::KnownNode* node = settingsfiles::knownNode(name);
+             node && !means(value, *node))
+        value.reject(node->expected, node->used);
 }
 
 void checkFeature(const std::string& name, const JsonValue& value)
@@ -59,6 +71,20 @@ void inspect(const std::string& path, const char* used, Check check, std::vector
             {base::place(path, problem), base::sentence(problem), remedyFor(document)});
 }
 
+// Everybody may read the files; who may change them changes the programs' settings.
+void inspectRights(const std::string& path, std::vector<Finding>* findings)
+{
+    if (const auto concern = base::concernOfRights(path, base::Forbidden::Writing))
+        findings->push_back({path, concern->problem, concern->remedy});
+}
+
+void inspectLeftover(const std::string& name, std::vector<Finding>* findings)
+{
+    std::string leftover;
+    if (const auto concern = base::concernOfLeftover(name, &leftover))
+        findings->push_back({leftover, concern->problem, concern->remedy});
+}
+
 } // namespace
 
 std::vector<Finding> inspectSettings()
@@ -72,6 +98,11 @@ std::vector<Finding> inspectSettings()
         return {{"VORN_ROOT", root.message, "set VORN_ROOT to the absolute path of a folder"}};
     inspect(settingsFile(), "no settings", checkSetting, &findings);
     inspect(featuresFile(), "no features", checkFeature, &findings);
+    for (const std::string& path :
+         {base::ConfigurationFolder::path(), settingsFile(), featuresFile()})
+        inspectRights(path, &findings);
+    for (const char* name : {"settings.json", "features.json"})
+        inspectLeftover(name, &findings);
     return findings;
 }
 

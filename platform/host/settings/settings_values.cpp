@@ -16,6 +16,18 @@ const char kSettingExpected[] =
     "an integer from -2147483648 to 2147483647, a text without NUL or a truth value";
 const char kFeatureExpected[] = "true or false";
 
+static const KnownNode kKnownNodes[] = {
+    {"DefConnPrefer", 0, 2, "0 (WiFi, then cellular), 1 (WiFi only) or 2 (cellular only)", "0"},
+};
+
+const KnownNode* knownNode(const std::string& name)
+{
+    for (const KnownNode& node : kKnownNodes)
+        if (name == node.name)
+            return &node;
+    return nullptr;
+}
+
 static bool isUtf8(const std::string& text)
 {
     try {

@@ -3,8 +3,7 @@
 #include <fstream>
 #include <sstream>
 
-#include "base/durable_file.h"
-#include "base/root.h"
+#include "base/configuration_folder.h"
 #include "network/file_results.h"
 
 namespace network {
@@ -65,14 +64,14 @@ int writeResolverConfig(const std::vector<std::string>& nameServers)
 {
     if (int result = checkRoot())
         return result;
-    std::string folder = base::rootFolder() + "/etc";
-    if (int error = base::makeFolders(folder))
+    base::ConfigurationFolder folder;
+    if (int error = folder.open())
         return rootResult(error);
     std::string text;
     for (const std::string& server : nameServers)
         text += "nameserver " + server + "\n";
     // Every program of the phone resolves names, whoever it runs as.
-    return resultOf(base::replaceFile(folder + "/resolv.conf", text, 0644));
+    return resultOf(folder.replace("resolv.conf", text, 0644));
 }
 
 } // namespace network

@@ -43,7 +43,9 @@ int ProfileWriter::open(IfMissing ifMissing)
     if (error == ENOENT && ifMissing == IfMissing::Refuse)
         return NAPI_ERR_NO_PROFILE;
     if (error == ENOENT) {
-        error = base::makeFolders(path);
+        error = base::makeRoot();
+        if (error == 0)
+            error = base::makeFolders(path);
         if (error == 0)
             error = m_folder.open(path);
     }
@@ -59,7 +61,7 @@ int ProfileWriter::sweep()
     if (network::fileResult(error) != NAPI_ERR_ACCESS ||
         fstatat(pending.folder, pending.name, &status, AT_SYMLINK_NOFOLLOW) != 0)
         return error;
-    std::string aside = ".unremovable-" + std::to_string(status.st_ino);
+    std::string aside = kAsidePrefix + std::to_string(status.st_ino);
     return moveToFree(pending, {m_folder.fd(), aside.c_str()});
 }
 

@@ -19,6 +19,9 @@ inline constexpr char kRecordName[] = "profile";
 // writer.
 inline constexpr char kPendingName[] = ".pending";
 
+// What a leftover that may not be removed is put aside as, a number behind it.
+inline constexpr char kAsidePrefix[] = ".unremovable-";
+
 // Opens the folder of the profiles for looking. Result: NAPI_OK, with `folder` not open when
 // nothing has been stored below this root yet; or NAPI_ERR_ROOT, NAPI_ERR_ACCESS,
 // NAPI_ERR_RESOURCES, NAPI_ERR_IO.

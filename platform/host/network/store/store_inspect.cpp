@@ -4,8 +4,12 @@
 #include <cstring>
 #include <fcntl.h>
 #include <new>
+#include <string_view>
+#include <sys/stat.h>
 #include <unistd.h>
 
+#include "base/locked_folder.h"
+#include "base/rights.h"
 #include "network/file_results.h"
 #include "network/napi_host.h"
 #include "network/store/profile_name.h"
@@ -24,6 +28,13 @@ static Finding outOfReach(const std::string& path, int error)
             network::fileResult(error) == NAPI_ERR_ACCESS ? kGivePermission : kRestoreOrDelete};
 }
 
+static void inspectRights(const std::string& path, base::Forbidden forbidden,
+                          std::vector<Finding>* findings)
+{
+    if (const auto concern = base::concernOfRights(path, forbidden))
+        findings->push_back({path, concern->problem, concern->remedy});
+}
+
 // Adds what is wrong with the record `path` ("NAME/profile"), if anything.
 static void inspectRecord(int folder, const std::string& path, const std::string& full,
                           std::vector<Finding>* findings)
@@ -31,6 +42,7 @@ static void inspectRecord(int folder, const std::string& path, const std::string
     RecordStatus status = recordStatus(folder, path.c_str());
     switch (status.state) {
     case RecordState::Usable:
+        inspectRights(full, base::Forbidden::ReadingAndWriting, findings);
         if (faccessat(folder, path.c_str(), R_OK, AT_EACCESS) != 0)
             findings->push_back(outOfReach(full, errno));
         break;
@@ -52,27 +64,74 @@ static void inspectRecord(int folder, const std::string& path, const std::string
     }
 }
 
+// The folders from the root to the profiles. Whoever may write in one of them may put others in
+// their places; a list of their names is nobody's secret but the root's and the profiles' own.
+static void inspectWay(std::vector<Finding>* findings)
+{
+    const std::string root = napihost::rootFolder(), store = napihost::profilesFolder();
+    inspectRights(root, base::Forbidden::ReadingAndWriting, findings);
+    for (size_t end = store.find('/', root.size() + 1); end != std::string::npos;
+         end = store.find('/', end + 1))
+        inspectRights(store.substr(0, end), base::Forbidden::Writing, findings);
+    inspectRights(store, base::Forbidden::ReadingAndWriting, findings);
+}
+
+static bool isPutAside(const std::string& name)
+{
+    const std::string_view prefix = kAsidePrefix;
+    return name.compare(0, prefix.size(), prefix) == 0;
+}
+
+// While a writer holds the store, what it builds is its own business; without one, it was left.
+static void inspectPending(const std::string& path, std::vector<Finding>* findings)
+{
+    base::LockedFolder store;
+    struct stat status;
+    if (store.open(napihost::profilesFolder(), std::chrono::milliseconds(0)) == 0 &&
+        fstatat(store.fd(), kPendingName, &status, AT_SYMLINK_NOFOLLOW) == 0)
+        findings->push_back(
+            {path,
+             "left by a program that was ended while it changed a profile; it may "
+             "hold passwords",
+             "the next change of a profile removes it, or rm -r " + base::shellWord(path)});
+}
+
+static void inspectProfile(int folder, const std::string& name, const std::string& path,
+                           std::vector<Finding>* findings)
+{
+    const std::string record = path + "/" + kRecordName;
+    inspectRights(path, base::Forbidden::ReadingAndWriting, findings);
+    inspectRecord(folder, name + "/" + kRecordName, record, findings);
+}
+
 static void inspectEntry(int folder, const Entry& entry, std::vector<Finding>* findings)
 {
     std::string path = napihost::profilesFolder() + "/" + entry.name;
     if (entry.name == kPendingName)
-        return; // a writer's work; the next one removes it if it is not finished
-    if (!isProfileName(entry.name))
+        inspectPending(path, findings);
+    else if (isPutAside(entry.name))
+        findings->push_back({path,
+                             "put aside because it could not be removed; it may hold passwords",
+                             "as its owner or as root: rm -r " + base::shellWord(path)});
+    else if (!isProfileName(entry.name))
         findings->push_back({path, "no profile can have this name",
                              "remove it, or give it a name "
                              "that a profile can have"});
     else if (!isFolder(folder, entry))
         findings->push_back({path, "is no folder with a record in it", kRestoreOrDelete});
     else
-        inspectRecord(folder, entry.name + "/" + kRecordName, path + "/" + kRecordName, findings);
+        inspectProfile(folder, entry.name, path, findings);
 }
 
 static int inspect(std::vector<Finding>* findings)
 {
     base::UniqueFd folder;
     std::vector<Entry> entries;
-    if (int result = openStore(&folder); result != NAPI_OK || !folder.isOpen())
+    if (int result = openStore(&folder))
         return result;
+    inspectWay(findings);
+    if (!folder.isOpen())
+        return NAPI_OK;
     if (int error = readEntries(folder.get(), &entries))
         return network::fileResult(error);
     std::sort(entries.begin(), entries.end(),

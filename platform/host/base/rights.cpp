@@ -1,0 +1,45 @@
+#include "base/rights.h"
+
+#include <cstdio>
+#include <string_view>
+#include <sys/stat.h>
+
+namespace base {
+
+static const char* whatMayBeDone(mode_t open)
+{
+    const bool read = (open & 0044) != 0, write = (open & 0022) != 0;
+    if (read && write)
+        return "read and write";
+    return read ? "read" : "write";
+}
+
+std::optional<FileConcern> concernOfRights(const std::string& path, Forbidden forbidden)
+{
+    struct stat status;
+    if (::stat(path.c_str(), &status) != 0)
+        return {};
+    const mode_t open = status.st_mode & (forbidden == Forbidden::Writing ? 0022 : 0066);
+    if (open == 0)
+        return {};
+    char mode[16];
+    std::snprintf(mode, sizeof mode, "%04o", static_cast<unsigned>(status.st_mode & 07777));
+    return FileConcern{
+        std::string("others may ") + whatMayBeDone(open) + " it (mode " + mode + ")",
+        std::string(forbidden == Forbidden::Writing ? "chmod go-w " : "chmod go-rw ") +
+            shellWord(path)};
+}
+
+std::string shellWord(const std::string& word)
+{
+    constexpr std::string_view kPlain =
+        "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789/._-+,:@%";
+    if (!word.empty() && word.find_first_not_of(kPlain) == std::string::npos)
+        return word;
+    std::string quoted = "'";
+    for (const char character : word)
+        quoted += character == '\'' ? "'\\''" : std::string(1, character);
+    return quoted + '\'';
+}
+
+} // namespace base

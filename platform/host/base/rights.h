@@ -1,0 +1,29 @@
+// What others than its owner may do with a file or folder.
+#ifndef BASE_RIGHTS_H
+#define BASE_RIGHTS_H
+
+#include <optional>
+#include <string>
+
+namespace base {
+
+// Something that a person should know of a file, and what to do about it.
+struct FileConcern
+{
+    std::string problem; // "others may read it (mode 0644)"
+    std::string remedy;  // a command line: "chmod go-rw '/home/me/a file'"
+};
+
+// What others are to have no right to.
+enum class Forbidden { Writing, ReadingAndWriting };
+
+// Tells whether the group or everybody may do to `path` what they are not to. Nothing for a missing
+// file, or one that cannot be looked at; a symbolic link stands for what it leads to.
+std::optional<FileConcern> concernOfRights(const std::string& path, Forbidden forbidden);
+
+// A word as a shell reads it: in quotes, unless it is plain.
+std::string shellWord(const std::string& word);
+
+} // namespace base
+
+#endif
