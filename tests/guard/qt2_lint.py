@@ -239,6 +239,7 @@ DIFFERENT = {
     r"\bQDir\b": "what may be replaced differs; use support::renamePath",
     r"\bprocessEvents\s*\(": "how long it goes on differs; use support::processPending",
     r"\b(enter_loop|exit_loop)\b|\bQEventLoop\b": "levels end differently; use support::enterLoop",
+    r"[.>]exec\s*\(": "on Qt 2 a level that is left inside goes on; use support::runDialog",
     r"\bQObject::tr\s*\(": "without an application it ends the program on Qt 2; use support::translate",
     r"\bQ\w*Validator::validate\s*\(": "what it takes differs; judge the text without the base class",
     r"\bSIGNAL\s*\(\s*(aboutToQuit|destroyed)\b": "when it is emitted differs; do without it",

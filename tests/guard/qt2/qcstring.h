@@ -1,27 +1,10 @@
 #ifndef QCSTRING_H
 #define QCSTRING_H
 
-#include "qglobal.h"
+#include "qarray.h"
 
-class QByteArray
-{
-public:
-    QByteArray();
-    QByteArray(int size);
-    QByteArray(const QByteArray&);
-    ~QByteArray();
-    QByteArray& operator=(const QByteArray&);
-
-    uint size() const;
-    bool isEmpty() const;
-    bool isNull() const;
-    char* data() const;
-    char& at(uint index) const;
-
-private:
-    struct Data;
-    Data* d;
-};
+// Not a class of its own, so that it cannot be declared as one.
+typedef QArray<char> QByteArray;
 
 class QCString : public QByteArray
 {

@@ -10,9 +10,9 @@ public:
     QDir(const QString& path);
     virtual ~QDir();
 
-    QString path() const;
-    QString absPath() const;
-    bool exists() const;
+    virtual QString path() const;
+    virtual QString absPath() const;
+    virtual bool exists() const;
     virtual bool exists(const QString& name, bool acceptAbsolutePath = true);
     virtual bool mkdir(const QString& name, bool acceptAbsolutePath = true) const;
     virtual bool rmdir(const QString& name, bool acceptAbsolutePath = true) const;

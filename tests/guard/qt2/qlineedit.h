@@ -41,7 +41,7 @@ public slots:
     void selectAll();
     void deselect();
     void clear();
-    virtual void insert(const QString&);
+    void insert(const QString&);
 
 signals:
     void textChanged(const QString&);

@@ -6,11 +6,16 @@
 #include "qobjectdefs.h"
 #include "qstring.h"
 
+// No Q_OBJECT: what that declares elsewhere in public is protected here.
 class QObject : public Qt
 {
-    Q_OBJECT
-
 public:
+    static QString tr(const char* text);
+    static QString tr(const char* text, const char* comment);
+
+    virtual QMetaObject* metaObject() const;
+    virtual const char* className() const;
+
     QObject(QObject* parent = 0, const char* name = 0);
     virtual ~QObject();
 
@@ -48,6 +53,8 @@ signals:
     void destroyed();
 
 protected:
+    static QMetaObject* staticMetaObject();
+    virtual void initMetaObject();
     const QObject* sender();
     virtual void timerEvent(QTimerEvent*);
     virtual void childEvent(QChildEvent*);
@@ -58,6 +65,8 @@ protected:
 private:
     QObject(const QObject&);
     QObject& operator=(const QObject&);
+
+    static QMetaObject* metaObj;
 
     struct Private;
     Private* d;

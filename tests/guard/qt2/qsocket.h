@@ -10,7 +10,7 @@ class QSocket : public QObject, public QIODevice
 
 public:
     enum Error { ErrConnectionRefused, ErrHostNotFound, ErrSocketRead };
-    enum State { Idle, HostLookup, Connecting, Connected, Closing };
+    enum State { Idle, HostLookup, Connecting, Listening, Connection, Closing };
 
     QSocket(QObject* parent = 0, const char* name = 0);
     virtual ~QSocket();

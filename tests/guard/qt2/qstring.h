@@ -26,13 +26,13 @@ public:
     QChar upper() const;
     char latin1() const;
     ushort unicode() const;
-    ushort& unicode();
     uchar cell() const;
     uchar row() const;
     operator char() const;
 
 private:
-    ushort ucs;
+    uchar cl;
+    uchar rw;
 };
 
 int operator==(QChar, QChar);
@@ -162,10 +162,10 @@ bool operator!=(const QString&, const char*) = delete;
 bool operator!=(const char*, const QString&) = delete;
 bool operator<(const QString&, const QString&) = delete;
 bool operator<(const QString&, const char*) = delete;
-const QString operator+(const QString&, const QString&);
-const QString operator+(const QString&, const char*);
-const QString operator+(const char*, const QString&);
-const QString operator+(const QString&, char);
-const QString operator+(char, const QString&);
+QString operator+(const QString&, const QString&);
+QString operator+(const QString&, const char*);
+QString operator+(const char*, const QString&);
+QString operator+(const QString&, char);
+QString operator+(char, const QString&);
 
 #endif

@@ -60,7 +60,7 @@ public:
     QWidget* topLevelWidget() const;
     QWidget* parentWidget() const;
 
-    const QFont& font() const;
+    QFont font() const;
     virtual void setFont(const QFont&);
     QFontMetrics fontMetrics() const;
     QString caption() const;
@@ -80,7 +80,8 @@ public:
     bool isVisibleTo(QWidget*) const;
     bool isHidden() const;
     bool isUpdatesEnabled() const;
-    bool close(bool alsoDelete);
+    virtual bool close(bool alsoDelete);
+    bool testWFlags(WFlags) const;
 
     virtual QSize sizeHint() const;
     virtual QSize minimumSizeHint() const;
@@ -132,8 +133,6 @@ protected:
     virtual void customEvent(QCustomEvent*);
     virtual void fontChange(const QFont& old);
     virtual bool focusNextPrevChild(bool next);
-
-    WFlags testWFlags(WFlags) const;
 
 private:
     struct WidgetPrivate;

@@ -12,15 +12,15 @@ struct QString::Data
 
 const QString QString::null;
 
-QChar::QChar() : ucs(0) {}
-QChar::QChar(char c) : ucs(static_cast<uchar>(c)) {}
+QChar::QChar() : cl(0), rw(0) {}
+QChar::QChar(char c) : cl(static_cast<uchar>(c)), rw(0) {}
 QChar::QChar(const QChar& other) = default;
 QChar& QChar::operator=(const QChar& other) = default;
-QChar::QChar(ushort unit) : ucs(unit) {}
+QChar::QChar(ushort unit) : cl(static_cast<uchar>(unit)), rw(static_cast<uchar>(unit >> 8)) {}
 
 ushort QChar::unicode() const
 {
-    return ucs;
+    return static_cast<ushort>(rw << 8 | cl);
 }
 
 QString::QString() : d(new Data) {}

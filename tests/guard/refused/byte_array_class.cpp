@@ -1,0 +1,3 @@
+// refused: conflicting declaration
+class QByteArray;
+#include <qstring.h>
