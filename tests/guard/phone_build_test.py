@@ -99,6 +99,12 @@ def called_symbols(build):
     return called
 
 
+def allocating(library, kinds):
+    """Which of the usual operators new and delete are among a library's symbols of these kinds of nm."""
+    usual = r"(operator new|operator delete)\((?:unsigned \w+|void\*(?:, unsigned \w+)?)\)(?:@.*)?$"
+    return set(re.findall(rf"^[0-9a-f ]*[{kinds}] {usual}", run("nm", "-C", library), re.MULTILINE))
+
+
 def header_and_name(readable):
     """ylabel.h and setText for YLabel::setText(QString const&); None for destructors and other affairs."""
     match = re.match(r"(Y\w+|Dmt\w+|SETUP_\w+)::(?:operator)?(\w+|->)\(", readable)
@@ -168,7 +174,7 @@ class PhoneBuild(unittest.TestCase):
         asked = {library_of(text) for text in self.undefined.values()} - {None}
         self.assertLessEqual({"qte-mt", "napi", "ytoolkit", "vornsettings"}, asked)
         self.assertLessEqual({f"lib{name}.so.1" for name in LIBRARIES}, needed)
-        self.assertEqual(set(), {name for name in needed if re.search("Qt|stdc|gcc|vorn(?!settings)", name)})
+        self.assertEqual(set(), {name for name in needed if re.search("Qt|vorn(?!settings)", name)})
 
     def test_has_the_soname_and_no_folder_of_the_building_machine(self):
         dynamic = run("readelf", "-d", self.library)
@@ -195,6 +201,20 @@ class PhoneBuild(unittest.TestCase):
         exported = run("nm", "-D", "-C", "--defined-only", self.library)
         self.assertNotIn("std::", exported)
         self.assertNotIn("__gnu_cxx", exported)
+
+    def test_allocates_with_the_operators_of_the_program(self):
+        self.assertEqual({"operator new", "operator delete"}, allocating(self.library, "U"))
+        self.assertEqual(set(), allocating(self.library, "TtWw"))
+
+    def test_has_operators_of_its_own_with_the_run_time_library_inside_only(self):
+        configure(self.build, "-DVORN_STATIC_RUNTIME=ON")
+        run(CMAKE, "--build", self.build)
+        needed = run("readelf", "-d", self.library)
+        inside = allocating(self.library, "TtWw")
+        configure(self.build, "-DVORN_STATIC_RUNTIME=OFF")
+        run(CMAKE, "--build", self.build)
+        self.assertNotRegex(needed, "NEEDED.*(stdc|gcc)")
+        self.assertEqual({"operator new", "operator delete"}, inside)
 
     def test_throws_nothing_through_its_callers(self):
         self.assertEqual([], [text for text in self.undefined.values()

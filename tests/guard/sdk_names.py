@@ -21,7 +21,7 @@ DOCUMENT = "docs/phone-build.md"
 OWN_AFFAIRS = {"platform_export.h"}
 # Names that the library takes from elsewhere, and that a header has as well.
 OF_OTHER_CLASSES = {("ysegmentfield.h", "isYEnabled"), ("ysegmentfield.h", "setLabel"),
-                    ("ymessagedlg.h", "MessageType"), ("yskinservice.h", "Separator")}
+                    ("ylistbox.h", "release"), ("ymessagedlg.h", "MessageType"), ("yskinservice.h", "Separator")}
 NO_NAMES = {"if", "while", "for", "switch", "return", "sizeof", "static_assert", "offsetof", "delete",
             "operator", "default", "defined", "d", "const", "override", "__attribute__", "visibility"}
 INCLUDE = re.compile(r'^\s*#\s*include\s*[<"]([\w.]+)[>"]', re.MULTILINE)
