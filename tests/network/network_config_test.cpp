@@ -39,7 +39,8 @@ void PrintTo(const Row& row, std::ostream* stream)
     *stream << row.name;
 }
 
-constexpr char kKeys[] = "bearer, interfaces, scenario, maxProfiles, minuteMs";
+constexpr char kKeys[] =
+    "bearer, interfaces, takeOver, roaming, guards, scenario, maxProfiles, minuteMs";
 constexpr char kScenarioKeys[] =
     "outcome, afterMs, cause, detail, device, address, nameServers, breakAfterMs";
 
@@ -47,16 +48,37 @@ const Row rows[] = {
     {"NoObject", "[1]", {":1: expected an object, found an array; using an empty one instead"}},
     {"UnknownBearer",
      "{\n\"bearer\": \"pigeon\"}",
-     {":2: bearer: expected one of the texts \"machine\", \"scenario\", found the text \"pigeon\"; "
+     {":2: bearer: expected one of the texts \"machine\", \"scenario\", \"networkmanager\", found "
+      "the text \"pigeon\"; "
       "using \"machine\" instead"}},
     {"BearerIsNoText",
      "{\"bearer\": 3}",
-     {":1: bearer: expected one of the texts \"machine\", \"scenario\", found the number 3; "
+     {":1: bearer: expected one of the texts \"machine\", \"scenario\", \"networkmanager\", found "
+      "the number 3; "
       "using \"machine\" instead"}},
     {"UnknownKey",
      "{\n\n\"berer\": \"machine\"}",
      {std::string(":3: berer: expected one of the keys ") + kKeys +
       ", found an unknown key; using the file without it instead"}},
+    {"TakeOverIsNoTruth",
+     "{\"takeOver\": 1}",
+     {":1: takeOver: expected true or false, found the number 1; using false instead"}},
+    {"RoamingIsNoTruth",
+     "{\"roaming\": \"no\"}",
+     {":1: roaming: expected true or false, found the text \"no\"; using true instead"}},
+    {"GuardIsZero",
+     "{\"guards\": {\"cellularMs\": 0}}",
+     {":1: guards.cellularMs: expected an integer from 1 to 86400000, found the number 0; using "
+      "90000 instead"}},
+    {"GuardIsLongerThanADay",
+     "{\"guards\": {\"secretMs\": 86400001}}",
+     {":1: guards.secretMs: expected an integer from 1 to 86400000, found the number 86400001; "
+      "using 5000 instead"}},
+    {"UnknownGuard",
+     "{\"guards\": {\"modemMs\": 5}}",
+     {":1: guards.modemMs: expected one of the keys replyMs, cellularMs, wifiMs, secretMs, found "
+      "an "
+      "unknown key; using the file without it instead"}},
     {"InterfacesIsNoObject",
      "{\"interfaces\": \"wlan0\"}",
      {":1: interfaces: expected an object, found the text \"wlan0\"; using an empty one instead"}},
@@ -160,7 +182,8 @@ const Row rows[] = {
      "{\n\"minuteMs\": \"x\",\n\"bearer\": 1,\n\"more\": 2}",
      {":2: minuteMs: expected an integer from 1 to 60000, found the text \"x\"; using 60000 "
       "instead",
-      ":3: bearer: expected one of the texts \"machine\", \"scenario\", found the number 1; using "
+      ":3: bearer: expected one of the texts \"machine\", \"scenario\", \"networkmanager\", found "
+      "the number 1; using "
       "\"machine\" instead",
       std::string(":4: more: expected one of the keys ") + kKeys +
           ", found an unknown key; using the file without it instead"}},

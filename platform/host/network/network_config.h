@@ -19,7 +19,7 @@ using Milliseconds = std::chrono::milliseconds;
 
 inline constexpr unsigned kDefaultMaxProfiles = 1024;
 
-enum class BearerChoice { Machine, Scenario };
+enum class BearerChoice { Machine, Scenario, NetworkManager };
 
 // What becomes of an opening in a scenario.
 enum class ScenarioOutcome { Connect, Fail, Never };
@@ -36,6 +36,15 @@ struct Scenario
     std::vector<std::string> nameServers; // in text form
 };
 
+// How long an opening waits for NetworkManager before it has failed.
+struct GuardTimes
+{
+    Milliseconds reply{10000};    // for the answer to a question
+    Milliseconds cellular{90000}; // for packet data, registration included
+    Milliseconds wifi{60000};     // for WiFi, or the Ethernet in its place
+    Milliseconds secret{5000};    // for somebody who knows the PIN or a password
+};
+
 struct NetworkConfig
 {
     BearerChoice bearer = BearerChoice::Machine;
@@ -43,6 +52,9 @@ struct NetworkConfig
     // serves; an empty name says that the machine has none of the kind.
     std::optional<std::string> wifi;
     std::optional<std::string> cellular;
+    bool takeOver = false; // an access point of ours may replace another one on a modem
+    bool roaming = true;
+    GuardTimes guards;
     Scenario defaultScenario;
     std::map<std::string, Scenario> scenarios; // by profile name
     unsigned maxProfiles = kDefaultMaxProfiles;

@@ -113,6 +113,24 @@ static Scenario scenario(JsonValue value)
     return read;
 }
 
+static BearerChoice bearer(JsonValue value)
+{
+    std::string name = value.choice({"machine", "scenario", "networkmanager"}, "machine");
+    if (name == "scenario")
+        return BearerChoice::Scenario;
+    return name == "networkmanager" ? BearerChoice::NetworkManager : BearerChoice::Machine;
+}
+
+static void readGuards(JsonValue value, GuardTimes* guards)
+{
+    const std::pair<const char*, Milliseconds*> keys[] = {{"replyMs", &guards->reply},
+                                                          {"cellularMs", &guards->cellular},
+                                                          {"wifiMs", &guards->wifi},
+                                                          {"secretMs", &guards->secret}};
+    for (const auto& [key, time] : keys)
+        *time = Milliseconds(value.at(key).integer(1, kDayMs, time->count()));
+}
+
 std::string networkConfigPath()
 {
     std::string root = base::rootFolder();
@@ -123,10 +141,12 @@ NetworkConfig readNetworkConfig(base::JsonDocument& document)
 {
     NetworkConfig config;
     JsonValue root = document.root();
-    bool scenarios = root.at("bearer").choice({"machine", "scenario"}, "machine") == "scenario";
-    config.bearer = scenarios ? BearerChoice::Scenario : BearerChoice::Machine;
+    config.bearer = bearer(root.at("bearer"));
     config.wifi = interfaceName(root.at("interfaces").at("wifi"));
     config.cellular = interfaceName(root.at("interfaces").at("cellular"));
+    config.takeOver = root.at("takeOver").truth(config.takeOver);
+    config.roaming = root.at("roaming").truth(config.roaming);
+    readGuards(root.at("guards"), &config.guards);
     config.defaultScenario = scenario(root.at("scenario").at("default"));
     for (const auto& [profile, told] : root.at("scenario").at("profiles").members())
         config.scenarios[profile] = scenario(told);

@@ -2,11 +2,14 @@
 #ifndef NETWORK_BEARER_H
 #define NETWORK_BEARER_H
 
+#include <array>
 #include <chrono>
 #include <cstdint>
 #include <memory>
 #include <string>
 #include <vector>
+
+#include <poll.h>
 
 #include "napi.h"
 #include "network/network_config.h"
@@ -46,6 +49,8 @@ protected:
     ~BearerListener() = default;
 };
 
+using BearerDescriptors = std::array<pollfd, 2>;
+
 // All calls are made one at a time, and none of them blocks. The listener is told from within open,
 // descriptorReady and deadlinePassed only. After close nothing more is told about that link. Where
 // memory is short, open may throw std::bad_alloc, and the link is then given up; descriptorReady
@@ -69,8 +74,12 @@ public:
     // Gives up an opening, or closes a link that is up.
     virtual void close(int link) = 0;
 
-    // A descriptor to wait on for reading, or -1 while there is nothing to wait for.
-    virtual int descriptor() const { return -1; }
+    // In a forked child, which has the memory and the descriptors of its parent: lets go of what
+    // speaks for the parent, without a word to anybody. The links are closed after it.
+    virtual void forget() {}
+
+    // What to wait for, with -1 in place of a descriptor for nothing.
+    virtual BearerDescriptors descriptors() const { return {{{-1, 0, 0}, {-1, 0, 0}}}; }
     virtual void descriptorReady() {}
 
     // When deadlinePassed is to be called next.

@@ -84,6 +84,8 @@ bool LinkEngine::running()
 int LinkEngine::open(const std::string& profile, const NetworkProfile& record,
                      std::shared_ptr<const NetworkConfig> config)
 {
+    if (config->bearer == BearerChoice::NetworkManager)
+        NetworkManagerBearer::prepare();
     Opening opening{-1, profile, record, std::move(config)};
     Guard guard(m_mutex);
     if (m_users == 0)
@@ -96,7 +98,11 @@ int LinkEngine::open(const std::string& profile, const NetworkProfile& record,
 int LinkEngine::close(int link)
 {
     Guard guard(m_mutex);
-    return m_users == 0 ? int(NAPI_ERR_NOT_INITIALISED) : m_links.close(link);
+    if (m_users == 0)
+        return NAPI_ERR_NOT_INITIALISED;
+    int result = m_links.close(link);
+    m_thread.wake(); // what it waits for may have changed
+    return result;
 }
 
 int LinkEngine::facts(int link, LinkFacts* facts)

@@ -27,6 +27,8 @@ Bearer& LinkTable::bearerFor(const NetworkConfig& config)
     switch (config.bearer) {
     case BearerChoice::Scenario:
         return m_scenario;
+    case BearerChoice::NetworkManager:
+        return m_networkManager;
     case BearerChoice::Machine:
         break;
     }
@@ -107,6 +109,8 @@ void LinkTable::giveUpOpenings()
 void LinkTable::abandon()
 {
     m_requests.clear();
+    for (Bearer* bearer : m_bearers)
+        bearer->forget();
     for (int id = 0; id < NAPI_MAX_LINKS; ++id) {
         if (Link* link = find(id))
             link->bearer->close(id);
@@ -139,14 +143,20 @@ Clock::time_point LinkTable::nextDeadline() const
 
 void LinkTable::addDescriptors(std::vector<pollfd>* all) const
 {
-    for (const Bearer* bearer : m_bearers)
-        all->push_back({bearer->descriptor(), POLLIN, 0});
+    for (const Bearer* bearer : m_bearers) {
+        for (const pollfd& entry : bearer->descriptors())
+            all->push_back(entry);
+    }
 }
 
 void LinkTable::react(const pollfd* entries)
 {
+    constexpr size_t kEach = std::tuple_size<BearerDescriptors>::value;
     for (Bearer* bearer : m_bearers) {
-        if (entries++->revents != 0)
+        bool ready = std::any_of(entries, entries + kEach,
+                                 [](const pollfd& entry) { return entry.revents != 0; });
+        entries += kEach;
+        if (ready)
             bearer->descriptorReady();
     }
 }

@@ -13,6 +13,7 @@
 #include "network/links/bearer.h"
 #include "network/links/idle_timer.h"
 #include "network/links/machine_bearer.h"
+#include "network/links/networkmanager/network_manager_bearer.h"
 #include "network/links/receivers.h"
 #include "network/links/scenario_bearer.h"
 
@@ -47,9 +48,10 @@ public:
     // Closes every link, without a message and without a thread that could help.
     void abandon();
 
-    // For the thread: what is due, until when it may sleep, and what it waits for, one descriptor
-    // for each bearer. None of them throws.
-    static constexpr size_t kDescriptors = 2;
+    // For the thread: what is due, until when it may sleep, and what it waits for. None of them
+    // throws.
+    static constexpr size_t kBearers = 3;
+    static constexpr size_t kDescriptors = kBearers * std::tuple_size<BearerDescriptors>::value;
     void work();
     Clock::time_point nextDeadline() const;
     void addDescriptors(std::vector<pollfd>* all) const;
@@ -88,7 +90,8 @@ private:
     std::deque<int> m_requests; // link ids; one that was closed meanwhile is passed over
     MachineBearer m_machine{*this};
     ScenarioBearer m_scenario{*this};
-    const std::array<Bearer*, kDescriptors> m_bearers{&m_machine, &m_scenario};
+    NetworkManagerBearer m_networkManager{*this};
+    const std::array<Bearer*, kBearers> m_bearers{&m_machine, &m_scenario, &m_networkManager};
 };
 
 } // namespace network

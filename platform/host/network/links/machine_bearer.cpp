@@ -48,9 +48,9 @@ void MachineBearer::close(int link)
 }
 
 // Changes of the machine's network are nobody's business while no link stands on it.
-int MachineBearer::descriptor() const
+BearerDescriptors MachineBearer::descriptors() const
 {
-    return m_up.empty() ? -1 : m_watch.descriptor();
+    return {{{m_up.empty() ? -1 : m_watch.descriptor(), POLLIN, 0}, {-1, 0, 0}}};
 }
 
 void MachineBearer::descriptorReady()

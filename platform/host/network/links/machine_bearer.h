@@ -19,7 +19,7 @@ public:
     void stop() override;
     void open(const Opening& opening) override;
     void close(int link) override;
-    int descriptor() const override;
+    BearerDescriptors descriptors() const override;
     void descriptorReady() override;
     Clock::time_point nextDeadline() const override;
     void deadlinePassed(Clock::time_point now) override;

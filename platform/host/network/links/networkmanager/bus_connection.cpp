@@ -1,0 +1,165 @@
+#include "network/links/networkmanager/bus_connection.h"
+
+#include <cerrno>
+#include <new>
+#include <utility>
+
+#include <poll.h>
+#include <unistd.h>
+
+namespace network {
+
+constexpr uint64_t kNoTimeout = UINT64_MAX;
+
+// What a connection shares with its subscriptions.
+struct BusConnection::State
+{
+    int failure = 0;      // an errno of a handler
+    bool foreign = false; // it belongs to the process that has forked us
+};
+
+struct BusSlot::Subscription
+{
+    using State = BusConnection::State;
+
+    const SdBus& lib;
+    std::shared_ptr<const BusHandler> handler;
+    std::shared_ptr<State> state;
+    sd_bus_slot* slot = nullptr;
+
+    ~Subscription()
+    {
+        if (!state->foreign)
+            lib.sd_bus_slot_unref(slot);
+    }
+
+    // Nothing may be thrown through the library, which is C. A handler may end its own slot.
+    static int arrived(sd_bus_message* message, void* subscription, sd_bus_error*) noexcept
+    {
+        auto self = static_cast<Subscription*>(subscription);
+        std::shared_ptr<const BusHandler> running = self->handler;
+        std::shared_ptr<State> shared = self->state;
+        try {
+            BusMessage received(self->lib, message);
+            (*running)(received);
+        } catch (const std::bad_alloc&) {
+            shared->failure = ENOMEM;
+        }
+        return 0;
+    }
+
+    // A rule that the bus refuses would otherwise end the connection.
+    static int installed(sd_bus_message*, void*, sd_bus_error*) noexcept { return 0; }
+};
+
+BusSlot::BusSlot() = default;
+BusSlot::BusSlot(BusSlot&&) noexcept = default;
+BusSlot& BusSlot::operator=(BusSlot&&) noexcept = default;
+BusSlot::~BusSlot() = default;
+
+using Subscription = BusSlot::Subscription;
+
+std::unique_ptr<Subscription> BusConnection::subscription(BusHandler handler) const
+{
+    auto shared = std::make_shared<const BusHandler>(std::move(handler));
+    return std::unique_ptr<Subscription>(new Subscription{*m_lib, std::move(shared), m_state});
+}
+
+int BusConnection::open()
+{
+    m_lib = sdBus();
+    if (!m_lib)
+        return ELIBACC;
+    m_state = std::make_shared<State>();
+    int result = m_lib->sd_bus_open_system(&m_bus);
+    m_descriptor = result < 0 ? -1 : m_lib->sd_bus_get_fd(m_bus);
+    return result < 0 ? -result : 0;
+}
+
+void BusConnection::close()
+{
+    if (!m_bus)
+        return;
+    m_lib->sd_bus_close(m_bus);
+    m_lib->sd_bus_unref(m_bus);
+    m_bus = nullptr;
+}
+
+// The library refuses to work in another process than the one that has connected, and leaves the
+// socket open, which would keep the parent on the bus beyond its death.
+void BusConnection::forget()
+{
+    if (!m_bus)
+        return;
+    ::close(m_descriptor);
+    m_state->foreign = true;
+    m_bus = nullptr;
+}
+
+int BusConnection::descriptor() const
+{
+    return m_bus ? m_descriptor : -1;
+}
+
+short BusConnection::events() const
+{
+    int events = m_bus ? m_lib->sd_bus_get_events(m_bus) : 0;
+    return static_cast<short>(events < 0 ? POLLIN : events);
+}
+
+Clock::time_point BusConnection::nextDeadline() const
+{
+    uint64_t microseconds = kNoTimeout;
+    if (!m_bus || m_lib->sd_bus_get_timeout(m_bus, &microseconds) < 0 || microseconds == kNoTimeout)
+        return kNever;
+    return Clock::time_point(std::chrono::microseconds(microseconds));
+}
+
+int BusConnection::process()
+{
+    int result = 1;
+    while (m_bus && result > 0 && m_state->failure == 0)
+        result = m_lib->sd_bus_process(m_bus, nullptr);
+    if (m_bus && m_state->failure != 0)
+        return std::exchange(m_state->failure, 0);
+    return result < 0 ? -result : 0;
+}
+
+BusCall BusConnection::call(const BusTarget& target) const
+{
+    return BusCall(*m_lib, m_bus, target);
+}
+
+int BusConnection::send(const BusCall& call, BusHandler handler, BusSlot* slot)
+{
+    if (int error = call.error())
+        return error;
+    std::unique_ptr<Subscription> made = subscription(std::move(handler));
+    int result = m_lib->sd_bus_call_async(m_bus, &made->slot, call.raw(), Subscription::arrived,
+                                          made.get(), kNoTimeout);
+    if (result < 0)
+        return -result;
+    slot->m_subscription = std::move(made);
+    return 0;
+}
+
+void BusConnection::send(const BusCall& call)
+{
+    if (call.error() == 0)
+        m_lib->sd_bus_call_async(m_bus, nullptr, call.raw(), Subscription::installed, nullptr,
+                                 kNoTimeout);
+}
+
+int BusConnection::listen(const std::string& rule, BusHandler handler, BusSlot* slot)
+{
+    std::unique_ptr<Subscription> made = subscription(std::move(handler));
+    int result =
+        m_lib->sd_bus_add_match_async(m_bus, &made->slot, rule.c_str(), Subscription::arrived,
+                                      Subscription::installed, made.get());
+    if (result < 0)
+        return -result;
+    slot->m_subscription = std::move(made);
+    return 0;
+}
+
+} // namespace network

@@ -1,0 +1,310 @@
+// What becomes of an activation that is under way: addresses, failures, the end.
+#include <algorithm>
+#include <cerrno>
+
+#include "network/links/networkmanager/connection_settings.h"
+#include "network/links/networkmanager/link_activation.h"
+#include "network/links/networkmanager/service_names.h"
+
+namespace network {
+
+// Addresses follow the activation within milliseconds, if at all.
+constexpr auto kAddressPatience = std::chrono::seconds(1);
+constexpr auto kAddressPause = std::chrono::milliseconds(50);
+
+// The modem's reason may follow the failure.
+constexpr auto kReasonPatience = std::chrono::milliseconds(50);
+constexpr auto kReasonPause = std::chrono::milliseconds(10);
+
+// How long an activation that nobody wants any more may still be answered.
+constexpr auto kLinger = std::chrono::seconds(60);
+
+constexpr uint32_t kNewActivation = 60;
+
+static bool hasEnded(uint32_t state)
+{
+    return state <= nm::Disconnected || state == nm::Deactivating || state == nm::Failed;
+}
+
+void LinkActivation::deviceChanged(const std::string& path, uint32_t state, uint32_t old,
+                                   uint32_t reason)
+{
+    if (path != m_choice.device.path || m_step == Step::Done)
+        return;
+    // Until the device prepares itself, what it does is the end of what it did before.
+    m_begun = m_begun || state == nm::Prepare;
+    bool running = m_step == Step::Requested || m_step == Step::Dialling ||
+                   m_step == Step::Addressing || m_step == Step::Up;
+    if (!m_begun || !running)
+        return;
+    say("device state " + std::to_string(state) + ", reason " + std::to_string(reason));
+    if (hasEnded(state))
+        return ended(reason);
+    if (m_step == Step::Up)
+        return;
+    if (state == nm::NeedAuth)
+        return secretNeeded();
+    if (old == nm::NeedAuth)
+        m_deadline = m_guard;
+    if (state == nm::IpConfig && cellular())
+        readBearers();
+    if (state == nm::IpCheck)
+        readAddress();
+}
+
+// A PIN or a password that nobody gives would be waited for without end.
+void LinkActivation::secretNeeded()
+{
+    Clock::time_point until = Clock::now() + m_opening.config->guards.secret;
+    m_deadline = std::min(m_guard, until);
+    m_needsSecret = true;
+}
+
+void LinkActivation::activeChanged(const std::string& path, uint32_t state)
+{
+    bool running = m_step == Step::Dialling || m_step == Step::Addressing || m_step == Step::Up;
+    if (path != m_active || !running)
+        return;
+    if (state == nm::ActiveGone)
+        return ended(m_reason);
+    if (state != nm::ActiveUp || m_activated)
+        return;
+    m_activated = true;
+    m_guard = std::min(m_guard, Clock::now() + kAddressPatience);
+    guard(Step::Addressing);
+    if (cellular() && !m_checked && !m_checking)
+        readBearers();
+    if (m_device.address == 0)
+        readAddress();
+    else
+        comeUp();
+}
+
+void LinkActivation::readBearers()
+{
+    m_checking = true;
+    auto done = [this](const std::vector<ModemBearer>& bearers) { checkBearers(bearers); };
+    m_bearers.start(m_host.bus(), m_choice.device.modem, done);
+}
+
+// A modem service may fall back to another access point than it was asked for, which costs money. A
+// service that does not tell is believed.
+void LinkActivation::checkBearers(const std::vector<ModemBearer>& bearers)
+{
+    m_checked = true;
+    for (const ModemBearer& bearer : bearers) {
+        if (!bearer.connected || bearer.apn.empty())
+            continue;
+        m_checked = sameAccessPoint(bearer.apn, fieldText(m_opening.record.gprsApn));
+        if (m_checked)
+            break;
+    }
+    if (m_step == Step::Done)
+        return;
+    constexpr uint32_t kAccessPointFailed = 29;
+    if (!m_checked)
+        return lose({NAPI_CAUSE_SUBSCRIPTION, causeOfReason(kAccessPointFailed).detail});
+    comeUp();
+}
+
+void LinkActivation::readAddress()
+{
+    auto done = [this](const ServiceAddress& address) { addressRead(address); };
+    m_address.start(m_host.bus(), m_choice.device.path, done);
+}
+
+void LinkActivation::addressRead(const ServiceAddress& address)
+{
+    if (address.complete()) {
+        m_device.name = address.interface;
+        m_device.address = address.address;
+        m_device.nameServers = address.nameServers;
+        m_device.kind = m_kind;
+        return comeUp();
+    }
+    if (m_step == Step::Addressing)
+        m_deadline = std::min(m_guard, Clock::now() + kAddressPause);
+}
+
+// The three answers come in any order.
+void LinkActivation::comeUp()
+{
+    bool checked = m_checked || !cellular();
+    if (m_step != Step::Addressing || m_device.address == 0 || !checked)
+        return;
+    m_step = Step::Up;
+    m_deadline = kNever;
+    m_picture = {};
+    m_host.opened(m_opening.link, m_device);
+}
+
+void LinkActivation::deadlinePassed()
+{
+    m_deadline = kNever;
+    bool addressing = m_step == Step::Addressing;
+    if (addressing && Clock::now() < m_guard)
+        return readAddress();
+    if (addressing && !m_device.address)
+        return refuse(causeOfErrno(NAPI_CAUSE_NO_ADDRESS, EADDRNOTAVAIL));
+    if (addressing) { // the modem service does not say which access point it uses
+        m_checked = true;
+        return comeUp();
+    }
+    if (m_step == Step::Asking)
+        return Clock::now() < m_askUntil ? askWhy() : refuse(m_lastCause);
+    if (m_step == Step::Requested)
+        return giveUp();
+    constexpr uint32_t kNoSecrets = 7, kPinRequired = 46;
+    if (m_step == Step::Dialling && m_needsSecret && Clock::now() < m_guard)
+        return refuse(causeOfReason(cellular() ? kPinRequired : kNoSecrets));
+    refuse({NAPI_CAUSE_TIMEOUT, 0});
+}
+
+// The service may still take the request; what it makes of it is taken down then.
+void LinkActivation::giveUp()
+{
+    if (m_closed)
+        return finish();
+    close();
+    m_host.failed(m_opening.link, {NAPI_CAUSE_TIMEOUT, 0});
+}
+
+void LinkActivation::ended(uint32_t reason)
+{
+    if (reason > nm::kUnknownReason)
+        m_reason = reason;
+    if (m_step == Step::Requested)
+        return; // the answer to the request is still to come, and the state is asked for then
+    if (m_step == Step::Up) {
+        int link = m_opening.link;
+        finish();
+        return m_host.broken(link);
+    }
+    if (m_reason == kNewActivation)
+        return replaced();
+    m_lastCause = causeOfReason(m_reason);
+    bool vague = m_lastCause.cause == NAPI_CAUSE_UNKNOWN || m_lastCause.cause == NAPI_CAUSE_MODEM;
+    if (!cellular() || !vague)
+        return refuse(m_lastCause);
+    m_askUntil = Clock::now() + kReasonPatience;
+    askWhy();
+}
+
+// Somebody else has activated something on the device; it may serve this link, too.
+void LinkActivation::replaced()
+{
+    say("another activation has taken the device");
+    m_cause = causeOfReason(m_reason);
+    detach();
+    list();
+}
+
+void LinkActivation::askWhy()
+{
+    wait(Step::Asking, kReasonPause);
+    auto done = [this](const std::vector<ModemBearer>& bearers) { explain(bearers); };
+    m_bearers.start(m_host.bus(), m_choice.device.modem, done);
+}
+
+// The modem's own reason is better than the service's; without one, the service's is told when the
+// patience has ended.
+void LinkActivation::explain(const std::vector<ModemBearer>& bearers)
+{
+    if (m_step != Step::Asking)
+        return;
+    for (const ModemBearer& bearer : bearers) {
+        Cause told = causeOfModemError(bearer.error);
+        if (told.cause == NAPI_CAUSE_UNKNOWN)
+            continue;
+        say("ModemManager says " + bearer.error);
+        if (told.detail == 0)
+            told.detail = m_lastCause.detail;
+        return refuse(told);
+    }
+    if (bearers.empty())
+        refuse(m_lastCause);
+}
+
+// A link that is up stays, as the interface does.
+void LinkActivation::serviceGone()
+{
+    if (m_step == Step::Up)
+        m_active.clear();
+    else if (m_closed)
+        finish();
+    else if (m_step != Step::Done)
+        lose({NAPI_CAUSE_NO_SERVICE_DAEMON, 0});
+}
+
+void LinkActivation::interfaceGone()
+{
+    int link = m_opening.link;
+    finish();
+    m_host.broken(link);
+}
+
+void LinkActivation::lose(const Cause& cause)
+{
+    int link = m_opening.link;
+    finish();
+    m_host.failed(link, cause);
+}
+
+void LinkActivation::close()
+{
+    m_closed = true;
+    if (m_step == Step::Requested)
+        wait(Step::Requested, kLinger);
+    else
+        finish();
+}
+
+void LinkActivation::finish()
+{
+    detach();
+    m_step = Step::Done;
+    m_deadline = kNever;
+}
+
+void LinkActivation::findAgain()
+{
+    auto done = [this](const ServicePicture& picture) { found(picture); };
+    m_listing.start(m_host.bus(), false, done);
+}
+
+void LinkActivation::found(const ServicePicture& picture)
+{
+    for (const ServiceDevice& device : picture.devices) {
+        bool up = device.state == nm::Activated && !device.active.empty();
+        if (m_step != Step::Up || !up || device.ipInterface != m_device.name)
+            continue;
+        m_choice.device = device;
+        m_active = device.active;
+        m_host.listen(device.path, nm::kDevice);
+        m_host.listen(device.active, nm::kActive);
+        if (m_takesPart)
+            m_host.own({device.active, device.path, fieldText(m_opening.record.gprsApn)});
+    }
+}
+
+// Lets go of the device and of the activation, which ends when it was ours.
+void LinkActivation::detach()
+{
+    if (m_step == Step::Requested)
+        m_host.giveBack(m_choice.device.path);
+    if (m_takesPart && !m_active.empty())
+        m_host.leave(m_active);
+    m_takesPart = false;
+    m_active.clear();
+    m_activated = false;
+    m_checked = false;
+    m_checking = false;
+    m_needsSecret = false;
+    m_begun = false;
+    m_reason = nm::kUnknownReason;
+    m_device = {};
+    m_request = BusSlot();
+    m_state = BusSlot();
+}
+
+} // namespace network

@@ -1,0 +1,63 @@
+// The names and numbers of NetworkManager's and ModemManager's interfaces that are used here.
+#ifndef NETWORK_NETWORKMANAGER_SERVICE_NAMES_H
+#define NETWORK_NETWORKMANAGER_SERVICE_NAMES_H
+
+#include <cstdint>
+
+namespace network {
+
+inline constexpr char kProperties[] = "org.freedesktop.DBus.Properties";
+inline constexpr char kObjectManager[] = "org.freedesktop.DBus.ObjectManager";
+inline constexpr char kNoObject[] = "/";
+
+namespace nm {
+
+inline constexpr char kService[] = "org.freedesktop.NetworkManager";
+inline constexpr char kRoot[] = "/org/freedesktop";
+inline constexpr char kManagerPath[] = "/org/freedesktop/NetworkManager";
+inline constexpr char kManager[] = "org.freedesktop.NetworkManager";
+inline constexpr char kDevice[] = "org.freedesktop.NetworkManager.Device";
+inline constexpr char kActive[] = "org.freedesktop.NetworkManager.Connection.Active";
+inline constexpr char kConnection[] = "org.freedesktop.NetworkManager.Settings.Connection";
+inline constexpr char kIp4Config[] = "org.freedesktop.NetworkManager.IP4Config";
+
+enum DeviceType : uint32_t { Ethernet = 1, Wifi = 2, Modem = 8, Veth = 20 };
+
+enum DeviceState : uint32_t {
+    Unmanaged = 10,
+    Unavailable = 20,
+    Disconnected = 30,
+    Prepare = 40,
+    NeedAuth = 60,
+    IpConfig = 70,
+    IpCheck = 80,
+    Activated = 100,
+    Deactivating = 110,
+    Failed = 120
+};
+
+// A reason that says no more than that something went wrong.
+inline constexpr uint32_t kUnknownReason = 1;
+
+enum ActiveState : uint32_t { ActiveUp = 2, ActiveGone = 4 };
+
+} // namespace nm
+
+namespace mm {
+
+inline constexpr char kService[] = "org.freedesktop.ModemManager1";
+inline constexpr char kRoot[] = "/org/freedesktop/ModemManager1";
+inline constexpr char kModem[] = "org.freedesktop.ModemManager1.Modem";
+inline constexpr char kModem3gpp[] = "org.freedesktop.ModemManager1.Modem.Modem3gpp";
+inline constexpr char kBearer[] = "org.freedesktop.ModemManager1.Bearer";
+inline constexpr char kErrors[] = "org.freedesktop.ModemManager1.Error.";
+
+enum Lock : uint32_t { LockUnknown = 0, LockNone = 1, LockPin = 2 };
+
+enum Power : uint32_t { PowerUnknown = 0, PowerOff = 1, PowerLow = 2, PowerOn = 3 };
+
+} // namespace mm
+
+} // namespace network
+
+#endif

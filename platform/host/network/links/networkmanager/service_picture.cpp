@@ -1,0 +1,96 @@
+#include "network/links/networkmanager/service_picture.h"
+
+#include <algorithm>
+
+#include "network/links/networkmanager/service_names.h"
+
+namespace network {
+
+template <typename Entries>
+static const typename Entries::value_type* findPath(const Entries& entries, const std::string& path)
+{
+    auto found = std::find_if(entries.begin(), entries.end(),
+                              [&](const auto& entry) { return entry.path == path; });
+    return found == entries.end() ? nullptr : &*found;
+}
+
+const ServiceModem* ServicePicture::findModem(const std::string& path) const
+{
+    return findPath(modems, path);
+}
+
+const ServiceDevice* ServicePicture::findDevice(const std::string& path) const
+{
+    return findPath(devices, path);
+}
+
+std::string objectPath(const BusValue& value)
+{
+    return value.toText() == kNoObject ? "" : value.toText();
+}
+
+static uint32_t number(const BusValue& properties, const char* key)
+{
+    return static_cast<uint32_t>(properties.at(key).toNumber());
+}
+
+static ServiceDevice device(const std::string& path, const BusValue& told, const BusValue& objects)
+{
+    ServiceDevice read;
+    read.path = path;
+    read.interface = told.at("Interface").toText();
+    read.ipInterface = told.at("IpInterface").toText();
+    read.type = number(told, "DeviceType");
+    read.state = number(told, "State");
+    read.reason = static_cast<uint32_t>(told.at("StateReason").at(1).toNumber());
+    read.managed = told.at("Managed").toFlag();
+    read.modem = objectPath(told.at("Udi"));
+    read.active = objectPath(told.at("ActiveConnection"));
+    read.known = !told.at("AvailableConnections").elements().empty();
+    const BusValue& active = objects.at(read.active.c_str()).at(nm::kActive);
+    read.connection = objectPath(active.at("Connection"));
+    return read;
+}
+
+void readNetworkManager(const BusValue& objects, ServicePicture* picture)
+{
+    const BusValue& manager = objects.at(nm::kManagerPath).at(nm::kManager);
+    picture->networking = manager.at("NetworkingEnabled").toFlag(true);
+    picture->wifi = manager.at("WirelessEnabled").toFlag(true) &&
+                    manager.at("WirelessHardwareEnabled").toFlag(true);
+    picture->wwan =
+        manager.at("WwanEnabled").toFlag(true) && manager.at("WwanHardwareEnabled").toFlag(true);
+    for (size_t i = 0; i < objects.keys().size(); ++i) {
+        const BusValue& told = objects.at(i).at(nm::kDevice);
+        if (told.kind() == BusValue::Kind::Dictionary)
+            picture->devices.push_back(device(objects.keys()[i], told, objects));
+    }
+}
+
+static ServiceModem modem(const std::string& path, const BusValue& told, const BusValue& network)
+{
+    ServiceModem read;
+    read.path = path;
+    read.state = static_cast<int64_t>(told.at("State").toNumber());
+    read.failedReason = number(told, "StateFailedReason");
+    read.power = number(told, "PowerState");
+    read.lock = number(told, "UnlockRequired");
+    read.signal = static_cast<uint32_t>(told.at("SignalQuality").at(size_t{0}).toNumber());
+    read.technologies = number(told, "AccessTechnologies");
+    read.registration = number(network, "RegistrationState");
+    read.operatorCode = network.at("OperatorCode").toText();
+    read.operatorName = network.at("OperatorName").toText();
+    return read;
+}
+
+void readModemManager(const BusValue& objects, ServicePicture* picture)
+{
+    for (size_t i = 0; i < objects.keys().size(); ++i) {
+        const BusValue& told = objects.at(i).at(mm::kModem);
+        if (told.kind() == BusValue::Kind::Dictionary)
+            picture->modems.push_back(
+                modem(objects.keys()[i], told, objects.at(i).at(mm::kModem3gpp)));
+    }
+}
+
+} // namespace network
