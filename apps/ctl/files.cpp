@@ -20,10 +20,13 @@ std::string errorText(int error)
 
 } // namespace
 
-std::string readFile(const std::string& path, std::size_t limit, Exit status)
+std::string readFile(const std::string& path, std::size_t limit, Exit status,
+                     const std::string& called)
 {
     const bool standardInput = path == "-";
-    const std::string shown = standardInput ? "the standard input" : inQuotes(path);
+    const std::string shown = standardInput    ? "the standard input"
+                              : called.empty() ? inQuotes(path)
+                                               : called;
     base::UniqueFd file(standardInput ? ::dup(STDIN_FILENO)
                                       : ::open(path.c_str(), O_RDONLY | O_CLOEXEC));
     if (!file.isOpen())

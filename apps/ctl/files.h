@@ -10,8 +10,9 @@
 namespace ctl {
 
 // Reads a whole file, or the standard input for "-". Throws Failure with `status` when it cannot be
-// read or holds more than `limit` bytes.
-std::string readFile(const std::string& path, std::size_t limit, Exit status);
+// read or holds more than `limit` bytes; the message calls it `shown`, by default by its name.
+std::string readFile(const std::string& path, std::size_t limit, Exit status,
+                     const std::string& shown = {});
 
 } // namespace ctl
 

@@ -4,6 +4,7 @@
 #include <cerrno>
 #include <cstring>
 
+#include <sys/ioctl.h>
 #include <unistd.h>
 
 #include "failure.h"
@@ -54,6 +55,15 @@ void printJsonLine(const Json& document)
     print(jsonText(document, -1));
 }
 
+std::size_t outputWidth()
+{
+    winsize size = {};
+    return ::ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 ? size.ws_col : 0;
+}
+
+// Blanks between two columns.
+static constexpr std::size_t gap = 2;
+
 Table::Table(std::vector<std::string> heading) : m_widths(heading.size())
 {
     add(std::move(heading));
@@ -72,14 +82,35 @@ void Table::add(std::vector<std::string> cells)
     m_rows.push_back(std::move(row));
 }
 
-std::string Table::text() const
+// The widths of the columns in rows that are not wider than `width`, if that can be.
+std::vector<std::size_t> Table::widthsFor(std::size_t width) const
 {
+    constexpr std::size_t leastWidth = 8;
+    std::vector<std::size_t> widths = m_widths;
+    std::size_t whole = gap * (widths.size() - 1);
+    for (const std::size_t each : widths)
+        whole += each;
+    while (width > 0 && whole > width) {
+        auto widest = std::max_element(widths.begin(), widths.end());
+        if (*widest <= leastWidth)
+            break;
+        --*widest;
+        --whole;
+    }
+    return widths;
+}
+
+std::string Table::text(std::size_t width) const
+{
+    const std::vector<std::size_t> widths = widthsFor(width);
     std::string text;
     for (const std::vector<Cell>& row : m_rows) {
         for (std::size_t i = 0; i < row.size(); ++i) {
-            text += row[i].text;
+            const bool fits = row[i].width <= widths[i];
+            const std::string cell = fits ? row[i].text : shortened(row[i].text, widths[i]);
+            text += cell;
             if (i + 1 < row.size())
-                text.append(m_widths[i] - row[i].width + 2, ' ');
+                text.append(widths[i] + gap - (fits ? row[i].width : displayWidth(cell)), ' ');
         }
         text += '\n';
     }

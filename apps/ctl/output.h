@@ -31,6 +31,9 @@ std::string jsonText(const Json& document, int indent);
 void printJson(const Json& document);
 void printJsonLine(const Json& document);
 
+// How many columns the terminal has that the standard output is; 0 when it is none.
+std::size_t outputWidth();
+
 // A table for people: the first row is the heading. Cells are made printable and aligned by their
 // width on a terminal; the last column is not padded.
 class Table
@@ -38,9 +41,14 @@ class Table
 public:
     explicit Table(std::vector<std::string> heading);
     void add(std::vector<std::string> cells);
-    std::string text() const;
+
+    // With a width, the widest columns are cut until the rows are no wider, down to a few
+    // characters each; an ellipsis stands where something is cut off.
+    std::string text(std::size_t width = 0) const;
 
 private:
+    std::vector<std::size_t> widthsFor(std::size_t width) const;
+
     struct Cell
     {
         std::string text;

@@ -7,7 +7,8 @@
 
 namespace ctl {
 
-// The characters of UTF-8; a byte that is none of it counts with the one before it.
+// The characters of UTF-8, with small Latin letters for capital ones; a byte that is no UTF-8
+// counts with the one before it.
 static std::vector<std::string> charactersOf(const std::string& text)
 {
     std::vector<std::string> characters;
@@ -16,7 +17,8 @@ static std::vector<std::string> charactersOf(const std::string& text)
         if (continues && !characters.empty())
             characters.back() += byte;
         else
-            characters.emplace_back(1, byte);
+            characters.emplace_back(
+                1, byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte - 'A' + 'a') : byte);
     }
     return characters;
 }

@@ -166,15 +166,52 @@ std::string printableJson(std::string_view document)
     return result;
 }
 
+static std::size_t columnsOf(const Character& c)
+{
+    return c.code < 0x80 ? 1U : static_cast<std::size_t>(wideWidth(c.code));
+}
+
+// How many bytes of the text fit into so many columns.
+static std::size_t fitting(std::string_view text, std::size_t columns)
+{
+    std::size_t bytes = 0;
+    std::size_t width = 0;
+    while (bytes < text.size()) {
+        const Character c = decode(text.substr(bytes));
+        width += columnsOf(c);
+        if (width > columns)
+            break;
+        bytes += c.length == 0 ? 1 : c.length;
+    }
+    return bytes;
+}
+
 std::size_t displayWidth(std::string_view text)
 {
     std::size_t width = 0;
     while (!text.empty()) {
         const Character c = decode(text);
-        width += c.code < 0x80 ? 1U : static_cast<std::size_t>(wideWidth(c.code));
+        width += columnsOf(c);
         text.remove_prefix(c.length == 0 ? 1 : c.length);
     }
     return width;
+}
+
+std::string shortened(std::string_view text, std::size_t columns)
+{
+    return std::string(text.substr(0, fitting(text, columns - 1))) + "\u2026";
+}
+
+std::vector<std::string> folded(std::string_view text, std::size_t columns)
+{
+    std::vector<std::string> pieces;
+    do {
+        const std::size_t bytes =
+            std::max<std::size_t>(fitting(text, columns), text.empty() ? 0 : 1);
+        pieces.emplace_back(text.substr(0, bytes));
+        text.remove_prefix(bytes);
+    } while (!text.empty());
+    return pieces;
 }
 
 } // namespace ctl

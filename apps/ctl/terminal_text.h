@@ -4,6 +4,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace ctl {
 
@@ -30,6 +31,13 @@ std::string printableJson(std::string_view document);
 // The number of terminal columns that a printable() text takes, in any locale: 2 for a wide East
 // Asian character, 0 for a combining one.
 std::size_t displayWidth(std::string_view text);
+
+// As much of the beginning of a printable() text as fits into so many columns with an ellipsis
+// behind it.
+std::string shortened(std::string_view text, std::size_t columns);
+
+// A printable() text in pieces of at most so many columns each; one that fits is one piece.
+std::vector<std::string> folded(std::string_view text, std::size_t columns);
 
 } // namespace ctl
 

@@ -1,10 +1,11 @@
-"""Completion in an interactive bash. Usage: completion_test.py VORNCTL COMPLETION
+"""Completion in an interactive bash or zsh. Usage: completion_test.py VORNCTL bash|zsh COMPLETION
 
-A case types a line up to its TAB, and runs the line as bash then has it, with
+A case types a line up to its TAB, and runs the line as the shell then has it, with
 a function in vornctl's place that prints its arguments.
 """
 
 import pathlib
+import re
 import sys
 import tempfile
 import unittest
@@ -12,7 +13,7 @@ import unittest
 import shell
 import world
 
-VORNCTL, COMPLETION = sys.argv[1:3]
+VORNCTL, SHELL, COMPLETION = sys.argv[1:4]
 WORLDS = pathlib.Path(__file__).resolve().parent / "worlds"
 
 # What is typed before TAB, and the arguments that the line then has.
@@ -43,17 +44,44 @@ COMPLETED = {
     ),
     "a file to import": ("vornctl profile import a\\ f", ["profile", "import", "a file"]),
     "a file to export to": ("vornctl profile export --output a\\ f", ["profile", "export", "--output", "a file"]),
+    "a setting": ("vornctl setting get Def", ["setting", "get", "DefConnPrefer"]),
+    "a setting to remove": ("vornctl setting delete Roaming Def", ["setting", "delete", "Roaming", "DefConnPrefer"]),
+    "a truth value": ("vornctl setting set Roaming f", ["setting", "set", "Roaming", "false"]),
+    "a type": ("vornctl setting set Level 5 --type int", ["setting", "set", "Level", "5", "--type", "integer"]),
+    "a type behind its equals sign": (
+        "vornctl setting set Level 5 --type=tr",
+        ["setting", "set", "Level", "5", "--type=truth"],
+    ),
+    "a feature": ("vornctl feature get 43", ["feature", "get", "431"]),
+    "a field to show": ("vornctl profile list --fields name,dns", ["profile", "list", "--fields", "name,dns"]),
+    "the second field to show": (
+        "vornctl profile list --fields name,csd-n",
+        ["profile", "list", "--fields", "name,csd-number"],
+    ),
+    "a field of the settings": ("vornctl setting list --fields ty", ["setting", "list", "--fields", "type"]),
+    "a file behind an equals sign": (
+        "vornctl profile export --output=a\\ f",
+        ["profile", "export", "--output=a file"],
+    ),
     "a feature's value": ("vornctl feature set 431 of", ["feature", "set", "431", "off"]),
     "nothing for an unknown profile": ("vornctl profile show Zzz", ["profile", "show", "Zzz"]),
     "nothing for a password's field": ("vornctl profile set Home passw", ["profile", "set", "Home", "passw"]),
     "nothing for a command in a profile's place": ("vornctl link open doct", ["link", "open", "doct"]),
 }
 
-SETUP = (
-    ". /usr/share/bash-completion/bash_completion; . {completion}; bind 'set bell-style none'; "
-    "bind 'set enable-bracketed-paste off'; shopt -u progcomp_alias; touch 'a file'; "
-    "shown() {{ printf '<%s>' \"$@\"; echo END; }}; echo RE''ADY\n"
-)
+SHOWN = "shown() {{ printf '<%s>' \"$@\"; echo END; }}; touch 'a file'; echo RE''ADY\n"
+SHELLS = {
+    "bash": (
+        ["bash", "--norc", "--noprofile", "-i"],
+        ". /usr/share/bash-completion/bash_completion; . {completion}; bind 'set bell-style none'; "
+        "bind 'set enable-bracketed-paste off'; shopt -u progcomp_alias; " + SHOWN,
+    ),
+    "zsh": (
+        ["zsh", "-f", "-i"],
+        "fpath=({folder} $fpath); autoload -Uz compinit; compinit -u -D; bindkey -e; unsetopt beep; "
+        "unset zle_bracketed_paste; PS1='$ '; " + SHOWN,
+    ),
+}
 
 
 class Completion(unittest.TestCase):
@@ -64,23 +92,27 @@ class Completion(unittest.TestCase):
         world.build(WORLDS / "three-profiles.json", folder / "root")
         world.build_profile(folder / "root" / world.PROFILES / 'Cost $HOME `id` "q"', {})
         env = shell.environment(folder, VORNCTL, folder / "root")
-        cls.bash = shell.Shell(["bash", "--norc", "--noprofile", "-i"], env, folder)
-        cls.bash.type(SETUP.format(completion=COMPLETION))
-        cls.bash.read_until("READY")
+        (folder / "root/etc").mkdir(exist_ok=True)
+        (folder / "root/etc/settings.json").write_text('{"DefConnPrefer": 1, "Roaming": true}')
+        (folder / "root/etc/features.json").write_text('{"431": true}')
+        argv, setup = SHELLS[SHELL]
+        cls.shell = shell.Shell(argv, env, folder)
+        cls.shell.type(setup.format(completion=COMPLETION, folder=pathlib.Path(COMPLETION).parent))
+        cls.shell.read_until("READY")
 
     @classmethod
     def tearDownClass(cls):
-        cls.bash.__exit__()
+        cls.shell.__exit__()
         cls.temporary.cleanup()
 
     def arguments_after_tab(self, typed):
         """The arguments of the line after TAB: its first word is then replaced, and the line run."""
-        since = len(self.bash.screen)
+        since = len(self.shell.screen)
         home, delete_word = "\x01", "\x1bd"
-        self.bash.type(f"{typed}\t{home}{delete_word}shown\n")
-        self.bash.read_until("END\r\n", since)
-        lines = self.bash.screen[since:].decode().splitlines()
-        return next(line for line in lines if line.endswith("END"))
+        self.shell.type(f"{typed}\t{home}{delete_word}shown\n")
+        self.shell.read_until("END\r\n", since)
+        found = re.findall(r"<[^\r\n]*END\r", self.shell.screen[since:].decode())
+        return found[-1].rstrip("\r")
 
     def test_completed(self):
         for name, (typed, expected) in COMPLETED.items():

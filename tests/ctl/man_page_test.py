@@ -62,6 +62,21 @@ class ManPage(unittest.TestCase):
                 done = subprocess.run([VORNCTL, "--complete", *leaf, "-"], capture_output=True, text=True, check=True)
                 self.assertEqual(set(done.stdout.split()) - {"--help"}, {f"--{o}" for o in options_of_help(leaf)})
 
+    def test_the_completion_offers_every_value_that_the_help_names(self):
+        done = subprocess.run([VORNCTL, "--complete", "setting", "set", "--type", ""], capture_output=True, text=True, check=True)
+        said = re.search(r"--type TYPE\s+([a-z, ]+);", help_of("setting", "set")).group(1)
+        self.assertEqual(done.stdout.split(), re.split(", | or ", said))
+
+    def test_it_names_the_fields_that_each_list_can_show(self):
+        for leaf in (["profile", "list"], ["profile", "show"], ["setting", "list"], ["feature", "list"]):
+            words = [VORNCTL, "--complete", *leaf, "--fields="]
+            done = subprocess.run(words, capture_output=True, text=True, check=True)
+            offered = [line.split("=")[1] for line in done.stdout.split()]
+            self.assertGreater(len(offered), 2)
+            for field in offered:
+                with self.subTest(command=" ".join(leaf), field=field):
+                    self.assertTrue(re.search(rf"(?m)^\.(It )?Cm ([\w-]+ , )*{field}\b", self.source))
+
     def part_of_synopsis(self, leaf):
         words = " ".join(leaf)
         return re.search(rf"^\.Cm {words}\n((?:\.(?!Nm).*\n)*)", self.synopsis(), re.MULTILINE).group(1)

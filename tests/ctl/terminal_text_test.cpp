@@ -74,6 +74,29 @@ TEST(Table, AlignsColumnsByTheirWidth)
                             "a\\tb    2\n");
 }
 
+TEST(Table, IsCutToTheWidthThatThereIs)
+{
+    ctl::Table table({"NAME", "X"});
+    table.add({"\xE7\xBD\x91\xE7\xBB\x9C\xE7\xBD\x91\xE7\xBB\x9C\xE7\xBD\x91", "123456789"});
+    EXPECT_EQ(table.text(19), "NAME      X\n"
+                              "\xE7\xBD\x91\xE7\xBB\x9C\xE7\xBD\x91\xE2\x80\xA6   123456789\n");
+    EXPECT_EQ(table.text(21), table.text());
+    EXPECT_EQ(table.text(1), table.text(18)) << "no column is cut down to nothing";
+}
+
+TEST(FoldedText, LosesNothingAndKeepsToTheWidth)
+{
+    const std::vector<std::string> wide = {"\xE7\xBD\x91", "\xE7\xBB\x9C"
+                                                           "a"};
+    EXPECT_EQ(ctl::folded("\xE7\xBD\x91\xE7\xBB\x9C"
+                          "a",
+                          3),
+              wide);
+    EXPECT_EQ(ctl::folded("abcde", 2), (std::vector<std::string>{"ab", "cd", "e"}));
+    EXPECT_EQ(ctl::folded("", 2), std::vector<std::string>{""});
+    EXPECT_EQ(ctl::folded("\xE7\xBD\x91", 1), (std::vector<std::string>{"\xE7", "\xBD", "\x91"}));
+}
+
 TEST(Suggestion, IsTheClosestWordWhenItIsCloseEnough)
 {
     EXPECT_EQ(ctl::suggestion("aqn", {"user", "apn"}), "Did you mean \"apn\"?");

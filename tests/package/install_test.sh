@@ -28,6 +28,8 @@ LD_LIBRARY_PATH=$(pkg-config --variable=libdir vornqtnapi) "$work/by-pkg-config"
 [ -L "$(find "$prefix" -name libvornqtnapi.so.1)" ]
 [ -x "$prefix/bin/vornctl" ]
 [ -f "$prefix/share/bash-completion/completions/vornctl" ]
+[ -f "$prefix/share/zsh/vendor-completions/_vornctl" ]
+[ -f "$prefix/share/fish/vendor_completions.d/vornctl.fish" ]
 [ -f "$prefix/share/man/man1/vornctl.1" ]
 [ -s "$prefix/share/doc/vornqtnapi/network-json.md" ]
 find "$prefix" -name 'lib*.so.*' -type f -o -path '*/bin/*' -type f >"$work/binaries"

@@ -1,6 +1,7 @@
 // "link open": each indication as it comes, and the link closed at the end.
 #include <algorithm>
 #include <chrono>
+#include <cstdlib>
 #include <cstring>
 
 #include "commands/link_session.h"
@@ -150,10 +151,10 @@ private:
 
     double remaining() const
     {
-        if (m_request.timeout <= 0)
+        if (m_timeout <= 0)
             return -1;
         const std::chrono::duration<double> passed = Clock::now() - m_start;
-        return std::max(0.0, m_request.timeout - passed.count());
+        return std::max(0.0, m_timeout - passed.count());
     }
 
     // Waits for the outcome of the opening; the exit status.
@@ -213,6 +214,7 @@ private:
 
     const Request& m_request;
     LinkSession m_session;
+    double m_timeout = std::strtod(m_request.timeout.c_str(), nullptr); // 0 for none
     int m_link = -1;
     Clock::time_point m_start = Clock::now();
 };

@@ -1,7 +1,10 @@
 // The commands over one profile, and the list.
+#include "commands/deleting.h"
 #include "failure.h"
 #include "line/request.h"
+#include "listing.h"
 #include "output.h"
+#include "profile/columns.h"
 #include "profile/record.h"
 #include "profile/secrets.h"
 #include "profile/store.h"
@@ -41,22 +44,26 @@ void noteUnlisted(std::size_t count)
              " damaged entries are not listed; \"vornctl doctor\" tells more.");
 }
 
-std::vector<Unread> printList(const std::vector<std::string>& names)
+// What is read of each profile is what is shown.
+std::vector<Unread> printList(const Request& request, const std::vector<std::string>& names)
 {
-    Table table({"NAME", "PREFERENCE", "APN", "CSD NUMBER"});
-    const Field* columns[] = {findField("preference"), findField("apn"), findField("csd-number")};
+    const std::vector<std::string> columns =
+        chosenFields(request, profileColumns(), {"name", "preference", "apn", "csd-number"});
+    refuseHiddenPasswords(request, columns);
+    Listing listing(request, columns);
     const std::vector<Unread> unread =
         readEach(names, [&](const std::string& name, const NetworkProfile& record) {
-            std::vector<std::string> cells = {name};
-            for (const Field* field : columns)
-                cells.push_back(shownText(*field, record, false));
-            table.add(std::move(cells));
+            std::vector<Cell> row;
+            for (const std::string& column : columns)
+                row.push_back(profileCell(column, name, record, request.showSecrets));
+            listing.add(row);
         });
-    print(table.text());
-    if (const std::size_t unlisted = countUnlisted(names.size()))
+    const std::size_t unlisted = countUnlisted(names.size());
+    listing.print(unlisted > 0 || !names.empty()
+                      ? ""
+                      : "no profile is stored; \"vornctl profile create NAME apn=...\" makes one.");
+    if (unlisted > 0 && !request.json && !request.terse)
         noteUnlisted(unlisted);
-    else if (names.empty())
-        note("no profile is stored; \"vornctl profile create NAME apn=...\" makes one.");
     return unread;
 }
 
@@ -71,6 +78,41 @@ std::vector<Unread> printJsonList(const std::vector<std::string>& names, bool se
     return unread;
 }
 
+// A value that is wider than the terminal goes on below itself.
+std::string shownProfile(const std::vector<std::pair<std::string, std::string>>& rows)
+{
+    constexpr std::size_t labelWidth = 27;
+    constexpr std::size_t leastWidth = 20;
+    const std::size_t width = outputWidth();
+    const std::size_t room =
+        width < labelWidth + leastWidth ? std::string::npos : width - labelWidth;
+    std::string text;
+    for (const auto& [label, value] : rows) {
+        std::string lead = label + std::string(labelWidth - label.size(), ' ');
+        for (const std::string& piece : folded(printable(value), room)) {
+            text += lead + piece + '\n';
+            lead.assign(labelWidth, ' ');
+        }
+    }
+    return text;
+}
+
+void printForPeople(const Request& request, const NetworkProfile& record,
+                    const std::vector<std::string>& columns)
+{
+    std::vector<std::pair<std::string, std::string>> rows;
+    for (const std::string& column : columns) {
+        const Field* field = findField(column.c_str());
+        const bool isNamed = field || !request.fields.empty();
+        if (column == "name" || isNamed)
+            rows.emplace_back(column == "name" ? "Name"
+                              : field          ? field->label
+                                               : column,
+                              profileCell(column, request.name, record, request.showSecrets).shown);
+    }
+    print(shownProfile(rows));
+}
+
 } // namespace
 
 int profileList(const Request& request)
@@ -80,21 +122,38 @@ int profileList(const Request& request)
         printJson(Json(names));
     else if (request.onlyNames)
         printNames(names);
+    else if (request.json && request.fields.empty())
+        failUnread(printJsonList(names, request.showSecrets));
     else
-        failUnread(request.json ? printJsonList(names, request.showSecrets) : printList(names));
+        failUnread(printList(request, names));
     return 0;
 }
 
 int profileShow(const Request& request)
 {
+    std::vector<std::string> columns = chosenFields(request, profileColumns(), profileColumns());
+    if (!request.fields.empty())
+        refuseHiddenPasswords(request, columns);
     const NetworkProfile record = readProfile("show the profile", request.name);
-    if (request.json)
+    if (request.json && request.fields.empty())
         return done(request, request.name, record);
-    Table table({"Name", request.name});
-    for (const Field& field : fields())
-        if (isVisible(field))
-            table.add({field.label, shownText(field, record, request.showSecrets)});
-    print(table.text());
+    if (!request.json && !request.terse) {
+        printForPeople(request, record, columns);
+        return 0;
+    }
+    Json object = Json::object();
+    std::vector<Cell> row;
+    for (const std::string& column : columns) {
+        const Field* field = findField(column.c_str());
+        if (field && field->kind == Kind::Secret && !request.showSecrets)
+            continue;
+        row.push_back(profileCell(column, request.name, record, request.showSecrets));
+        object[column] = row.back().json;
+    }
+    if (request.json)
+        printJson(object);
+    else
+        print(terseLine(row));
     return 0;
 }
 
@@ -102,7 +161,7 @@ int profileCreate(const Request& request)
 {
     NetworkProfile record = {};
     record.storedMark = editedMark;
-    assign(request.assignments, record);
+    assign(request, record);
     takePasswords(request, record);
     createProfile("create the profile", request.name, record);
     return done(request, request.name, record);
@@ -117,12 +176,12 @@ int profileSet(const Request& request)
                       "Give FIELD=VALUE, for example apn=internet.");
     // Everything that may fail or wait for a person comes before the store is held.
     NetworkProfile draft = readProfile("change the profile", request.name);
-    assign(request.assignments, draft);
+    assign(request, draft);
     takePasswords(request, draft);
     NetworkProfile stored = {};
     changeProfile(request.name, [&](NetworkProfile& record) {
         record.storedMark = editedMark;
-        assign(request.assignments, record);
+        assign(request, record);
         copyPasswords(request, draft, record);
         stored = record;
     });
@@ -146,10 +205,15 @@ int profileRename(const Request& request)
 
 int profileDelete(const Request& request)
 {
-    deleteProfile(request.name);
-    if (request.json)
-        printJson({{"name", request.name}, {"deleted", true}});
-    return 0;
+    const auto check = [](const std::string& name) {
+        if (!nameProblem(name).empty())
+            failNapi(NAPI_ERR_NAME, "delete the profile", &name);
+        if (!profileExists(name))
+            failNapi(NAPI_ERR_NO_PROFILE, "delete the profile", &name);
+    };
+    return deleteEach(request, {check, deleteProfile, [](const std::string& name) {
+                                    return Json({{"name", name}});
+                                }});
 }
 
 } // namespace ctl

@@ -1,7 +1,6 @@
 #include "line/command_line.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <cstring>
 
 #include <CLI/App.hpp>
@@ -11,10 +10,10 @@
 #include "failure.h"
 #include "line/command_table.h"
 #include "line/completion.h"
+#include "line/hidden_word.h"
 #include "line/line_failures.h"
 #include "output.h"
 #include "profile/values.h"
-#include "terminal_text.h"
 
 namespace ctl {
 
@@ -42,138 +41,39 @@ std::string fieldHelp()
     return text + "A password is never given as an argument; \"password=\" removes it.\n";
 }
 
-std::string timeoutProblem(std::string& text)
-{
-    const bool isNumber =
-        !text.empty() && text.find_first_not_of("0123456789.") == std::string::npos;
-    const double seconds = isNumber ? std::strtod(text.c_str(), nullptr) : 0;
-    return seconds >= 0.001 && seconds <= 1e6
-               ? ""
-               : inQuotes(text) + " does not fit; it takes 0.001 to 1000000 seconds";
-}
-
-std::string emptyProblem(std::string& text)
-{
-    return text.empty() ? "the name of a file is empty" : "";
-}
-
-std::string typeProblem(std::string& text)
-{
-    return text == "integer" || text == "text" || text == "truth"
-               ? ""
-               : inQuotes(text) + " does not fit; it takes integer, text or truth";
-}
-
-CLI::Option* positional(CLI::App& app, const char* name, std::string& target, const char* help)
-{
-    return app.add_option(name, target, help)->required()->type_name("");
-}
-
 void addWord(CLI::App& app, Word word, Request& request)
 {
-    switch (word) {
-    case Word::Profile:
-        positional(app, "NAME", request.name, "Name of the stored profile");
-        break;
-    case Word::NewProfile:
-        if (app.get_option_no_throw("NAME"))
-            positional(app, "NEWNAME", request.newName, "Name of the new profile");
-        else
-            positional(app, "NAME", request.name, "Name of the new profile");
-        break;
-    case Word::Profiles:
-        app.add_option("NAME", request.names, "Names of stored profiles")->type_name("");
-        break;
-    case Word::Assignments:
-        app.add_option("FIELD=VALUE", request.assignments, "Fields and their new values")
-            ->type_name("");
+    const WordMeaning& meaning = meaningOf(word);
+    CLI::Option* option = meaning.text
+                              ? app.add_option(meaning.name, request.*meaning.text, meaning.help)
+                              : app.add_option(meaning.name, request.*meaning.texts, meaning.help);
+    option->required(meaning.isRequired)->type_name("");
+    if (word == Word::Assignments)
         app.footer(fieldHelp());
-        break;
-    case Word::File:
-        positional(app, "FILE", request.file, "File to read, - for the standard input");
-        break;
-    case Word::Setting:
-        positional(app, "NAME", request.name, "Name of the setting");
-        break;
-    case Word::SettingValue:
-        positional(app, "VALUE", request.value, "New value");
-        break;
-    case Word::Feature:
-        positional(app, "NUMBER", request.name, "Number of the feature; 431 is WiFi");
-        break;
-    case Word::FeatureValue:
-        positional(app, "VALUE", request.value, "on or off");
-        break;
-    }
 }
 
-void addPasswords(CLI::App& app, Request& request)
+void addOption(CLI::App& app, const Option& option, Request& request)
 {
-    const auto pair = [&](const char* flag, bool& ask, const char* option, std::string& file,
-                          const std::string& what) {
-        app.add_flag(flag, ask, "Ask for the " + what + ", or read a line of the standard input");
-        app.add_option(option, file, "Read the " + what + " from a file")->type_name("FILE");
-    };
-    pair("--password", request.askPassword, "--password-file", request.passwordFile,
-         "GPRS password");
-    pair("--csd-password", request.askCsdPassword, "--csd-password-file", request.csdPasswordFile,
-         "CSD password");
+    if (option.on) {
+        app.add_flag(option.names, request.*option.on, option.help);
+        return;
+    }
+    CLI::Option* added = app.add_option(option.names, request.*option.text, option.help);
+    added->type_name(option.value);
+    if (option.problem)
+        added->check(CLI::Validator(option.problem, ""));
 }
 
-void addFlag(CLI::App& app, Flag flag, Request& request)
+void addRules(CLI::App& app, Flag flag)
 {
-    switch (flag) {
-    case Flag::Json:
-        app.add_flag("--json", request.json, "Print JSON for programs");
-        break;
-    case Flag::ShowSecrets:
-        app.add_flag("--show-secrets", request.showSecrets, "Show passwords");
-        break;
-    case Flag::SecretsInJson:
-        app.add_flag("--show-secrets", request.showSecrets, "Put passwords into the JSON");
-        break;
-    case Flag::Passwords:
-        addPasswords(app, request);
-        break;
-    case Flag::OnlyNames:
-        app.add_flag("--names", request.onlyNames, "Print the names only, one a line");
-        break;
-    case Flag::All:
-        app.add_flag("--all", request.all, "Export every profile");
-        break;
-    case Flag::RawExport:
-        app.add_flag("--raw", request.raw, "Write one record as its 1168 bytes");
-        break;
-    case Flag::RawImport:
-        app.add_flag("--raw", request.raw, "The file is one record of 1168 bytes; needs --name");
-        break;
-    case Flag::Output:
-        app.add_option("--output,-o", request.file, "Write to a file that only you can read")
-            ->type_name("FILE")
-            ->check(CLI::Validator(emptyProblem, ""));
-        break;
-    case Flag::NewName:
-        app.add_option("--name", request.name, "Store the file's one profile under this name")
-            ->type_name("NAME");
-        break;
-    case Flag::Replace:
-        app.add_flag("--replace", request.replace, "Replace stored profiles of the same names");
-        break;
-    case Flag::Hold:
-        app.add_flag("--hold", request.hold, "Keep the link until Ctrl-C, or until it breaks");
-        break;
-    case Flag::Timeout:
-        app.add_option("--timeout", request.timeout, "Give up when the link is not open in time")
-            ->type_name("SECONDS")
-            ->check(CLI::Validator(timeoutProblem, ""));
-        break;
-    case Flag::Type:
-        app.add_option("--type", request.type,
-                       "integer, text or truth; by default the setting's own")
-            ->type_name("TYPE")
-            ->check(CLI::Validator(typeProblem, ""));
-        break;
-    }
+    if (flag == Flag::SecretsInJson)
+        app.get_option("--show-secrets")->needs(app.get_option("--json"));
+    if (flag == Flag::RawExport)
+        app.get_option("--raw")->excludes(app.get_option("--json"));
+    if (flag == Flag::Terse)
+        app.get_option("--terse")->excludes(app.get_option("--json"));
+    if (flag == Flag::OnlyNames)
+        app.get_option("--names")->excludes(app.get_option("--fields"));
 }
 
 void addCommand(CLI::App& app, const Command& command, Request& request, const Command*& chosen)
@@ -181,13 +81,11 @@ void addCommand(CLI::App& app, const Command& command, Request& request, const C
     for (const Word word : command.words)
         addWord(app, word, request);
     for (const Flag flag : command.flags)
-        addFlag(app, flag, request);
-    for (const Flag flag : command.flags) {
-        if (flag == Flag::SecretsInJson)
-            app.get_option("--show-secrets")->needs(app.get_option("--json"));
-        if (flag == Flag::RawExport)
-            app.get_option("--raw")->excludes(app.get_option("--json"));
-    }
+        for (const Option& option : options())
+            if (option.flag == flag)
+                addOption(app, option, request);
+    for (const Flag flag : command.flags)
+        addRules(app, flag);
     app.callback([&command, &chosen] { chosen = &command; });
 }
 
@@ -244,6 +142,40 @@ int complete(const CLI::App& app, int argc, char** argv)
     return 0;
 }
 
+// Does what was asked; a failure of the line that says nothing of a way out names the help.
+int runChosen(const Command& command, const Request& request, const HiddenWord& hidden)
+{
+    try {
+        return command.run(request);
+    } catch (const Failure& failure) {
+        const bool isHelpless = failure.status() == Exit::Usage && failure.advice().empty();
+        throw hidden.hiddenIn(
+            isHelpless ? Failure(failure.status(), failure.what(), helpPointer(command)) : failure);
+    }
+}
+
+int parseAndRun(CLI::App& app, std::vector<std::string> words, const Request& request,
+                const Command*& chosen)
+{
+    const HiddenWord hidden(words);
+    checkCommandWords(app, words);
+    refusePasswords(words);
+    refuseValuesOfFlags(app, words);
+    std::reverse(words.begin(), words.end()); // as the parser takes them
+    try {
+        app.parse(std::move(words));
+    } catch (const CLI::CallForHelp&) {
+        print(app.help());
+        return 0;
+    } catch (const CLI::CallForVersion& version) {
+        print(std::string(version.what()) + '\n');
+        return 0;
+    } catch (const CLI::ParseError& error) {
+        throw hidden.hiddenIn(parseFailure(app, error));
+    }
+    return runChosen(*chosen, request, hidden);
+}
+
 } // namespace
 
 int runCommandLine(int argc, char** argv)
@@ -259,22 +191,7 @@ int runCommandLine(int argc, char** argv)
     addCommands(app, request, chosen);
     if (argc >= 3 && std::strcmp(argv[1], "--complete") == 0)
         return complete(app, argc, argv);
-    std::vector<std::string> words = wordsOf(argc, argv);
-    checkCommandWords(app, words);
-    refusePasswords(words);
-    std::reverse(words.begin(), words.end()); // as the parser takes them
-    try {
-        app.parse(std::move(words));
-    } catch (const CLI::CallForHelp&) {
-        print(app.help());
-        return 0;
-    } catch (const CLI::CallForVersion& version) {
-        print(std::string(version.what()) + '\n');
-        return 0;
-    } catch (const CLI::ParseError& error) {
-        throw parseFailure(app, error);
-    }
-    return chosen->run(request);
+    return parseAndRun(app, wordsOf(argc, argv), request, chosen);
 }
 
 } // namespace ctl

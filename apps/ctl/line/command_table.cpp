@@ -1,6 +1,18 @@
 #include "line/command_table.h"
 
+#include "profile/columns.h"
+
 namespace ctl {
+
+static std::vector<std::string> settingFields()
+{
+    return {"name", "type", "value"};
+}
+
+static std::vector<std::string> featureFields()
+{
+    return {"number", "available", "meaning"};
+}
 
 const std::vector<Group>& groups()
 {
@@ -14,87 +26,46 @@ const std::vector<Group>& groups()
     return table;
 }
 
+// clang-format off
 const std::vector<Command>& commands()
 {
     static const std::vector<Command> table = {
-        {"profile",
-         "list",
-         "List the stored profiles",
-         {},
-         {Flag::OnlyNames, Flag::SecretsInJson, Flag::Json},
-         profileList},
-        {"profile",
-         "show",
-         "Show one profile",
-         {Word::Profile},
-         {Flag::ShowSecrets, Flag::Json},
-         profileShow},
-        {"profile",
-         "create",
-         "Store a new profile",
-         {Word::NewProfile, Word::Assignments},
-         {Flag::Passwords, Flag::SecretsInJson, Flag::Json},
-         profileCreate},
-        {"profile",
-         "set",
-         "Change fields of a stored profile",
-         {Word::Profile, Word::Assignments},
-         {Flag::Passwords, Flag::SecretsInJson, Flag::Json},
-         profileSet},
-        {"profile",
-         "copy",
-         "Store a copy of a profile under another name",
-         {Word::Profile, Word::NewProfile},
-         {Flag::SecretsInJson, Flag::Json},
-         profileCopy},
-        {"profile",
-         "rename",
-         "Give a profile another name",
-         {Word::Profile, Word::NewProfile},
-         {Flag::Json},
-         profileRename},
-        {"profile",
-         "delete",
-         "Remove a profile, a damaged one too",
-         {Word::Profile},
-         {Flag::Json},
-         profileDelete},
-        {"profile",
-         "export",
-         "Write profiles as JSON, every bit of them",
-         {Word::Profiles},
-         {Flag::All, Flag::Output, Flag::RawExport, Flag::ShowSecrets, Flag::Json},
-         profileExport},
-        {"profile",
-         "import",
-         "Store profiles from a file that export has written",
-         {Word::File},
-         {Flag::NewName, Flag::Replace, Flag::RawImport, Flag::SecretsInJson, Flag::Json},
-         profileImport},
-        {"link",
-         "open",
-         "Open a link, print each indication, close it",
-         {Word::Profile},
-         {Flag::Hold, Flag::Timeout, Flag::Json},
-         linkOpen},
+        {"profile", "list", "List the stored profiles", {},
+         {Flag::OnlyNames, Flag::Fields, Flag::Terse, Flag::SecretsInJson, Flag::Json}, profileList, profileColumns},
+        {"profile", "show", "Show one profile", {Word::Profile},
+         {Flag::Fields, Flag::Terse, Flag::ShowSecrets, Flag::Json}, profileShow, profileColumns},
+        {"profile", "create", "Store a new profile", {Word::NewProfile, Word::Assignments},
+         {Flag::Passwords, Flag::SecretsInJson, Flag::Json}, profileCreate},
+        {"profile", "set", "Change fields of a stored profile", {Word::Profile, Word::Assignments},
+         {Flag::Passwords, Flag::SecretsInJson, Flag::Json}, profileSet},
+        {"profile", "copy", "Store a copy of a profile under another name", {Word::Profile, Word::OtherName},
+         {Flag::SecretsInJson, Flag::Json}, profileCopy},
+        {"profile", "rename", "Give a profile another name", {Word::Profile, Word::OtherName},
+         {Flag::Json}, profileRename},
+        {"profile", "delete", "Remove profiles, damaged ones too", {Word::ProfilesToDelete},
+         {Flag::Json}, profileDelete},
+        {"profile", "export", "Write profiles as JSON, every bit of them", {Word::Profiles},
+         {Flag::All, Flag::Output, Flag::RawExport, Flag::ShowSecrets, Flag::Json}, profileExport},
+        {"profile", "import", "Store profiles from a file that export has written", {Word::File},
+         {Flag::NewName, Flag::Replace, Flag::RawImport, Flag::SecretsInJson, Flag::Json}, profileImport},
+        {"link", "open", "Open a link, print each indication, close it", {Word::Profile},
+         {Flag::Hold, Flag::Timeout, Flag::Json}, linkOpen},
         {"setting", "get", "Print one setting", {Word::Setting}, {Flag::Json}, settingGet},
-        {"setting",
-         "set",
-         "Change or add one setting",
-         {Word::Setting, Word::SettingValue},
-         {Flag::Type, Flag::Json},
-         settingSet},
-        {"setting", "list", "List the settings", {}, {Flag::Json}, settingList},
-        {"feature", "list", "List the features", {}, {Flag::Json}, featureList},
-        {"feature",
-         "set",
-         "Switch a feature on or off",
-         {Word::Feature, Word::FeatureValue},
-         {Flag::Json},
-         featureSet},
+        {"setting", "set", "Change or add one setting", {Word::Setting, Word::SettingValue},
+         {Flag::Type, Flag::Json}, settingSet},
+        {"setting", "delete", "Remove settings", {Word::Settings}, {Flag::Json}, settingDelete},
+        {"setting", "list", "List the settings", {}, {Flag::Fields, Flag::Terse, Flag::Json},
+         settingList, settingFields},
+        {"feature", "get", "Print whether a feature is on or off", {Word::Feature}, {Flag::Json}, featureGet},
+        {"feature", "set", "Switch a feature on or off", {Word::Feature, Word::FeatureValue},
+         {Flag::Json}, featureSet},
+        {"feature", "delete", "Remove features", {Word::Features}, {Flag::Json}, featureDelete},
+        {"feature", "list", "List the features", {}, {Flag::Fields, Flag::Terse, Flag::Json},
+         featureList, featureFields},
         {"doctor", "", "Look for damage, and say what to do", {}, {Flag::Json}, doctor},
     };
     return table;
 }
+// clang-format on
 
 } // namespace ctl

@@ -4,39 +4,10 @@
 
 #include <vector>
 
+#include "line/arguments.h"
 #include "line/request.h"
 
 namespace ctl {
-
-// What one word after the command stands for.
-enum class Word {
-    Profile,
-    NewProfile,
-    Profiles,
-    Assignments,
-    File,
-    Setting,
-    SettingValue,
-    Feature,
-    FeatureValue
-};
-
-enum class Flag {
-    Json,
-    ShowSecrets,
-    SecretsInJson, // of a command that shows no password to people
-    Passwords,
-    OnlyNames,
-    All,
-    RawExport,
-    RawImport,
-    Output,
-    NewName,
-    Replace,
-    Hold,
-    Timeout,
-    Type
-};
 
 struct Command
 {
@@ -46,6 +17,8 @@ struct Command
     std::vector<Word> words;
     std::vector<Flag> flags;
     int (*run)(const Request& request);
+    // What --fields can name; null for a command without it.
+    std::vector<std::string> (*fields)() = nullptr;
 };
 
 struct Group

@@ -7,13 +7,24 @@
 #include "line/line_failures.h"
 #include "profile/store.h"
 #include "profile/values.h"
+#include "settings/settings_host.h"
 #include "terminal_text.h"
 
 namespace ctl {
 
 namespace {
 
+using Names = std::vector<std::string>;
+
 const char files[] = "@files";
+
+Names childNames(const CLI::App& app)
+{
+    Names names;
+    for (const CLI::App* child : app.get_subcommands([](const CLI::App*) { return true; }))
+        names.push_back(child->get_name());
+    return names;
+}
 
 const CLI::App* childOf(const CLI::App& app, const std::string& name)
 {
@@ -23,25 +34,48 @@ const CLI::App* childOf(const CLI::App& app, const std::string& name)
     return nullptr;
 }
 
-std::vector<std::string> childNames(const CLI::App& app)
+const Command* commandOf(const CLI::App& leaf)
 {
-    std::vector<std::string> names;
-    for (const CLI::App* child : app.get_subcommands([](const CLI::App*) { return true; }))
-        names.push_back(child->get_name());
-    return names;
-}
-
-const CLI::Option* optionOf(const CLI::App& app, const std::string& word)
-{
-    if (word.size() < 2 || word[0] != '-')
-        return nullptr;
-    for (const CLI::Option* option : app.get_options())
-        if (option->check_name(word))
-            return option;
+    const CLI::App* parent = leaf.get_parent();
+    for (const Command& command : commands())
+        if (parent && ((leaf.get_name() == command.name && parent->get_name() == command.group) ||
+                       (*command.name == '\0' && leaf.get_name() == command.group)))
+            return &command;
     return nullptr;
 }
 
-std::vector<std::string> profileNames()
+// What the words before the last one say.
+struct Line
+{
+    const CLI::App* app;
+    const Option* pending = nullptr; // an option that waits for its value
+    Names words = {};                // behind the command
+    bool onlyWords = false;          // behind "--"
+};
+
+Line lineOf(const CLI::App& app, const Names& words)
+{
+    Line line = {&app};
+    for (std::size_t i = 0; i + 1 < words.size(); ++i) {
+        const CLI::App* child = childOf(*line.app, words[i]);
+        const bool isOption = !line.onlyWords && words[i].size() > 1 && words[i][0] == '-';
+        if (line.pending)
+            line.pending = nullptr;
+        else if (child && !line.onlyWords)
+            line.app = child;
+        else if (isOption && words[i] == "--")
+            line.onlyWords = true;
+        else if (isOption)
+            line.pending = findOption(words[i]);
+        else
+            line.words.push_back(words[i]);
+        if (line.pending && line.pending->on)
+            line.pending = nullptr;
+    }
+    return line;
+}
+
+Names profileNames()
 {
     try {
         return listProfiles();
@@ -50,10 +84,38 @@ std::vector<std::string> profileNames()
     }
 }
 
-// "apn=" for each field; behind "preference=" its values.
-std::vector<std::string> assignmentsFor(const std::string& word)
+Names settingNames()
 {
-    std::vector<std::string> result;
+    settingshost::Settings settings;
+    settingshost::listSettings(&settings);
+    Names names;
+    for (const auto& [name, setting] : settings)
+        names.push_back(name);
+    return names;
+}
+
+Names settingValues(const std::string& name)
+{
+    settingshost::Setting setting;
+    const bool isTruth = settingshost::getSetting(name, &setting).isOk() &&
+                         setting.type == settingshost::Setting::Type::Truth;
+    return isTruth ? Names{"true", "false"} : Names{};
+}
+
+Names featureNumbers()
+{
+    settingshost::Features features;
+    settingshost::listFeatures(&features);
+    Names numbers;
+    for (const auto& [number, isAvailable] : features)
+        numbers.push_back(std::to_string(number));
+    return numbers;
+}
+
+// "apn=" for each field; behind "preference=" its values.
+Names assignmentsFor(const std::string& word)
+{
+    Names result;
     const std::string name = word.substr(0, word.find('='));
     const Field* field = findField(name.c_str());
     if (name.size() < word.size() && field && field->choices)
@@ -66,40 +128,81 @@ std::vector<std::string> assignmentsFor(const std::string& word)
     return result;
 }
 
-std::vector<std::string> wordsFor(Word word, const std::string& current)
+Names wordsFor(Word word, const Line& line, const std::string& current)
 {
     switch (word) {
     case Word::Profile:
     case Word::Profiles:
+    case Word::ProfilesToDelete:
         return profileNames();
     case Word::Assignments:
         return assignmentsFor(current);
     case Word::File:
         return {files};
+    case Word::Setting:
+    case Word::Settings:
+        return settingNames();
+    case Word::SettingValue:
+        return settingValues(line.words[0]);
+    case Word::Feature:
+    case Word::Features:
+        return featureNumbers();
     case Word::FeatureValue:
         return {"on", "off"};
     case Word::NewProfile:
-    case Word::Setting:
-    case Word::SettingValue:
-    case Word::Feature:
+    case Word::OtherName:
         break;
     }
     return {};
 }
 
-const Command* commandOf(const CLI::App& leaf)
+// Behind "apn,dns1," every field, with what stands before it.
+Names fieldLists(const Command* command, const std::string& current)
 {
-    const CLI::App* parent = leaf.get_parent();
-    for (const Command& command : commands())
-        if ((leaf.get_name() == command.name && parent->get_name() == command.group) ||
-            (*command.name == '\0' && leaf.get_name() == command.group))
-            return &command;
-    return nullptr;
+    Names lists;
+    const std::size_t comma = current.rfind(',');
+    const std::string before = comma == std::string::npos ? "" : current.substr(0, comma + 1);
+    if (command && command->fields)
+        for (const std::string& field : command->fields())
+            lists.push_back(before + field);
+    return lists;
 }
 
-bool takesMany(Word word)
+Names valuesOf(const Option& option, const Command* command, const std::string& current)
 {
-    return word == Word::Assignments || word == Word::Profiles;
+    if (option.flag == Flag::Type)
+        return settingTypes;
+    if (option.flag == Flag::Fields)
+        return fieldLists(command, current);
+    return std::strcmp(option.value, "FILE") == 0 ? Names{files} : Names{};
+}
+
+// "--json", or behind "--type=" its values.
+Names optionsFor(const Line& line, const std::string& current)
+{
+    const std::size_t equals = current.find('=');
+    if (equals == std::string::npos)
+        return optionNames(*line.app);
+    const std::string lead = current.substr(0, equals + 1);
+    const Option* option = findOption(current.substr(0, equals));
+    Names values;
+    if (option && !option->on)
+        for (const std::string& value :
+             valuesOf(*option, commandOf(*line.app), current.substr(equals + 1)))
+            values.push_back(value == files ? value : lead + value);
+    return values;
+}
+
+Names wordsBehind(const Command& command, const Line& line, const std::string& current)
+{
+    if (command.words.empty())
+        return {};
+    const std::size_t position = line.words.size();
+    const bool beyond = position >= command.words.size();
+    const Word last = command.words.back();
+    if (beyond && !meaningOf(last).texts)
+        return {};
+    return wordsFor(beyond ? last : command.words[position], line, current);
 }
 
 } // namespace
@@ -108,46 +211,21 @@ std::vector<std::string> candidates(const CLI::App& app, const std::vector<std::
 {
     if (words.size() > 1 && words[0] == "help") {
         const CLI::App* at = words.size() > 2 ? childOf(app, words[1]) : &app;
-        return at && words.size() <= 3 ? childNames(*at) : std::vector<std::string>{};
+        return at && words.size() <= 3 ? childNames(*at) : Names{};
     }
-    const CLI::App* at = &app;
+    const Line line = lineOf(app, words);
     const std::string& current = words.back();
-    const CLI::Option* pending = nullptr; // an option that waits for its value
-    std::size_t position = 0;
-    bool onlyWords = false; // behind "--"
-    for (std::size_t i = 0; i + 1 < words.size(); ++i) {
-        const CLI::App* child = childOf(*at, words[i]);
-        const CLI::Option* option = onlyWords ? nullptr : optionOf(*at, words[i]);
-        if (pending)
-            pending = nullptr;
-        else if (child && !onlyWords)
-            at = child;
-        else if (words[i] == "--")
-            onlyWords = true;
-        else if (option)
-            pending = option->get_items_expected_max() > 0 ? option : nullptr;
-        else
-            ++position;
-    }
-    if (pending)
-        return {pending->get_type_name() == "FILE" ? std::vector<std::string>{files}
-                                                   : std::vector<std::string>{}};
-    if (!onlyWords && !current.empty() && current[0] == '-')
-        return optionNames(*at);
-    const Command* command = commandOf(*at);
-    if (at == &app) {
-        std::vector<std::string> names = childNames(app);
+    const Command* command = commandOf(*line.app);
+    if (line.pending)
+        return valuesOf(*line.pending, command, current);
+    if (!line.onlyWords && !current.empty() && current[0] == '-')
+        return optionsFor(line, current);
+    if (command)
+        return wordsBehind(*command, line, current);
+    Names names = childNames(*line.app);
+    if (line.app == &app)
         names.emplace_back("help");
-        return names;
-    }
-    if (!command || at->get_parent() == nullptr)
-        return childNames(*at);
-    if (command->words.empty())
-        return {};
-    const bool beyond = position >= command->words.size();
-    if (beyond && !takesMany(command->words.back()))
-        return {};
-    return wordsFor(beyond ? command->words.back() : command->words[position], current);
+    return names;
 }
 
 } // namespace ctl

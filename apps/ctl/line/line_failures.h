@@ -8,6 +8,7 @@
 #include <CLI/App.hpp>
 
 #include "failure.h"
+#include "line/command_table.h"
 
 namespace ctl {
 
@@ -17,6 +18,12 @@ void checkCommandWords(const CLI::App& app, const std::vector<std::string>& word
 
 // Throws the Failure of a word that holds a password, without repeating it.
 void refusePasswords(const std::vector<std::string>& words);
+
+// Throws the Failure of a flag that is given a value: "--hold=5".
+void refuseValuesOfFlags(const CLI::App& app, const std::vector<std::string>& words);
+
+// Where more is told about a command: `"vornctl profile set --help" and "man vornctl" tell more.`
+std::string helpPointer(const Command& command);
 
 // The Failure of a line that the parser has refused with `error`.
 Failure parseFailure(const CLI::App& app, const CLI::ParseError& error);

@@ -18,7 +18,8 @@ struct Request
     std::string type;
     std::string passwordFile;
     std::string csdPasswordFile;
-    double timeout = 0; // seconds; 0 waits without an end
+    std::string fields;  // names with commas between them; "" for the usual ones
+    std::string timeout; // seconds; "" waits without an end
     bool json = false;
     bool showSecrets = false;
     bool askPassword = false;
@@ -28,6 +29,7 @@ struct Request
     bool raw = false;
     bool replace = false;
     bool hold = false;
+    bool terse = false;
 };
 
 // The commands. Each throws Failure when it cannot do what was asked, and returns the exit status.
@@ -43,9 +45,12 @@ int profileImport(const Request& request);
 int linkOpen(const Request& request);
 int settingGet(const Request& request);
 int settingSet(const Request& request);
+int settingDelete(const Request& request);
 int settingList(const Request& request);
-int featureList(const Request& request);
+int featureGet(const Request& request);
 int featureSet(const Request& request);
+int featureDelete(const Request& request);
+int featureList(const Request& request);
 int doctor(const Request& request);
 
 } // namespace ctl

@@ -1,6 +1,7 @@
 #include "profile/record.h"
 
 #include <climits>
+#include <cstring>
 #include <set>
 
 #include "failure.h"
@@ -21,51 +22,72 @@ std::vector<std::string> fieldNames()
     return names;
 }
 
-const Field& settable(const std::string& name)
+bool asksForPassword(const Request& request)
+{
+    return request.askPassword || request.askCsdPassword || !request.passwordFile.empty() ||
+           !request.csdPasswordFile.empty();
+}
+
+// Where a password is asked for, an unknown word may be one that was put there by mistake.
+Failure unknownWord(const Request& request, const std::string& word, const std::string& problem,
+                    const std::string& advice)
+{
+    const bool isShown = !asksForPassword(request);
+    return Failure(Exit::Usage,
+                   isShown ? problem + inQuotes(word) + '.'
+                           : "a word behind the profile's name is not of the form FIELD=VALUE.",
+                   isShown ? advice
+                           : "A password never stands on the command line: --password asks for it, "
+                             "and --password-file FILE reads it.");
+}
+
+const Field& settable(const Request& request, const std::string& name)
 {
     const Field* field = findField(name.c_str());
     if (field && isVisible(*field))
         return *field;
     const std::string closest = suggestion(name, fieldNames());
-    throw Failure(Exit::Usage, "a profile has no field " + inQuotes(name) + ".",
-                  closest.empty() ? "\"vornctl profile set --help\" lists the fields." : closest);
+    if (!closest.empty())
+        throw Failure(Exit::Usage, "a profile has no field " + inQuotes(name) + '.', closest);
+    throw unknownWord(request, name, "a profile has no field ", "");
 }
 
-void assignOne(const std::string& assignment, NetworkProfile& record)
+[[noreturn]] void refusePassword(const Field& field)
+{
+    throw Failure(Exit::Usage,
+                  std::string("a password does not belong on the command line, where others can "
+                              "read it (field \"") +
+                      field.name + "\").",
+                  std::string("Use --") + field.name + " to be asked for it, or --" + field.name +
+                      "-file FILE.");
+}
+
+// "password:SECRET" and "password SECRET" are meant as "password=SECRET" is.
+[[noreturn]] void failWithoutValue(const Request& request, const std::string& word)
+{
+    for (const Field& field : fields())
+        if (field.kind == Kind::Secret && word.compare(0, std::strlen(field.name), field.name) == 0)
+            refusePassword(field);
+    const std::string name = word.substr(0, word.find(':'));
+    const Field* field = findField(name.c_str());
+    if (field && isVisible(*field))
+        throw Failure(Exit::Usage, inQuotes(name) + " is not of the form FIELD=VALUE.",
+                      "Put \"=\" behind the field: " + name + "=VALUE");
+    throw unknownWord(request, word, "there is no \"=\" in the word ",
+                      "Fields are given as FIELD=VALUE, for example apn=internet timeout=15.");
+}
+
+void assignOne(const Request& request, const std::string& assignment, NetworkProfile& record)
 {
     const std::size_t equals = assignment.find('=');
     if (equals == std::string::npos)
-        throw Failure(Exit::Usage, inQuotes(assignment) + " is not of the form FIELD=VALUE.",
-                      "For example: apn=internet timeout=15");
-    const Field& field = settable(assignment.substr(0, equals));
+        failWithoutValue(request, assignment);
+    const Field& field = settable(request, assignment.substr(0, equals));
     const std::string value = assignment.substr(equals + 1);
     if (field.kind == Kind::Secret && !value.empty())
-        throw Failure(
-            Exit::Usage,
-            std::string("a password does not belong on the command line, where others can "
-                        "read it (field \"") +
-                field.name + "\").",
-            std::string("Use --") + field.name + " to be asked for it, or --" + field.name +
-                "-file FILE.");
+        refusePassword(field);
     if (const auto problem = parseValue(field, value, record))
         throw Failure(Exit::Usage, std::string(field.name) + ": " + *problem + ".");
-}
-
-Json jsonValue(const Field& field, const NetworkProfile& record)
-{
-    switch (field.kind) {
-    case Kind::Minutes:
-    case Kind::Port:
-    case Kind::Mark:
-        return numberOf(field, record);
-    case Kind::Text:
-    case Kind::Secret:
-    case Kind::Address:
-    case Kind::Choice:
-    case Kind::Kept:
-        break;
-    }
-    return valueText(field, record);
 }
 
 bool isZero(const Field& field, const NetworkProfile& record)
@@ -93,11 +115,28 @@ bool importField(const Field& field, const base::JsonValue& value, NetworkProfil
 
 } // namespace
 
-void assign(const std::vector<std::string>& assignments, NetworkProfile& record)
+Json jsonValue(const Field& field, const NetworkProfile& record)
+{
+    switch (field.kind) {
+    case Kind::Minutes:
+    case Kind::Port:
+    case Kind::Mark:
+        return numberOf(field, record);
+    case Kind::Text:
+    case Kind::Secret:
+    case Kind::Address:
+    case Kind::Choice:
+    case Kind::Kept:
+        break;
+    }
+    return valueText(field, record);
+}
+
+void assign(const Request& request, NetworkProfile& record)
 {
     std::set<std::string> assigned;
-    for (const std::string& assignment : assignments) {
-        assignOne(assignment, record);
+    for (const std::string& assignment : request.assignments) {
+        assignOne(request, assignment, record);
         const std::string name = assignment.substr(0, assignment.find('='));
         if (!assigned.insert(name).second)
             throw Failure(Exit::Usage, "the field " + inQuotes(name) + " is given twice.");

@@ -105,9 +105,16 @@ std::string askFor(const Field& field)
     return readLine();
 }
 
-std::string fromFile(const std::string& path)
+// What stands in the place of the file's name may be the password itself, and is not repeated.
+std::string fromFile(const std::string& option, const std::string& path)
 {
-    std::string text = readFile(path, longestLine, Exit::Password);
+    std::string text;
+    try {
+        text = readFile(path, longestLine, Exit::Password, "the file of " + option);
+    } catch (const Failure& failure) {
+        throw Failure(failure.status(), failure.what(),
+                      option + " takes the name of a file in which the password is the one line.");
+    }
     if (!text.empty() && text.back() == '\n')
         text.pop_back();
     return withoutReturn(text);
@@ -121,7 +128,8 @@ void take(const char* name, bool ask, const std::string& file, NetworkProfile& r
         throw Failure(Exit::Usage,
                       std::string("--") + name + " and --" + name + "-file do not go together.");
     const Field& field = *findField(name);
-    const std::string password = ask ? askFor(field) : fromFile(file);
+    const std::string password =
+        ask ? askFor(field) : fromFile(std::string("--") + name + "-file", file);
     if (const auto problem = parseValue(field, password, record))
         throw Failure(Exit::Usage, std::string(name) + ": " + *problem + ".");
 }

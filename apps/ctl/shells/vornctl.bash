@@ -23,6 +23,7 @@ _vornctl()
     mapfile -t found < <(vornctl --complete "${words[@]:1:cword-1}" "$typed" 2>/dev/null)
     COMPREPLY=()
     if [[ ${found[0]-} == @files ]]; then
+        [[ $cur == --*=* ]] && cur=${cur#*=} # readline replaces only what follows a '='
         _filedir
         return
     fi

@@ -86,7 +86,7 @@ VORN_PLATFORM_API Result getSetting(const std::string& name, Setting* setting);
 // Access, Full, Io, Busy.
 VORN_PLATFORM_API Result setSetting(const std::string& name, const Setting& setting);
 
-// Removes one node. Result: Ok, Name, NoNode, Broken, Root, Access, Full, Io.
+// Removes one node. Result: Ok, Name, NoNode, Broken, Root, Access, Full, Io, Busy.
 VORN_PLATFORM_API Result removeSetting(const std::string& name);
 
 // All nodes of usable values, in the order of the file. A missing file has none. Result: Ok,
@@ -98,7 +98,7 @@ VORN_PLATFORM_API Result listSettings(Settings* settings);
 VORN_PLATFORM_API Result setFeature(int number, bool isAvailable);
 
 // Removes a feature from the file, so that it is not available. Result: Ok, Number, NoNode, Broken,
-// Root, Access, Full, Io.
+// Root, Access, Full, Io, Busy.
 VORN_PLATFORM_API Result removeFeature(int number);
 
 // The features that the file names, by number; all others are not available. A missing file names
