@@ -256,7 +256,8 @@ VORN_PLATFORM_API int NAPI_GetDeviceInfo(int linkId, int item, void* buffer, int
 // the network gave, else those that this machine uses itself. Writes etc/resolv.conf below the
 // root, whole or not at all, and waits for the disk. Result: 0. Errors: NAPI_ERR_NOT_INITIALISED,
 // NAPI_ERR_NO_LINK, NAPI_ERR_LINK_NOT_UP, NAPI_ERR_MEMORY_FULL, NAPI_ERR_ACCESS, NAPI_ERR_IO,
-// NAPI_ERR_ROOT, NAPI_ERR_RESOURCES, NAPI_ERR_BUSY (waits as NAPI_CreateProfile does).
+// NAPI_ERR_ROOT, NAPI_ERR_RESOURCES, NAPI_ERR_BUSY (waits as NAPI_CreateProfile
+// does), and NAPI_ERR_NOT_SYNCED: the file is written.
 VORN_PLATFORM_API int NAPI_DnsResolverConfig(int linkId);
 
 // Lists the stored profiles, sorted by name (byte by byte). With a null `buffer` the number of
@@ -279,14 +280,16 @@ VORN_PLATFORM_API int NAPI_ReadProfile(const char* name, NetworkProfile* out, in
 // Stores a new profile; it is on the disk when the call returns, whole or not at all. Waits for
 // another process that is writing, 10 seconds at the longest. The last two arguments are 0. Result:
 // 0. Errors: NAPI_ERR_ARGUMENT (null), NAPI_ERR_NAME, NAPI_ERR_EXISTS, NAPI_ERR_MEMORY_FULL,
-// NAPI_ERR_ACCESS, NAPI_ERR_IO, NAPI_ERR_ROOT, NAPI_ERR_RESOURCES, NAPI_ERR_BUSY.
+// NAPI_ERR_ACCESS, NAPI_ERR_IO, NAPI_ERR_ROOT, NAPI_ERR_RESOURCES, NAPI_ERR_BUSY, and
+// NAPI_ERR_NOT_SYNCED: the profile is stored.
 VORN_PLATFORM_API int NAPI_CreateProfile(const char* name, const NetworkProfile* record,
                                          int reserved1, int reserved2);
 
 // Replaces the record of a stored profile, a damaged one too; as durable and as whole as
 // NAPI_CreateProfile. The last two arguments are 0. Result: 0. Errors: NAPI_ERR_ARGUMENT (null),
 // NAPI_ERR_NAME, NAPI_ERR_NO_PROFILE, NAPI_ERR_MEMORY_FULL, NAPI_ERR_ACCESS, NAPI_ERR_IO,
-// NAPI_ERR_ROOT, NAPI_ERR_RESOURCES, NAPI_ERR_BUSY.
+// NAPI_ERR_ROOT, NAPI_ERR_RESOURCES, NAPI_ERR_BUSY, and NAPI_ERR_NOT_SYNCED: the record is
+// replaced.
 VORN_PLATFORM_API int NAPI_ModifyProfile(const char* name, const NetworkProfile* record,
                                          int reserved1, int reserved2);
 

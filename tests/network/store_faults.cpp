@@ -42,7 +42,7 @@ ino_t inodeAt(int folder, const char* name)
 
 bool isDue(Fault fault)
 {
-    return plan.fault == fault && calls.size() == plan.at;
+    return plan.fault == fault && (calls.size() == plan.at || calls.size() == plan.alsoAt);
 }
 
 } // namespace

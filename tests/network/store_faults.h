@@ -4,6 +4,7 @@
 #ifndef TESTS_NETWORK_STORE_FAULTS_H
 #define TESTS_NETWORK_STORE_FAULTS_H
 
+#include <cstdint>
 #include <string>
 #include <sys/types.h>
 #include <vector>
@@ -41,6 +42,7 @@ struct Plan
     Fault fault = Fault::None;
     size_t at = 0; // which call, counted from 0
     int error = 0;
+    size_t alsoAt = SIZE_MAX; // a second call with the same fault
 };
 
 // From begin() to end(); end() gives the calls that were made.

@@ -274,4 +274,37 @@ TEST(Root, MountedReadOnlyKeepsWhatItHasAndRefusesChanges)
     onOwnFileSystem(StoreWorld(), "size=1m", useReadOnly);
 }
 
+// Some programs set an odd umask; what the store makes has its own modes all the same.
+class StoreUmask : public testing::TestWithParam<mode_t>
+{};
+
+TEST_P(StoreUmask, TakesNothingFromTheOwnerAndGivesNothingToOthers)
+{
+    StoreWorld world;
+    const std::string root = world.root() + "/new/root";
+    setenv("VORN_ROOT", root.c_str(), 1);
+    EXPECT_EQ(asOrdinaryUser(world,
+                             [] {
+                                 umask(GetParam());
+                                 NetworkProfile record = uniformRecord(3);
+                                 EXPECT_EQ(NAPI_CreateProfile("A", &record, 0, 0), NAPI_OK);
+                                 EXPECT_EQ(NAPI_ModifyProfile("A", &record, 0, 0), NAPI_OK);
+                                 EXPECT_EQ(NAPI_CreateProfile("B", &record, 0, 0), NAPI_OK);
+                                 EXPECT_EQ(storedProfiles(), (Profiles{{"A", 3}, {"B", 3}}));
+                                 return testing::Test::HasFailure() ? 1 : 0;
+                             }),
+              0);
+    const std::string store = root + "/vornlocal/download/appwrite/NetProfile";
+    EXPECT_EQ(fs::status(root).permissions(), fs::perms(0711));
+    EXPECT_EQ(fs::status(root + "/vornlocal").permissions(), fs::perms(0700));
+    EXPECT_EQ(fs::status(store).permissions(), fs::perms(0700));
+    EXPECT_EQ(fs::status(store + "/A").permissions(), fs::perms(0700));
+    EXPECT_EQ(fs::status(store + "/A/profile").permissions(), fs::perms(0600));
+    std::vector<napihost::Finding> findings;
+    EXPECT_EQ(napihost::inspectStore(&findings), NAPI_OK);
+    EXPECT_TRUE(findings.empty());
+}
+
+INSTANTIATE_TEST_SUITE_P(Masks, StoreUmask, testing::Values(0777, 0700, 0177, 0022, 0000));
+
 } // namespace

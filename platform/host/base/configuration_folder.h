@@ -26,7 +26,7 @@ public:
     // LockedFolder does. Result: 0 or an errno. Call it once for an object.
     int open();
 
-    // Replaces or makes the file `name` in it: replaceFile().
+    // Replaces or makes the file `name` in it, as replaceFile() does and with its results.
     int replace(const std::string& name, std::string_view bytes, mode_t mode);
 
 private:

@@ -125,7 +125,7 @@ int replaceFile(int folder, const std::string& name, std::string_view bytes, mod
         unlinkat(folder, pending.c_str(), 0);
         return error;
     }
-    return syncFolder(folder);
+    return syncFolder(folder) == 0 ? 0 : kNotSynced;
 }
 
 } // namespace base

@@ -2,6 +2,7 @@
 
 #include <cerrno>
 
+#include "base/durable_file.h"
 #include "base/root.h"
 #include "napi.h"
 
@@ -34,6 +35,7 @@ const Meaning kMeanings[] = {
     {ENOMEM, NAPI_ERR_RESOURCES},
     {ENOLCK, NAPI_ERR_RESOURCES},
     {ETIMEDOUT, NAPI_ERR_BUSY}, // base::LockedFolder
+    {base::kNotSynced, NAPI_ERR_NOT_SYNCED},
 };
 
 } // namespace

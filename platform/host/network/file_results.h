@@ -8,7 +8,8 @@ namespace network {
 // NAPI_ERR_ROOT.
 int checkRoot();
 
-// A call on something inside the folder of the profiles; 0 gives NAPI_OK.
+// A call on something inside the folder of the profiles: an errno, or base::kNotSynced; 0 gives
+// NAPI_OK.
 int fileResult(int error);
 
 // A call on the folder of the profiles itself, or on one on the way to it.

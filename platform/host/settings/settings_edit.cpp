@@ -20,6 +20,10 @@ static Result failed(const std::string& path, int error)
     const Code code = settingsfiles::codeOf(error);
     if (code == Code::Busy)
         return {code, path + ": another program is writing and has not ended for 10 seconds"};
+    if (code == Code::NotSynced)
+        return {code, path +
+                          ": the change is made, but the disk has not confirmed that it outlives "
+                          "a loss of power"};
     return {code, path + ": " + std::strerror(error)};
 }
 

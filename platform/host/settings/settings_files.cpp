@@ -7,6 +7,7 @@
 
 #include <sys/stat.h>
 
+#include "base/durable_file.h"
 #include "base/root.h"
 
 namespace settingsfiles {
@@ -34,6 +35,8 @@ Code codeOf(int error)
         return Code::Root;
     case ETIMEDOUT:
         return Code::Busy;
+    case base::kNotSynced:
+        return Code::NotSynced;
     default:
         return Code::Io;
     }

@@ -83,7 +83,7 @@ VORN_PLATFORM_API bool isReadAsInteger(const std::string& name);
 VORN_PLATFORM_API Result getSetting(const std::string& name, Setting* setting);
 
 // Sets one node, or makes it; a node may change its type. Result: Ok, Name, Value, Broken, Root,
-// Access, Full, Io, Busy.
+// Access, Full, Io, Busy, NotSynced.
 VORN_PLATFORM_API Result setSetting(const std::string& name, const Setting& setting);
 
 // Removes one node. Result: Ok, Name, NoNode, Broken, Root, Access, Full, Io, Busy.
@@ -94,7 +94,7 @@ VORN_PLATFORM_API Result removeSetting(const std::string& name);
 VORN_PLATFORM_API Result listSettings(Settings* settings);
 
 // Sets whether the feature of this number is available. Result: Ok, Number, Broken, Root, Access,
-// Full, Io, Busy.
+// Full, Io, Busy, NotSynced.
 VORN_PLATFORM_API Result setFeature(int number, bool isAvailable);
 
 // Removes a feature from the file, so that it is not available. Result: Ok, Number, NoNode, Broken,

@@ -56,7 +56,7 @@ static int resultOf(int error)
     int result = fileResult(error);
     bool listed = result == NAPI_OK || result == NAPI_ERR_MEMORY_FULL ||
                   result == NAPI_ERR_ACCESS || result == NAPI_ERR_RESOURCES ||
-                  result == NAPI_ERR_BUSY;
+                  result == NAPI_ERR_BUSY || result == NAPI_ERR_NOT_SYNCED;
     return listed ? result : NAPI_ERR_IO;
 }
 

@@ -45,12 +45,6 @@ int swapIn(Place from, Place to)
     return error;
 }
 
-void swapBack(Place from, Place to)
-{
-    if (moveWith(RENAME_EXCHANGE, from, to) == ENOENT)
-        moveWith(0, to, from);
-}
-
 static int removeAllBut(int folder, const char* kept)
 {
     std::vector<Entry> entries;
@@ -59,33 +53,46 @@ static int removeAllBut(int folder, const char* kept)
     for (const Entry& entry : entries) {
         if (entry.name == kept)
             continue;
-        if (int error = removeTree({folder, entry.name.c_str()}, ""))
+        if (int error = removeTree({folder, entry.name.c_str()}))
             return error;
     }
     return 0;
 }
 
-static int emptyFolder(Place place, const char* last)
+static base::UniqueFd openFolderAt(Place place)
 {
-    base::UniqueFd folder(base::retried([&] {
+    return base::UniqueFd(base::retried([&] {
         return openat(place.folder, place.name, O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
     }));
-    if (!folder.isOpen())
-        return errno;
-    if (int error = removeAllBut(folder.get(), last))
-        return error;
-    return *last ? removeTree({folder.get(), last}, "") : 0;
 }
 
-int removeTree(Place place, const char* last)
+int removeTree(Place place)
 {
     if (unlinkat(place.folder, place.name, 0) == 0 || errno == ENOENT)
         return 0;
     if (errno != EISDIR)
         return errno;
-    if (int error = emptyFolder(place, last))
-        return error;
+    {
+        base::UniqueFd folder = openFolderAt(place);
+        if (!folder.isOpen())
+            return errno;
+        if (int error = removeAllBut(folder.get(), ""))
+            return error;
+    }
     return unlinkat(place.folder, place.name, AT_REMOVEDIR) == 0 ? 0 : errno;
+}
+
+int removeFolder(Place place, const char* last)
+{
+    base::UniqueFd folder = openFolderAt(place);
+    if (!folder.isOpen())
+        return errno == ENOTDIR || errno == ELOOP ? removeTree(place) : errno;
+    if (int error = removeAllBut(folder.get(), last))
+        return error;
+    if (int error = removeTree({folder.get(), last}))
+        return error;
+    unlinkat(place.folder, place.name, AT_REMOVEDIR);
+    return 0;
 }
 
 } // namespace store

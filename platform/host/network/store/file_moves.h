@@ -18,13 +18,14 @@ int moveToFree(Place from, Place to);
 // exchange two entries in one step (all of Linux's own do), else it is gone.
 int swapIn(Place from, Place to);
 
-// Undoes swapIn(from, to).
-void swapBack(Place from, Place to);
-
 // Removes an entry, of a folder all that is in it too, without following symbolic links. An entry
-// that does not exist is no error. A file called `last` in the folder goes last, so that a folder
-// that cannot be emptied keeps it.
-int removeTree(Place place, const char* last);
+// that does not exist is no error.
+int removeTree(Place place);
+
+// Removes a folder like that, the entry `last` in it after all others. Once that one has gone the
+// folder counts as removed, though an empty one may be left: an error says that `last`, or what is
+// no folder, is there still.
+int removeFolder(Place place, const char* last);
 
 } // namespace store
 

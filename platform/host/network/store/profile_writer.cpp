@@ -52,14 +52,19 @@ int ProfileWriter::open(IfMissing ifMissing)
     return error ? network::rootResult(error) : network::fileResult(sweep());
 }
 
-// Leftovers that may not be removed are put aside, so that they do not stop the writers for good.
+// A leftover may be a profile on its way out, and its record must not go before the disk knows that
+// it has lost its name. Leftovers that may not be removed are put aside, so that they do not stop
+// the writers for good.
 int ProfileWriter::sweep()
 {
     Place pending{m_folder.fd(), kPendingName};
-    int error = removeTree(pending, "");
     struct stat status;
-    if (network::fileResult(error) != NAPI_ERR_ACCESS ||
-        fstatat(pending.folder, pending.name, &status, AT_SYMLINK_NOFOLLOW) != 0)
+    if (fstatat(pending.folder, pending.name, &status, AT_SYMLINK_NOFOLLOW) != 0)
+        return errno == ENOENT ? 0 : errno;
+    if (int error = base::syncFolder(m_folder.fd()))
+        return error;
+    int error = removeTree(pending);
+    if (network::fileResult(error) != NAPI_ERR_ACCESS)
         return error;
     std::string aside = kAsidePrefix + std::to_string(status.st_ino);
     return moveToFree(pending, {m_folder.fd(), aside.c_str()});
@@ -68,7 +73,7 @@ int ProfileWriter::sweep()
 // Removes what this writer does not need any more; where that fails, the next writer tries again.
 void ProfileWriter::discardPending()
 {
-    removeTree({m_folder.fd(), kPendingName}, "");
+    removeTree({m_folder.fd(), kPendingName});
 }
 
 // A folder's link count tells how many folders are in it, on file systems that keep it (a count
@@ -111,17 +116,18 @@ int ProfileWriter::buildFolder(const NetworkProfile& record)
     return base::syncFolder(profile.get());
 }
 
-// One step to another name, confirmed by the disk, or taken back.
+// One step to another name, which stands when it is made: taking it back could not be confirmed
+// either, by a disk that has just failed.
 int ProfileWriter::move(const char* from, const char* to)
 {
-    Place old{m_folder.fd(), from}, fresh{m_folder.fd(), to};
-    int error = moveToFree(old, fresh);
-    if (error == 0) {
-        error = base::syncFolder(m_folder.fd());
-        if (error != 0)
-            moveToFree(fresh, old);
-    }
-    return error;
+    if (int error = moveToFree({m_folder.fd(), from}, {m_folder.fd(), to}))
+        return error;
+    return confirm();
+}
+
+int ProfileWriter::confirm()
+{
+    return base::syncFolder(m_folder.fd()) == 0 ? 0 : base::kNotSynced;
 }
 
 int ProfileWriter::create(const std::string& name, const NetworkProfile& record)
@@ -133,7 +139,7 @@ int ProfileWriter::create(const std::string& name, const NetworkProfile& record)
         error = buildFolder(record);
     if (error == 0)
         error = move(kPendingName, name.c_str());
-    if (error != 0)
+    if (error != 0 && error != base::kNotSynced)
         discardPending();
     // ENOENT: the store itself was taken away from under this writer.
     return error == ENOENT ? int(NAPI_ERR_IO) : network::fileResult(error);
@@ -150,12 +156,7 @@ int ProfileWriter::replaceRecord(int profile, const NetworkProfile& record)
         return error;
     // The profile's own name may be newer than the disk knows, where another program has renamed
     // it; so the folder of the profiles is synced too.
-    error = base::syncFolder(profile);
-    if (error == 0)
-        error = base::syncFolder(m_folder.fd());
-    if (error != 0)
-        swapBack(pending, place);
-    return error;
+    return base::syncFolder(profile) == 0 ? confirm() : base::kNotSynced;
 }
 
 // For a profile that is damaged so far that not even its folder is one.
@@ -167,9 +168,7 @@ int ProfileWriter::replaceFolder(const std::string& name, const NetworkProfile& 
         return error;
     if ((error = swapIn(pending, place)) != 0)
         return error;
-    if ((error = base::syncFolder(m_folder.fd())) != 0)
-        swapBack(pending, place);
-    return error;
+    return confirm();
 }
 
 int ProfileWriter::modify(const std::string& name, const NetworkProfile& record)
@@ -184,16 +183,22 @@ int ProfileWriter::modify(const std::string& name, const NetworkProfile& record)
     return network::fileResult(error);
 }
 
+static bool isBack(int error)
+{
+    return error == 0 || error == base::kNotSynced;
+}
+
+// Where the disk has not confirmed the new name, the record stays behind it for the next writer, so
+// that a loss of power brings back the whole profile or nothing.
 int ProfileWriter::remove(const std::string& name)
 {
     if (int error = move(name.c_str(), kPendingName))
         return network::fileResult(error);
-    int error = removeTree({m_folder.fd(), kPendingName}, kRecordName);
-    std::string record = std::string(kPendingName) + "/" + kRecordName;
-    if (error == 0 || recordStatus(m_folder.fd(), record.c_str()).state == RecordState::Missing)
-        return NAPI_OK; // the next writer removes an empty folder
-    // The record stays where people look for it: it holds passwords.
-    move(kPendingName, name.c_str());
+    int error = removeFolder({m_folder.fd(), kPendingName}, kRecordName);
+    // A record that cannot be removed stays where people look for it: it holds passwords. Where it
+    // cannot be put back either the profile is gone, and the rest is left to the next writer.
+    if (error == 0 || !isBack(move(kPendingName, name.c_str())))
+        return NAPI_OK;
     return network::fileResult(error);
 }
 

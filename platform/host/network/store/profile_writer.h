@@ -1,5 +1,6 @@
 // Changing the stored profiles: each change is one step of the file system, prepared and brought to
-// the disk before, confirmed by the disk after. A change that fails has changed nothing.
+// the disk before, confirmed by the disk after. A change that fails has changed nothing; one that
+// only the disk has not confirmed stands, and is NAPI_ERR_NOT_SYNCED.
 #ifndef NETWORK_PROFILE_WRITER_H
 #define NETWORK_PROFILE_WRITER_H
 
@@ -34,6 +35,7 @@ private:
     int replaceRecord(int profile, const NetworkProfile& record);
     int replaceFolder(const std::string& name, const NetworkProfile& record);
     int move(const char* from, const char* to);
+    int confirm();
 
     base::LockedFolder m_folder;
 };
