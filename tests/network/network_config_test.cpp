@@ -73,7 +73,7 @@ const Row rows[] = {
     {"GuardIsLongerThanADay",
      "{\"guards\": {\"secretMs\": 86400001}}",
      {":1: guards.secretMs: expected an integer from 1 to 86400000, found the number 86400001; "
-      "using 5000 instead"}},
+      "using 4500 instead"}},
     {"UnknownGuard",
      "{\"guards\": {\"modemMs\": 5}}",
      {":1: guards.modemMs: expected one of the keys replyMs, cellularMs, wifiMs, secretMs, found "

@@ -42,7 +42,7 @@ struct GuardTimes
     Milliseconds reply{10000};    // for the answer to a question
     Milliseconds cellular{90000}; // for packet data, registration included
     Milliseconds wifi{60000};     // for WiFi, or the Ethernet in its place
-    Milliseconds secret{5000};    // for somebody who knows the PIN or a password
+    Milliseconds secret{4500};    // for somebody who knows the PIN or a password
 };
 
 struct NetworkConfig

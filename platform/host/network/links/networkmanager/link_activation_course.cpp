@@ -225,15 +225,18 @@ void LinkActivation::explain(const std::vector<ModemBearer>& bearers)
         refuse(m_lastCause);
 }
 
-// A link that is up stays, as the interface does.
+// A link that is up stays, as the interface does. The service will have other paths when it comes
+// back, and use the same names for them.
 void LinkActivation::serviceGone()
 {
-    if (m_step == Step::Up)
+    if (m_step == Step::Up) {
         m_active.clear();
-    else if (m_closed)
+        m_choice.device.path.clear();
+    } else if (m_closed) {
         finish();
-    else if (m_step != Step::Done)
+    } else if (m_step != Step::Done) {
         lose({NAPI_CAUSE_NO_SERVICE_DAEMON, 0});
+    }
 }
 
 void LinkActivation::interfaceGone()

@@ -43,7 +43,8 @@ void ModemBearers::start(BusConnection& bus, const std::string& modem, Done done
     BusCall call = bus.call({mm::kService, modem, kProperties, "Get"});
     call.text(mm::kModem).text("Bearers");
     auto handler = [this, &bus](BusMessage& reply) {
-        for (const BusValue& bearer : reply.next().elements())
+        BusValue bearers = reply.next();
+        for (const BusValue& bearer : bearers.elements())
             ask(bus, bearer.toText());
         answered();
     };
