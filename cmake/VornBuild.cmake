@@ -36,7 +36,13 @@ if(VORN_SANITIZE)
     -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer -O1)
   target_link_options(vorn_build INTERFACE -fsanitize=address,undefined)
 endif()
-target_link_options(vorn_build INTERFACE LINKER:--no-undefined LINKER:--as-needed LINKER:-z,relro,-z,now)
+# The parts of clang's sanitizers that a shared library calls are in the program.
+if(VORN_FUZZ)
+  target_compile_options(vorn_build INTERFACE -fsanitize=fuzzer-no-link)
+else()
+  target_link_options(vorn_build INTERFACE LINKER:--no-undefined)
+endif()
+target_link_options(vorn_build INTERFACE LINKER:--as-needed LINKER:-z,relro,-z,now)
 
 # vorn_hardened: the same for what is installed. The phone's C library may be older than what the stack
 # protector and the fortified calls ask of it; the debugger and the sanitizers do without.

@@ -43,32 +43,45 @@ static bool isDefaultRoute(const rtmsg& route)
            route.rtm_table == RT_TABLE_MAIN && route.rtm_type == RTN_UNICAST;
 }
 
+// Takes the number of an attribute that is as long as one.
+static void readNumber(rtattr* attribute, unsigned* number)
+{
+    if (RTA_PAYLOAD(attribute) == sizeof *number)
+        std::memcpy(number, RTA_DATA(attribute), sizeof *number);
+}
+
+// What is left of a message may be less than the blanks that fill its last part up, so it is
+// counted with a sign.
 static Route readRoute(nlmsghdr* header)
 {
     Route route;
     route.metric = 0; // a route without the attribute has the best metric
     auto message = static_cast<rtmsg*>(NLMSG_DATA(header));
-    auto left = static_cast<unsigned>(RTM_PAYLOAD(header));
+    auto left = static_cast<int>(RTM_PAYLOAD(header));
     for (rtattr* attribute = RTM_RTA(message); RTA_OK(attribute, left);
          attribute = RTA_NEXT(attribute, left)) {
         if (attribute->rta_type == RTA_OIF)
-            std::memcpy(&route.interface, RTA_DATA(attribute), sizeof route.interface);
+            readNumber(attribute, &route.interface);
         else if (attribute->rta_type == RTA_PRIORITY)
-            std::memcpy(&route.metric, RTA_DATA(attribute), sizeof route.metric);
+            readNumber(attribute, &route.metric);
     }
     return route;
 }
 
-// Goes through one datagram of the answer. False when it was the last.
-static bool scan(char* data, size_t size, Route* best)
+static bool tellsDefaultRoute(nlmsghdr* header)
 {
-    auto left = static_cast<unsigned>(size);
+    return header->nlmsg_type == RTM_NEWROUTE && header->nlmsg_len >= NLMSG_LENGTH(sizeof(rtmsg)) &&
+           isDefaultRoute(*static_cast<rtmsg*>(NLMSG_DATA(header)));
+}
+
+// Goes through one datagram of the answer. False when it was the last.
+static bool scan(char* data, int left, Route* best)
+{
     for (auto header = reinterpret_cast<nlmsghdr*>(data); NLMSG_OK(header, left);
          header = NLMSG_NEXT(header, left)) {
         if (header->nlmsg_type == NLMSG_DONE || header->nlmsg_type == NLMSG_ERROR)
             return false;
-        if (header->nlmsg_type != RTM_NEWROUTE ||
-            !isDefaultRoute(*static_cast<rtmsg*>(NLMSG_DATA(header))))
+        if (!tellsDefaultRoute(header))
             continue;
         Route route = readRoute(header);
         if (route.interface != 0 && (best->interface == 0 || route.metric < best->metric))
@@ -87,7 +100,7 @@ std::string defaultRouteInterface()
     while (more) {
         alignas(nlmsghdr) char data[32768];
         ssize_t size = ::recv(socket, data, sizeof data, 0);
-        more = size > 0 && scan(data, static_cast<size_t>(size), &best);
+        more = size > 0 && scan(data, static_cast<int>(size), &best);
     }
     ::close(socket);
     char name[IF_NAMESIZE] = "";
