@@ -55,6 +55,44 @@ VORN_PLATFORM_API int inspectStore(std::vector<Finding>* findings);
 // etc/resolv.conf, and what ended programs have left of them. A missing file is no finding.
 VORN_PLATFORM_API std::vector<Finding> inspectNetworkConfiguration();
 
+// A device that could carry a link over NetworkManager, whatever etc/network.json says.
+struct LinkDevice
+{
+    NapiBearerKind kind = NAPI_BEARER_UNKNOWN; // NAPI_BEARER_GPRS of a modem, else NAPI_BEARER_WIFI
+    bool wired = false;                        // an Ethernet, which may stand in for WiFi
+    std::string interface;                     // "wwan0"; of a modem that is not up, its port
+    std::string port;                          // NetworkManager's name of it, "cdc-wdm0"
+    std::string state;                         // "disconnected", "connected", "unavailable", ...
+    int cause = 0;  // why it carries no link now: a NapiCause, or 0 when it can
+    int detail = 0; // of that cause, as NapiDetail says
+    // Of modems; "" and -1 where nothing is known.
+    std::string operatorName;
+    std::string operatorCode; // "26201": the country and the network
+    std::string technology;   // "lte", "umts", "gsm", ...
+    std::string registration; // "home", "roaming", "searching", "denied", ...
+    std::string sim;          // "ready", "pin", "puk", "locked", "missing"
+    int signal = -1;          // percent
+};
+
+// Asks NetworkManager and ModemManager, and waits for them as long as the limit. Result: "", or why
+// nothing is known ("NetworkManager does not run").
+VORN_PLATFORM_API std::string listLinkDevices(std::vector<LinkDevice>* devices, int timeLimitMs);
+
+// What keeps packet data links from opening where etc/network.json chooses NetworkManager: a
+// service that does not run, a right that is missing, no modem, a locked SIM, no registration.
+// Nothing for other bearers. Waits as long as the limit.
+VORN_PLATFORM_API std::vector<Finding> inspectLinks(int timeLimitMs);
+
+// The operator of the SIM card as country and network, "26201"; "" without a card, or where it is
+// locked or the services do not answer within the limit.
+VORN_PLATFORM_API std::string simOperator(int timeLimitMs);
+
+// Hears of each step of the openings over NetworkManager from here on, in this process; an empty
+// function ends it. It is called on a thread of the network API, and calls nothing of it. The text
+// is for people, without any secret.
+VORN_PLATFORM_API void
+watchLinkSteps(std::function<void(int link, const std::string& text)> listener);
+
 } // namespace napihost
 
 // napihost::rootFolder() for those who know this library by its C interface only: the library for

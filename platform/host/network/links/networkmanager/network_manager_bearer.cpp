@@ -2,12 +2,9 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <cstdio>
 #include <new>
 
-#include <pwd.h>
-#include <unistd.h>
-
+#include "network/links/networkmanager/rights.h"
 #include "network/links/networkmanager/service_names.h"
 #include "network/links/networkmanager/step_report.h"
 
@@ -17,25 +14,6 @@ namespace network {
 constexpr auto kSearchPause = std::chrono::seconds(1);
 constexpr int kSearches = 10;
 
-// An ordinary user's connections belong to him alone: that takes fewer rights. The administrator's
-// belong to everybody.
-static std::string readOwner()
-{
-    char buffer[4096];
-    passwd entry = {};
-    passwd* found = nullptr;
-    uid_t user = ::geteuid();
-    if (user == 0 || ::getpwuid_r(user, &entry, buffer, sizeof buffer, &found) != 0 || !found)
-        return "";
-    return entry.pw_name;
-}
-
-static const std::string& owner()
-{
-    static const std::string name = readOwner();
-    return name;
-}
-
 NetworkManagerBearer::NetworkManagerBearer(BearerListener& listener)
     : m_listener(listener),
       m_signals([this](const std::string& path, BusMessage& signal) { signalled(path, signal); })
@@ -44,7 +22,7 @@ NetworkManagerBearer::NetworkManagerBearer(BearerListener& listener)
 void NetworkManagerBearer::prepare()
 {
     sdBus();
-    owner();
+    connectionOwner();
 }
 
 int NetworkManagerBearer::start()
@@ -98,7 +76,7 @@ void NetworkManagerBearer::open(const Opening& opening)
                                      NAPI_DETAIL_ERRNO + error);
     auto& link = m_links[opening.link];
     ActivationHost& host = *this;
-    link = std::make_unique<LinkActivation>(host, opening, owner());
+    link = std::make_unique<LinkActivation>(host, opening, connectionOwner());
     link->begin();
     sweep();
 }
@@ -294,6 +272,10 @@ void NetworkManagerBearer::opened(int link, const Device& device)
 
 void NetworkManagerBearer::failed(int link, const Cause& cause)
 {
+    if (cause.cause == NAPI_CAUSE_NOT_PERMITTED) {
+        step(link, "not permitted; this permits it: " + grantingLine());
+        tellMissingRight();
+    }
     m_listener.linkFailed(link, cause.cause, cause.detail);
 }
 

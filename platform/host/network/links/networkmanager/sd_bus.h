@@ -15,7 +15,6 @@ namespace network {
     F(sd_bus_get_events)                                                                           \
     F(sd_bus_get_timeout)                                                                          \
     F(sd_bus_process)                                                                              \
-    F(sd_bus_call)                                                                                 \
     F(sd_bus_call_async)                                                                           \
     F(sd_bus_add_match_async)                                                                      \
     F(sd_bus_slot_unref)                                                                           \

@@ -1,0 +1,214 @@
+// What the tools are told about the devices that could carry a link.
+#include <cerrno>
+#include <cstring>
+#include <utility>
+
+#include "network/links/networkmanager/bus_wait.h"
+#include "network/links/networkmanager/device_choice.h"
+#include "network/links/networkmanager/device_texts.h"
+#include "network/links/networkmanager/rights.h"
+#include "network/links/networkmanager/service_listing.h"
+#include "network/links/networkmanager/service_names.h"
+#include "network/links/networkmanager/step_report.h"
+#include "network/napi_host.h"
+#include "network/network_config.h"
+
+namespace network {
+
+using napihost::Finding;
+using napihost::LinkDevice;
+
+static const char* const kNoBus = "the machine's bus does not answer";
+static const char* const kNoService = "NetworkManager does not run";
+
+// Result: "", or why the services could not be asked.
+static std::string askServices(BusWait& wait, ServicePicture* picture)
+{
+    bool done = false;
+    ServiceListing listing;
+    auto answered = [&](const ServicePicture& told) {
+        *picture = told;
+        done = true;
+    };
+    if (wait.open() != 0 || listing.start(wait.bus(), true, answered) != 0)
+        return kNoBus;
+    if (int error = wait.until(done))
+        return error == ETIMEDOUT ? "NetworkManager does not answer" : kNoBus;
+    return picture->unreachable.cause == NAPI_CAUSE_NONE ? "" : kNoService;
+}
+
+static NapiBearerKind kindOf(const ServiceDevice& device)
+{
+    return device.type == nm::Modem ? NAPI_BEARER_GPRS : NAPI_BEARER_WIFI;
+}
+
+static bool couldCarry(const ServiceDevice& device)
+{
+    return device.type == nm::Modem || device.type == nm::Wifi || device.type == nm::Ethernet ||
+           device.type == nm::Veth;
+}
+
+static void describeModem(const ServiceModem& modem, LinkDevice* told)
+{
+    told->operatorName = modem.operatorName;
+    told->operatorCode = modem.operatorCode;
+    told->technology = technologyText(modem.technologies);
+    told->registration = registrationText(modem.registration);
+    told->signal = static_cast<int>(modem.signal);
+    told->sim = simText(modem);
+}
+
+static LinkDevice describe(const ServiceDevice& device, const ServicePicture& picture)
+{
+    LinkDevice told;
+    told.kind = kindOf(device);
+    told.wired = device.type == nm::Ethernet || device.type == nm::Veth;
+    told.interface = device.ipInterface.empty() ? device.interface : device.ipInterface;
+    told.port = device.interface;
+    told.state = deviceStateText(device.state);
+    if (const ServiceModem* modem = picture.findModem(device.modem))
+        describeModem(*modem, &told);
+    DeviceChoice choice = judgeDevice(told.kind, device, picture);
+    if (choice.way == DeviceChoice::Way::None) {
+        told.cause = choice.cause.cause;
+        told.detail = choice.cause.detail;
+    }
+    return told;
+}
+
+static Finding finding(const std::string& what, const std::string& problem,
+                       const std::string& remedy)
+{
+    return {what, problem, remedy};
+}
+
+// The right to control the network without being asked for a password.
+static bool mayControl(BusWait& wait)
+{
+    BusValue rights =
+        wait.ask(wait.bus().call({nm::kService, nm::kManagerPath, nm::kManager, "GetPermissions"}));
+    std::string told = rights.at("org.freedesktop.NetworkManager.network-control").toText();
+    return told.empty() || told == "yes";
+}
+
+static bool isRegistered(const ServiceModem& modem)
+{
+    constexpr int64_t kEnabled = 6;
+    constexpr uint32_t kHome = 1, kRoaming = 5;
+    return modem.state < kEnabled || modem.registration == kHome || modem.registration == kRoaming;
+}
+
+static void inspectDevice(const ServiceDevice& device, const ServicePicture& picture,
+                          std::vector<Finding>* findings)
+{
+    DeviceChoice choice = judgeDevice(kindOf(device), device, picture);
+    const ServiceModem* modem = picture.findModem(device.modem);
+    bool locked = modem && std::strcmp(simText(*modem), "pin") == 0;
+    if (choice.way == DeviceChoice::Way::None || locked) {
+        Hint hint = locked ? hintForSim(*modem) : hintFor(choice.cause);
+        findings->push_back(finding(device.interface, hint.problem, hint.remedy));
+    } else if (modem && !isRegistered(*modem))
+        findings->push_back(finding(device.interface,
+                                    std::string("the modem is not registered (") +
+                                        registrationText(modem->registration) + ")",
+                                    "look for a place with reception, and ask the operator "
+                                    "whether the SIM is active"));
+}
+
+static void inspectModems(const ServicePicture& picture, std::vector<Finding>* findings)
+{
+    bool any = false;
+    for (const ServiceDevice& device : picture.devices) {
+        if (device.type != nm::Modem)
+            continue;
+        any = true;
+        inspectDevice(device, picture, findings);
+    }
+    if (any)
+        return;
+    if (picture.modemService)
+        findings->push_back(finding("packet data", "there is no modem",
+                                    "plug one in; \"mmcli --list-modems\" shows those that are "
+                                    "known"));
+    else
+        findings->push_back(finding(mm::kService, "ModemManager does not run",
+                                    "sudo apt install modemmanager; sudo systemctl enable --now "
+                                    "ModemManager"));
+}
+
+static std::vector<Finding> inspect(BusWait& wait)
+{
+    std::vector<Finding> findings;
+    ServicePicture picture;
+    std::string problem = askServices(wait, &picture);
+    if (!problem.empty()) {
+        findings.push_back(finding(nm::kService, problem,
+                                   "sudo apt install network-manager; sudo systemctl enable --now "
+                                   "NetworkManager"));
+        return findings;
+    }
+    if (!mayControl(wait))
+        findings.push_back(finding(nm::kService, "this user may not open links", grantingLine()));
+    inspectModems(picture, &findings);
+    return findings;
+}
+
+// The SIM of the first modem that has one.
+static std::string operatorOfSim(BusWait& wait, const ServicePicture& picture)
+{
+    for (const ServiceModem& modem : picture.modems) {
+        BusCall question = wait.bus().call({mm::kService, modem.path, kProperties, "Get"});
+        question.text(mm::kModem).text("Sim");
+        std::string sim = objectPath(wait.ask(question));
+        if (sim.empty())
+            continue;
+        BusCall facts = wait.bus().call({mm::kService, sim, kProperties, "Get"});
+        facts.text(mm::kSim).text("OperatorIdentifier");
+        std::string code = wait.ask(facts).toText();
+        if (!code.empty())
+            return code;
+    }
+    return "";
+}
+
+} // namespace network
+
+namespace napihost {
+
+using network::BusWait;
+
+std::string listLinkDevices(std::vector<LinkDevice>* devices, int timeLimitMs)
+{
+    BusWait wait{std::chrono::milliseconds(timeLimitMs)};
+    network::ServicePicture picture;
+    devices->clear();
+    std::string problem = network::askServices(wait, &picture);
+    for (const network::ServiceDevice& device : picture.devices) {
+        if (network::couldCarry(device))
+            devices->push_back(network::describe(device, picture));
+    }
+    return problem;
+}
+
+std::vector<Finding> inspectLinks(int timeLimitMs)
+{
+    if (network::networkConfig()->bearer != network::BearerChoice::NetworkManager)
+        return {};
+    BusWait wait{std::chrono::milliseconds(timeLimitMs)};
+    return network::inspect(wait);
+}
+
+std::string simOperator(int timeLimitMs)
+{
+    BusWait wait{std::chrono::milliseconds(timeLimitMs)};
+    network::ServicePicture picture;
+    network::askServices(wait, &picture);
+    return wait.bus().isOpen() ? network::operatorOfSim(wait, picture) : "";
+}
+
+void watchLinkSteps(std::function<void(int link, const std::string& text)> listener)
+{
+    network::listenToSteps(std::move(listener));
+}
+
+} // namespace napihost
