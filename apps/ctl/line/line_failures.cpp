@@ -85,7 +85,8 @@ std::string shownOption(const std::string& option)
 // What an option that nothing took may have been meant as, besides a misspelt one.
 std::string meantAs(const CLI::App& app, const std::string& option)
 {
-    const std::string name = option.substr(option.find_first_not_of('-'));
+    // There may be nothing but dashes.
+    const std::string name = option.substr(std::min(option.find_first_not_of('-'), option.size()));
     const Field* field = findField(name.c_str());
     const bool takesFields = app.get_option_no_throw("FIELD=VALUE") != nullptr;
     if (takesFields && field && isVisible(*field) && field->kind != Kind::Secret)
