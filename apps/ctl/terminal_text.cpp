@@ -6,52 +6,11 @@
 #include <cstdio>
 #include <cwchar>
 
+#include "base/utf8.h"
+
 namespace ctl {
 
 namespace {
-
-struct Character
-{
-    std::uint32_t code = 0;
-    std::size_t length = 0; // in bytes; 0 when the bytes are no UTF-8
-};
-
-struct LeadByte
-{
-    unsigned char mask, value;
-    std::size_t length;
-    std::uint32_t smallest;
-};
-
-const LeadByte leadBytes[] = {
-    {0x80, 0x00, 1, 0}, {0xE0, 0xC0, 2, 0x80}, {0xF0, 0xE0, 3, 0x800}, {0xF8, 0xF0, 4, 0x10000}};
-
-Character decode(std::string_view text)
-{
-    const auto first = static_cast<unsigned char>(text.front());
-    for (const LeadByte& lead : leadBytes) {
-        if ((first & lead.mask) != lead.value)
-            continue;
-        if (text.size() < lead.length)
-            return {};
-        std::uint32_t code = first & static_cast<unsigned char>(~lead.mask);
-        for (std::size_t i = 1; i < lead.length; ++i) {
-            const auto byte = static_cast<unsigned char>(text[i]);
-            if ((byte & 0xC0) != 0x80)
-                return {};
-            code = code << 6 | (byte & 0x3F);
-        }
-        if (code < lead.smallest || code > 0x10FFFF || (code >= 0xD800 && code <= 0xDFFF))
-            return {};
-        return {code, lead.length};
-    }
-    return {};
-}
-
-bool isControl(std::uint32_t code)
-{
-    return code < 0x20 || (code >= 0x7F && code <= 0x9F);
-}
 
 // Marks, embeddings, overrides and isolates of bidirectional text, and the two line separators.
 bool turnsText(std::uint32_t code)
@@ -96,37 +55,15 @@ int wideWidth(std::uint32_t code)
 
 } // namespace
 
-bool isUtf8(std::string_view text)
-{
-    while (!text.empty()) {
-        const Character c = decode(text);
-        if (c.length == 0)
-            return false;
-        text.remove_prefix(c.length);
-    }
-    return true;
-}
-
-bool hasControlCharacter(std::string_view text)
-{
-    while (!text.empty()) {
-        const Character c = decode(text);
-        if (c.length != 0 && isControl(c.code))
-            return true;
-        text.remove_prefix(c.length == 0 ? 1 : c.length);
-    }
-    return false;
-}
-
 std::string printable(std::string_view text)
 {
     std::string result;
     result.reserve(text.size());
     while (!text.empty()) {
-        const Character c = decode(text);
+        const base::Utf8Character c = base::firstCharacter(text);
         if (c.length == 0)
             result += escapeByte(text.front());
-        else if (isControl(c.code) || turnsText(c.code))
+        else if (base::isControl(c.code) || turnsText(c.code))
             result += escape(c.code);
         else
             result += text.substr(0, c.length);
@@ -153,11 +90,11 @@ std::string printableJson(std::string_view document)
         document.remove_prefix(plain);
         if (document.empty())
             break;
-        const Character c = decode(document);
+        const base::Utf8Character c = base::firstCharacter(document);
         const std::size_t length = std::max<std::size_t>(c.length, 1);
         char escaped[8];
         std::snprintf(escaped, sizeof escaped, "\\u%04X", static_cast<unsigned>(c.code) & 0xFFFFU);
-        if (c.length != 0 && (isControl(c.code) || turnsText(c.code)))
+        if (c.length != 0 && (base::isControl(c.code) || turnsText(c.code)))
             result += escaped;
         else
             result += document.substr(0, length);
@@ -166,7 +103,7 @@ std::string printableJson(std::string_view document)
     return result;
 }
 
-static std::size_t columnsOf(const Character& c)
+static std::size_t columnsOf(const base::Utf8Character& c)
 {
     return c.code < 0x80 ? 1U : static_cast<std::size_t>(wideWidth(c.code));
 }
@@ -177,7 +114,7 @@ static std::size_t fitting(std::string_view text, std::size_t columns)
     std::size_t bytes = 0;
     std::size_t width = 0;
     while (bytes < text.size()) {
-        const Character c = decode(text.substr(bytes));
+        const base::Utf8Character c = base::firstCharacter(text.substr(bytes));
         width += columnsOf(c);
         if (width > columns)
             break;
@@ -190,7 +127,7 @@ std::size_t displayWidth(std::string_view text)
 {
     std::size_t width = 0;
     while (!text.empty()) {
-        const Character c = decode(text);
+        const base::Utf8Character c = base::firstCharacter(text);
         width += columnsOf(c);
         text.remove_prefix(c.length == 0 ? 1 : c.length);
     }

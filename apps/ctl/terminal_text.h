@@ -8,14 +8,6 @@
 
 namespace ctl {
 
-// True when the bytes are well-formed UTF-8 (no overlong forms, no surrogates, nothing above
-// U+10FFFF).
-bool isUtf8(std::string_view text);
-
-// True when the text holds a control character (U+0000 to U+001F, U+007F to U+009F). The text is
-// UTF-8.
-bool hasControlCharacter(std::string_view text);
-
 // The text with everything a terminal would obey instead of show written as an escape: control
 // characters (\n, \t, \x1B, \u{9B}), characters that turn the direction of writing (\u{202E}), and
 // bytes that are no UTF-8 (\xFF).

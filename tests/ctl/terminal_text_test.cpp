@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include "base/utf8.h"
 #include "output.h"
 #include "suggestion.h"
 #include "terminal_text.h"
@@ -54,7 +55,7 @@ TEST(TerminalText, HasTheWidthThatATerminalGivesIt)
 TEST(TerminalText, KnowsUtf8)
 {
     for (const Text& text : texts)
-        EXPECT_EQ(ctl::isUtf8(text.bytes), text.isUtf8) << text.name;
+        EXPECT_EQ(base::isUtf8(text.bytes), text.isUtf8) << text.name;
 }
 
 TEST(TerminalText, JsonKeepsEveryCharacterAndActsOnNothing)

@@ -284,6 +284,20 @@ TEST_F(BearerTrouble, LosesNoChangeWhenTheNetlinkSocketRunsOver)
     EXPECT_EQ(receiver.next(), kGone);
 }
 
+TEST_F(BearerTrouble, TakesNoNewsFromAnybodyButTheKernel)
+{
+    FakeKernel machine;
+    machine.add("wwan9", "10.2.2.2");
+    Receiver receiver;
+    NAPI_OpenLink("Packet");
+    EXPECT_EQ(receiver.next(), kUp);
+    machine.pretendNews("wwan9");
+    workWhenAsleep(engineThread());
+    EXPECT_FALSE(receiver.ready());
+    machine.tellNews();
+    EXPECT_EQ(receiver.next(), kGone);
+}
+
 TEST_F(BearerTrouble, FailsToOpenWithTheKernelsError)
 {
     FakeKernel machine;

@@ -1,6 +1,7 @@
 #include "network/fake_kernel.h"
 
 #include <cerrno>
+#include <cstring>
 #include <list>
 #include <map>
 #include <memory>
@@ -9,6 +10,7 @@
 #include <arpa/inet.h>
 #include <dlfcn.h>
 #include <ifaddrs.h>
+#include <linux/netlink.h>
 #include <net/if.h>
 #include <netinet/in.h>
 #include <netpacket/packet.h>
@@ -57,10 +59,12 @@ std::map<ifaddrs*, std::unique_ptr<Listing>> listings;
 
 using Guard = std::lock_guard<std::mutex>;
 
-void tellChange()
+constexpr char kFromTheKernel = 'k', kFromAProcess = 'p';
+
+void tellChange(char sender = kFromTheKernel)
 {
     if (newsEnd >= 0)
-        send(newsEnd, "changed", 7, MSG_DONTWAIT | MSG_NOSIGNAL);
+        send(newsEnd, &sender, 1, MSG_DONTWAIT | MSG_NOSIGNAL);
 }
 
 ifaddrs* list()
@@ -136,19 +140,30 @@ IN_THE_PLACE_OF_LIBC int bind(int descriptor, const sockaddr* address, socklen_t
     return real<int(int, const sockaddr*, socklen_t)>("bind")(descriptor, address, size);
 }
 
-IN_THE_PLACE_OF_LIBC ssize_t recv(int descriptor, void* buffer, size_t size, int flags)
+using ReceiveFrom = ssize_t(int, void*, size_t, int, sockaddr*, socklen_t*);
+
+IN_THE_PLACE_OF_LIBC ssize_t recvfrom(int descriptor, void* buffer, size_t size, int flags,
+                                      sockaddr* sender, socklen_t* length)
 {
-    {
-        Guard guard(mutex);
-        if (active && descriptor == readerEnd && overran) {
-            // What the socket held is lost with what it could not hold.
-            real<ssize_t(int, void*, size_t, int)>("recv")(descriptor, buffer, size, flags);
-            overran = false;
-            errno = ENOBUFS;
-            return -1;
-        }
+    Guard guard(mutex);
+    const ssize_t got =
+        real<ReceiveFrom>("recvfrom")(descriptor, buffer, size, flags, sender, length);
+    if (!active || descriptor != readerEnd)
+        return got;
+    if (overran) {
+        // What the socket held is lost with what it could not hold.
+        overran = false;
+        errno = ENOBUFS;
+        return -1;
     }
-    return real<ssize_t(int, void*, size_t, int)>("recv")(descriptor, buffer, size, flags);
+    if (got > 0) {
+        sockaddr_nl address = {};
+        address.nl_family = AF_NETLINK;
+        address.nl_pid = *static_cast<const char*>(buffer) == kFromAProcess ? 4711 : 0;
+        std::memcpy(sender, &address, sizeof address);
+        *length = sizeof address;
+    }
+    return got;
 }
 
 namespace linktest {
@@ -197,6 +212,19 @@ void FakeKernel::remove(const std::string& device)
 {
     Guard guard(mutex);
     interfaces.erase(device);
+    tellChange();
+}
+
+void FakeKernel::pretendNews(const std::string& device)
+{
+    Guard guard(mutex);
+    interfaces.erase(device);
+    tellChange(kFromAProcess);
+}
+
+void FakeKernel::tellNews()
+{
+    Guard guard(mutex);
     tellChange();
 }
 

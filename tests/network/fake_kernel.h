@@ -31,6 +31,10 @@ public:
     // Removes a device, and says only that the netlink socket has run over.
     void loseNews(const std::string& device);
 
+    // Removes a device of which not the kernel but some process tells; and tells as the kernel.
+    void pretendNews(const std::string& device);
+    void tellNews();
+
     // From here on getifaddrs fails with this error; 0 ends it.
     void refuse(int error);
 };

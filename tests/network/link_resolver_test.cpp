@@ -3,11 +3,14 @@
 
 #include <atomic>
 #include <cerrno>
+#include <cstdarg>
+#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
 
 #include <dlfcn.h>
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -24,6 +27,24 @@ extern "C" __attribute__((visibility("default"))) int fsync(int descriptor)
         return reinterpret_cast<int (*)(int)>(dlsym(RTLD_NEXT, "fsync"))(descriptor);
     errno = syncError;
     return -1;
+}
+
+// What stands in the place of the machine's own file, and how the library has opened it.
+static std::string machineFile;
+static int machineFlags = 0;
+
+extern "C" __attribute__((visibility("default"))) int open(const char* path, int flags, ...)
+{
+    static const auto real =
+        reinterpret_cast<int (*)(const char*, int, ...)>(dlsym(RTLD_NEXT, "open"));
+    va_list rest;
+    va_start(rest, flags);
+    const mode_t mode = flags & O_CREAT ? va_arg(rest, mode_t) : 0;
+    va_end(rest);
+    if (machineFile.empty() || std::strcmp(path, "/etc/resolv.conf") != 0)
+        return real(path, flags, mode);
+    machineFlags = flags;
+    return real(machineFile.c_str(), flags, mode);
 }
 
 namespace {
@@ -50,6 +71,7 @@ protected:
     }
     void TearDown() override
     {
+        machineFile.clear();
         m_receiver.reset();
         LinkTest::TearDown();
     }
@@ -109,6 +131,47 @@ TEST_F(LinkResolver, TakesTheMachinesServersWhenNobodyElseHasAny)
     }
     EXPECT_EQ(configureResolver(packetProfile()), 0);
     EXPECT_EQ(readFile(file()), expected);
+}
+
+TEST_F(LinkResolver, OpensTheMachinesFileForItselfAloneAndTakesAddressesOnly)
+{
+    machineFile = root() + "/machine.conf";
+    std::ofstream(machineFile)
+        << "nameserver 10.9.8.7\nnameserver $(reboot)\nnameserver fe80::1%a\n";
+    EXPECT_EQ(configureResolver(packetProfile()), 0);
+    EXPECT_EQ(readFile(file()), "nameserver 10.9.8.7\nnameserver fe80::1%a\n");
+    EXPECT_NE(machineFlags & O_CLOEXEC, 0);
+}
+
+TEST_F(LinkResolver, DoesNotWaitForAPipeInThePlaceOfTheMachinesFile)
+{
+    machineFile = root() + "/pipe";
+    ASSERT_EQ(mkfifo(machineFile.c_str(), 0600), 0);
+    EXPECT_EQ(configureResolver(packetProfile()), 0);
+    EXPECT_EQ(readFile(file()), "");
+}
+
+TEST_F(LinkResolver, TakesNothingFromAMachinesFileBeyondMeasure)
+{
+    machineFile = root() + "/large";
+    std::ofstream(machineFile) << "nameserver 10.9.8.7\n" << std::string(64 * 1024, '#');
+    EXPECT_EQ(configureResolver(packetProfile()), 0);
+    EXPECT_EQ(readFile(file()), "");
+}
+
+TEST_F(LinkResolver, MakesAFolderThatEverybodyMayReadWhateverTheUmask)
+{
+    NetworkProfile record = withServers(packetProfile());
+    store("Home", record);
+    const int link = NAPI_OpenLink("Home");
+    EXPECT_EQ(receiver().next().type, 16);
+    fs::remove_all(root() + "/etc");
+    const mode_t mask = umask(0777);
+    EXPECT_EQ(NAPI_DnsResolverConfig(link), 0);
+    umask(mask);
+    struct stat status;
+    ASSERT_EQ(stat((root() + "/etc").c_str(), &status), 0);
+    EXPECT_EQ(status.st_mode & 07777, 0755u);
 }
 
 TEST_F(LinkResolver, ReplacesTheFileAndLetsEverybodyReadIt)

@@ -2,6 +2,7 @@
 #include <filesystem>
 #include <set>
 
+#include "base/utf8.h"
 #include "failure.h"
 #include "line/request.h"
 #include "network/napi_host.h"
@@ -34,7 +35,7 @@ void inspectRecord(const std::string& name, const NetworkProfile& record,
         if (field.kind != Kind::Text && field.kind != Kind::Secret)
             continue;
         const std::string text = valueText(field, record);
-        if (!isUtf8(text) || hasControlCharacter(text))
+        if (!base::isUtf8(text) || base::hasControls(text))
             findings.push_back({path,
                                 std::string("the field ") + field.name + " holds no readable text",
                                 "give it a new value with \"vornctl profile set\""});

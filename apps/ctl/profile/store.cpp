@@ -2,6 +2,7 @@
 
 #include <memory>
 
+#include "base/profile_name.h"
 #include "failure.h"
 #include "network/napi_host.h"
 #include "profile/whole_store.h"
@@ -13,17 +14,23 @@ namespace ctl {
 
 std::string nameProblem(const std::string& name)
 {
-    if (name.empty())
+    switch (base::problemOfName(name)) {
+    case base::NameProblem::None:
+        break;
+    case base::NameProblem::Empty:
         return "it is empty";
-    if (name.size() > NAPI_PROFILE_NAME_MAX)
+    case base::NameProblem::TooLong:
         return "it has " + std::to_string(name.size()) + " bytes";
-    if (!isUtf8(name))
+    case base::NameProblem::NotUtf8:
         return "it is not valid UTF-8";
-    if (hasControlCharacter(name))
+    case base::NameProblem::ControlCharacter:
         return "it holds a control character";
-    if (name.find('/') != std::string::npos)
+    case base::NameProblem::Slash:
         return "it holds a '/'";
-    return name[0] == '.' ? "it begins with a '.'" : "";
+    case base::NameProblem::LeadingDot:
+        return "it begins with a '.'";
+    }
+    return {};
 }
 
 namespace {

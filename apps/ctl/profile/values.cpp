@@ -3,6 +3,8 @@
 #include <cctype>
 #include <cstring>
 
+#include "base/ip_address.h"
+#include "base/utf8.h"
 #include "terminal_text.h"
 
 namespace ctl {
@@ -26,23 +28,6 @@ std::optional<std::uint32_t> decimal(std::string_view text, std::uint32_t limit)
     return static_cast<std::uint32_t>(value);
 }
 
-// Four decimal parts, as the phone reads them: 010 is ten, and nothing is short for anything.
-std::optional<std::uint32_t> address(std::string_view text)
-{
-    std::uint32_t value = 0;
-    for (int part = 0; part < 4; ++part) {
-        const std::size_t end = part < 3 ? text.find('.') : text.size();
-        if (end == std::string_view::npos)
-            return {};
-        const std::optional<std::uint32_t> number = decimal(text.substr(0, end), 255);
-        if (!number)
-            return {};
-        value = value << 8 | *number;
-        text.remove_prefix(part < 3 ? end + 1 : end);
-    }
-    return value;
-}
-
 std::uint32_t largest(const Field& field)
 {
     return field.mask >> field.shift;
@@ -62,7 +47,7 @@ std::optional<std::uint32_t> number(const Field& field, const std::string& text)
 {
     switch (field.kind) {
     case Kind::Address:
-        return text.empty() ? 0 : address(text);
+        return text.empty() ? 0 : base::ipv4Of(text);
     case Kind::Minutes:
         return text == "off" ? 0 : decimal(text, largest(field));
     case Kind::Choice:
@@ -76,14 +61,6 @@ std::optional<std::uint32_t> number(const Field& field, const std::string& text)
         break;
     }
     return {};
-}
-
-std::string addressText(std::uint32_t value)
-{
-    std::string text;
-    for (int shift = 24; shift >= 0; shift -= 8)
-        text += std::to_string(value >> shift & 0xFF) + (shift ? "." : "");
-    return text;
 }
 
 std::string choiceText(const Field& field, std::uint32_t value)
@@ -105,9 +82,9 @@ std::optional<std::string> parseText(const Field& field, const std::string& text
     if (text.size() > field.width)
         return std::to_string(text.size()) + " bytes are too long; the field holds " +
                std::to_string(field.width) + " bytes";
-    if (!isUtf8(text))
+    if (!base::isUtf8(text))
         return "the text is not valid UTF-8";
-    if (hasControlCharacter(text))
+    if (base::hasControls(text))
         return "the text holds a control character";
     unsigned char* bytes = bytesOf(field, record);
     std::memset(bytes, 0, field.width);
@@ -142,7 +119,7 @@ std::string valueText(const Field& field, const NetworkProfile& record)
         return hexText(field, record);
     const std::uint32_t value = numberOf(field, record);
     if (field.kind == Kind::Address)
-        return value ? addressText(value) : "";
+        return value ? base::ipv4Text(value) : "";
     return field.kind == Kind::Choice ? choiceText(field, value) : std::to_string(value);
 }
 

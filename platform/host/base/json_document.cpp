@@ -4,65 +4,28 @@
 #include <cerrno>
 #include <cstring>
 
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include "base/json_tree.h"
+#include "base/regular_file.h"
 
 namespace base {
 
 namespace {
 
-constexpr off_t kMaximumSize = 4 * 1024 * 1024;
+constexpr std::size_t kMaximumSize = 4 * 1024 * 1024;
 
-// What is wrong with a file: the errno of a call, or something that no call has told.
-struct Wrong
+// What stands in the place of a file that can be read.
+std::string foundFor(int error)
 {
-    int error = 0;
-    std::string text;
-
-    static Wrong ofErrno() { return {errno, {}}; }
-    bool isWrong() const { return error != 0 || !text.empty(); }
-    std::string found() const
-    {
-        return error == 0 ? text
-                          : std::string("one that cannot be read (") + std::strerror(error) + ')';
+    switch (error) {
+    case kIsFolder:
+        return "a folder";
+    case kIsNoRegularFile:
+        return "something that is no regular file";
+    case kIsTooLarge:
+        return "more than 4 MiB";
+    default:
+        return std::string("one that cannot be read (") + std::strerror(error) + ')';
     }
-};
-
-Wrong readAll(int descriptor, std::string& bytes)
-{
-    char block[16384];
-    for (;;) {
-        const ssize_t got = ::read(descriptor, block, sizeof block);
-        if (got == 0)
-            return {};
-        if (got < 0 && errno != EINTR)
-            return Wrong::ofErrno();
-        if (got > 0)
-            bytes.append(block, static_cast<std::size_t>(got));
-        if (bytes.size() > static_cast<std::size_t>(kMaximumSize))
-            return {0, "more than 4 MiB"};
-    }
-}
-
-// O_NONBLOCK keeps a pipe in the file's place from holding the program up.
-Wrong readFile(const std::string& path, std::string& bytes)
-{
-    const int descriptor = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
-    if (descriptor < 0)
-        return Wrong::ofErrno();
-    struct stat status;
-    Wrong wrong;
-    if (::fstat(descriptor, &status) != 0)
-        wrong = Wrong::ofErrno();
-    else if (!S_ISREG(status.st_mode))
-        wrong.text = S_ISDIR(status.st_mode) ? "a folder" : "something that is no regular file";
-    else
-        wrong = readAll(descriptor, bytes);
-    ::close(descriptor);
-    return wrong;
 }
 
 void collectUnknown(JsonTree& tree, const JsonNode& node, const std::string& key,
@@ -93,15 +56,15 @@ JsonDocument::~JsonDocument() = default;
 JsonDocument JsonDocument::read(const std::string& path, const std::string& used)
 {
     std::string bytes;
-    const Wrong wrong = readFile(path, bytes);
-    if (!wrong.isWrong())
+    const int error = readRegularFile(path, kMaximumSize, &bytes);
+    if (error == 0)
         return parse(bytes, path, used);
     auto tree = std::make_unique<JsonTree>();
     tree->path = path;
-    tree->state = wrong.error == ENOENT ? State::Missing : State::Unreadable;
+    tree->state = error == ENOENT ? State::Missing : State::Unreadable;
     if (tree->state == State::Unreadable) {
-        tree->error = wrong.error;
-        tree->report(0, {}, "a readable file", wrong.found(), used);
+        tree->error = std::max(error, 0);
+        tree->report(0, {}, "a readable file", foundFor(error), used);
     }
     return JsonDocument(std::move(tree));
 }

@@ -3,9 +3,9 @@
 #include <cstring>
 #include <new>
 
+#include "base/profile_name.h"
 #include "network/napi_host.h"
 #include "network/network_config.h"
-#include "network/store/profile_name.h"
 #include "network/store/profile_reader.h"
 #include "network/store/profile_writer.h"
 
@@ -25,7 +25,7 @@ int checkName(const char* name)
 {
     if (!name)
         return NAPI_ERR_ARGUMENT;
-    bool isName = store::isProfileName({name, strnlen(name, NAPI_PROFILE_NAME_MAX + 1)});
+    bool isName = base::isProfileName({name, strnlen(name, NAPI_PROFILE_NAME_MAX + 1)});
     return isName ? NAPI_OK : NAPI_ERR_NAME;
 }
 

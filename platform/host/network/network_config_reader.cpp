@@ -2,9 +2,9 @@
 
 #include <climits>
 
-#include <arpa/inet.h>
 #include <net/if.h>
 
+#include "base/ip_address.h"
 #include "base/root.h"
 
 namespace network {
@@ -46,12 +46,11 @@ static std::optional<std::string> interfaceName(JsonValue value)
 static uint32_t address(JsonValue value, uint32_t fallback)
 {
     static const char expected[] = "an IPv4 address like \"10.1.2.3\"";
-    in_addr parsed;
     if (!value.present())
         return fallback;
-    if (value.kind() == JsonKind::Text &&
-        ::inet_pton(AF_INET, value.text("").c_str(), &parsed) == 1)
-        return ntohl(parsed.s_addr);
+    if (value.kind() == JsonKind::Text)
+        if (const std::optional<uint32_t> parsed = base::ipv4Of(value.text("")))
+            return *parsed;
     value.reject(expected, "\"127.0.0.1\"");
     return fallback;
 }
@@ -61,11 +60,8 @@ static std::vector<std::string> addressTexts(JsonValue list)
     std::vector<std::string> texts;
     std::vector<JsonValue> wrong;
     for (const JsonValue& one : list.elements()) {
-        in6_addr parsed;
         std::string text = one.kind() == JsonKind::Text ? one.text("") : "";
-        bool valid = ::inet_pton(AF_INET, text.c_str(), &parsed) == 1 ||
-                     ::inet_pton(AF_INET6, text.c_str(), &parsed) == 1;
-        if (valid)
+        if (base::isIpAddress(text))
             texts.push_back(text);
         else
             wrong.push_back(one);

@@ -2,8 +2,7 @@
 #include <charconv>
 #include <climits>
 
-#include <nlohmann/json.hpp>
-
+#include "base/utf8.h"
 #include "settings/settings_files.h"
 
 namespace settingsfiles {
@@ -28,37 +27,14 @@ const KnownNode* knownNode(const std::string& name)
     return nullptr;
 }
 
-static bool isUtf8(const std::string& text)
-{
-    try {
-        static_cast<void>(nlohmann::json(text).dump());
-        return true;
-    } catch (const nlohmann::json::type_error&) {
-        return false;
-    }
-}
-
-// U+0000 to U+001F, U+007F, and U+0080 to U+009F, which are C2 80 to C2 9F in UTF-8.
-static bool hasControls(const std::string& text)
-{
-    unsigned char before = 0;
-    for (const char character : text) {
-        const auto byte = static_cast<unsigned char>(character);
-        if (byte < 0x20 || byte == 0x7f || (before == 0xc2 && byte < 0xa0))
-            return true;
-        before = byte;
-    }
-    return false;
-}
-
 bool isNodeName(const std::string& text)
 {
-    return !text.empty() && text.size() <= 255 && !hasControls(text) && isUtf8(text);
+    return !text.empty() && text.size() <= 255 && !base::hasControls(text) && base::isUtf8(text);
 }
 
 bool isNodeText(const std::string& text)
 {
-    return text.size() <= 4096 && text.find('\0') == std::string::npos && isUtf8(text);
+    return text.size() <= 4096 && text.find('\0') == std::string::npos && base::isUtf8(text);
 }
 
 int featureNumber(const std::string& key)

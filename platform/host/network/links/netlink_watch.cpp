@@ -7,6 +7,8 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
+#include "network/links/kernel_datagram.h"
+
 namespace network {
 
 int NetlinkWatch::open()
@@ -31,16 +33,19 @@ void NetlinkWatch::close()
     m_descriptor = -1;
 }
 
+// What the messages say does not matter, so a short buffer is enough, and the kernel cuts them. A
+// socket that fills as fast as it is emptied is left for the next time.
 bool NetlinkWatch::drain()
 {
     bool changed = false;
-    // What the messages say does not matter, so a short buffer is enough: the kernel cuts them.
-    for (char data[64];;) {
-        if (::recv(m_descriptor, data, sizeof data, MSG_DONTWAIT) > 0 || errno == ENOBUFS)
-            changed = true;
-        else if (errno != EINTR)
-            return changed;
+    char data[64];
+    for (int count = 0; count < 256; ++count) {
+        const KernelDatagram::Kind kind = receiveFromKernel(m_descriptor, data, sizeof data).kind;
+        if (kind == KernelDatagram::Kind::None)
+            break;
+        changed = changed || kind != KernelDatagram::Kind::Foreign;
     }
+    return changed;
 }
 
 } // namespace network

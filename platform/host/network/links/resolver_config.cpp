@@ -1,20 +1,12 @@
 #include "network/links/resolver_config.h"
 
-#include <fstream>
-#include <sstream>
-
 #include "base/configuration_folder.h"
+#include "base/ip_address.h"
+#include "base/regular_file.h"
 #include "network/file_results.h"
+#include "network/links/resolver_reader.h"
 
 namespace network {
-
-static std::string addressText(uint32_t address)
-{
-    std::string text = std::to_string(address >> 24);
-    for (int shift = 16; shift >= 0; shift -= 8)
-        text += '.' + std::to_string((address >> shift) & 0xFF);
-    return text;
-}
 
 static std::vector<std::string> profileServers(const NetworkProfile& record, NapiBearerKind kind)
 {
@@ -23,22 +15,19 @@ static std::vector<std::string> profileServers(const NetworkProfile& record, Nap
     for (uint32_t address :
          {dialled ? record.csdDns1 : record.gprsDns1, dialled ? record.csdDns2 : record.gprsDns2}) {
         if (address != 0)
-            servers.push_back(addressText(address));
+            servers.push_back(base::ipv4Text(address));
     }
     return servers;
 }
 
+// A file that cannot be used names no servers.
 static std::vector<std::string> machineServers()
 {
-    std::vector<std::string> servers;
-    std::ifstream file("/etc/resolv.conf");
-    for (std::string line; std::getline(file, line);) {
-        std::istringstream words(line);
-        std::string keyword, server;
-        if (words >> keyword >> server && keyword == "nameserver")
-            servers.push_back(server);
-    }
-    return servers;
+    constexpr size_t kLargest = 64 * 1024;
+    std::string text;
+    if (base::readRegularFile("/etc/resolv.conf", kLargest, &text) != 0)
+        return {};
+    return readNameServers(text);
 }
 
 std::vector<std::string> nameServers(const NetworkProfile& record, const Device& device)

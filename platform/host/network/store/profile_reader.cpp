@@ -6,8 +6,8 @@
 #include <sys/stat.h>
 
 #include "base/durable_file.h"
+#include "base/profile_name.h"
 #include "network/file_results.h"
-#include "network/store/profile_name.h"
 #include "network/store/store_folder.h"
 
 namespace store {
@@ -47,7 +47,7 @@ static bool pickUsable(int folder, const std::vector<Entry>& entries,
     bool areAllThere = true;
     names->clear();
     for (const Entry& entry : entries) {
-        if (!isProfileName(entry.name) || !isFolder(folder, entry))
+        if (!base::isProfileName(entry.name) || !isFolder(folder, entry))
             continue;
         Look look = lookAt(folder, entry.name);
         if (look == Look::Usable)

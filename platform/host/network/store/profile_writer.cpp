@@ -7,11 +7,11 @@
 #include <sys/stat.h>
 
 #include "base/durable_file.h"
+#include "base/profile_name.h"
 #include "network/file_results.h"
 #include "network/napi_host.h"
 #include "network/network_config.h"
 #include "network/store/file_moves.h"
-#include "network/store/profile_name.h"
 #include "network/store/store_folder.h"
 
 namespace store {
@@ -91,7 +91,7 @@ int ProfileWriter::checkLimit() const
     if (int error = readEntries(m_folder.fd(), &entries))
         return error;
     auto profiles = std::count_if(entries.begin(), entries.end(), [this](const Entry& entry) {
-        return isProfileName(entry.name) && isFolder(m_folder.fd(), entry);
+        return base::isProfileName(entry.name) && isFolder(m_folder.fd(), entry);
     });
     return profiles < limit ? 0 : ENOSPC;
 }

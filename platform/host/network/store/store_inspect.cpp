@@ -9,10 +9,10 @@
 #include <unistd.h>
 
 #include "base/locked_folder.h"
+#include "base/profile_name.h"
 #include "base/rights.h"
 #include "network/file_results.h"
 #include "network/napi_host.h"
-#include "network/store/profile_name.h"
 #include "network/store/store_folder.h"
 
 namespace store {
@@ -113,7 +113,7 @@ static void inspectEntry(int folder, const Entry& entry, std::vector<Finding>* f
         findings->push_back({path,
                              "put aside because it could not be removed; it may hold passwords",
                              "as its owner or as root: rm -r " + base::shellWord(path)});
-    else if (!isProfileName(entry.name))
+    else if (!base::isProfileName(entry.name))
         findings->push_back({path, "no profile can have this name",
                              "remove it, or give it a name "
                              "that a profile can have"});
