@@ -220,6 +220,8 @@ void LinkActivation::dialled(const std::string& active)
     BusCall call = m_host.bus().call({nm::kService, active, kProperties, "Get"});
     call.text(nm::kActive).text("State");
     auto handler = [this](BusMessage& reply) {
+        if (causeOfCallError(reply.errorName()).cause == NAPI_CAUSE_NO_SERVICE_DAEMON)
+            return serviceGone();
         // An object that is not there any more has ended.
         uint64_t gone = nm::ActiveGone;
         uint64_t state = reply.isError() ? gone : reply.next().toNumber(0);

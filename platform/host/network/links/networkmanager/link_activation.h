@@ -124,6 +124,7 @@ private:
     bool m_checking = false;
     bool m_checked = false; // the access point is the profile's
     bool m_needsSecret = false;
+    int m_replacements = 0; // of our activation by somebody else's
     Clock::time_point m_askUntil = kNever;
     uint32_t m_reason = 1; // of the device's last state; 1 is unknown
     Cause m_lastCause;

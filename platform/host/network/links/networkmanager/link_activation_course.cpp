@@ -1,6 +1,7 @@
 // What becomes of an activation that is under way: addresses, failures, the end.
 #include <algorithm>
 #include <cerrno>
+#include <iterator>
 
 #include "network/links/networkmanager/connection_settings.h"
 #include "network/links/networkmanager/link_activation.h"
@@ -21,9 +22,15 @@ constexpr auto kLinger = std::chrono::seconds(60);
 
 constexpr uint32_t kNewActivation = 60;
 
+// Somebody who wants the device again and again gets it.
+constexpr int kReplacements = 3;
+
+// States that nobody knows say nothing.
 static bool hasEnded(uint32_t state)
 {
-    return state <= nm::Disconnected || state == nm::Deactivating || state == nm::Failed;
+    constexpr uint32_t kEnds[] = {nm::Unmanaged, nm::Unavailable, nm::Disconnected,
+                                  nm::Deactivating, nm::Failed};
+    return std::find(std::begin(kEnds), std::end(kEnds), state) != std::end(kEnds);
 }
 
 void LinkActivation::deviceChanged(const std::string& path, uint32_t state, uint32_t old,
@@ -195,6 +202,8 @@ void LinkActivation::replaced()
 {
     say("another activation has taken the device");
     m_cause = causeOfReason(m_reason);
+    if (++m_replacements > kReplacements)
+        return refuse(m_cause);
     detach();
     list();
 }
@@ -248,6 +257,9 @@ void LinkActivation::interfaceGone()
 
 void LinkActivation::lose(const Cause& cause)
 {
+    // An answer may still come to a question of an opening that has ended meanwhile.
+    if (m_step == Step::Done)
+        return;
     int link = m_opening.link;
     finish();
     m_host.failed(link, cause);
