@@ -1,0 +1,130 @@
+// One outcome for each opening, in whatever order the service tells things.
+#include <algorithm>
+#include <random>
+
+#include "network/fake/fake_test.h"
+
+using namespace linktest;
+using namespace fakebus;
+
+namespace {
+
+class Order : public FakeTest
+{
+protected:
+    // The outcome of an opening during which the steps were told in this order.
+    Message outcome(Receiver& receiver, const std::vector<std::function<void()>>& steps)
+    {
+        nm->onActivate = [&] {
+            for (const auto& step : steps)
+                step();
+        };
+        NAPI_OpenLink("Home");
+        return next(receiver);
+    }
+};
+
+TEST_F(Order, OfSignalsDoesNotChangeThatAFailureIsToldOnce)
+{
+    std::vector<std::function<void()>> steps = {
+        [this] { nm->deviceState(kPrepare); },     [this] { nm->deviceState(kConfig); },
+        [this] { nm->deviceState(kIpConfig); },    [this] { nm->deviceState(kFailed, 5); },
+        [this] { nm->activeState(kActivating); },  [this] { nm->activeState(kGone, 3); },
+        [this] { nm->deviceState(kDisconnected); }};
+    std::mt19937 random(20260729);
+    Receiver receiver;
+    for (int round = 0; round < 40; ++round) {
+        std::shuffle(steps.begin(), steps.end(), random);
+        Message message = outcome(receiver, steps);
+        EXPECT_EQ(message.type, NAPI_IND_OPEN_FAILED) << "round " << round;
+        EXPECT_EQ(message.link, 0) << "round " << round;
+        rest(Milliseconds(5));
+        EXPECT_FALSE(receiver.ready()) << "round " << round;
+    }
+}
+
+TEST_F(Order, TakesAnAddressThatComesBehindTheState)
+{
+    Value real = nm->addressData;
+    nm->addressData = addresses({});
+    Receiver receiver;
+    NAPI_OpenLink("Home");
+    EXPECT_FALSE(within(Milliseconds(100), receiver));
+    nm->service.change("/org/freedesktop/NetworkManager/IP4Config/1",
+                       "org.freedesktop.NetworkManager.IP4Config", "AddressData", real);
+    EXPECT_EQ(next(receiver), connectedHere(0));
+}
+
+TEST_F(Order, FailsWithoutAnAddress)
+{
+    nm->addressData = addresses({});
+    Receiver receiver;
+    NAPI_OpenLink("Home");
+    Message message = next(receiver);
+    EXPECT_EQ(message.type, NAPI_IND_OPEN_FAILED);
+    EXPECT_EQ(message.cause, NAPI_CAUSE_NO_ADDRESS);
+}
+
+TEST_F(Order, IgnoresStatesThatNobodyKnows)
+{
+    nm->onActivate = [this] {
+        nm->deviceState(65);
+        nm->deviceState(4294967295u, 4294967295u);
+        nm->activeState(17);
+        nm->connect();
+    };
+    Receiver receiver;
+    NAPI_OpenLink("Home");
+    EXPECT_EQ(next(receiver), connectedHere(0));
+}
+
+TEST_F(Order, IgnoresOtherDevicesAndConnections)
+{
+    nm->onActivate = [this] {
+        nm->service.emit(kWiredDevice, "org.freedesktop.NetworkManager.Device", "StateChanged",
+                         [](sd_bus_message* message) {
+                             return sd_bus_message_append(message, "uuu", kFailed, kPrepare, 5);
+                         });
+        nm->service.emit(
+            "/org/freedesktop/NetworkManager/ActiveConnection/77",
+            "org.freedesktop.NetworkManager.Connection.Active", "StateChanged",
+            [](sd_bus_message* message) { return sd_bus_message_append(message, "uu", kGone, 3); });
+        nm->connect();
+    };
+    Receiver receiver;
+    NAPI_OpenLink("Home");
+    EXPECT_EQ(next(receiver), connectedHere(0));
+    rest();
+    EXPECT_FALSE(receiver.ready());
+}
+
+TEST_F(Order, HearsASignalThatComesBeforeTheReply)
+{
+    // The activation of somebody before us ends between our call and its reply.
+    nm->onActivate = [this] { nm->connect(); };
+    nm->service.emit(kModemDevice, "org.freedesktop.NetworkManager.Device", "StateChanged",
+                     [](sd_bus_message* message) {
+                         return sd_bus_message_append(message, "uuu", kDeactivating, kActivated,
+                                                      60);
+                     });
+    Receiver receiver;
+    NAPI_OpenLink("Home");
+    EXPECT_EQ(next(receiver), connectedHere(0));
+}
+
+TEST_F(Order, TellsABreakOnceHoweverOftenItIsTold)
+{
+    Receiver receiver;
+    up(receiver);
+    nm->activeState(kGoing, 3);
+    nm->deviceState(kDeactivating, 39);
+    nm->deviceState(kFailed, 25);
+    nm->activeState(kGone, 3);
+    nm->deviceState(kDisconnected, 39);
+    nm->service.remove(kModemDevice);
+    EXPECT_EQ(next(receiver), brokenHere(0));
+    rest();
+    EXPECT_FALSE(receiver.ready());
+}
+
+} // namespace
