@@ -103,6 +103,8 @@ int NAPI_DnsResolverConfig(int linkId)
         network::LinkFacts facts;
         if (int error = engine.facts(linkId, &facts))
             return error;
+        if (int error = engine.preferNameServers(linkId))
+            return error;
         return network::writeResolverConfig(network::nameServers(facts.record, facts.device));
     });
 }

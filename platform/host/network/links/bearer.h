@@ -74,6 +74,10 @@ public:
     // Gives up an opening, or closes a link that is up.
     virtual void close(int link) = 0;
 
+    // Makes the name servers of a link that is up the first ones of the machine's resolver, where
+    // the bearer has a say in it.
+    virtual void preferNameServers(int /*link*/) {}
+
     // In a forked child, which has the memory and the descriptors of its parent: lets go of what
     // speaks for the parent, without a word to anybody. The links are closed after it.
     virtual void forget() {}

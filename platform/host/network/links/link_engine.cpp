@@ -111,6 +111,14 @@ int LinkEngine::facts(int link, LinkFacts* facts)
     return m_users == 0 ? int(NAPI_ERR_NOT_INITIALISED) : m_links.facts(link, facts);
 }
 
+int LinkEngine::preferNameServers(int link)
+{
+    Guard guard(m_mutex);
+    int result = m_users == 0 ? int(NAPI_ERR_NOT_INITIALISED) : m_links.preferNameServers(link);
+    m_thread.wake();
+    return result;
+}
+
 // A forked child has none of the threads. Both mutexes are held over the fork, so that the child
 // finds whole state, which it then lets go: it begins without the network API and may start its
 // own.

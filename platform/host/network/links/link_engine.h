@@ -31,6 +31,7 @@ public:
              std::shared_ptr<const NetworkConfig> config);
     int close(int link);
     int facts(int link, LinkFacts* facts);
+    int preferNameServers(int link);
 
 private:
     LinkEngine() = default;

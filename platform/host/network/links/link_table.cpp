@@ -93,6 +93,17 @@ int LinkTable::facts(int id, LinkFacts* facts)
     return NAPI_OK;
 }
 
+int LinkTable::preferNameServers(int id)
+{
+    Link* link = find(id);
+    if (!link)
+        return NAPI_ERR_NO_LINK;
+    if (link->state != State::Up)
+        return NAPI_ERR_LINK_NOT_UP;
+    link->bearer->preferNameServers(id);
+    return NAPI_OK;
+}
+
 void LinkTable::giveUpOpenings()
 {
     m_requests.clear();

@@ -41,6 +41,7 @@ public:
     int open(Opening opening);
     int close(int link);
     int facts(int link, LinkFacts* facts);
+    int preferNameServers(int link);
 
     // Gives up what has not come up yet, without a message.
     void giveUpOpenings();

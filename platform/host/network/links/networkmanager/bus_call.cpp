@@ -182,4 +182,72 @@ BusCall& BusCall::settings(const ConnectionSettings& settings)
     return *this;
 }
 
+// The values are copied as they are, whatever their types.
+BusCall& BusCall::copyOf(BusMessage& reply, const Setting& changed)
+{
+    sd_bus_message* from = reply.raw();
+    open(SD_BUS_TYPE_ARRAY, "{sa{sv}}");
+    enter(from, SD_BUS_TYPE_ARRAY, "{sa{sv}}");
+    while (m_error == 0 && m_lib.sd_bus_message_peek_type(from, nullptr, nullptr) > 0)
+        copySection(from, changed);
+    leave(from);
+    close();
+    return *this;
+}
+
+void BusCall::enter(sd_bus_message* from, char type, const char* contents)
+{
+    if (m_error == 0)
+        note(m_lib.sd_bus_message_enter_container(from, type, contents));
+}
+
+void BusCall::leave(sd_bus_message* from)
+{
+    if (m_error == 0)
+        note(m_lib.sd_bus_message_exit_container(from));
+}
+
+std::string BusCall::copyKey(sd_bus_message* from)
+{
+    const char* key = "";
+    if (m_error == 0)
+        note(m_lib.sd_bus_message_read_basic(from, SD_BUS_TYPE_STRING, &key));
+    return key;
+}
+
+void BusCall::copySection(sd_bus_message* from, const Setting& changed)
+{
+    enter(from, SD_BUS_TYPE_DICT_ENTRY, "sa{sv}");
+    open(SD_BUS_TYPE_DICT_ENTRY, "sa{sv}");
+    std::string section = copyKey(from);
+    basic(SD_BUS_TYPE_STRING, section.c_str());
+    enter(from, SD_BUS_TYPE_ARRAY, "{sv}");
+    open(SD_BUS_TYPE_ARRAY, "{sv}");
+    bool concerned = section == changed.section;
+    while (m_error == 0 && m_lib.sd_bus_message_peek_type(from, nullptr, nullptr) > 0)
+        copyEntry(from, concerned ? changed.key : nullptr);
+    if (concerned)
+        entry(changed);
+    close();
+    close();
+    leave(from);
+    leave(from);
+}
+
+void BusCall::copyEntry(sd_bus_message* from, const char* without)
+{
+    enter(from, SD_BUS_TYPE_DICT_ENTRY, "sv");
+    std::string key = copyKey(from);
+    if (without && key == without) {
+        note(m_lib.sd_bus_message_skip(from, "v"));
+    } else {
+        open(SD_BUS_TYPE_DICT_ENTRY, "sv");
+        basic(SD_BUS_TYPE_STRING, key.c_str());
+        if (m_error == 0)
+            note(m_lib.sd_bus_message_copy(m_message, from, false));
+        close();
+    }
+    leave(from);
+}
+
 } // namespace network

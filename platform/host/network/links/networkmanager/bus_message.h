@@ -72,7 +72,8 @@ public:
     // The options of an activation that lives in memory, and no longer than we are on the bus.
     BusCall& volatileOptions();
 
-    // A connection as NetworkManager has told it, with one entry put in place of its own.
+    // A connection as the next argument of a reply tells it, with one entry put in place of its
+    // own; the section of the entry must be there.
     BusCall& copyOf(BusMessage& reply, const Setting& changed);
 
     // The memory of the message is cleared when it goes.
@@ -89,7 +90,11 @@ private:
     void option(const char* key, const char* value);
     void entry(const Setting& setting);
     void variant(const SettingValue& value);
-    void copySection(BusMessage& reply, const Setting& changed, bool* done);
+    void copySection(sd_bus_message* from, const Setting& changed);
+    void copyEntry(sd_bus_message* from, const char* without);
+    std::string copyKey(sd_bus_message* from);
+    void enter(sd_bus_message* from, char type, const char* contents);
+    void leave(sd_bus_message* from);
 
     const SdBus& m_lib;
     sd_bus_message* m_message = nullptr;

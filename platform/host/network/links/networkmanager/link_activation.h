@@ -9,6 +9,7 @@
 #include "network/links/networkmanager/address_reading.h"
 #include "network/links/networkmanager/device_choice.h"
 #include "network/links/networkmanager/modem_bearers.h"
+#include "network/links/networkmanager/name_server_request.h"
 #include "network/links/networkmanager/service_listing.h"
 
 namespace network {
@@ -67,6 +68,12 @@ public:
     void serviceGone();            // before it is up
     void lose(const Cause& cause); // ends it, whatever it is doing
     void interfaceGone();          // while Up
+
+    // While Up: makes the link's name servers the machine's first ones, where the connection is
+    // ours; one that is shared is not touched. A modem's servers stay behind those of the other
+    // connections, if there are any: NetworkManager takes the address away from a modem whose
+    // connection is changed.
+    void preferNameServers();
 
     // While Up: the service has come back, and knows the link under other paths.
     void findAgain();
@@ -131,6 +138,7 @@ private:
     Device m_device;
     AddressReading m_address;
     ModemBearers m_bearers;
+    NameServerRequest m_nameServers;
     ServiceListing m_listing;
     BusSlot m_comparison, m_request, m_state;
 };

@@ -281,6 +281,12 @@ void LinkActivation::finish()
     m_deadline = kNever;
 }
 
+void LinkActivation::preferNameServers()
+{
+    if (m_step == Step::Up && m_takesPart && !m_active.empty() && !cellular())
+        m_nameServers.start(m_host.bus(), m_choice.device.path);
+}
+
 void LinkActivation::findAgain()
 {
     auto done = [this](const ServicePicture& picture) { found(picture); };
@@ -318,6 +324,7 @@ void LinkActivation::detach()
     m_begun = false;
     m_reason = nm::kUnknownReason;
     m_device = {};
+    m_nameServers.cancel();
     m_request = BusSlot();
     m_state = BusSlot();
 }

@@ -93,6 +93,13 @@ void NetworkManagerBearer::close(int link)
     sweep();
 }
 
+void NetworkManagerBearer::preferNameServers(int link)
+{
+    auto found = m_links.find(link);
+    if (found != m_links.end())
+        found->second->preferNameServers();
+}
+
 // All of it belongs to the parent, and a message to the bus would be sent in its name.
 void NetworkManagerBearer::forget()
 {

@@ -29,6 +29,7 @@ public:
     void stop() override;
     void open(const Opening& opening) override;
     void close(int link) override;
+    void preferNameServers(int link) override;
     void forget() override;
     BearerDescriptors descriptors() const override;
     void descriptorReady() override;

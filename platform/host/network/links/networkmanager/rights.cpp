@@ -33,7 +33,8 @@ const std::string& connectionOwner()
 std::string grantingLine()
 {
     return "echo 'polkit.addRule(function(action, subject) { if (subject.user == \"" + user() +
-           "\" && action.id.indexOf(\"org.freedesktop.NetworkManager.\") == 0) return "
+           "\" && (action.id == \"org.freedesktop.NetworkManager.network-control\" || "
+           "action.id == \"org.freedesktop.NetworkManager.settings.modify.own\")) return "
            "polkit.Result.YES; });' | sudo tee /etc/polkit-1/rules.d/50-links.rules";
 }
 
