@@ -71,6 +71,10 @@ void sendAll(int descriptor, const std::vector<NapiIndication>& messages)
 
 } // namespace
 
+// Every number of 16 bits, in bursts that fit the socket.
+const int allTypes = 65536;
+const int burst = 64;
+
 class Indications : public Session
 {
 protected:
@@ -234,6 +238,40 @@ TEST_F(Indications, StillHandlesWhatCameBeforeTheSocketWasClosed)
     pass();
     pass();
     EXPECT_EQ("connected(1)", log->take());
+}
+
+TEST_F(Indications, ActsOnFourOfAllTypes)
+{
+    for (int type = 0; type < allTypes; ++type) {
+        napi.send(indication(static_cast<uint16_t>(type), type % 2 ? 0 : 9));
+        napi.send(indication(static_cast<uint16_t>(type), type % 2 ? 9 : 0));
+        if (type % burst == 0)
+            pass();
+    }
+    pass();
+    EXPECT_EQ("connected(0) connected(9) connected(0) openFailed(0,41394,772) "
+              "openFailed(9,41394,772) broken(9) broken(0)",
+              log->take());
+    EXPECT_EQ("", napi.take());
+}
+
+TEST_F(Indications, LeavesThePopupUpForAllTypesButTwo)
+{
+    manager->openLink("Internet");
+    napi.take();
+    for (int type = 0; type < allTypes; ++type) {
+        if (type == NAPI_IND_CONNECTED || type == NAPI_IND_OPEN_FAILED)
+            continue;
+        napi.send(indication(static_cast<uint16_t>(type), 5));
+        if (type % burst == 0)
+            pass();
+    }
+    pass();
+    EXPECT_EQ("", log->take());
+    EXPECT_EQ(1, popupCount());
+    deliver(indication(NAPI_IND_CONNECTED, 5));
+    EXPECT_EQ("connected(5)", log->take());
+    EXPECT_EQ(0, popupCount());
 }
 
 TEST_F(Indications, StillSignalsWhatWasReportedOfALinkBeforeItWasClosed)
