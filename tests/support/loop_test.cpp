@@ -1,6 +1,5 @@
 #include "support/loop.h"
 
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -40,7 +39,7 @@ public:
 class Dialog
 {
 public:
-    ~Dialog() { *isThere = false; }
+    ~Dialog() { delete timer.get(); }
 
     int exec()
     {
@@ -51,32 +50,23 @@ public:
     // Has somebody end the dialog after so many milliseconds, if it is there by then.
     void endAfter(int milliseconds)
     {
-        const auto there = isThere;
-        later(milliseconds, [this, there] {
-            if (*there)
-                loop.leave();
-        });
+        timer = new Later(milliseconds, [this] { loop.leave(); });
     }
 
 private:
     qt::LoopLevel loop;
-    std::shared_ptr<bool> isThere = std::make_shared<bool>(true);
+    Guarded<Later> timer;
 };
 
 // Enters a level, which fails where nothing has left it after five seconds.
 void enterLoopOfATest()
 {
-    bool hasReturned = false;
-    Later* const giveUp = new Later(5000, [&hasReturned] {
-        if (hasReturned)
-            return;
+    const Guarded<Later> giveUp = new Later(5000, [] {
         ADD_FAILURE() << "the level goes on";
         qt::LoopLevel().leave();
     });
     enterLoop();
-    hasReturned = true;
-    if (!testing::Test::HasFailure())
-        delete giveUp;
+    delete giveUp.get();
 }
 
 // Takes one byte for each activation.

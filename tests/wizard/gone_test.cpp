@@ -105,8 +105,12 @@ protected:
     {
         if (window)
             screen()->setParent(nullptr);
+        else
+            delete screen(); // one that was made since
         delete window;
         Gone::TearDown();
+        // There from before the next test.
+        screen();
     }
 
     QPointer<QWidget> window;
@@ -142,8 +146,6 @@ TEST_F(ScreenInAWindow, IconifiedLeavesTheWizard)
 TEST_F(ScreenInAWindow, DeletedEndsTheWizardAsClosed)
 {
     EXPECT_EQ(closed, create({[this] { delete window; }}));
-    // Another one was made since.
-    delete screen();
 }
 
 } // namespace
