@@ -37,9 +37,8 @@ static int highestSuffix(const char* buffer, unsigned int count, const QString& 
 // before, whatever count the network API reports.
 static char* newSlots(unsigned int count)
 {
-    const size_t size = profiles::slotsSize(count);
-    const bool fits = size > 0 || count == 0;
-    return fits ? new (std::nothrow) char[size]() : nullptr;
+    size_t size = 0;
+    return profiles::slotsSize(count, &size) ? new (std::nothrow) char[size]() : nullptr;
 }
 
 // Adding in unsigned numbers lets the number after the largest one wrap around, as it does on the
@@ -51,14 +50,14 @@ static int following(int number)
 
 static void withoutMemory()
 {
-    logPrint(4, "Can not alloc memory for profile.\n");
+    logPrint(support::LogError, "Can not alloc memory for profile.\n");
 }
 
 static void assignNextName(QString& name)
 {
     unsigned int count = 0;
     if (NAPI_ListAllProfile(nullptr, &count) < 0) {
-        logPrint(4, "NAPI_ListAllProfile return error\n");
+        logPrint(support::LogError, "NAPI_ListAllProfile return error\n");
         return;
     }
     const unsigned int room = count;
@@ -66,7 +65,7 @@ static void assignNextName(QString& name)
     if (!buffer)
         return withoutMemory();
     if (NAPI_ListAllProfile(buffer.get(), &count) < 0) {
-        logPrint(4, "NAPI_ListAllProfile return error\n");
+        logPrint(support::LogError, "NAPI_ListAllProfile return error\n");
         return;
     }
     const QString base("Profile");

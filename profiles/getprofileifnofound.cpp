@@ -1,4 +1,4 @@
-#include <qstringlist.h>
+#include <qstring.h>
 
 #include <ysingleselectdlg.h>
 
@@ -6,33 +6,40 @@
 #include "support/log.h"
 #include "support/loop.h"
 #include "support/memory.h"
+#include "support/toolkitnumbers.h"
 #include "support/translate.h"
 
 using support::translate;
 
 enum ItemCode : unsigned int { CreateConnection = 0x301, ChooseConnection = 0x302 };
 
-// By row.
-static const unsigned int itemCodes[] = {CreateConnection, ChooseConnection, 0};
+// What the user may choose, by row.
+struct Way
+{
+    ItemCode code;
+    const char* id;
+    const char* text;
+};
+
+static const Way ways[] = {
+    {CreateConnection, "TXT_RID_LIST_A_CREATE_NEW_CONNECTION", "Create New Connection"},
+    {ChooseConnection, "TXT_RID_LIST_A_CHOOSE_CONNECTION", "Choose Connection"},
+};
 
 enum { noListBox = -1, nothingChecked = -1, cancelled = 1 };
 
-// What the toolkit gives a meaning to.
-static const int accepted = 1;
-static const int textItem = 1;
-static const unsigned int textShare = 50;
 static const int listWidth = 200;
+
+// The toolkit knows what the letters mean.
 static const char rowType[] = "%R%M200";
 
-static void addRows(YListBox* list, const QStringList& texts)
+static void addRow(YListBox* list, const Way& way, const QString& text)
 {
-    int row = 0;
-    for (const QString& text : texts) {
-        YListBoxItem* item = new YListBoxItem(list, QString());
-        item->appendSubItem(textItem, text, "", nullptr, textShare, YListBoxItem::ShowSecond);
-        item->setReservedData(itemCodes[row++]);
-        list->insertItem(item, -1, true);
-    }
+    YListBoxItem* item = new YListBoxItem(list, QString());
+    item->appendSubItem(toolkit::TextSubItem, text, "", nullptr, toolkit::HalfOfTheRow,
+                        YListBoxItem::ShowSecond);
+    item->setReservedData(way.code);
+    list->insertItem(item, -1, true);
 }
 
 static int actOn(unsigned int code, QString& name)
@@ -41,7 +48,7 @@ static int actOn(unsigned int code, QString& name)
         return createProfilebyUser(name);
     if (code == ChooseConnection)
         return getProfileNamebySelect(name);
-    support::logPrint(4, "The error select item.\n");
+    support::logPrint(support::LogError, "The error select item.\n");
     return cancelled;
 }
 
@@ -52,16 +59,14 @@ static int askUser(QString& name)
                                       "Internet connection not found."),
                             nullptr, nullptr, true, 0, 0);
     YListBox* list = dialog.getListBox();
-    QStringList texts;
-    texts << translate("TXT_RID_LIST_A_CREATE_NEW_CONNECTION", "Create New Connection")
-          << translate("TXT_RID_LIST_A_CHOOSE_CONNECTION", "Choose Connection");
     if (!list)
         return noListBox;
     list->setItemType(rowType);
     list->setMinimumWidth(listWidth);
-    addRows(list, texts);
+    for (const Way& way : ways)
+        addRow(list, way, translate(way.id, way.text));
     list->checkItem(0, true);
-    if (support::runDialog(dialog) != accepted)
+    if (support::runDialog(dialog) != toolkit::Accepted)
         return cancelled;
     const YListBoxItem* item = dialog.getCheckedItem();
     return item ? actOn(item->getReservedData(), name) : int(nothingChecked);

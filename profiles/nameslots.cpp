@@ -7,9 +7,12 @@
 
 namespace profiles {
 
-size_t slotsSize(unsigned int count)
+bool slotsSize(unsigned int count, size_t* size)
 {
-    return count <= SIZE_MAX / NAPI_PROFILE_NAME_SLOT ? size_t(count) * NAPI_PROFILE_NAME_SLOT : 0;
+    if (count > SIZE_MAX / NAPI_PROFILE_NAME_SLOT)
+        return false;
+    *size = size_t(count) * NAPI_PROFILE_NAME_SLOT;
+    return true;
 }
 
 QString slotName(const char* buffer, unsigned int index)

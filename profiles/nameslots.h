@@ -10,9 +10,8 @@
 
 namespace profiles {
 
-// The size in bytes of a buffer for `count` names; 0 when no buffer can be that large, or `count`
-// is 0.
-size_t slotsSize(unsigned int count);
+// Stores the size in bytes of a buffer for `count` names; whether a buffer can be that large.
+bool slotsSize(unsigned int count, size_t* size);
 
 // The name in slot `index` of a buffer: up to its NUL, or the whole slot when it has none. A byte
 // that belongs to no well-formed UTF-8 sequence gives one U+FFFD.

@@ -34,11 +34,11 @@ static int countNames(unsigned int& count)
     count = 0;
     const int result = NAPI_ListAllProfile(nullptr, &count);
     if (result < 0) {
-        logPrint(4, "NAPI_ListAllProfile return error\n");
+        logPrint(support::LogError, "NAPI_ListAllProfile return error\n");
         return result;
     }
     if (count == 0) {
-        logPrint(4, "No profile exists.\n");
+        logPrint(support::LogError, "No profile exists.\n");
         return noneSelected;
     }
     // The number is asked for again where it counts, as the phone does.
@@ -51,9 +51,8 @@ static int countNames(unsigned int& count)
 // whatever count it reports.
 static Buffer newBuffer(unsigned int count)
 {
-    const size_t size = profiles::slotsSize(count);
-    const bool fits = size > 0 || count == 0;
-    Buffer buffer(fits ? static_cast<char*>(malloc(size)) : nullptr);
+    size_t size = 0;
+    Buffer buffer(profiles::slotsSize(count, &size) ? static_cast<char*>(malloc(size)) : nullptr);
     for (size_t slot = 0; buffer && slot < size; slot += NAPI_PROFILE_NAME_SLOT)
         memset(buffer.get() + slot, 0, 4);
     return buffer;
@@ -66,7 +65,7 @@ static int listNames(char* buffer, unsigned int room, QStringList& names)
     unsigned int count = room;
     const int result = NAPI_ListAllProfile(buffer, &count);
     if (result < 0) {
-        logPrint(4, "NAPI_ListAllProfile return error\n");
+        logPrint(support::LogError, "NAPI_ListAllProfile return error\n");
         return result;
     }
     for (unsigned int i = 0; i < count && i < room; ++i)
@@ -92,7 +91,7 @@ static int runDialog(YProfileSelectDlg* newDialog, QString& name)
 
 static int withoutMemory()
 {
-    logPrint(4, "Can not malloc memory for profiles.\n");
+    logPrint(support::LogError, "Can not malloc memory for profiles.\n");
     return noneSelected;
 }
 

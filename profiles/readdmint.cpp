@@ -17,16 +17,16 @@ static int readValue(const DmtNodeHandle& node, int& value)
 {
     DmtData data;
     if (hasFailed(node->GetValue(data))) {
-        logPrint(4, "Getting DM Tree Node Value failed");
+        logPrint(support::LogError, "Getting DM Tree Node Value failed");
         return 0;
     }
     if (data.GetType() != DMT_TYPE_INTEGER) {
-        logPrint(4, "Data Type is not correct");
+        logPrint(support::LogError, "Data Type is not correct");
         return 0;
     }
     int integer = 0;
     if (hasFailed(data.GetInt(integer))) {
-        logPrint(4, "Get INT valu failed");
+        logPrint(support::LogError, "Get INT valu failed");
         return 0;
     }
     value = integer;
@@ -38,11 +38,11 @@ static int readNode(DmtTreeHandle& tree, DmtNodeHandle& node, const char* nodeNa
     DmtPrincipal principal;
     principal.SetName("localhost");
     if (hasFailed(DmtTreeFactory::GetTree(principal, tree))) {
-        logPrint(4, "Getting DM Tree Failed");
+        logPrint(support::LogError, "Getting DM Tree Failed");
         return 0;
     }
     if (hasFailed(tree->GetNode(nodeName, node))) {
-        logPrint(4, "Getting DM Tree Node Failed");
+        logPrint(support::LogError, "Getting DM Tree Node Failed");
         return 0;
     }
     return readValue(node, value);
@@ -51,11 +51,11 @@ static int readNode(DmtTreeHandle& tree, DmtNodeHandle& node, const char* nodeNa
 int readDmInt(const char* nodeName, int& value)
 {
     if (!nodeName) {
-        logPrint(4, "Node Name is NULL");
+        logPrint(support::LogError, "Node Name is NULL");
         return 0;
     }
     if (hasFailed(DmtTreeFactory::Initialize())) {
-        logPrint(4, "DM Tree initialization failed");
+        logPrint(support::LogError, "DM Tree initialization failed");
         return 0;
     }
     DmtTreeHandle tree;

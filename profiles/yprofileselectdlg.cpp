@@ -2,17 +2,15 @@
 
 #include "support/memory.h"
 #include "support/text.h"
+#include "support/toolkitnumbers.h"
 
 // One mark and one text; the toolkit knows what the letters mean.
 static const char rowType[] = "%R%M240";
 
-// The sub-item that holds the name.
-static const int nameSubItem = 1;
-
 static YListBoxItem* appendRow(YListBox* list, const QString& name)
 {
     YListBoxItem* row = new YListBoxItem(list, rowType);
-    row->appendSubItem(nameSubItem, name, false, nullptr);
+    row->appendSubItem(toolkit::TextSubItem, name, false, nullptr);
     list->insertItem(row, -1, true);
     return row;
 }
@@ -48,7 +46,7 @@ int YProfileSelectDlg::selectedProfile(QString& out)
         return -1;
     return support::withMemory(
         [row, &out] {
-            out = row->getSubItemText(nameSubItem, 0, false);
+            out = row->getSubItemText(toolkit::TextSubItem, 0, false);
             return 0;
         },
         [] { return -1; });

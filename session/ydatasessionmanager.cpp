@@ -11,6 +11,7 @@
 #include "support/guarded.h"
 #include "support/memory.h"
 #include "support/text.h"
+#include "support/toolkitnumbers.h"
 #include "ystatedialog.h"
 
 using support::Guarded;
@@ -97,7 +98,8 @@ void YDataSessionManager::showPopup(int linkId)
     if (!stateDialog)
         return;
     pendingLinkId = linkId;
-    stateDialog->getSoftKey()->setClickedSlot(1, this, SLOT(slotCancelBtnClicked()));
+    stateDialog->getSoftKey()->setClickedSlot(toolkit::RightKey, this,
+                                              SLOT(slotCancelBtnClicked()));
     stateDialog->YPopup::show();
 }
 

@@ -4,29 +4,27 @@
 #include <ylabel.h>
 #include <ysoftkey.h>
 
-// Values that the toolkit gives a meaning to.
-static const int popupType = 0;
-static const int popupStyle = 464;
-static const int labelClass = 86;
+#include "support/toolkitnumbers.h"
 
-static const int cancelButton = 1;
-static const int iconWidth = 64;
+// How far the text begins to the right of where the popup's contents do, for the icon's sake.
+static const int textIndent = 64;
 
-YStateDialog::YStateDialog(QWidget* parent) : YPopup(popupType, parent, 0, true, popupStyle, 0)
+YStateDialog::YStateDialog(QWidget* parent)
+    : YPopup(toolkit::UsualType, parent, 0, true, toolkit::ProgressStyle, 0)
 {
     setGeometry(YGlobal::getDlgSmallR());
 
-    YLabel* icon = new YLabel(this, 0, 0, labelClass);
+    YLabel* icon = new YLabel(this, 0, 0, toolkit::PlainLabel);
     icon->setGeometry(8, 11, 50, 50);
 
-    stateLabel = new YLabel(this, 0, 0, labelClass);
+    stateLabel = new YLabel(this, 0, 0, toolkit::PlainLabel);
     QRect content = YGlobal::getDlgSmallConR();
-    content.setLeft(content.left() + iconWidth);
+    content.setLeft(content.left() + textIndent);
     stateLabel->setGeometry(YGlobal::mapFromGlobalR(this, content));
 
     softKey = getSoftKey();
-    softKey->showButton(0, false);
-    softKey->setText(cancelButton, tr("TXT_RID_SOFTKEY_CANCEL", "Cancel"), 0);
+    softKey->showButton(toolkit::LeftKey, false);
+    softKey->setText(toolkit::RightKey, tr("TXT_RID_SOFTKEY_CANCEL", "Cancel"), 0);
 }
 
 YStateDialog::~YStateDialog() {}

@@ -9,26 +9,24 @@
 #include "ipaddressedit_validator.h"
 #include "support/ipv4.h"
 #include "support/text.h"
+#include "support/toolkitnumbers.h"
 #include "widgets/keypadinput.h"
 
 static const int segmentCount = 4;
 static const int largestOctet = 255;
 static const unsigned int broadcast = 0xFFFFFFFFU;
 
-// Values that the toolkit gives a meaning to.
-static const int segmentFieldClass = 63;
 static const int segmentWidth = 40;
-static const int centred = 36;
 
 static void setUpSegment(YLineEdit* segment)
 {
     segment->setMaxLength(3);
     segment->setPreferredWidth(segmentWidth);
-    segment->setAlignment(centred);
+    segment->setAlignment(toolkit::Centred);
     IPAddressEdit_Validator* validator = new IPAddressEdit_Validator(segment);
     validator->setRange(0, largestOctet);
     segment->setValidator(validator);
-    widgets::useKeypad(segment, widgets::KeypadNumbers);
+    widgets::useKeypad(segment, toolkit::NumericInput);
 }
 
 // Each byte is one character, as a QString of the phone takes it.
@@ -48,7 +46,7 @@ static unsigned int addressOf(const QString& text)
     return address;
 }
 
-IPAddressEdit::IPAddressEdit(QWidget* parent) : YSegmentField(parent, 0, 0, segmentFieldClass)
+IPAddressEdit::IPAddressEdit(QWidget* parent) : YSegmentField(parent, 0, 0, toolkit::SegmentField)
 {
     setNumSegments(segmentCount);
     setSeparatorString(".");

@@ -1,11 +1,10 @@
 #include "ipaddressedit_validator.h"
 
-#include "support/number.h"
-#include "support/object.h"
+#include <qwidget.h>
 
-IPAddressEdit_Validator::IPAddressEdit_Validator(QWidget* parent)
-    : SUPPORT_VALIDATOR(parent, nullptr)
-{}
+#include "support/number.h"
+
+IPAddressEdit_Validator::IPAddressEdit_Validator(QWidget* parent) : QIntValidator(parent) {}
 
 IPAddressEdit_Validator::~IPAddressEdit_Validator() {}
 

@@ -2,16 +2,15 @@
 #ifndef WIDGETS_KEYPADINPUT_H
 #define WIDGETS_KEYPADINPUT_H
 
+#include "support/toolkitnumbers.h"
+
 class QWidget;
 
 namespace widgets {
 
-// The keypad's modes, as the toolkit numbers them.
-enum KeypadMode { KeypadDialNumbers = 4, KeypadNumbers = 6 };
-
-// Has `field`, a line edit of the toolkit, take its text from the keypad in this mode. Needs the
-// application object.
-void useKeypad(QWidget* field, KeypadMode mode);
+// Has `field`, a line edit of the toolkit, take its text from the keypad in this mode:
+// NumericInput or DialNumberInput. Needs the application object.
+void useKeypad(QWidget* field, toolkit::InputMode mode);
 
 } // namespace widgets
 

@@ -1,12 +1,10 @@
 #include "profileedit.h"
 
 #include "support/text.h"
-
-// The toolkit's number for the look of a line edit in a form.
-static const int formLineEditClass = 39;
+#include "support/toolkitnumbers.h"
 
 ProfileEdit::ProfileEdit(QWidget* parent, const char* name)
-    : YLineEdit(parent, name, formLineEditClass)
+    : YLineEdit(parent, name, toolkit::FormLineEdit)
 {}
 
 ProfileEdit::~ProfileEdit() {}

@@ -1,5 +1,7 @@
 #include "wizard/dataconnection_newwiz1.h"
 
+#include <qevent.h>
+
 #include <setuputility.h>
 #include <ycombobox.h>
 #include <yformcontainer.h>
@@ -8,17 +10,25 @@
 
 #include "profilefunctions.h"
 #include "profiles/readdmint.h"
+#include "support/guarded.h"
 #include "support/log.h"
+#include "support/loop.h"
+#include "support/memory.h"
 #include "support/text.h"
+#include "support/toolkitnumbers.h"
+#include "wizard/boxes.h"
 #include "wizard/dataconnection_newwiz2.h"
 #include "wizard/form/codetables.h"
+#include "wizard/form/profilestore.h"
 #include "wizard/form/recordmapping.h"
-#include "wizard/nspressbutton.h"
-#include "wizard/page1rows.h"
+#include "wizard/guardedrows.h"
 #include "wizard/pageparts.h"
+#include "wizard/pagerows.h"
 
+using support::Guarded;
 using support::logPrint;
 using wizard::Choice;
+using wizard::FormFault;
 using wizard::Text;
 
 DataConnection_NewWiz1::DataConnection_NewWiz1(const QString& name, bool creating, QWidget* parent,
@@ -37,7 +47,7 @@ DataConnection_NewWiz1::DataConnection_NewWiz1(const QString& name, bool creatin
       currentPreference(wizard::WifiThenCellular),
       defaultPreference(wizard::WifiThenCellular)
 {
-    setMorphMode(wizard::formMorphMode);
+    setMorphMode(toolkit::FormMorph);
     const SETUP_Utility features;
     hasWifi = features.isFeatureAvailable(SETUP_FEATURE_WIFI) != 0;
 
@@ -46,9 +56,9 @@ DataConnection_NewWiz1::DataConnection_NewWiz1(const QString& name, bool creatin
     addRows();
     page2.reset(new DataConnection_NewWiz2(this, nullptr, nullptr, 0));
     if (loadProfile(name))
-        logPrint(8, "Load Profile Ok!\n");
+        logPrint(support::LogProgress, "Load Profile Ok!\n");
     else
-        logPrint(4, "Load profile content failed\n");
+        logPrint(support::LogError, "Load profile content failed\n");
     addKeys();
     rows.edit(Text::ProfileName)->setFocus();
     if (hasWifi)
@@ -62,7 +72,7 @@ DataConnection_NewWiz1::~DataConnection_NewWiz1()
     page2.reset();
     record.reset();
     DataConnection_NewWiz1::hide();
-    logPrint(8, "Destory an object...\n ");
+    logPrint(support::LogProgress, "Destory an object...\n ");
 }
 
 // A page that is deleted by its owner has nobody to tell.
@@ -113,11 +123,11 @@ void DataConnection_NewWiz1::addRows()
 void DataConnection_NewWiz1::chooseDefaultPreference()
 {
     if (!readDmInt("DefConnPrefer", defaultPreference)) {
-        logPrint(4, "Get default connection preference faild\n");
+        logPrint(support::LogError, "Get default connection preference faild\n");
         defaultPreference = wizard::WifiThenCellular;
     }
     rows.setChoice(Choice::Preference, defaultPreference);
-    logPrint(8, "set WiFi preference dialog ok");
+    logPrint(support::LogProgress, "set WiFi preference dialog ok");
 }
 
 void DataConnection_NewWiz1::addKeys()
@@ -139,7 +149,7 @@ int DataConnection_NewWiz1::loadProfile(const QString& name)
         return 1;
     const std::string bytes = support::utf8(name);
     if (NAPI_ReadProfile(bytes.c_str(), record.get(), 0, 0) != 0) {
-        logPrint(4, "Read profile error.\n");
+        logPrint(support::LogError, "Read profile error.\n");
         return 0;
     }
     wizard::fillPage1(*record, rows);
@@ -149,7 +159,7 @@ int DataConnection_NewWiz1::loadProfile(const QString& name)
         if (currentPreference == wizard::WifiOnly)
             switchCellularRows(false);
     }
-    logPrint(8, "Load Profile: %s successfully\n", bytes.c_str());
+    logPrint(support::LogProgress, "Load Profile: %s successfully\n", bytes.c_str());
     return 1;
 }
 
@@ -194,4 +204,95 @@ void DataConnection_NewWiz1::slotPreferencChanged(int index)
 void DataConnection_NewWiz1::slotContentChanged()
 {
     wizard::offerSave(softKeys, this, SLOT(slotSaveProfile()));
+}
+
+int DataConnection_NewWiz1::run()
+{
+    show();
+    connectContentSignals();
+    if (!inModalLoop) {
+        inModalLoop = true;
+        const Guarded<DataConnection_NewWiz1> self(this);
+        support::enterLoop();
+        if (self.isNull())
+            return ResultClosed;
+    }
+    return result;
+}
+
+// Only now, so that filling the rows has not counted as a change.
+void DataConnection_NewWiz1::connectContentSignals()
+{
+    static const char textChanged[] = "2textChanged (const QString &)";
+    QObject::connect(rows.edit(Text::ProfileName), textChanged, this, SLOT(slotContentChanged()));
+    QWidget* row = rows.edit(Text::Proxy1);
+    for (int field = int(Text::Proxy1); field <= int(Text::GprsDns2); ++field) {
+        QObject::connect(row, textChanged, this, SLOT(slotContentChanged()));
+        row = form->getNextChild(row);
+    }
+    for (Choice field : {Choice::QosPolicy, Choice::GprsTimeout})
+        QObject::connect(rows.combo(field), SIGNAL(activated(int)), this,
+                         SLOT(slotContentChanged()));
+}
+
+void DataConnection_NewWiz1::hide()
+{
+    YKbMainWidget::hide();
+    leaveLoop();
+}
+
+// A window that is iconified comes back; the wizard waits for it.
+void DataConnection_NewWiz1::hideEvent(QHideEvent* event)
+{
+    if (!event->spontaneous())
+        leaveLoop();
+    YKbMainWidget::hideEvent(event);
+}
+
+void DataConnection_NewWiz1::leaveLoop()
+{
+    if (inModalLoop) {
+        inModalLoop = false;
+        support::exitLoop();
+    }
+}
+
+wizard::FormPurpose DataConnection_NewWiz1::purpose() const
+{
+    return {isCreating, currentName, hasWifi};
+}
+
+// Where the form has a fault, nothing is stored.
+int DataConnection_NewWiz1::checkAndStore(FormFault* fault)
+{
+    *fault = wizard::checkForm(rows, purpose());
+    if (*fault != FormFault::None)
+        return wizard::NotStored;
+    const bool withPage2 = page2 && page2->isSaved();
+    return wizard::storeProfile(rows, purpose(), record.get(), withPage2, &currentName);
+}
+
+// The page may be deleted while the user reads a message.
+void DataConnection_NewWiz1::slotSaveProfile()
+{
+    const Guarded<DataConnection_NewWiz1> self(this);
+    FormFault fault = FormFault::None;
+    const int stored = support::withMemory([this, &fault] { return checkAndStore(&fault); },
+                                           wizard::notStoredWithoutMemory);
+    if (fault != FormFault::None) {
+        wizard::showFault(fault, rows);
+        if (!self.isNull())
+            rows.focus(wizard::fieldsToCorrect(fault));
+        return;
+    }
+    if (stored == wizard::Stored) {
+        result = ResultStored;
+        wizard::showStored(currentName);
+    } else if (stored == NAPI_ERR_MEMORY_FULL) {
+        wizard::showMemoryFull();
+    } else {
+        logPrint(support::LogError, "Network: Save profile data error!\n");
+    }
+    if (!self.isNull())
+        hide();
 }

@@ -77,7 +77,6 @@ private:
     void connectContentSignals();
     wizard::FormPurpose purpose() const;
     int checkAndStore(wizard::FormFault* fault);
-    void focusFields(wizard::FormFault fault);
 
     std::unique_ptr<DataConnection_NewWiz2, DeletePage2> page2;
     YFormContainer* form;

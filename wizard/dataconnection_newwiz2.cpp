@@ -9,9 +9,10 @@
 #include <yformcontainer.h>
 #include <ylineedit.h>
 
+#include "support/toolkitnumbers.h"
 #include "wizard/dataconnection_newwiz1.h"
-#include "wizard/page2rows.h"
 #include "wizard/pageparts.h"
+#include "wizard/pagerows.h"
 
 using wizard::Choice;
 using wizard::Text;
@@ -26,7 +27,7 @@ DataConnection_NewWiz2::DataConnection_NewWiz2(DataConnection_NewWiz1* firstPage
       softKeys(nullptr),
       saved(false)
 {
-    setMorphMode(wizard::formMorphMode);
+    setMorphMode(toolkit::FormMorph);
     setMainWidgetTitle(tr("TXT_RID_HEADER_ADDITIONAL_SETTINGS", "Additional Settings"));
     form = wizard::addForm(this);
     for (const wizard::Row& row : wizard::page2Rows)

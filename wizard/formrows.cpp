@@ -58,4 +58,10 @@ void FormRows::focus(Text field)
     form->setContentsPos(form->contentsX(), form->childY(edit(field)));
 }
 
+void FormRows::focus(const FaultFields& fields)
+{
+    for (int i = 0; i < fields.count; ++i)
+        focus(fields.fields[i]);
+}
+
 } // namespace wizard

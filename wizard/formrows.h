@@ -2,6 +2,7 @@
 #ifndef WIZARD_FORMROWS_H
 #define WIZARD_FORMROWS_H
 
+#include "wizard/form/formcheck.h"
 #include "wizard/form/formfields.h"
 
 class YComboBox;
@@ -31,6 +32,8 @@ public:
 
     // Gives a row the focus and brings it to the top of its form.
     void focus(Text field);
+    // The same for each of these; the last one keeps the focus.
+    void focus(const FaultFields& fields);
 
 private:
     YLineEdit* edits[textCount] = {};

@@ -9,28 +9,21 @@
 #include <yoptionsmenu.h>
 #include <ysoftkey.h>
 
+#include "support/toolkitnumbers.h"
 #include "support/translate.h"
 
 using support::translate;
 
 namespace wizard {
 
-// Values that the toolkit gives a meaning to.
-static const int formClass = 23;
-static const int infoAreaClass = 3;
-static const int textArea = 1;
-static const int optionsMenuClass = 54;
-
-static const int leftKey = 0;
-static const int rightKey = 1;
 static const int optionsMenuWidth = 200;
 
 YFormContainer* addForm(YKbMainWidget* page)
 {
-    YFormContainer* form = new YFormContainer(page, nullptr, formClass);
+    YFormContainer* form = new YFormContainer(page, nullptr, toolkit::FormContainer);
     page->setContentWidget(form);
-    YAppInfoArea* area = new YAppInfoArea(page, "T", nullptr, infoAreaClass);
-    area->appendText(textArea, "", QString());
+    YAppInfoArea* area = new YAppInfoArea(page, "T", nullptr, toolkit::AppInfoArea);
+    area->appendText(toolkit::TextArea, "", QString());
     page->setTitleBarWidget(area);
     return form;
 }
@@ -46,7 +39,8 @@ static QRect optionsMenuRect()
 
 YOptionsMenu* addOptionsMenu(YKbMainWidget* page, const PhoneText& item, const char* member)
 {
-    YOptionsMenu* menu = new YOptionsMenu(optionsMenuRect(), page, nullptr, 0, optionsMenuClass);
+    YOptionsMenu* menu =
+        new YOptionsMenu(optionsMenuRect(), page, nullptr, 0, toolkit::OptionsMenu);
     menu->insertItem(translate(item.id, item.text), nullptr, page, member, true, false, false, -1,
                      -1, false);
     return menu;
@@ -60,24 +54,24 @@ static QString cancelText()
 YSoftKey* addSoftKeys(YKbMainWidget* page, YOptionsMenu* menu, const char* member)
 {
     YSoftKey* softKeys = new YSoftKey("CST_2A", page, page);
-    softKeys->setText(leftKey, translate("TXT_RID_SOFTKEY_OPTIONS", "Options"), 0);
-    softKeys->setText(rightKey, cancelText(), 0);
-    softKeys->setOptionsMenu(leftKey, menu);
-    softKeys->setClickedSlot(rightKey, page, member);
+    softKeys->setText(toolkit::LeftKey, translate("TXT_RID_SOFTKEY_OPTIONS", "Options"), 0);
+    softKeys->setText(toolkit::RightKey, cancelText(), 0);
+    softKeys->setOptionsMenu(toolkit::LeftKey, menu);
+    softKeys->setClickedSlot(toolkit::RightKey, page, member);
     page->setSoftKey(softKeys);
     return softKeys;
 }
 
 void offerCancel(YSoftKey* softKeys, QObject* page, const char* member)
 {
-    softKeys->setText(rightKey, cancelText(), 0);
-    softKeys->setClickedSlot(rightKey, page, member);
+    softKeys->setText(toolkit::RightKey, cancelText(), 0);
+    softKeys->setClickedSlot(toolkit::RightKey, page, member);
 }
 
 void offerSave(YSoftKey* softKeys, QObject* page, const char* member)
 {
-    softKeys->setText(rightKey, translate("TXT_RID_SOFTKEY_SAVE", "Save"), 0);
-    softKeys->setClickedSlot(rightKey, page, member);
+    softKeys->setText(toolkit::RightKey, translate("TXT_RID_SOFTKEY_SAVE", "Save"), 0);
+    softKeys->setClickedSlot(toolkit::RightKey, page, member);
 }
 
 } // namespace wizard

@@ -12,9 +12,6 @@ class YSoftKey;
 
 namespace wizard {
 
-// A value that the toolkit gives a meaning to.
-enum { formMorphMode = 3 };
-
 // Gives the page its title-bar widget and an empty form. Result: the form, owned by the page.
 YFormContainer* addForm(YKbMainWidget* page);
 

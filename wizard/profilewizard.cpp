@@ -38,7 +38,7 @@ bool isValid(const std::string& name)
 {
     const bool valid = NAPI_IsProfileValid(name.c_str()) == NAPI_OK;
     if (!valid)
-        logPrint(4, "This profile is invalid.\n");
+        logPrint(support::LogError, "This profile is invalid.\n");
     return valid;
 }
 
@@ -52,7 +52,8 @@ int copy(QString& name)
     const std::string bytes = support::utf8(name);
     if (!isValid(bytes))
         return 0;
-    logPrint(8, "read profile ok, create instance of DataConnection_NewWiz, begin copy %s\n",
+    logPrint(support::LogProgress,
+             "read profile ok, create instance of DataConnection_NewWiz, begin copy %s\n",
              bytes.c_str());
     return runWizard(name, true, nullptr);
 }
@@ -61,7 +62,7 @@ int edit(QString& name)
 {
     if (!isValid(support::utf8(name)))
         return 0;
-    logPrint(8, "read profile ok, create instance of DataConnection_NewWiz\n");
+    logPrint(support::LogProgress, "read profile ok, create instance of DataConnection_NewWiz\n");
     return runWizard(name, false, nullptr);
 }
 

@@ -6,21 +6,15 @@
 #include <yseparator.h>
 
 #include "ipaddressedit_validator.h"
+#include "support/toolkitnumbers.h"
 #include "support/translate.h"
 #include "widgets/keypadinput.h"
 #include "wizard/formrows.h"
-#include "wizard/nscombobox.h"
-#include "wizard/nseditbox.h"
-#include "wizard/nspressbutton.h"
+#include "wizard/guardedrows.h"
 
 namespace wizard {
 
 namespace {
-
-// Values that the toolkit gives a meaning to.
-const int separatorClass = 64;
-const int captionClass = 86;
-const int passwordMode = 8;
 
 const int largestPort = 65535;
 
@@ -34,13 +28,13 @@ void makePort(YLineEdit* edit)
     IPAddressEdit_Validator* validator = new IPAddressEdit_Validator(edit);
     validator->setRange(0, largestPort);
     edit->setValidator(validator);
-    widgets::useKeypad(edit, widgets::KeypadNumbers);
+    widgets::useKeypad(edit, toolkit::NumericInput);
 }
 
 void makePassword(YLineEdit* edit)
 {
     edit->setEchoMode(QLineEdit::Password);
-    edit->getInputField()->setInputMode(passwordMode);
+    edit->getInputField()->setInputMode(toolkit::PasswordInput);
 }
 
 void limit(YLineEdit* edit, int maxLength)
@@ -57,7 +51,7 @@ void dress(YLineEdit* edit, const Row& row)
         return makePort(edit);
     case RowKind::DialNumber:
         limit(edit, row.number);
-        return widgets::useKeypad(edit, widgets::KeypadDialNumbers);
+        return widgets::useKeypad(edit, toolkit::DialNumberInput);
     case RowKind::Password:
         makePassword(edit);
         return limit(edit, row.number);
@@ -97,8 +91,8 @@ QWidget* addChoice(const Row& row, YComboBox* combo, YFormContainer* form, FormR
 
 QWidget* addSeparator(const Row& row, YFormContainer* form)
 {
-    YSeparator* separator = new YSeparator(form->viewport(), nullptr, 0, separatorClass);
-    YLabel* caption = new YLabel(separator, nullptr, 0, captionClass);
+    YSeparator* separator = new YSeparator(form->viewport(), nullptr, 0, toolkit::Separator);
+    YLabel* caption = new YLabel(separator, nullptr, 0, toolkit::PlainLabel);
     caption->setText(labelOf(row.label));
     separator->setAutoResize(true);
     separator->setLabel(caption);

@@ -148,8 +148,6 @@ def lint_header(text):
     yield from lint_tokens([token for token in tokens if token.kind != "directive"])
     for found in classes:
         yield from lint_class(found)
-    for found in classes[1:]:
-        yield found.line, f"{found.name} is the second class with a Q_OBJECT; give it its own header"
 
 
 # ---- Texts of connections ----

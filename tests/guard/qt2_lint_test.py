@@ -46,6 +46,7 @@ ACCEPTED = {
     "a pure virtual slot": header("virtual void act() = 0;"),
     "a constant slot": header("int answer() const;"),
     "an export macro": header(head="class PAGE_EXPORT Page : public QObject"),
+    "a second class": header(behind="class Other : public QObject\n{\n    Q_OBJECT\n};"),
     "further bases": header(head="class Page : public QObject, private Base<int>"),
     "override outside of slots": header(inside="    void show() override;\n    ~Page() override;"),
     "noexcept, default, delete and attributes outside of slots": header(
@@ -100,7 +101,6 @@ REFUSED_ELSEWHERE = {
     "a template as a base": (header(head="class Page : public Base<int>"), "the first base of Page"),
     "no base": (header(head="class Page"), "the first base of Page"),
     "a nested class": (header(inside="    class Inner : public QObject\n    {\n        Q_OBJECT\n    };"), "Inner lies inside"),
-    "a second class": (header(behind="class Other : public QObject\n{\n    Q_OBJECT\n};"), "Other is the second class"),
     "a word of Qt 6": (header(inside="    Q_INVOKABLE void act();"), "Q_INVOKABLE is unknown"),
     "sections in the words of Qt 6": (header(inside="public Q_SLOTS:\n    void act();"), "Q_SLOTS is unknown"),
     "a macro around Q_OBJECT": ("#define PAGE_OBJECT Q_OBJECT\nQ_OBJECT\n", "outside of a class"),

@@ -17,6 +17,8 @@ from class_reader import classes_of, tokens_of
 HERE = pathlib.Path(__file__).resolve().parent
 LIBRARY = ("include", "support", "widgets", "wizard", "profiles", "session")
 DOCUMENT = "docs/phone-build.md"
+# The library's own names for the platform's numbers: a header, and the namespace that they are in.
+NUMBERS, OF_NUMBERS = "toolkitnumbers.h", re.compile(r"\btoolkit::\w+")
 # What the host's headers need among themselves; a platform has its own way.
 OWN_AFFAIRS = {"platform_export.h"}
 # Names that the library takes from elsewhere, and that a header has as well.
@@ -60,8 +62,8 @@ def used_names(root):
     words, calls, headers = set(), set(), set()
     for folder in LIBRARY:
         for path in (root / folder).rglob("*"):
-            if path.suffix in (".h", ".cpp"):
-                text = path.read_text(encoding="utf-8")
+            if path.suffix in (".h", ".cpp") and path.name != NUMBERS:
+                text = OF_NUMBERS.sub("", path.read_text(encoding="utf-8"))
                 headers |= set(INCLUDE.findall(text))
                 tokens = [token for token in tokens_of(text) if token.kind != "directive"]
                 words |= {token.text for token in tokens if token.kind == "word"}

@@ -84,6 +84,10 @@ class SdkNames(unittest.TestCase):
         self.assertNotIn("setEnabled", DOCUMENT)
         self.assertEqual([], self.check(DOCUMENT))
 
+    def test_leaves_out_what_the_library_names_for_itself(self):
+        own = SOURCE.replace("(CODE_BAD)", "(toolkit::CODE_BAD)")
+        self.assertEqual([], self.check(DOCUMENT.replace("`CODE_BAD`", "a code"), own))
+
     def test_asks_for_nothing_that_is_not_used(self):
         self.assertEqual([], self.check("", "int nothing();"))
 

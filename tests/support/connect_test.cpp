@@ -2,16 +2,13 @@
 // library to them.
 #include <gtest/gtest.h>
 
-#include "support/messages.h"
 #include "support/receiver.h"
-
-using namespace support;
 
 namespace {
 
 int messages = 0;
 
-void count(int, const char*)
+void count(QtMsgType, const QMessageLogContext&, const QString&)
 {
     ++messages;
 }
@@ -70,9 +67,9 @@ TEST(Connect, OfUnlikeArgumentsIsReported)
 {
     Receiver receiver;
     messages = 0;
-    const MessageHandler before = captureMessages(count);
+    const QtMessageHandler before = qInstallMessageHandler(count);
     QObject::connect(&receiver, SIGNAL(changed(int, const QString&)), &receiver,
                      SLOT(choose(QString)));
-    captureMessages(before);
+    qInstallMessageHandler(before);
     EXPECT_EQ(1, messages);
 }

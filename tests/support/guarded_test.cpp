@@ -5,6 +5,7 @@
 #include <qwidget.h>
 
 using support::Guarded;
+using support::Owned;
 
 TEST(Guarded, IsNullWithoutAnObject)
 {
@@ -108,4 +109,23 @@ TEST(Guarded, MayGoBeforeItsObject)
     }
     const Guarded<QObject> another(&object);
     EXPECT_EQ(&object, another.get());
+}
+
+TEST(Owned, DeletesItsObjectAtTheEnd)
+{
+    Guarded<QObject> watched;
+    {
+        const Owned<QObject> owned(new QObject);
+        watched = owned.get();
+        EXPECT_FALSE(owned.isNull());
+        EXPECT_FALSE(owned->signalsBlocked());
+    }
+    EXPECT_TRUE(watched.isNull());
+}
+
+TEST(Owned, LeavesAloneWhatOthersHaveDeleted)
+{
+    const Owned<QObject> owned(new QObject);
+    delete owned.get();
+    EXPECT_TRUE(owned.isNull());
 }

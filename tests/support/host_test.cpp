@@ -15,7 +15,6 @@
 #include "support/later.h"
 #include "support/loop.h"
 #include "support/notation.h"
-#include "support/object.h"
 #include "support/text.h"
 #include "support/translate.h"
 
@@ -36,21 +35,7 @@ public:
     bool isEmpty() const override { return false; }
 };
 
-class Frameless : public QWidget
-{
-public:
-    Frameless() : SUPPORT_QWIDGET(nullptr, "frame", Qt::Popup | Qt::FramelessWindowHint) {}
-};
-
 } // namespace
-
-TEST(SupportQWidget, PassesFlagsOn)
-{
-    const Frameless widget;
-    EXPECT_EQ("frame", shown(objectName(&widget)));
-    EXPECT_EQ(Qt::Popup, widget.windowType());
-    EXPECT_TRUE(widget.windowFlags().testFlag(Qt::FramelessWindowHint));
-}
 
 TEST(WakeLoop, FromAnotherThreadEndsEachWaitOfTheLoop)
 {

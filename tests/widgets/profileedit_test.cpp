@@ -18,7 +18,7 @@ protected:
         GuiTest::SetUp();
         m_popup = std::make_unique<YPopup>(0, nullptr, nullptr, true, YPopup::PlainStyle, 0);
         m_popup->setGeometry(screen()->rect());
-        m_other = new YLineEdit(m_popup.get(), nullptr, 39);
+        m_other = new YLineEdit(m_popup.get(), nullptr, YSkinService::FormLineEdit);
         m_field = new ProfileEdit(m_popup.get(), "profile");
         m_other->setGeometry(0, 0, 240, 40);
         m_field->setGeometry(0, 50, 240, 40);

@@ -117,7 +117,8 @@ TEST_F(Entry, TheCallersWindowMayBeDeletedMeanwhile)
 class CallersPage : public YKbMainWidget
 {
 public:
-    CallersPage() : YKbMainWidget(nullptr, nullptr, 0), button(this, nullptr, 60)
+    CallersPage()
+        : YKbMainWidget(nullptr, nullptr, 0), button(this, nullptr, YSkinService::FormPressButton)
     {
         setContentWidget(&button);
     }

@@ -36,7 +36,7 @@ static bool readAddress(const QString& text, unsigned int* address)
 void storeAddress(const QString& text, unsigned int* address)
 {
     if (!readAddress(text, address))
-        support::logPrint(4, "Wrong IP address\n");
+        support::logPrint(support::LogError, "Wrong IP address\n");
 }
 
 bool isAddressOrEmpty(const QString& text)

@@ -47,4 +47,21 @@ FormFault checkForm(const FormFields& form, const FormPurpose& purpose)
     return FormFault::None;
 }
 
+FaultFields fieldsToCorrect(FormFault fault)
+{
+    switch (fault) {
+    case FormFault::None:
+    case FormFault::DuplicateName:
+        break;
+    case FormFault::NameMissing:
+    case FormFault::NameInvalid:
+        return {{Text::ProfileName, Text::ProfileName}, 1};
+    case FormFault::ApnOrNumberMissing:
+        return {{Text::GprsApn, Text::CsdNumber}, 2};
+    case FormFault::DnsInvalid:
+        return {{Text::CsdDns1, Text::GprsDns1}, 2};
+    }
+    return {{Text::ProfileName, Text::ProfileName}, 0};
+}
+
 } // namespace wizard

@@ -33,6 +33,14 @@ FormFault checkName(const FormFields& form, const FormPurpose& purpose);
 // looked at.
 FormFault checkForm(const FormFields& form, const FormPurpose& purpose);
 
+// The fields that get the focus once the user has seen a fault, in this order; up to two.
+struct FaultFields
+{
+    Text fields[2];
+    int count;
+};
+FaultFields fieldsToCorrect(FormFault fault);
+
 } // namespace wizard
 
 #endif

@@ -29,7 +29,7 @@ static int createProfile(const std::string& name, const NetworkProfile& record)
 {
     const int result = NAPI_CreateProfile(name.c_str(), &record, 0, 0);
     if (result != 0)
-        logPrint(4, "NAPI_CreateProfile return %d\n", result);
+        logPrint(support::LogError, "NAPI_CreateProfile return %d\n", result);
     return result;
 }
 
@@ -37,7 +37,7 @@ static int modifyProfile(const std::string& name, const NetworkProfile& record)
 {
     const int result = NAPI_ModifyProfile(name.c_str(), &record, 0, 0);
     if (result != 0)
-        logPrint(4, "NAPI_ModifyProfile return %d\n", result);
+        logPrint(support::LogError, "NAPI_ModifyProfile return %d\n", result);
     return result;
 }
 
@@ -48,7 +48,7 @@ static bool isSame(const NetworkProfile* before, const NetworkProfile& record)
 
 int notStoredWithoutMemory()
 {
-    logPrint(4, "NSETUP: can not get memory to save profile\n");
+    logPrint(support::LogError, "NSETUP: can not get memory to save profile\n");
     return NotStored;
 }
 

@@ -11,60 +11,14 @@ namespace wizard {
 
 namespace {
 
-// Where the text of a form field stands in the record.
-struct TextPlace
+template <size_t width> void fillText(Text field, const char (&bytes)[width], FormFields& form)
 {
-    Text field;
-    size_t offset;
-    size_t width;
-};
-
-#define TEXT_PLACE(field, member)                                                                  \
-    {                                                                                              \
-        field, offsetof(NetworkProfile, member), sizeof(NetworkProfile::member)                    \
-    }
-
-const TextPlace gprsTexts[] = {
-    TEXT_PLACE(Text::GprsApn, gprsApn),
-    TEXT_PLACE(Text::GprsUserName, gprsUserName),
-    TEXT_PLACE(Text::GprsPassword, gprsPassword),
-};
-const TextPlace proxy1Text[] = {
-    TEXT_PLACE(Text::Proxy1, proxy1),
-};
-const TextPlace domain1Text[] = {
-    TEXT_PLACE(Text::Domain1, domain1),
-};
-const TextPlace csdNumberText[] = {
-    TEXT_PLACE(Text::CsdNumber, csdNumber),
-};
-const TextPlace csdAccountTexts[] = {
-    TEXT_PLACE(Text::CsdUserName, csdUserName),
-    TEXT_PLACE(Text::CsdPassword, csdPassword),
-};
-const TextPlace proxy2Text[] = {
-    TEXT_PLACE(Text::Proxy2, proxy2),
-};
-const TextPlace domain2Text[] = {
-    TEXT_PLACE(Text::Domain2, domain2),
-};
-
-#undef TEXT_PLACE
-
-template <size_t count>
-void fillTexts(const TextPlace (&places)[count], const NetworkProfile& record, FormFields& form)
-{
-    const char* bytes = reinterpret_cast<const char*>(&record);
-    for (const TextPlace& place : places)
-        form.setText(place.field, textOfField(bytes + place.offset, place.width));
+    form.setText(field, textOfField(bytes, width));
 }
 
-template <size_t count>
-void storeTexts(const TextPlace (&places)[count], const FormFields& form, NetworkProfile* record)
+template <size_t width> void storeText(const FormFields& form, Text field, char (&bytes)[width])
 {
-    char* bytes = reinterpret_cast<char*>(record);
-    for (const TextPlace& place : places)
-        storeText(form.text(place.field), bytes + place.offset, place.width);
+    wizard::storeText(form.text(field), bytes, width);
 }
 
 void fillPort(Text field, uint16_t port, FormFields& form)
@@ -82,7 +36,7 @@ void fillSpeed(uint8_t code, FormFields& form)
 {
     SpeedChoice choice = {};
     if (!speedChoiceOf(code, &choice)) {
-        support::logPrint(4, "unknown csd speed value for +CBST command\n");
+        support::logPrint(support::LogError, "unknown csd speed value for +CBST command\n");
         return;
     }
     form.setChoice(Choice::CsdSpeed, choice.speed);
@@ -93,61 +47,67 @@ void storeSpeed(const FormFields& form, uint8_t* code)
 {
     const SpeedChoice choice = {form.choice(Choice::LineType), form.choice(Choice::CsdSpeed)};
     if (!speedCodeOf(choice, code))
-        support::logPrint(4, "Invalid csdSpeed value.(lineType:%d,baudRate:%d)", choice.lineType,
-                          choice.speed);
+        support::logPrint(support::LogError, "Invalid csdSpeed value.(lineType:%d,baudRate:%d)",
+                          choice.lineType, choice.speed);
 }
 
 } // namespace
 
 void fillPage1(const NetworkProfile& record, FormFields& form)
 {
-    fillTexts(gprsTexts, record, form);
+    fillText(Text::GprsApn, record.gprsApn, form);
+    fillText(Text::GprsUserName, record.gprsUserName, form);
+    fillText(Text::GprsPassword, record.gprsPassword, form);
     form.setChoice(Choice::GprsTimeout, gprsTimeouts.itemOf(record.gprsTimeout));
     form.setChoice(Choice::QosPolicy, record.qosPolicy);
     fillAddress(Text::GprsDns1, record.gprsDns1, form);
     fillAddress(Text::GprsDns2, record.gprsDns2, form);
-    fillTexts(proxy1Text, record, form);
+    fillText(Text::Proxy1, record.proxy1, form);
     fillPort(Text::Port1, record.port1, form);
-    fillTexts(domain1Text, record, form);
-    fillTexts(csdNumberText, record, form);
+    fillText(Text::Domain1, record.domain1, form);
+    fillText(Text::CsdNumber, record.csdNumber, form);
 }
 
 void fillPage2(const NetworkProfile& record, FormFields& form)
 {
-    fillTexts(csdNumberText, record, form);
-    fillTexts(csdAccountTexts, record, form);
+    fillText(Text::CsdNumber, record.csdNumber, form);
+    fillText(Text::CsdUserName, record.csdUserName, form);
+    fillText(Text::CsdPassword, record.csdPassword, form);
     fillSpeed(record.csdSpeed, form);
     form.setChoice(Choice::CsdTimeout, csdTimeouts.itemOf(record.csdTimeout));
     fillAddress(Text::CsdDns1, record.csdDns1, form);
     fillAddress(Text::CsdDns2, record.csdDns2, form);
-    fillTexts(proxy2Text, record, form);
+    fillText(Text::Proxy2, record.proxy2, form);
     fillPort(Text::Port2, record.port2, form);
-    fillTexts(domain2Text, record, form);
+    fillText(Text::Domain2, record.domain2, form);
 }
 
 void storePage1(const FormFields& form, NetworkProfile* record)
 {
-    storeTexts(gprsTexts, form, record);
+    storeText(form, Text::GprsApn, record->gprsApn);
+    storeText(form, Text::GprsUserName, record->gprsUserName);
+    storeText(form, Text::GprsPassword, record->gprsPassword);
     gprsTimeouts.minutesOf(form.choice(Choice::GprsTimeout), &record->gprsTimeout);
     record->qosPolicy = static_cast<uint8_t>(form.choice(Choice::QosPolicy));
     storeAddress(form.text(Text::GprsDns1), &record->gprsDns1);
     storeAddress(form.text(Text::GprsDns2), &record->gprsDns2);
     record->port1 = portOf(form.text(Text::Port1));
-    storeTexts(proxy1Text, form, record);
-    storeTexts(domain1Text, form, record);
+    storeText(form, Text::Proxy1, record->proxy1);
+    storeText(form, Text::Domain1, record->domain1);
 }
 
 void storePage2(const FormFields& form, NetworkProfile* record)
 {
-    storeTexts(csdNumberText, form, record);
-    storeTexts(csdAccountTexts, form, record);
+    storeText(form, Text::CsdNumber, record->csdNumber);
+    storeText(form, Text::CsdUserName, record->csdUserName);
+    storeText(form, Text::CsdPassword, record->csdPassword);
     storeSpeed(form, &record->csdSpeed);
     csdTimeouts.minutesOf(form.choice(Choice::CsdTimeout), &record->csdTimeout);
     storeAddress(form.text(Text::CsdDns1), &record->csdDns1);
     storeAddress(form.text(Text::CsdDns2), &record->csdDns2);
     record->port2 = portOf(form.text(Text::Port2));
-    storeTexts(proxy2Text, form, record);
-    storeTexts(domain2Text, form, record);
+    storeText(form, Text::Proxy2, record->proxy2);
+    storeText(form, Text::Domain2, record->domain2);
 }
 
 } // namespace wizard

@@ -7,7 +7,6 @@
 #include <cstdlib>
 
 #include <qsocketnotifier.h>
-#include <qvalidator.h>
 #include <qwidget.h>
 
 #include "eventsources.h"
@@ -139,46 +138,17 @@ QMetaObject* QWidget::metaObject() const
     return nullptr;
 }
 
-QValidator::QValidator(QWidget* parent, const char* name) : QObject(parent, name) {}
-QValidator::~QValidator() {}
-
-QMetaObject* QValidator::metaObject() const
+static void report(const char* format, va_list arguments)
 {
-    return nullptr;
-}
-
-QIntValidator::QIntValidator(QWidget* parent, const char* name) : QValidator(parent, name) {}
-QIntValidator::~QIntValidator() {}
-
-QMetaObject* QIntValidator::metaObject() const
-{
-    return nullptr;
-}
-
-static msg_handler installed = nullptr;
-
-msg_handler qInstallMsgHandler(msg_handler handler)
-{
-    const msg_handler before = installed;
-    installed = handler;
-    return before;
-}
-
-static void report(QtMsgType type, const char* format, va_list arguments)
-{
-    char text[1024];
-    std::vsnprintf(text, sizeof text, format, arguments);
-    if (installed)
-        installed(type, text);
-    else
-        std::fprintf(stderr, "%s\n", text);
+    std::vfprintf(stderr, format, arguments);
+    std::fputc('\n', stderr);
 }
 
 void qDebug(const char* format, ...)
 {
     va_list arguments;
     va_start(arguments, format);
-    report(QtDebugMsg, format, arguments);
+    report(format, arguments);
     va_end(arguments);
 }
 
@@ -186,7 +156,7 @@ void qWarning(const char* format, ...)
 {
     va_list arguments;
     va_start(arguments, format);
-    report(QtWarningMsg, format, arguments);
+    report(format, arguments);
     va_end(arguments);
 }
 
@@ -194,7 +164,7 @@ void qFatal(const char* format, ...)
 {
     va_list arguments;
     va_start(arguments, format);
-    report(QtFatalMsg, format, arguments);
+    report(format, arguments);
     va_end(arguments);
     std::abort();
 }

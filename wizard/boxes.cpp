@@ -1,9 +1,10 @@
-#include "wizard/messages.h"
+#include "wizard/boxes.h"
 
 #include <ymessagedlg.h>
 #include <ynoticedlg.h>
 
 #include "support/loop.h"
+#include "support/toolkitnumbers.h"
 #include "support/translate.h"
 
 using support::translate;
@@ -11,10 +12,6 @@ using support::translate;
 namespace wizard {
 
 namespace {
-
-// Values that the toolkit gives a meaning to.
-const int informationType = 2;
-const int successType = 0;
 
 // A title and a text, each as resource id and default text.
 struct Message
@@ -69,8 +66,8 @@ QString textOf(const Message& message)
 
 void show(const Message& message, const QString& text)
 {
-    YMessageDlg dialog(translate(message.titleId, message.title), text, informationType, 0, 0, 0,
-                       true, 0);
+    YMessageDlg dialog(translate(message.titleId, message.title), text, toolkit::Information, 0, 0,
+                       0, true, 0);
     support::runDialog(dialog);
 }
 
@@ -94,23 +91,6 @@ void showFault(FormFault fault, const FormFields& form)
     }
 }
 
-FaultFields fieldsToCorrect(FormFault fault)
-{
-    switch (fault) {
-    case FormFault::None:
-    case FormFault::DuplicateName:
-        break;
-    case FormFault::NameMissing:
-    case FormFault::NameInvalid:
-        return {{Text::ProfileName, Text::ProfileName}, 1};
-    case FormFault::ApnOrNumberMissing:
-        return {{Text::GprsApn, Text::CsdNumber}, 2};
-    case FormFault::DnsInvalid:
-        return {{Text::CsdDns1, Text::GprsDns1}, 2};
-    }
-    return {{Text::ProfileName, Text::ProfileName}, 0};
-}
-
 void showMemoryFull()
 {
     show(memoryFull, textOf(memoryFull));
@@ -123,7 +103,7 @@ void showWifiOnly()
 
 void showStored(const QString& name)
 {
-    YNoticeDlg dialog(successType, stored.title, textOf(stored).arg(name), 0, 0, true, 0);
+    YNoticeDlg dialog(toolkit::Success, stored.title, textOf(stored).arg(name), 0, 0, true, 0);
     support::runDialog(dialog);
 }
 

@@ -1,10 +1,8 @@
-#include "wizard/page1rows.h"
+#include "wizard/pagerows.h"
+
+#include "support/toolkitnumbers.h"
 
 namespace wizard {
-
-// Values that the toolkit gives a meaning to: how the dialog of a choice shows its items.
-static const int markedDialog = 0;
-static const int plainDialog = 1;
 
 // The order of the items is that of the codes in codetables.h.
 static const PhoneText preferences[] = {
@@ -16,10 +14,25 @@ static const PhoneText policies[] = {
     {"TXT_RID_COMBOBOX_DATA", "Data"},
     {"TXT_RID_COMBOBOX_VOICE", "Voice"},
 };
-static const PhoneText timeouts[] = {
+static const PhoneText gprsTimeoutItems[] = {
     {"TXT_RID_COMBOBOX_OFF", "Off"},        {"TXT_RID_COMBOBOX_15_MIN", "15 min"},
     {"TXT_RID_COMBOBOX_1_HOUR", "1 hour"},  {"TXT_RID_COMBOBOX_2_HOURS", "2 hour"},
     {"TXT_RID_COMBOBOX_6_HOURS", "6 hour"}, {"TXT_RID_COMBOBOX_24_HOURS", "24 hour"},
+};
+
+static const PhoneText speeds[] = {
+    {"TXT_RID_COMBOBOX_AUTO", "Auto"}, {"TXT_RID_COMBOBOX_14400", "14400"},
+    {"TXT_RID_COMBOBOX_9600", "9600"}, {"TXT_RID_COMBOBOX_4800", "4800"},
+    {"TXT_RID_COMBOBOX_2400", "2400"},
+};
+static const PhoneText lineTypes[] = {
+    {"TXT_RID_COMBOBOX_MODEM", "Modem"},
+    {"TXT_RID_COMBOBOX_ISDN", "ISDN"},
+};
+static const PhoneText csdTimeoutItems[] = {
+    {"TXT_RID_COMBOBOX_OFF", "Off"},       {"TXT_RID_COMBOBOX_1_MIN", "1 min"},
+    {"TXT_RID_COMBOBOX_5_MIN", "5 min"},   {"TXT_RID_COMBOBOX_15_MIN", "15 min"},
+    {"TXT_RID_COMBOBOX_30_MIN", "30 min"}, {"TXT_RID_COMBOBOX_60_MIN", "60 min"},
 };
 
 // clang-format off
@@ -28,7 +41,7 @@ const Page1Row page1Rows[page1RowCount] = {
              {"TXT_RID_LABEL_FORMITEM_PROFILE_NAME_COLON_ASTERISK", "Profile Name:*"}, 20), false},
     {choiceRow(RowKind::GuardedChoice, Choice::Preference,
                {"TXT_RID_LABEL_FORMITEM_CONNECTION_PREFERENCE_COLON_ASTERISK", "Connection Preference:*"},
-               preferences, markedDialog), true},
+               preferences, toolkit::MarkedDialog), true},
     {plainRow(RowKind::Separator,
               {"TXT_RID_SEPARATOR_CELLULAR_CONNECTION_SETTINGS_COLON", "Cellular Connection Settings:"}), true},
     {textRow(RowKind::PlainText, Text::Proxy1,
@@ -49,12 +62,37 @@ const Page1Row page1Rows[page1RowCount] = {
              {"TXT_RID_LABEL_FORMITEM_GPRS_DNS2_COLON", "GPRS DNS 2:"}, 0), false},
     {choiceRow(RowKind::GuardedChoice, Choice::QosPolicy,
                {"TXT_RID_LABEL_FORMITEM_QUALITY_OF_SERVICE_POLICY_COLON", "Quality of service Policy:"},
-               policies, plainDialog), false},
+               policies, toolkit::PlainDialog), false},
     {choiceRow(RowKind::GuardedChoice, Choice::GprsTimeout,
                {"TXT_RID_LABEL_FORMITEM_GPRS_TIMEOUT_COLON", "GPRS Timeout:"},
-               timeouts, plainDialog), false},
+               gprsTimeoutItems, toolkit::PlainDialog), false},
     {plainRow(RowKind::PressButton,
               {"TXT_RID_BUTTON_ADDITIONAL_SETTINGS", "Additional settings:"}), false},
+};
+
+const Row page2Rows[page2RowCount] = {
+    textRow(RowKind::PlainText, Text::Proxy2,
+            {"TXT_RID_LABEL_FORMITEM_PROXY_2_COLON", "Proxy 2:"}, 100),
+    textRow(RowKind::Port, Text::Port2,
+            {"TXT_RID_LABEL_FORMITEM_PORT_2_COLON", "Port 2:"}, 0),
+    textRow(RowKind::PlainText, Text::Domain2,
+            {"TXT_RID_LABEL_FORMITEM_DOMAIN_2_COLON", "Domain 2:"}, 100),
+    textRow(RowKind::DialNumber, Text::CsdNumber,
+            {"TXT_RID_LABEL_FORMITEM_CSD_NUMBER_COLON", "CSD Number:"}, 44),
+    textRow(RowKind::PlainText, Text::CsdUserName,
+            {"TXT_RID_LABEL_FORMITEM_USER_NAME_COLON", "User Name:"}, 64),
+    textRow(RowKind::Password, Text::CsdPassword,
+            {"TXT_RID_LABEL_FORMITEM_PASSWORD_COLON", "Password:"}, 64),
+    choiceRow(RowKind::PlainChoice, Choice::CsdSpeed,
+              {"TXT_RID_LABEL_FORMITEM_SPEED_LPARENS_BPS_RPARENS_COLON", "Speed(BPS):"}, speeds, 0),
+    choiceRow(RowKind::PlainChoice, Choice::LineType,
+              {"TXT_RID_LABEL_FORMITEM_LINE_TYPE_COLON", "Line Type:"}, lineTypes, 0),
+    choiceRow(RowKind::PlainChoice, Choice::CsdTimeout,
+              {"TXT_RID_LABEL_FORMITEM_CSD_TIMEOUT_COLON", "CSD Timeout:"}, csdTimeoutItems, 0),
+    textRow(RowKind::PlainText, Text::CsdDns1,
+            {"TXT_RID_LABEL_FORMITEM_DNS_1_COLON", "DNS 1:"}, 0),
+    textRow(RowKind::PlainText, Text::CsdDns2,
+            {"TXT_RID_LABEL_FORMITEM_DNS_2_COLON", "DNS 2:"}, 0),
 };
 // clang-format on
 

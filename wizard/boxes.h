@@ -1,7 +1,7 @@
 // What the wizard tells the user. Each call blocks in a nested event loop until the user has seen
 // it; whoever calls may be deleted meanwhile.
-#ifndef WIZARD_MESSAGES_H
-#define WIZARD_MESSAGES_H
+#ifndef WIZARD_BOXES_H
+#define WIZARD_BOXES_H
 
 #include <qstring.h>
 
@@ -16,14 +16,6 @@ void showWifiOnly();
 
 // That the profile of this name was stored.
 void showStored(const QString& name);
-
-// The fields that get the focus once the user has seen a fault, in this order; up to two.
-struct FaultFields
-{
-    Text fields[2];
-    int count;
-};
-FaultFields fieldsToCorrect(FormFault fault);
 
 } // namespace wizard
 
