@@ -8,6 +8,8 @@
 #include "vornqtnapi_export.h"
 #include "ylinkinfo.h"
 
+#include "vornqtnapi_keywords_begin.h"
+
 class YStateDialog;
 struct NapiIndication;
 
@@ -132,5 +134,7 @@ private:
     int pendingLinkId;
     YStateDialog* stateDialog;
 };
+
+#include "vornqtnapi_keywords_end.h"
 
 #endif

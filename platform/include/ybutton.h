@@ -7,6 +7,8 @@
 
 #include "platform_export.h"
 
+#include "ykeywords_begin.h"
+
 class QKeyEvent;
 class QMouseEvent;
 class QPaintEvent;
@@ -47,5 +49,7 @@ private:
     struct Private;
     Private* d;
 };
+
+#include "ykeywords_end.h"
 
 #endif

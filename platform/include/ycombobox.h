@@ -7,6 +7,8 @@
 #include "platform_export.h"
 #include "ybutton.h"
 
+#include "ykeywords_begin.h"
+
 class QPaintEvent;
 
 // Shows a title above the current item; pressing it opens a dialog with all items.
@@ -70,5 +72,7 @@ private:
     struct Private;
     Private* d;
 };
+
+#include "ykeywords_end.h"
 
 #endif

@@ -6,6 +6,8 @@
 
 #include "platform_export.h"
 
+#include "ykeywords_begin.h"
+
 class QFocusEvent;
 class QInputMethodEvent;
 class QKeyEvent;
@@ -61,5 +63,7 @@ private:
     struct Private;
     Private* d;
 };
+
+#include "ykeywords_end.h"
 
 #endif

@@ -8,6 +8,8 @@
 #include "platform_export.h"
 #include "ytypes.h"
 
+#include "ykeywords_begin.h"
+
 class QCloseEvent;
 class QKeyEvent;
 class QPaintEvent;
@@ -67,5 +69,7 @@ private:
     struct Private;
     Private* d;
 };
+
+#include "ykeywords_end.h"
 
 #endif

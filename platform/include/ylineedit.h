@@ -8,6 +8,8 @@
 
 #include "platform_export.h"
 
+#include "ykeywords_begin.h"
+
 class QEvent;
 class QFocusEvent;
 class QHideEvent;
@@ -111,5 +113,7 @@ private:
     struct Private;
     Private* d;
 };
+
+#include "ykeywords_end.h"
 
 #endif

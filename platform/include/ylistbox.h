@@ -9,6 +9,8 @@
 #include "ylistboxitem.h"
 #include "ytypes.h"
 
+#include "ykeywords_begin.h"
+
 class QModelIndex;
 class QResizeEvent;
 
@@ -81,5 +83,7 @@ private:
     struct Private;
     Private* d;
 };
+
+#include "ykeywords_end.h"
 
 #endif

@@ -9,6 +9,8 @@
 #include "ypopup.h"
 #include "ytypes.h"
 
+#include "ykeywords_begin.h"
+
 class QListWidgetItem;
 class QMouseEvent;
 class QObject;
@@ -68,5 +70,7 @@ private:
     struct Private;
     Private* d;
 };
+
+#include "ykeywords_end.h"
 
 #endif

@@ -7,6 +7,8 @@
 
 #include "platform_export.h"
 
+#include "ykeywords_begin.h"
+
 class QCloseEvent;
 class QEvent;
 class QHideEvent;
@@ -100,5 +102,7 @@ private:
     struct Private;
     Private* d;
 };
+
+#include "ykeywords_end.h"
 
 #endif

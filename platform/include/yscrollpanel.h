@@ -6,6 +6,8 @@
 
 #include "platform_export.h"
 
+#include "ykeywords_begin.h"
+
 class QHideEvent;
 class QKeyEvent;
 class QResizeEvent;
@@ -77,5 +79,7 @@ private:
     struct Private;
     Private* d;
 };
+
+#include "ykeywords_end.h"
 
 #endif

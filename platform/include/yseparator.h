@@ -7,6 +7,8 @@
 #include "platform_export.h"
 #include "ytypes.h"
 
+#include "ykeywords_begin.h"
+
 class QEvent;
 class QPaintEvent;
 class QResizeEvent;
@@ -49,5 +51,7 @@ private:
     struct Private;
     Private* d;
 };
+
+#include "ykeywords_end.h"
 
 #endif

@@ -7,6 +7,8 @@
 #include "ypopup.h"
 #include "ytypes.h"
 
+#include "ykeywords_begin.h"
+
 // A popup with a title, an instruction and a list. Return, the finger and the left soft key accept
 // the row under the cursor, which is then current and checked; the right soft key cancels. A list
 // without rows can only be cancelled.
@@ -41,5 +43,7 @@ private:
     struct Private;
     Private* d;
 };
+
+#include "ykeywords_end.h"
 
 #endif

@@ -9,7 +9,7 @@ import pathlib
 import re
 import sys
 
-WITHOUT_EXAMPLE = {"vornqtnapi_export.h", "ylinkinfo.h"}
+WITHOUT_EXAMPLE = {"vornqtnapi_export.h", "vornqtnapi_keywords_begin.h", "vornqtnapi_keywords_end.h", "ylinkinfo.h"}
 
 FIRST = """#include <qobject.h>
 #include <qwidget.h>

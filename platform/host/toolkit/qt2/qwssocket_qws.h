@@ -37,7 +37,7 @@ public:
     // adopted, or after close().
     int readBlock(char* data, unsigned int maximum);
 
-signals:
+Q_SIGNALS:
     // New bytes were buffered; once for each fetch. Not emitted again for bytes left unread.
     void readyRead();
     // The peer has closed its end. Buffered bytes can still be read.
@@ -45,7 +45,7 @@ signals:
     // Reading failed for good; 2 is the only value (a read error, for instance a reset connection).
     void error(int code);
 
-private slots:
+private Q_SLOTS:
     void fetch();
 
 private:
