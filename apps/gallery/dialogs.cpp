@@ -56,7 +56,7 @@ void popupWithPicture(Stage& stage)
     icon->setGeometry(8, 11, 50, 50);
     icon->setPixmap(picture);
     auto* text = new YLabel(&popup, nullptr, 0, 86);
-    text->setGeometry(72, 11, 160, 50);
+    text->setGeometry(72, 11, popup.width() - 80, 50);
     text->setText("With a picture of its own");
     popup.show();
 }

@@ -36,7 +36,12 @@ std::vector<Scene> allScenes()
 class Sheet
 {
 public:
-    void add(const QPixmap& picture) { pictures.push_back(picture); }
+    // The sheet shows each pixel of a picture, however many of them a logical pixel has.
+    void add(QPixmap picture)
+    {
+        picture.setDevicePixelRatio(1);
+        pictures.push_back(picture);
+    }
 
     bool save(const QString& file) const
     {

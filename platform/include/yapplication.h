@@ -9,8 +9,9 @@
 
 class QWidget;
 
-// A QApplication that belongs to the phone's toolkit. The toolkit's other classes work with a plain
-// QApplication too. Texts, theme and screen are set up with the first of either kind.
+// A QApplication that belongs to the phone's toolkit: all its windows have the phone's look. The
+// toolkit's other classes work with a plain QApplication too, whose own windows they leave alone:
+// the phone's look then goes to the screen and to the toolkit's widgets.
 class VORN_PLATFORM_API YApplication : public QApplication
 {
     Q_OBJECT

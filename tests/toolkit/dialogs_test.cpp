@@ -265,6 +265,23 @@ TEST_F(Dialogs, AMessageShowsItsTextWhole)
     EXPECT_EQ(area->verticalScrollBar()->maximum(), 0);
 }
 
+TEST_F(Dialogs, AMessageTakesSmallerLettersBeforeItHasToBeScrolled)
+{
+    const auto lettersOf = [](const QString& text) {
+        YMessageDlg message("Title", text, 2, 0, nullptr, nullptr, true, 0);
+        message.show();
+        const bool isWhole = message.findChild<QScrollArea*>()->verticalScrollBar()->maximum() == 0;
+        return std::make_pair(isWhole, message.findChild<QLabel*>("text")->font().pixelSize());
+    };
+    const auto [shortWhole, usual] = lettersOf("word");
+    const auto [whole, smaller] = lettersOf(QString("word ").repeated(75));
+    EXPECT_TRUE(shortWhole && whole);
+    EXPECT_LT(smaller, usual);
+    const auto [longWhole, scrolled] = lettersOf(QString("word ").repeated(500));
+    EXPECT_FALSE(longWhole);
+    EXPECT_EQ(scrolled, usual);
+}
+
 TEST_F(Dialogs, AMessageTooLongForTheScreenIsScrolledWithUpAndDown)
 {
     YMessageDlg message("Title", QString("word ").repeated(500), 2, 0, nullptr, nullptr, true, 0);

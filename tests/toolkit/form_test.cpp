@@ -4,6 +4,7 @@
 #include <QScrollBar>
 #include <QSignalSpy>
 
+#include <toolkit/look/ytheme.h>
 #include <ysegmentfield.h>
 
 #include "toolkit/form_page.h"
@@ -84,6 +85,36 @@ TEST_F(Form, GivesTheFocusToItsFirstRowThatTakesIt)
     addRows("see");
     open();
     EXPECT_EQ(focusedRow(), 1);
+}
+
+TEST_F(Form, LeavesRoomBetweenItsLastRowAndTheKeysBelow)
+{
+    addRows("eeeeeeb");
+    open();
+    press(up);
+    ASSERT_EQ(focusedRow(), 6);
+    EXPECT_LE(placeOf(row(6)).bottom() + 4, form->height());
+    // The button's own edge stands eight pixels above the keys.
+    const QImage shown = screen()->grab().toImage();
+    const int keys = screen()->height() - page->softKey()->height();
+    for (int line = keys - 8; line < keys; ++line)
+        EXPECT_EQ(YTheme::current().background, shown.pixelColor(120, line)) << line;
+}
+
+TEST_F(Form, ShowsItsFirstRowInSightWholeOnTheWayDown)
+{
+    addRows("eeececeecb");
+    open();
+    for (int i = 1; i < form->childCount() - 1; ++i) {
+        press(down);
+        ASSERT_EQ(focusedRow(), i);
+        const int top = form->contentsY();
+        const int end = form->contentsHeight() - form->height();
+        bool isRowTop = false;
+        for (int at = 0; at < form->childCount(); ++at)
+            isRowTop = isRowTop || form->childY(row(at)) == top;
+        EXPECT_TRUE(isRowTop || top == end) << i << " at " << top;
+    }
 }
 
 TEST_F(Form, KnowsItsRowsInTheirOrder)

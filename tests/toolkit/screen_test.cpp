@@ -4,6 +4,7 @@
 #include <memory>
 
 #include <QApplication>
+#include <QPointer>
 #include <QProcess>
 #include <QPushButton>
 #include <QTemporaryDir>
@@ -12,6 +13,7 @@
 #include <toolkit/look/ytheme.h>
 #include <toolkit/yscreen.h>
 #include <yglobal.h>
+#include <ykbmainwidget.h>
 #include <ypopup.h>
 #include <ysoftkey.h>
 
@@ -78,6 +80,64 @@ INSTANTIATE_TEST_SUITE_P(
         Size{"Negative", "-240x320", "240x320", true}, Size{"OneNumber", "240", "240x320", true},
         Size{"WordBehind", "240x320px", "240x320", true}, Size{"Words", "large", "240x320", true}),
     [](const auto& row) { return std::string(row.param.name); });
+
+struct Setting
+{
+    const char* name;
+    const char* text; // VARIABLE=VALUE
+    const char* told; // what standard error says of it
+};
+
+std::ostream& operator<<(std::ostream& out, const Setting& row)
+{
+    return out << row.name;
+}
+
+class Environment : public ::testing::TestWithParam<Setting>
+{};
+
+// A program with two applications, one after the other.
+TEST_P(Environment, IsToldOnceOfWhatHasNoMeaning)
+{
+    const Outcome outcome = runProbe("twice", {GetParam().text});
+    EXPECT_EQ(outcome.output, "11");
+    EXPECT_EQ(outcome.warnings.toStdString(), GetParam().told);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Settings, Environment,
+    ::testing::Values(
+        Setting{"Theme", "VORN_THEME=drak",
+                "VORN_THEME=drak is ignored; it may be light or dark\n"},
+        Setting{"ThemeInCapitals", "VORN_THEME=Dark",
+                "VORN_THEME=Dark is ignored; it may be light or dark\n"},
+        Setting{"KnownTheme", "VORN_THEME=dark", ""}, Setting{"NoTheme", "VORN_THEME=", ""},
+        Setting{"Language", "VORN_LANG=klingon",
+                "VORN_LANG=klingon is ignored; it may be en, de or zh_CN\n"},
+        Setting{"TraditionalChinese", "VORN_LANG=zh_TW.UTF-8",
+                "VORN_LANG=zh_TW.UTF-8 is ignored; it may be en, de or zh_CN\n"},
+        Setting{"Austria", "VORN_LANG=de_AT.UTF-8@euro", ""},
+        Setting{"English", "VORN_LANG=en", ""}, Setting{"Chinese", "VORN_LANG=zh", ""},
+        Setting{"SimplifiedChinese", "VORN_LANG=zh_CN", ""},
+        Setting{"NoLanguage", "VORN_LANG=C", ""},
+        Setting{"Keypad", "VORN_KEYPAD=yes", "VORN_KEYPAD=yes is ignored; it may be 0 or 1\n"},
+        Setting{"NoKeypad", "VORN_KEYPAD=0", ""}, Setting{"AKeypad", "VORN_KEYPAD=1", ""},
+        Setting{"Screen", "VORN_SCREEN=large",
+                "VORN_SCREEN=large is ignored; it may be WIDTHxHEIGHT, each 160 to 4096, for "
+                "instance 240x320\n"},
+        Setting{"ControlCharacters", "VORN_THEME=\033[2J\n",
+                "VORN_THEME=?[2J? is ignored; it may be light or dark\n"},
+        Setting{
+            "LongValue", "VORN_KEYPAD=0123456789012345678901234567890123456789+",
+            "VORN_KEYPAD=0123456789012345678901234567890123456789... is ignored; it may be 0 or "
+            "1\n"}),
+    [](const auto& row) { return std::string(row.param.name); });
+
+TEST(ScreenPrograms, AnUnknownLanguageIsAsIfNoneWereChosen)
+{
+    EXPECT_EQ(runProbe("early", {"VORN_LANG=xx", "LC_ALL=zh_CN.UTF-8"}).output,
+              QString::fromUtf8("确定"));
+}
 
 TEST(ScreenPrograms, APlainApplicationWillDo)
 {
@@ -292,6 +352,76 @@ TEST_F(Screen, ClosingItsWindowCancelsThePopupsAndHidesThePages)
     EXPECT_EQ(dialog->exec(), 0);
     EXPECT_FALSE(page.isVisible());
     EXPECT_FALSE(screen()->isVisible());
+}
+
+// What a program does to the screen, or to a window of its own in which it has put it, while
+// something on the screen is being waited for.
+struct Going
+{
+    const char* name;
+    bool framed;
+    void (*act)(QWidget* window);
+};
+
+std::ostream& operator<<(std::ostream& out, const Going& row)
+{
+    return out << row.name;
+}
+
+class GoingScreen : public GuiTest, public ::testing::WithParamInterface<Going>
+{
+protected:
+    void TearDown() override
+    {
+        GuiTest::TearDown();
+        // The next test begins with a screen, as this one did.
+        YScreen::instance();
+    }
+};
+
+TEST_P(GoingScreen, ClosesWhatIsOnIt)
+{
+    QPointer<QWidget> frame;
+    if (GetParam().framed) {
+        frame = new QWidget;
+        screen()->setParent(frame);
+        screen()->show();
+        frame->show();
+    }
+    YKbMainWidget page(nullptr, nullptr, 0);
+    page.show();
+    YPopup dialog(0, nullptr, nullptr, true, YPopup::PlainStyle, 0);
+    QWidget* window = GetParam().framed ? frame.data() : screen();
+    later([&] { GetParam().act(window); });
+    EXPECT_EQ(dialog.exec(), 0);
+    EXPECT_TRUE(waitFor([&] { return page.isHidden(); }));
+    if (frame && screen()->parentWidget() == frame)
+        screen()->setParent(nullptr);
+    delete frame;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Ways, GoingScreen,
+    ::testing::Values(Going{"Closed", false, [](QWidget* window) { window->close(); }},
+                      Going{"Hidden", false, [](QWidget* window) { window->hide(); }},
+                      Going{"Deleted", false, [](QWidget* window) { delete window; }},
+                      Going{"ClosedWithItsFrame", true, [](QWidget* window) { window->close(); }},
+                      Going{"HiddenWithItsFrame", true, [](QWidget* window) { window->hide(); }},
+                      Going{"DeletedWithItsFrame", true, [](QWidget* window) { delete window; }}),
+    [](const auto& row) { return std::string(row.param.name); });
+
+TEST_F(Screen, WhatLiesOnItStaysWhenItIsPutIntoAnotherWindow)
+{
+    Page page;
+    page.show();
+    QWidget phone;
+    screen()->setParent(&phone);
+    phone.show();
+    screen()->show();
+    settle();
+    EXPECT_TRUE(page.isVisible());
+    page.hide();
+    screen()->setParent(nullptr);
 }
 
 TEST_F(Screen, ANewLayerOpensAClosedWindowAgain)

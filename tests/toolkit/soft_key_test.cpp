@@ -81,6 +81,22 @@ TEST_F(SoftKey, ATextTooWideForEveryAlternativeEndsInDots)
     EXPECT_GT(shown.size(), 3);
 }
 
+TEST_F(SoftKey, ATextALittleTooWideTakesSmallerLettersOnBothKeys)
+{
+    const auto buttons = bar->findChildren<QPushButton*>();
+    const int usual = buttons[YSoftKey::Left]->font().pixelSize();
+    bar->resize(160, bar->height());
+    bar->setText(YSoftKey::Left, "OK", 0);
+    EXPECT_EQ(buttons[YSoftKey::Left]->font().pixelSize(), usual);
+    const QString text = "Abbrechen!";
+    bar->setText(YSoftKey::Right, text, 0);
+    EXPECT_EQ(bar->text(YSoftKey::Right), text);
+    EXPECT_LT(buttons[YSoftKey::Right]->font().pixelSize(), usual);
+    EXPECT_EQ(buttons[YSoftKey::Left]->font(), buttons[YSoftKey::Right]->font());
+    bar->setText(YSoftKey::Right, "No", 0);
+    EXPECT_EQ(buttons[YSoftKey::Left]->font().pixelSize(), usual);
+}
+
 TEST_F(SoftKey, ANarrowerBarTakesAnotherAlternativeAndComesBackToTheFirst)
 {
     bar->setText(YSoftKey::Left, narrow, 0);

@@ -30,11 +30,14 @@ QRect onScreen(const QWidget* widget)
     return QRect(widget->mapTo(GuiTest::screen(), QPoint()), widget->size());
 }
 
+// Of what lies below the page or popup on top nothing needs to be whole.
 void expectWhole(const QRect& place, const QStringList& texts)
 {
-    const PaintedTexts painted(*GuiTest::screen());
-    EXPECT_EQ("", painted.cutIn(place).toStdString()) << "is cut off";
-    const QString all = painted.in(place);
+    QWidget* layer = GuiTest::activeLayer();
+    const PaintedTexts painted(*layer);
+    const QRect inLayer = place.translated(-layer->pos());
+    EXPECT_EQ("", painted.cutIn(inLayer).toStdString()) << "is cut off";
+    const QString all = painted.in(inLayer);
     for (const QString& text : texts)
         EXPECT_TRUE(all.contains(withoutBlanks(text)))
             << text.toStdString() << " is not in " << all.toStdString();

@@ -59,7 +59,7 @@ QSize YAppInfoArea::sizeHint() const
 {
     const QString all = d->all();
     const int width = QFontMetrics(YTheme::smallFont()).horizontalAdvance(all);
-    return QSize(all.isEmpty() ? 0 : width + YTheme::margin, YTheme::titleHeight);
+    return QSize(all.isEmpty() ? 0 : width + YTheme::margin, YTheme::titleHeight());
 }
 
 void YAppInfoArea::paintEvent(QPaintEvent*)

@@ -7,8 +7,12 @@
 #include <ylineedit.h>
 
 #include "toolkit/input/yinputmode.h"
+#include "toolkit/look/ydress.h"
 
-YApplication::YApplication(int& argc, char** argv) : QApplication(argc, argv) {}
+YApplication::YApplication(int& argc, char** argv) : QApplication(argc, argv)
+{
+    YDress::wearAll();
+}
 
 YApplication::~YApplication() = default;
 

@@ -5,6 +5,7 @@
 #include <QPainter>
 
 #include "toolkit/accessible/ytell.h"
+#include "toolkit/look/ydress.h"
 #include "toolkit/look/yrowlook.h"
 #include "toolkit/look/ytheme.h"
 #include "toolkit/look/ywrap.h"
@@ -42,6 +43,7 @@ YButton::YButton(QWidget* parent, const char* name, int /*widgetClassId*/)
 {
     if (name)
         setObjectName(QString::fromUtf8(name));
+    YDress::wear(this);
     setFocusPolicy(Qt::StrongFocus);
     setAutoDefault(false);
     QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Fixed, QSizePolicy::PushButton);

@@ -85,7 +85,7 @@ struct YComboBox::Private
     {
         const QString text = items.value(current);
         const int room = valueR(QSize(width, 0)).width();
-        int height = YRowLook::boxHeight;
+        int height = YRowLook::boxHeight();
         if (!fitsOneLine(text, room))
             height =
                 std::max(height, measured.at(YTheme::smallFont(), text, room) + 2 * linePadding);

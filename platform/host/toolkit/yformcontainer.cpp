@@ -6,6 +6,8 @@
 #include <QApplication>
 #include <QKeyEvent>
 
+#include "toolkit/look/ytheme.h"
+
 namespace {
 
 // What gets the focus when a row is gone to; null for a row that takes none.
@@ -18,6 +20,8 @@ QWidget* focusTarget(QWidget* row)
     QWidget* proxy = row->focusProxy();
     return proxy && (proxy->focusPolicy() & Qt::TabFocus) ? proxy : nullptr;
 }
+
+constexpr int endMargin = YTheme::margin / 2; // below the margin of the last row
 
 int heightOf(const QWidget& row, int width)
 {
@@ -57,6 +61,16 @@ struct YFormContainer::Private
             return row == widget || row->isAncestorOf(widget);
         });
         return found == rows.end() ? -1 : static_cast<int>(found - rows.begin());
+    }
+
+    // The upper edge of the first row that begins between two heights, else the later height: the
+    // first row in sight is to be whole where there is room for it.
+    int firstTop(int earliest, int latest) const
+    {
+        for (const QWidget* row : rows)
+            if (!row->isHidden() && row->y() >= earliest && row->y() <= latest)
+                return row->y();
+        return latest;
     }
 
     // Rows beside `row`, in one direction, that take no focus belong to what is shown with it. The
@@ -127,13 +141,15 @@ void YFormContainer::ensureChildVisible(QWidget* child)
         return;
     updateContents();
     const int top = d->companion(index, -1)->y();
-    const int bottom = d->companion(index, 1)->geometry().bottom() + 1;
-    const int childTop = child->y();
-    const int childBottom = child->geometry().bottom() + 1;
-    if (bottom - top <= visibleHeight())
+    const QWidget* last = d->companion(index, 1);
+    const int bottom =
+        last == d->rows.back() ? viewport()->height() : last->geometry().bottom() + 1;
+    if (bottom - top > visibleHeight())
+        ensureRangeVisible(child->y(), child->geometry().bottom() + 1);
+    else if (bottom <= contentsY() + visibleHeight())
         ensureRangeVisible(top, bottom);
     else
-        ensureRangeVisible(childTop, childBottom);
+        setContentsPos(0, d->firstTop(bottom - visibleHeight(), top));
 }
 
 int YFormContainer::layoutContents(int width)
@@ -146,7 +162,8 @@ int YFormContainer::layoutContents(int width)
         row->setGeometry(0, top, width, height);
         top += height;
     }
-    return top;
+    // The last row does not stand on the keys below the form.
+    return d->rows.empty() ? top : top + endMargin;
 }
 
 void YFormContainer::contentsKeyPressEvent(QKeyEvent* event)

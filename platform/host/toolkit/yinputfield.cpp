@@ -70,8 +70,7 @@ QString YInputField::keypadText() const
 
 void YInputField::keyPressEvent(QKeyEvent* event)
 {
-    const bool keypad = YKeypad::isPresent() && event->modifiers().testFlag(Qt::KeypadModifier);
-    if (keypad && !isReadOnly() && d->ensureKeypad(this)->press(*event))
+    if (YKeypad::isKey(*event) && !isReadOnly() && d->ensureKeypad(this)->press(*event))
         return;
     d->commit();
     if (pasteKey(event))

@@ -7,40 +7,8 @@
 #include <ysoftkey.h>
 
 #include "toolkit/look/ytheme.h"
+#include "toolkit/look/ytitle.h"
 #include "yscreen.h"
-
-namespace {
-
-constexpr int smallestTitle = 12; // pixels of one line's letters
-constexpr int twoLineTitle = 11;  // and of those in two lines
-
-// The title's font: the usual one, or a smaller one that makes the title fit.
-QFont fontFor(const QString& title, int width)
-{
-    QFont font = YTheme::titleFont();
-    while (font.pixelSize() > smallestTitle && QFontMetrics(font).horizontalAdvance(title) > width)
-        font.setPixelSize(font.pixelSize() - 1);
-    return font;
-}
-
-void drawTitle(QPainter& painter, const QString& title, const QRect& place)
-{
-    QFont font = fontFor(title, place.width());
-    if (QFontMetrics(font).horizontalAdvance(title) <= place.width()) {
-        painter.setFont(font);
-        painter.drawText(place, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine, title);
-        return;
-    }
-    font.setPixelSize(twoLineTitle);
-    painter.setFont(font);
-    const QFontMetrics metrics(font);
-    // What some faces leave free above and below their letters may go over the bar's edges.
-    painter.drawText(
-        place, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextWrapAnywhere | Qt::TextDontClip,
-        metrics.elidedText(title, Qt::ElideRight, 2 * place.width() - metrics.averageCharWidth()));
-}
-
-} // namespace
 
 struct YKbMainWidget::Private
 {
@@ -163,12 +131,12 @@ void YKbMainWidget::paintEvent(QPaintEvent*)
 {
     const YTheme& theme = YTheme::current();
     QPainter painter(this);
-    painter.fillRect(0, 0, width(), YTheme::titleHeight, theme.bar);
-    painter.fillRect(0, YTheme::titleHeight - 1, width(), 1, theme.border);
+    painter.fillRect(0, 0, width(), YTheme::titleHeight(), theme.bar);
+    painter.fillRect(0, YTheme::titleHeight() - 1, width(), 1, theme.border);
     painter.setPen(theme.text);
-    drawTitle(painter, d->title,
-              QRect(YTheme::margin, 0, width() - 2 * YTheme::margin - d->titleBarWidth(),
-                    YTheme::titleHeight - 1));
+    YTitle::draw(painter, d->title,
+                 QRect(YTheme::margin, 0, width() - 2 * YTheme::margin - d->titleBarWidth(),
+                       YTheme::titleHeight() - 1));
 }
 
 void YKbMainWidget::resizeEvent(QResizeEvent*)
@@ -204,13 +172,13 @@ void YKbMainWidget::layoutParts()
 {
     const int info = d->titleBarWidth();
     if (d->titleBar)
-        d->titleBar->setGeometry(width() - info, 0, info, YTheme::titleHeight - 1);
-    const int bar = d->softKey && !d->softKey->isHidden() ? YTheme::softKeyHeight : 0;
+        d->titleBar->setGeometry(width() - info, 0, info, YTheme::titleHeight() - 1);
+    const int bar = d->softKey && !d->softKey->isHidden() ? YTheme::softKeyHeight() : 0;
     if (d->softKey)
-        d->softKey->setGeometry(0, height() - YTheme::softKeyHeight, width(),
-                                YTheme::softKeyHeight);
+        d->softKey->setGeometry(0, height() - YTheme::softKeyHeight(), width(),
+                                YTheme::softKeyHeight());
     if (d->content)
-        d->content->setGeometry(0, YTheme::titleHeight, width(),
-                                height() - YTheme::titleHeight - bar);
-    update(0, 0, width(), YTheme::titleHeight);
+        d->content->setGeometry(0, YTheme::titleHeight(), width(),
+                                height() - YTheme::titleHeight() - bar);
+    update(0, 0, width(), YTheme::titleHeight());
 }

@@ -12,19 +12,15 @@
 
 #include "toolkit/accessible/ytell.h"
 #include "toolkit/input/yinputmode.h"
+#include "toolkit/look/ydress.h"
+#include "toolkit/look/yeye.h"
 #include "toolkit/look/yrowlook.h"
 #include "toolkit/look/ytheme.h"
 
 namespace {
 
 constexpr int usualWidth = 160;
-constexpr int eyeWidth = 30;
 constexpr int fieldMargin = 2;
-
-bool isReturn(int key)
-{
-    return key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Select;
-}
 
 } // namespace
 
@@ -36,19 +32,13 @@ struct YLineEdit::Private
     int preferredWidth = 0;
     bool enabled = true;
     bool readOnly = false;
-    bool revealed = false;
-    bool onEye = false; // the cursor has gone on from the text to the eye
+    YEye eye;
     bool pressed = false;
     QString told; // what screen readers know of the text
 
     bool hasEye() const { return echo == QLineEdit::Password && enabled; }
 
-    QRect eyeR(const QSize& row) const
-    {
-        QRect place = look.boxR(row);
-        place.setLeft(place.right() + 1 - eyeWidth);
-        return place;
-    }
+    QRect eyeR(const QSize& row) const { return YEye::placeIn(look.boxR(row)); }
 
     // Where the room for the text ends.
     int rightEdge(const QSize& row) const
@@ -62,12 +52,15 @@ YLineEdit::YLineEdit(QWidget* parent, const char* name, int widgetClassId)
 {
     if (name)
         setObjectName(QString::fromUtf8(name));
+    YDress::wear(this);
     setFocusPolicy(Qt::StrongFocus);
     QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     policy.setHeightForWidth(true);
     setSizePolicy(policy);
     d->look.setCompact(widgetClassId == YSkinService::SegmentField);
     d->field = new YInputField(this);
+    if (d->look.isCompact())
+        d->field->setFont(YTheme::segmentFont());
     connect(d->field, &QLineEdit::textChanged, this, [this] { tellText(); });
     connect(d->field, &QLineEdit::cursorPositionChanged, this, [this](int, int position) {
         QAccessibleTextCursorEvent event(this, position);
@@ -199,7 +192,7 @@ QSize YLineEdit::sizeHint() const
 
 QSize YLineEdit::minimumSizeHint() const
 {
-    return QSize(d->preferredWidth, YRowLook::boxHeight);
+    return QSize(d->preferredWidth, YRowLook::boxHeight());
 }
 
 int YLineEdit::heightForWidth(int width) const
@@ -214,14 +207,8 @@ bool YLineEdit::event(QEvent* event)
     case QEvent::InputMethod:
         return d->enabled && d->field->event(event);
     case QEvent::InputMethodQuery: {
-        // The field answers in its own coordinates.
         auto* query = static_cast<QInputMethodQueryEvent*>(event);
-        d->field->event(query);
-        for (const Qt::InputMethodQuery what :
-             {Qt::ImCursorRectangle, Qt::ImAnchorRectangle, Qt::ImInputItemClipRectangle}) {
-            if (query->queries() & what)
-                query->setValue(what, query->value(what).toRectF().translated(d->field->pos()));
-        }
+        YInputMode::answer(*query, *d->field);
         query->setValue(Qt::ImEnabled, d->enabled && !d->readOnly);
         return true;
     }
@@ -262,7 +249,7 @@ void YLineEdit::keyPressEvent(QKeyEvent* event)
     YRowLook::reveal(this);
     if (!d->enabled) {
         // Return acts on this row and not on the next one, even when it does nothing.
-        event->setAccepted(isReturn(event->key()));
+        event->setAccepted(YEye::isReturn(event->key()));
         return;
     }
     event->accept();
@@ -314,7 +301,7 @@ void YLineEdit::mouseReleaseEvent(QMouseEvent* event)
         return;
     }
     if (d->hasEye() && d->eyeR(size()).contains(event->position().toPoint()))
-        reveal(!d->revealed);
+        reveal(!d->eye.isOpen);
     else
         d->field->end(false);
     update();
@@ -327,7 +314,6 @@ void YLineEdit::hideEvent(QHideEvent*)
 
 void YLineEdit::paintEvent(QPaintEvent*)
 {
-    const YTheme& theme = YTheme::current();
     // A text that can only be read lies in a field of another colour.
     const YRowLook::State state{d->enabled, hasFocus(), d->enabled && d->readOnly};
     QPainter painter(this);
@@ -336,16 +322,8 @@ void YLineEdit::paintEvent(QPaintEvent*)
     YRowLook::drawNote(
         painter, QRect(QPoint(0, d->field->y()), QSize(d->rightEdge(size()), d->field->height())),
         keypadNote());
-    if (!d->hasEye())
-        return;
-    const QRect eye = d->eyeR(size());
-    if (d->onEye) {
-        painter.setRenderHint(QPainter::Antialiasing);
-        painter.setPen(Qt::NoPen);
-        painter.setBrush(theme.accent);
-        painter.drawRoundedRect(eye.adjusted(3, 4, -4, -4), 4, 4);
-    }
-    YRowLook::drawEye(painter, eye, d->revealed, d->onEye ? theme.onAccent : theme.mutedText);
+    if (d->hasEye())
+        d->eye.draw(painter, d->look.boxR(size()));
 }
 
 void YLineEdit::resizeEvent(QResizeEvent*)
@@ -356,8 +334,8 @@ void YLineEdit::resizeEvent(QResizeEvent*)
 // Shows the password or hides it; once hidden, the cursor is in the text again.
 void YLineEdit::reveal(bool show)
 {
-    d->onEye = d->onEye && show;
-    d->revealed = show;
+    d->eye.hasCursor = d->eye.hasCursor && show;
+    d->eye.isOpen = show;
     d->field->setEchoMode(show ? QLineEdit::Normal : d->echo);
     // The field's own echo mode is but what the user sees; input methods are not to learn a
     // password that is shown.
@@ -397,22 +375,12 @@ bool YLineEdit::eyeKey(QKeyEvent* event)
 {
     if (!d->hasEye())
         return false;
-    const bool enter = isReturn(event->key());
-    if (!d->onEye) {
-        const bool atEnd = event->key() == Qt::Key_Right && event->modifiers() == Qt::NoModifier &&
-                           d->field->cursorPosition() == d->field->text().size();
-        d->onEye = atEnd;
-        update();
-        return atEnd;
-    }
-    if (enter && !event->isAutoRepeat()) {
-        reveal(!d->revealed);
-        update();
-    }
-    const bool stays = enter || event->key() == Qt::Key_Right;
-    d->onEye = stays;
+    const YEye::Taken taken = d->eye.take(*event, cursorPosition() == text().size());
+    if (taken.toggles)
+        reveal(!d->eye.isOpen);
+    d->eye.hasCursor = taken.stays;
     update();
-    return stays || event->key() == Qt::Key_Left;
+    return taken.key;
 }
 
 // Makes the field look and act as the row's settings say.

@@ -7,10 +7,11 @@
 
 #include "toolkit/accessible/ytell.h"
 #include "toolkit/input/yfinger.h"
+#include "toolkit/list/ylistdelegate.h"
+#include "toolkit/list/ylistitemdata.h"
+#include "toolkit/list/ylistmodel.h"
+#include "toolkit/look/ydress.h"
 #include "toolkit/look/ytheme.h"
-#include "ylistdelegate.h"
-#include "ylistitemdata.h"
-#include "ylistmodel.h"
 
 struct YListBox::Private
 {
@@ -25,6 +26,7 @@ YListBox::YListBox(QWidget* parent, const char* name, YWidgetFlags /*flags*/)
 {
     if (name)
         setObjectName(QString::fromUtf8(name));
+    YDress::wear(this);
     d->model = new YListModel(this);
     d->delegate = new YListDelegate(this, *d->model);
     d->view = new QListView(this);
@@ -143,7 +145,7 @@ int YListBox::heightOfRows(int width, int most) const
 QSize YListBox::sizeHint() const
 {
     const int wide = std::max(minimumWidth(), 200);
-    return QSize(wide, heightOfRows(wide, 5 * YTheme::rowHeight));
+    return QSize(wide, heightOfRows(wide, 5 * YTheme::rowHeight()));
 }
 
 void YListBox::resizeEvent(QResizeEvent* event)
@@ -153,9 +155,13 @@ void YListBox::resizeEvent(QResizeEvent* event)
     if (event->oldSize().width() != width() && isVisible())
         d->view->doItemsLayout();
     d->finger->stop();
-    // A choice far down the list is shown with what stands around it.
-    if (d->view->currentIndex().isValid() && isVisible())
-        d->view->scrollTo(d->view->currentIndex(), QAbstractItemView::PositionAtCenter);
+    // A choice far down the list is shown with what stands around it, where there is room for that.
+    const QModelIndex current = d->view->currentIndex();
+    if (!current.isValid() || !isVisible())
+        return;
+    const bool small = height() < 2 * d->delegate->height(current.row(), width());
+    d->view->scrollTo(current, small ? QAbstractItemView::PositionAtTop
+                                     : QAbstractItemView::PositionAtCenter);
 }
 
 void YListBox::choose(const QModelIndex& index)

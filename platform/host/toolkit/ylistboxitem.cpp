@@ -6,7 +6,7 @@
 
 #include <ylistbox.h>
 
-#include "ylistitemdata.h"
+#include "toolkit/list/ylistitemdata.h"
 
 QString YListBoxItem::Private::wholeText() const
 {

@@ -48,7 +48,7 @@ QString YMessageDlg::text() const
 
 int YMessageDlg::contentsHint(int width, int most) const
 {
-    return std::min(most, d->text->heightFor(width));
+    return std::min(most, d->text->fit(width, most));
 }
 
 void YMessageDlg::layoutContents()

@@ -80,7 +80,7 @@ QString YNoticeDlg::text() const
 int YNoticeDlg::contentsHint(int width, int most) const
 {
     const int least = signSize + 2 * YTheme::margin;
-    return std::min(most, std::max(least, d->text->heightFor(width - textLeft)));
+    return std::min(most, std::max(least, d->text->fit(width - textLeft, most)));
 }
 
 void YNoticeDlg::layoutContents()

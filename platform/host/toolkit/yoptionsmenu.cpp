@@ -5,113 +5,27 @@
 
 #include <QAction>
 #include <QKeyEvent>
-#include <QListWidget>
 #include <QPainter>
 #include <QPainterPath>
 #include <QPixmap>
 #include <QPointer>
 #include <QStyle>
-#include <QStyledItemDelegate>
 
 #include <yglobal.h>
 #include <ysoftkey.h>
 
 #include "toolkit/accessible/ytell.h"
+#include "toolkit/list/yoptionslist.h"
 #include "toolkit/look/ytheme.h"
-#include "toolkit/look/ywrap.h"
 
 namespace {
 
 constexpr int edge = 5; // between the panel's edge and the items
-constexpr int linePadding = 8;
-constexpr int textMargin = 10;
-constexpr int markWidth = 26;
-constexpr int iconSize = 20;
-constexpr double radius = 6;
 
 struct Item
 {
     QAction* action; // the menu's child
     int id;
-};
-
-// Shows an item as its action is now.
-void refresh(QListWidgetItem& row, const QAction& action)
-{
-    row.setText(action.text());
-    row.setIcon(action.icon());
-    row.setFlags(action.isEnabled() ? Qt::ItemIsEnabled | Qt::ItemIsSelectable
-                                    : Qt::ItemFlags(Qt::NoItemFlags));
-    row.setData(Qt::CheckStateRole, action.isCheckable()
-                                        ? QVariant(action.isChecked() ? Qt::Checked : Qt::Unchecked)
-                                        : QVariant());
-}
-
-QRect textR(const QRect& row, bool checkable)
-{
-    return row.adjusted(textMargin, 0, -textMargin - (checkable ? markWidth : 0), 0);
-}
-
-void drawMark(QPainter* painter, const QPointF& middle)
-{
-    QPainterPath mark;
-    mark.moveTo(middle + QPointF(-5, 0));
-    mark.lineTo(middle + QPointF(-1, 4));
-    mark.lineTo(middle + QPointF(6, -4));
-    painter->setPen(QPen(painter->pen().color(), 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    painter->drawPath(mark);
-}
-
-// A list whose digits choose an item rather than search for one.
-class ItemList : public QListWidget
-{
-public:
-    using QListWidget::QListWidget;
-
-protected:
-    void keyPressEvent(QKeyEvent* event) override
-    {
-        if (event->key() >= Qt::Key_1 && event->key() <= Qt::Key_9)
-            event->ignore();
-        else
-            QListWidget::keyPressEvent(event);
-    }
-};
-
-class ItemDelegate : public QStyledItemDelegate
-{
-public:
-    using QStyledItemDelegate::QStyledItemDelegate;
-
-    void paint(QPainter* painter, const QStyleOptionViewItem& option,
-               const QModelIndex& index) const override
-    {
-        const YTheme& theme = YTheme::current();
-        const bool enabled = index.flags() & Qt::ItemIsEnabled;
-        const bool current = enabled && option.state & QStyle::State_Selected;
-        const QVariant mark = index.data(Qt::CheckStateRole);
-        painter->save();
-        painter->setRenderHint(QPainter::Antialiasing);
-        if (current) {
-            painter->setPen(Qt::NoPen);
-            painter->setBrush(theme.accent);
-            painter->drawRoundedRect(option.rect, radius, radius);
-        }
-        painter->setBrush(Qt::NoBrush);
-        painter->setPen(current ? theme.onAccent : enabled ? theme.text : theme.disabledText);
-        QRect place = textR(option.rect, mark.isValid());
-        const auto icon = index.data(Qt::DecorationRole).value<QIcon>();
-        if (!icon.isNull()) {
-            icon.paint(painter,
-                       QRect(place.left(), place.center().y() - iconSize / 2, iconSize, iconSize));
-            place.setLeft(place.left() + iconSize + textMargin);
-        }
-        YWrap::draw(*painter, place, Qt::AlignVCenter | Qt::AlignLeft, index.data().toString());
-        if (mark.toInt() == Qt::Checked)
-            drawMark(painter,
-                     QPointF(option.rect.right() - markWidth / 2.0, option.rect.center().y()));
-        painter->restore();
-    }
 };
 
 } // namespace
@@ -121,7 +35,7 @@ struct YOptionsMenu::Private
     std::vector<Item> items;
     // Made when the menu is opened first, since most menus of most pages never are; its rows are
     // the items in their order.
-    QListWidget* list = nullptr;
+    YOptionsList* list = nullptr;
     QRect rect;
     QRect panel; // in the popup
     int nextId = 0;
@@ -151,7 +65,7 @@ struct YOptionsMenu::Private
     void refreshRow(int row) const
     {
         if (list && row >= 0)
-            refresh(*list->item(row), *items[static_cast<std::size_t>(row)].action);
+            list->refresh(row, *items[static_cast<std::size_t>(row)].action);
     }
 
     void rowChanged(int row, QAccessible::State changed) const
@@ -163,41 +77,17 @@ struct YOptionsMenu::Private
 
     void insertRow(int row) const
     {
-        if (!list)
-            return;
-        list->insertItem(row, new QListWidgetItem);
-        refreshRow(row);
+        if (list)
+            list->insert(row, *items[static_cast<std::size_t>(row)].action);
     }
 
     void makeList(YOptionsMenu* menu)
     {
-        list = new ItemList(menu);
-        list->setFrameShape(QFrame::NoFrame);
-        list->setItemDelegate(new ItemDelegate(list));
-        list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-        list->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
-        list->setEditTriggers(QAbstractItemView::NoEditTriggers);
+        list = new YOptionsList(menu);
         QObject::connect(list, SIGNAL(itemActivated(QListWidgetItem*)), menu,
                          SLOT(activate(QListWidgetItem*)));
         for (int row = 0; row < static_cast<int>(items.size()); ++row)
             insertRow(row);
-    }
-
-    // Gives each row the height of its text, and the sum.
-    int layoutRows(int width) const
-    {
-        int sum = 0;
-        for (int row = 0; row < list->count(); ++row) {
-            QListWidgetItem* item = list->item(row);
-            QRect place = textR(QRect(0, 0, width, 0), item->data(Qt::CheckStateRole).isValid());
-            if (!item->icon().isNull())
-                place.setLeft(place.left() + iconSize + textMargin);
-            const int text = YWrap::height(YTheme::bodyFont(), item->text(), place.width());
-            const int height = std::max(YTheme::rowHeight, text + 2 * linePadding);
-            item->setSizeHint(QSize(1, height)); // wide as the list
-            sum += height;
-        }
-        return sum;
     }
 };
 
@@ -303,9 +193,9 @@ void YOptionsMenu::layoutContents()
     if (!d->list)
         return;
     const int width = d->rect.width() - 2 * edge;
-    int height = d->layoutRows(width) + 2 * edge;
+    int height = d->list->layoutRows(width) + 2 * edge;
     if (height > d->rect.height()) {
-        d->layoutRows(width - style()->pixelMetric(QStyle::PM_ScrollBarExtent));
+        d->list->layoutRows(width - style()->pixelMetric(QStyle::PM_ScrollBarExtent));
         height = d->rect.height();
     }
     const int top = d->rect.top() + d->rect.height() - height;

@@ -17,6 +17,7 @@
 #include "toolkit/look/ybusy.h"
 #include "toolkit/look/ytextlabel.h"
 #include "toolkit/look/ytheme.h"
+#include "toolkit/look/ytitle.h"
 #include "yscreen.h"
 
 namespace {
@@ -52,7 +53,11 @@ void tellOf(YPopup* popup, bool shown)
         YTell::event(popup, QAccessible::Alert);
 }
 
-constexpr int linePadding = 6; // above and below title and instruction
+// Above and below title and instruction.
+int linePadding()
+{
+    return YTheme::isSmall() ? 3 : 6;
+}
 
 // Sets the line's place below `top` and returns its lower edge.
 int placeLine(YTextLabel* line, int top, int width)
@@ -61,8 +66,8 @@ int placeLine(YTextLabel* line, int top, int width)
         return top;
     const int inner = width - 2 * YTheme::margin;
     const int height = line->heightForWidth(inner);
-    line->setGeometry(YTheme::margin, top + linePadding, inner, height);
-    return top + height + 2 * linePadding;
+    line->setGeometry(YTheme::margin, top + linePadding(), inner, height);
+    return top + height + 2 * linePadding();
 }
 
 // Where the activity ring goes: the icon's place when there is a text to stand beside.
@@ -100,6 +105,9 @@ struct YPopup::Private
     // Lays out title and instruction.
     int headerHeight(int width) const
     {
+        const QFont letters = YTitle::font(title->text(), width - 2 * YTheme::margin);
+        if (title->font().pixelSize() != letters.pixelSize())
+            title->setFont(letters);
         return placeLine(instruction, placeLine(title, 0, width), width);
     }
 };
@@ -188,7 +196,7 @@ YSoftKey* YPopup::getSoftKey() const
 
 QRect YPopup::contentsR() const
 {
-    return rect().adjusted(0, d->headerBottom, 0, -YTheme::softKeyHeight);
+    return rect().adjusted(0, d->headerBottom, 0, -YTheme::softKeyHeight());
 }
 
 void YPopup::accept()
@@ -280,7 +288,7 @@ void YPopup::fit()
 {
     const QRect largest = YGlobal::getDlgLargeR();
     const int header = d->headerHeight(largest.width());
-    const int around = header + YTheme::softKeyHeight;
+    const int around = header + YTheme::softKeyHeight();
     const int contents = contentsHint(largest.width(), largest.height() - around);
     if (contents >= 0)
         setGeometry(largest.adjusted(0, largest.height() - around - contents, 0, 0));
@@ -289,7 +297,8 @@ void YPopup::fit()
 
 void YPopup::layoutParts()
 {
-    d->softKey->setGeometry(0, height() - YTheme::softKeyHeight, width(), YTheme::softKeyHeight);
+    d->softKey->setGeometry(0, height() - YTheme::softKeyHeight(), width(),
+                            YTheme::softKeyHeight());
     d->headerBottom = d->headerHeight(width());
     if (d->busy) {
         d->busy->move(busyPlace(*this, contentsR()).center() - d->busy->rect().center());

@@ -1,43 +1,28 @@
 #include "yscreen.h"
 
 #include <algorithm>
-#include <cstdio>
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QHideEvent>
 #include <QPainter>
 #include <QPointer>
 
+#include "toolkit/look/ydress.h"
 #include "toolkit/look/ytheme.h"
+#include "yenvironment.h"
 
 namespace {
 
-constexpr QSize usualSize(240, 320);
-constexpr int smallestSide = 160;
-constexpr int largestSide = 4096;
-
 YScreen* theScreen = nullptr;
 
-QSize sizeFromEnvironment()
-{
-    const QByteArray text = qgetenv("VORN_SCREEN");
-    int width = 0;
-    int height = 0;
-    int end = 0;
-    if (text.isEmpty())
-        return usualSize;
-    if (std::sscanf(text.constData(), "%4dx%4d%n", &width, &height, &end) == 2 &&
-        end == text.size() && std::min(width, height) >= smallestSide &&
-        std::max(width, height) <= largestSide)
-        return QSize(width, height);
-    qWarning("VORN_SCREEN=%s: expected WIDTHxHEIGHT with sides of %d to %d; 240x320 is used",
-             text.constData(), smallestSide, largestSide);
-    return usualSize;
-}
+bool applicationEnds = false;
 
 void deleteScreen()
 {
+    applicationEnds = true;
     delete theScreen;
+    applicationEnds = false;
 }
 
 // Dims what lies below a modal popup and takes the finger's input for it.
@@ -110,7 +95,6 @@ struct YScreen::Layer
 YScreen* YScreen::instance()
 {
     if (!theScreen) {
-        YTheme::apply();
         theScreen = new YScreen;
         qAddPostRoutine(deleteScreen);
     }
@@ -119,7 +103,8 @@ YScreen* YScreen::instance()
 
 YScreen::YScreen() : shade(new Shade(this))
 {
-    setFixedSize(sizeFromEnvironment());
+    YDress::wear(this);
+    setFixedSize(YEnvironment::screenSize());
     setWindowTitle(QCoreApplication::applicationName());
     shade->hide();
     qApp->installEventFilter(this);
@@ -129,6 +114,9 @@ YScreen::YScreen() : shade(new Shade(this))
 
 YScreen::~YScreen()
 {
+    // Whoever waits for a layer in a loop of its own is to hear that it goes.
+    if (!applicationEnds)
+        closeLayers();
     qRemovePostRoutine(deleteScreen);
     theScreen = nullptr;
     qApp->removeEventFilter(this);
@@ -237,8 +225,29 @@ void YScreen::paintEvent(QPaintEvent*)
     QPainter(this).fillRect(rect(), YTheme::current().background);
 }
 
-// Closing the window is how a desktop says no to everything that is on the screen.
 void YScreen::closeEvent(QCloseEvent* event)
+{
+    closeLayers();
+    event->accept();
+}
+
+// Nobody can answer what lies on a screen that the program has hidden, by itself or with the window
+// around it. One that has only been given another place is shown again by then, and a window that
+// the user has put aside is not hidden.
+void YScreen::hideEvent(QHideEvent* event)
+{
+    if (!event->spontaneous() && !stack.empty())
+        QMetaObject::invokeMethod(this, "closeIfHidden", Qt::QueuedConnection);
+}
+
+void YScreen::closeIfHidden()
+{
+    if (!isVisible())
+        closeLayers();
+}
+
+// Closing is how a desktop says no to everything that is on the screen.
+void YScreen::closeLayers()
 {
     QPointer<YScreen> self(this);
     while (self && !stack.empty()) {
@@ -247,7 +256,6 @@ void YScreen::closeEvent(QCloseEvent* event)
         if (self && top && activeLayer() == top)
             top->hide();
     }
-    event->accept();
 }
 
 void YScreen::resizeEvent(QResizeEvent*)

@@ -10,7 +10,9 @@
 
 // 240 by 320 logical pixels, or what VORN_SCREEN says (for instance "480x800"). It opens as a
 // window by itself with its first layer and closes with the last one; a program that plays the
-// phone puts it into a widget of its own instead. GUI thread only.
+// phone puts it into a widget of its own instead. When its window is closed, hidden by the program
+// or deleted, each layer that is shown is closed, the top one first, as if the user had. GUI thread
+// only.
 class VORN_PLATFORM_API YScreen : public QWidget
 {
     Q_OBJECT
@@ -41,16 +43,19 @@ public:
 protected:
     void paintEvent(QPaintEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private slots:
     void keepFocus(QWidget* before, QWidget* now);
     void closeWhenEmpty();
+    void closeIfHidden();
 
 private:
     struct Layer;
 
     YScreen();
+    void closeLayers();
     void forget(QWidget* layer);
     Layer* find(const QObject* widget) const;
     bool blocked(const QObject* watched, const QEvent& event) const;

@@ -9,6 +9,7 @@
 #include <QScrollBar>
 
 #include "toolkit/input/yfinger.h"
+#include "toolkit/look/ydress.h"
 
 // The widget that is scrolled.
 class YScrollContents : public QWidget
@@ -58,6 +59,7 @@ YScrollPanel::YScrollPanel(QWidget* parent, const char* name, int /*widgetClassI
 {
     if (name)
         setObjectName(QString::fromUtf8(name));
+    YDress::wear(this);
     d->area = new QScrollArea(this);
     d->area->setFrameShape(QFrame::NoFrame);
     d->area->setFocusPolicy(Qt::NoFocus);

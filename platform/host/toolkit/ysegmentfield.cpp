@@ -14,6 +14,7 @@
 
 #include "toolkit/accessible/ytell.h"
 #include "toolkit/input/ykeypad.h"
+#include "toolkit/look/ydress.h"
 #include "toolkit/look/yrowlook.h"
 #include "toolkit/look/ytheme.h"
 
@@ -21,7 +22,13 @@ namespace {
 
 constexpr int mostSegments = 16;
 constexpr int usualWidth = 40;
-constexpr int separatorPadding = 2;
+
+// Beside the separator.
+int separatorPadding()
+{
+    return YTheme::isSmall() ? 1 : 2;
+}
+
 constexpr int unlimited = 32767;
 
 bool isFull(const YLineEdit& segment)
@@ -57,7 +64,7 @@ struct YSegmentField::Private
 
     int separatorWidth(const QFontMetrics& metrics) const
     {
-        return metrics.horizontalAdvance(separator) + 2 * separatorPadding;
+        return metrics.horizontalAdvance(separator) + 2 * separatorPadding();
     }
 
     int contentsWidth(const QFontMetrics& metrics) const
@@ -75,6 +82,7 @@ YSegmentField::YSegmentField(QWidget* parent, const char* name, YWidgetFlags /*f
 {
     if (name)
         setObjectName(QString::fromUtf8(name));
+    YDress::wear(this);
     d->widgetClass = widgetClassId;
     QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     policy.setHeightForWidth(true);
@@ -152,7 +160,7 @@ QSize YSegmentField::sizeHint() const
 
 QSize YSegmentField::minimumSizeHint() const
 {
-    return QSize(0, YRowLook::boxHeight);
+    return QSize(0, YRowLook::boxHeight());
 }
 
 int YSegmentField::heightForWidth(int width) const
@@ -238,7 +246,7 @@ bool YSegmentField::crossKey(int index, const QKeyEvent& event)
     const bool selected = segment.getInputField()->hasSelectedText();
     const bool atStart = !selected && segment.cursorPosition() == 0;
     const bool atEnd = !selected && segment.cursorPosition() == segment.text().size();
-    const bool keypad = YKeypad::isPresent() && event.modifiers().testFlag(Qt::KeypadModifier);
+    const bool keypad = YKeypad::isKey(event);
     const bool plain = event.modifiers() == Qt::NoModifier || keypad;
     const bool separator =
         (!d->separator.isEmpty() && event.text() == d->separator.left(1)) ||

@@ -64,7 +64,7 @@ YListBoxItem* YSingleSelectDlg::getCheckedItem() const
 int YSingleSelectDlg::contentsHint(int width, int most) const
 {
     // An empty list still has a place of its own.
-    return std::max(YTheme::rowHeight, d->list->heightOfRows(width, most));
+    return std::max(YTheme::rowHeight(), d->list->heightOfRows(width, most));
 }
 
 void YSingleSelectDlg::layoutContents()

@@ -11,6 +11,7 @@
 #include <yoptionsmenu.h>
 #include <ypopup.h>
 
+#include "toolkit/look/ydress.h"
 #include "toolkit/look/ytheme.h"
 
 namespace {
@@ -44,19 +45,32 @@ bool saysWayOut(const QString& text)
     });
 }
 
-QString fitting(const std::map<int, QString>& alternatives, const QPushButton& button)
+constexpr int smallestLetters = 11; // pixels
+
+using Texts = std::map<int, QString>; // by priority
+
+// The first that fits, or a null text.
+QString firstThatFits(const Texts& texts, const QFont& letters, int room)
 {
-    const QFontMetrics metrics = button.fontMetrics();
-    const int room = button.width() - YTheme::margin;
-    QString shortest;
-    for (const auto& [priority, text] : alternatives) {
-        if (metrics.horizontalAdvance(text) <= room)
-            return text;
-        if (shortest.isEmpty() ||
-            metrics.horizontalAdvance(text) < metrics.horizontalAdvance(shortest))
-            shortest = text;
-    }
-    return metrics.elidedText(shortest, Qt::ElideRight, room);
+    const QFontMetrics metrics(letters);
+    const auto found = std::find_if(texts.begin(), texts.end(), [&](const auto& entry) {
+        return metrics.horizontalAdvance(entry.second) <= room;
+    });
+    return found == texts.end() ? QString() : found->second;
+}
+
+// What a button of this width shows with these letters.
+QString fitting(const Texts& texts, const QFont& letters, int room)
+{
+    const QString whole = firstThatFits(texts, letters, room);
+    if (!whole.isNull() || texts.empty())
+        return whole;
+    const QFontMetrics metrics(letters);
+    const auto shortest =
+        std::min_element(texts.begin(), texts.end(), [&metrics](const auto& one, const auto& two) {
+            return metrics.horizontalAdvance(one.second) < metrics.horizontalAdvance(two.second);
+        });
+    return metrics.elidedText(shortest->second, Qt::ElideRight, room);
 }
 
 } // namespace
@@ -64,13 +78,37 @@ QString fitting(const std::map<int, QString>& alternatives, const QPushButton& b
 struct YSoftKey::Private
 {
     std::array<QPushButton*, buttonCount> buttons;
-    std::array<std::map<int, QString>, buttonCount> alternatives; // by priority
-    std::array<bool, buttonCount> rejects = {};                   // a popup, by its own slot
+    std::array<Texts, buttonCount> alternatives;
+    std::array<bool, buttonCount> rejects = {}; // a popup, by its own slot
 
-    void refresh(int button)
+    static int room(const QPushButton& button) { return button.width() - YTheme::margin; }
+
+    // Both keys have the same letters: the usual ones, or the largest smaller ones with which both
+    // have a text that fits.
+    QFont letters() const
     {
-        QPushButton& key = *buttons[static_cast<std::size_t>(button)];
-        key.setText(fitting(alternatives[static_cast<std::size_t>(button)], key));
+        QFont font = YTheme::bodyFont();
+        while (font.pixelSize() > smallestLetters && !haveRoom(font))
+            font.setPixelSize(font.pixelSize() - 1);
+        return font;
+    }
+
+    bool haveRoom(const QFont& font) const
+    {
+        for (std::size_t button = 0; button < buttonCount; ++button)
+            if (!alternatives[button].empty() &&
+                firstThatFits(alternatives[button], font, room(*buttons[button])).isNull())
+                return false;
+        return true;
+    }
+
+    void refresh() const
+    {
+        const QFont font = letters();
+        for (std::size_t button = 0; button < buttonCount; ++button) {
+            buttons[button]->setFont(font);
+            buttons[button]->setText(fitting(alternatives[button], font, room(*buttons[button])));
+        }
     }
 
     QPushButton* at(int button) const { return buttons[static_cast<std::size_t>(button)]; }
@@ -99,6 +137,7 @@ struct YSoftKey::Private
 YSoftKey::YSoftKey(const char* /*layout*/, QWidget* parent, QWidget* keyReceiver)
     : QWidget(parent), d(new Private)
 {
+    YDress::wear(this);
     for (QPushButton*& button : d->buttons) {
         button = new QPushButton(this);
         button->setFlat(true);
@@ -134,7 +173,7 @@ void YSoftKey::setText(int button, const QString& text, int priority)
         alternatives.erase(priority);
     else
         alternatives[priority] = text;
-    d->refresh(button);
+    d->refresh();
     update();
 }
 
@@ -167,7 +206,7 @@ void YSoftKey::click(int button)
 
 QSize YSoftKey::sizeHint() const
 {
-    return QSize(parentWidget() ? parentWidget()->width() : 0, YTheme::softKeyHeight);
+    return QSize(parentWidget() ? parentWidget()->width() : 0, YTheme::softKeyHeight());
 }
 
 bool YSoftKey::eventFilter(QObject* watched, QEvent* event)
@@ -200,6 +239,5 @@ void YSoftKey::resizeEvent(QResizeEvent*)
     const int half = width() / 2;
     d->at(Left)->setGeometry(0, 1, half, height() - 1);
     d->at(Right)->setGeometry(half + 1, 1, width() - half - 1, height() - 1);
-    d->refresh(Left);
-    d->refresh(Right);
+    d->refresh();
 }

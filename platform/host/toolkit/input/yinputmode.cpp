@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include <QInputMethodQueryEvent>
+
 #include <yinputfield.h>
 
 namespace {
@@ -23,6 +25,16 @@ QString YInputMode::filtered(int mode, const QString& text)
     std::copy_if(text.begin(), text.end(), std::back_inserter(kept),
                  [mode](QChar letter) { return lets(mode, letter); });
     return kept;
+}
+
+void YInputMode::answer(QInputMethodQueryEvent& query, QLineEdit& field)
+{
+    static_cast<QObject&>(field).event(&query);
+    // The field has answered in its own coordinates.
+    for (const Qt::InputMethodQuery what :
+         {Qt::ImCursorRectangle, Qt::ImAnchorRectangle, Qt::ImInputItemClipRectangle})
+        if (query.queries() & what)
+            query.setValue(what, query.value(what).toRectF().translated(field.pos()));
 }
 
 Qt::InputMethodHints YInputMode::hints(int mode)

@@ -37,6 +37,19 @@ int YMessageText::heightFor(int width) const
     return label->heightForWidth(width);
 }
 
+int YMessageText::fit(int width, int most)
+{
+    QFont letters = YTheme::bodyFont();
+    label->setFont(letters);
+    while (heightFor(width) > most && letters.pixelSize() > YTheme::smallFont().pixelSize()) {
+        letters.setPixelSize(letters.pixelSize() - 1);
+        label->setFont(letters);
+    }
+    if (heightFor(width) > most)
+        label->setFont(YTheme::bodyFont());
+    return heightFor(width);
+}
+
 bool YMessageText::scrollByKey(int key)
 {
     if (key != Qt::Key_Up && key != Qt::Key_Down)

@@ -17,6 +17,10 @@ public:
     QString text() const;
     // The height that shows the whole text at a width.
     int heightFor(int width) const;
+    // Takes smaller letters where the whole text fits no other way into `most` pixels of height; a
+    // text that is too long for the smallest ones keeps the usual ones and is scrolled. Result: the
+    // height, which may be more than `most`.
+    int fit(int width, int most);
     // Scrolls by one line for the keys Up and Down; false for other keys.
     bool scrollByKey(int key);
 

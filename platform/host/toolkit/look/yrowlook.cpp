@@ -4,7 +4,6 @@
 
 #include <QFontMetrics>
 #include <QPainter>
-#include <QPainterPath>
 #include <QWidget>
 
 #include <yscrollpanel.h>
@@ -48,6 +47,11 @@ void YRowLook::setLabel(const QString& newText)
 void YRowLook::setBoxHeight(int height)
 {
     box = height;
+}
+
+int YRowLook::boxHeight()
+{
+    return YTheme::isSmall() ? 24 : 28;
 }
 
 int YRowLook::heightForWidth(int width) const
@@ -110,25 +114,6 @@ void YRowLook::drawNote(QPainter& painter, const QRect& place, const QString& no
     painter.setPen(YTheme::current().mutedText);
     painter.drawText(place.adjusted(0, 0, -textMargin, 0),
                      Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine, note);
-}
-
-void YRowLook::drawEye(QPainter& painter, const QRect& place, bool open, const QColor& colour)
-{
-    const QPointF middle = QRectF(place).center();
-    QPainterPath outline;
-    outline.moveTo(middle - QPointF(8, 0));
-    outline.quadTo(middle - QPointF(0, 9), middle + QPointF(8, 0));
-    outline.quadTo(middle + QPointF(0, 9), middle - QPointF(8, 0));
-    painter.save();
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(colour, 1.4));
-    painter.setBrush(Qt::NoBrush);
-    painter.drawPath(outline);
-    painter.setBrush(colour);
-    painter.drawEllipse(middle, 2.0, 2.0);
-    if (!open)
-        painter.drawLine(middle + QPointF(-6, 6), middle + QPointF(6, -6));
-    painter.restore();
 }
 
 void YRowLook::reveal(QWidget* row)

@@ -6,7 +6,6 @@
 #include <QRect>
 #include <QString>
 
-class QColor;
 class QPainter;
 class QWidget;
 
@@ -43,13 +42,10 @@ public:
     static int noteWidth(const QString& note);
     static void drawNote(QPainter& painter, const QRect& place, const QString& note);
 
-    // An open eye shows the password, a crossed one hides it.
-    static void drawEye(QPainter& painter, const QRect& place, bool open, const QColor& colour);
-
     // Brings a row of a form whole into sight: it was scrolled away and is used now.
     static void reveal(QWidget* row);
 
-    static constexpr int boxHeight = 28;
+    static int boxHeight();
     static constexpr int textMargin = 7;
 
 private:
@@ -58,7 +54,7 @@ private:
 
     QString text;
     bool compact = false;
-    int box = boxHeight;
+    int box = boxHeight();
     // What was measured of the label; forms ask for it again and again.
     mutable int lineWidth = -1;
     mutable int lineHeight = 0;

@@ -1,11 +1,14 @@
 #include "toolkit/look/ytheme.h"
 
+#include <algorithm>
+
 #include <QApplication>
 #include <QLocale>
 #include <QStringList>
 
-#include "toolkit/look/ystyle.h"
+#include "toolkit/look/ydress.h"
 #include "toolkit/look/ytranslator.h"
+#include "toolkit/yenvironment.h"
 
 namespace {
 
@@ -56,18 +59,12 @@ QFont face(int pixels, QFont::Weight weight)
     return font;
 }
 
-void dress()
-{
-    QApplication::setPalette(YTheme::current().palette());
-    QApplication::setFont(YTheme::bodyFont());
-}
-
 } // namespace
 
 const YTheme& YTheme::current()
 {
     if (!chosen)
-        chosen = &named(qgetenv("VORN_THEME") == "dark" ? Scheme::Dark : Scheme::Light);
+        chosen = &named(YEnvironment::isDark() ? Scheme::Dark : Scheme::Light);
     return *chosen;
 }
 
@@ -75,15 +72,7 @@ void YTheme::use(Scheme scheme)
 {
     chosen = &named(scheme);
     if (qobject_cast<QApplication*>(QCoreApplication::instance()))
-        dress();
-}
-
-void YTheme::apply()
-{
-    if (qobject_cast<YStyle*>(QApplication::style()))
-        return;
-    QApplication::setStyle(new YStyle);
-    dress();
+        YDress::refresh();
 }
 
 QPalette YTheme::palette() const
@@ -105,14 +94,40 @@ QPalette YTheme::palette() const
     return colours;
 }
 
+bool YTheme::isSmall()
+{
+    static const QSize screen = YEnvironment::screenSize();
+    return std::min(screen.width(), screen.height()) < 220;
+}
+
+int YTheme::softKeyHeight()
+{
+    return isSmall() ? 26 : 34;
+}
+
+int YTheme::titleHeight()
+{
+    return isSmall() ? 28 : 32;
+}
+
+int YTheme::rowHeight()
+{
+    return isSmall() ? 30 : 36;
+}
+
 QFont YTheme::bodyFont()
 {
-    return face(14, QFont::Normal);
+    return face(isSmall() ? 13 : 14, QFont::Normal);
 }
 
 QFont YTheme::titleFont()
 {
-    return face(15, QFont::DemiBold);
+    return face(isSmall() ? 14 : 15, QFont::DemiBold);
+}
+
+QFont YTheme::segmentFont()
+{
+    return face(isSmall() ? 12 : 14, QFont::Normal);
 }
 
 QFont YTheme::smallFont()

@@ -15,12 +15,8 @@ struct VORN_PLATFORM_API YTheme
 
     // The theme in use. Light, unless VORN_THEME says "dark".
     static const YTheme& current();
-    // Changes the theme of all widgets, shown ones too.
+    // Changes the theme of all widgets of the toolkit, shown ones too.
     static void use(Scheme scheme);
-
-    // Dresses the application: style, palette and font. Once for each application; more calls do
-    // nothing.
-    static void apply();
 
     QPalette palette() const;
 
@@ -41,18 +37,22 @@ struct VORN_PLATFORM_API YTheme
     QColor shade; // over what lies below a modal popup; translucent
 
     static constexpr int margin = 8;
-    static constexpr int softKeyHeight = 34;
-    static constexpr int titleHeight = 32;
-    static constexpr int rowHeight = 36;
     static constexpr int iconSize = 50;
     static constexpr int iconTop = 11;
     static constexpr int radius = 10;
     static constexpr int focusWidth = 2;
     static constexpr int indicatorWidth = 4; // of what shows how far a list is scrolled
 
+    // A screen of less than 220 pixels a side has smaller letters and less room around them.
+    static bool isSmall();
+    static int softKeyHeight();
+    static int titleHeight();
+    static int rowHeight();
+
     static QFont bodyFont();
     static QFont titleFont();
     static QFont smallFont();
+    static QFont segmentFont(); // of a field that shares its row with others
 };
 
 #endif

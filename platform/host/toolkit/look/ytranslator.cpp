@@ -8,6 +8,8 @@
 #include <QJsonObject>
 #include <QLocale>
 
+#include "toolkit/yenvironment.h"
+
 namespace {
 
 bool isResourceId(const char* id)
@@ -57,8 +59,7 @@ YTranslator::YTranslator(QObject* parent, const QString& locale)
 
 QString YTranslator::chosenLocale()
 {
-    const QString chosen = qEnvironmentVariable("VORN_LANG");
-    return chosen.isEmpty() ? QLocale::system().name() : chosen;
+    return YEnvironment::locale();
 }
 
 QString YTranslator::translate(const char* /*context*/, const char* id, const char* defaultText,

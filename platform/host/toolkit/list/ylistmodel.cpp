@@ -1,9 +1,9 @@
-#include "ylistmodel.h"
+#include "toolkit/list/ylistmodel.h"
 
 #include <algorithm>
 #include <utility>
 
-#include "ylistitemdata.h"
+#include "toolkit/list/ylistitemdata.h"
 
 YListModel::YListModel(QObject* parent) : QAbstractListModel(parent) {}
 

@@ -1,20 +1,25 @@
-#include "ylistdelegate.h"
+#include "toolkit/list/ylistdelegate.h"
 
 #include <algorithm>
 
 #include <QAbstractItemView>
 #include <QPainter>
 
+#include "toolkit/list/ylistitemdata.h"
+#include "toolkit/list/ylistmodel.h"
 #include "toolkit/look/ytheme.h"
 #include "toolkit/look/ywrap.h"
-#include "ylistitemdata.h"
-#include "ylistmodel.h"
 
 namespace {
 
 constexpr int markSize = 16;
 constexpr int gap = YTheme::margin;
-constexpr int linePadding = 9; // above and below the text of a row
+
+// Above and below the text of a row.
+int linePadding()
+{
+    return YTheme::isSmall() ? 6 : 9;
+}
 
 // How the two texts of a sub-item share their width.
 struct Split
@@ -62,13 +67,21 @@ void paintMark(QPainter& painter, const QRect& place, bool checked, const QColor
     painter.restore();
 }
 
+// The room that a picture takes from the text beside it.
+int pictureWidth(const YListSubItem& subItem)
+{
+    return subItem.picture.isNull()
+               ? 0
+               : static_cast<int>(subItem.picture.deviceIndependentSize().width()) + gap;
+}
+
 void paintSubItem(QPainter& painter, const YListSubItem& subItem, const YRowFont& font, QRect place)
 {
     if (!subItem.picture.isNull()) {
         const QSizeF size = subItem.picture.deviceIndependentSize();
         painter.drawPixmap(QPointF(place.left(), place.center().y() - size.height() / 2),
                            subItem.picture);
-        place.setLeft(place.left() + static_cast<int>(size.width()) + gap);
+        place.setLeft(place.left() + pictureWidth(subItem));
     }
     painter.setFont(font.font());
     const QFontMetrics& metrics = font.metrics();
@@ -137,18 +150,19 @@ int YListDelegate::height(int row, int width) const
 {
     const YListBoxItem* item = model.item(row);
     if (!item || item->d->subItems.empty())
-        return YTheme::rowHeight;
+        return YTheme::rowHeight();
     const auto& subItems = item->d->subItems;
     // The scroll indicator's place stays free, so that rows do not change when it comes.
     int room = width - 2 * gap - YTheme::indicatorWidth - (hasMark(row) ? markSize + gap : 0);
     room /= static_cast<int>(subItems.size());
-    int height = YTheme::rowHeight;
+    int height = YTheme::rowHeight();
     for (const auto& [number, subItem] : subItems) {
         if (!subItem.second.isEmpty())
             continue;
         const YRowFont& font = fontOf(subItem);
-        if (!font.fits(subItem.first, room))
-            height = std::max(height, font.wrappedHeight(subItem.first, room) + 2 * linePadding);
+        const int rest = room - pictureWidth(subItem);
+        if (!font.fits(subItem.first, rest))
+            height = std::max(height, font.wrappedHeight(subItem.first, rest) + 2 * linePadding());
     }
     return height;
 }

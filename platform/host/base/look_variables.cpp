@@ -1,0 +1,102 @@
+#include "base/look_variables.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cstdlib>
+
+namespace base {
+
+static constexpr int smallestSide = 160;
+static constexpr int largestSide = 4096;
+static constexpr size_t mostShown = 40; // characters of a value that is told
+
+static bool isOneOf(std::string_view value, std::initializer_list<std::string_view> words)
+{
+    return std::find(words.begin(), words.end(), value) != words.end();
+}
+
+static bool isTheme(std::string_view value)
+{
+    return isOneOf(value, {"light", "dark"});
+}
+
+static bool isKeypad(std::string_view value)
+{
+    return isOneOf(value, {"0", "1"});
+}
+
+// A locale as POSIX writes it: language, then territory or script, encoding and modifier.
+static bool isLanguage(std::string_view value)
+{
+    const std::string_view locale = value.substr(0, value.find_first_of(".@"));
+    const size_t end = locale.find_first_of("_-");
+    const std::string_view language = locale.substr(0, end);
+    // Traditional Chinese is another script, which a reader of one may not read in the other.
+    if (language == "zh")
+        return end == locale.npos || isOneOf(locale.substr(end + 1), {"CN", "SG", "Hans"});
+    return isOneOf(language, {"en", "de", "C", "POSIX"});
+}
+
+static bool isScreen(std::string_view value)
+{
+    int width = 0;
+    int height = 0;
+    return readScreenSize(value, width, height);
+}
+
+const std::array<LookVariable, 4> lookVariables = {{
+    {"VORN_THEME", "light or dark", isTheme},
+    {"VORN_LANG", "en, de or zh_CN", isLanguage},
+    {"VORN_KEYPAD", "0 or 1", isKeypad},
+    {"VORN_SCREEN", "WIDTHxHEIGHT, each 160 to 4096, for instance 240x320", isScreen},
+}};
+
+static std::string_view variable(const char* name)
+{
+    const char* value = std::getenv(name);
+    return value ? value : "";
+}
+
+std::string lookValue(std::string_view name)
+{
+    for (const LookVariable& known : lookVariables)
+        if (known.name == name && known.isKnown(variable(known.name)))
+            return std::string(variable(known.name));
+    return {};
+}
+
+std::string lookComplaint(const LookVariable& known)
+{
+    const std::string_view value = variable(known.name);
+    if (value.empty() || known.isKnown(value))
+        return {};
+    std::string shown(value.substr(0, mostShown));
+    std::replace_if(
+        shown.begin(), shown.end(), [](char letter) { return letter < ' ' || letter > '~'; }, '?');
+    if (value.size() > mostShown)
+        shown += "...";
+    return std::string(known.name) + "=" + shown + " is ignored; it may be " + known.known;
+}
+
+// Digits alone, at most four, so that no side overflows.
+static bool readSide(std::string_view text, int& side)
+{
+    const char* end = text.data() + text.size();
+    const auto [stop, error] = std::from_chars(text.data(), end, side);
+    return !text.empty() && text.size() <= 4 && text[0] != '-' && error == std::errc() &&
+           stop == end && side >= smallestSide && side <= largestSide;
+}
+
+bool readScreenSize(std::string_view text, int& width, int& height)
+{
+    const size_t by = text.find('x');
+    int sides[2] = {};
+    if (by == text.npos || !readSide(text.substr(0, by), sides[0]) ||
+        !readSide(text.substr(by + 1), sides[1]))
+        return false;
+    width = sides[0];
+    height = sides[1];
+    return true;
+}
+
+} // namespace base

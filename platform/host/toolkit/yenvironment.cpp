@@ -1,0 +1,52 @@
+#include "yenvironment.h"
+
+#include <cstdio>
+
+#include <QApplication>
+#include <QLocale>
+
+#include "base/look_variables.h"
+
+namespace {
+
+// A program without widgets has no screen for which a value could be wrong.
+void tellIgnored()
+{
+    static bool told = false;
+    if (told || !qobject_cast<QApplication*>(QCoreApplication::instance()))
+        return;
+    told = true;
+    for (const base::LookVariable& variable : base::lookVariables) {
+        const std::string complaint = base::lookComplaint(variable);
+        if (!complaint.empty())
+            std::fprintf(stderr, "%s\n", complaint.c_str());
+    }
+}
+
+} // namespace
+
+Q_COREAPP_STARTUP_FUNCTION(tellIgnored)
+
+bool YEnvironment::isDark()
+{
+    return base::lookValue("VORN_THEME") == "dark";
+}
+
+QString YEnvironment::locale()
+{
+    const std::string chosen = base::lookValue("VORN_LANG");
+    return chosen.empty() ? QLocale::system().name() : QString::fromStdString(chosen);
+}
+
+bool YEnvironment::hasKeypad()
+{
+    return base::lookValue("VORN_KEYPAD") == "1";
+}
+
+QSize YEnvironment::screenSize()
+{
+    int width = 240;
+    int height = 320;
+    base::readScreenSize(base::lookValue("VORN_SCREEN"), width, height);
+    return QSize(width, height);
+}

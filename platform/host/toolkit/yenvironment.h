@@ -1,0 +1,17 @@
+// What the environment says of the screen. A value without a meaning is told once, on standard
+// error, when the program starts, and counts as unset.
+#ifndef YENVIRONMENT_H
+#define YENVIRONMENT_H
+
+#include <QSize>
+#include <QString>
+
+struct YEnvironment
+{
+    static bool isDark();      // VORN_THEME
+    static QString locale();   // VORN_LANG, else the system's: "de_DE", for instance
+    static bool hasKeypad();   // VORN_KEYPAD
+    static QSize screenSize(); // VORN_SCREEN, in logical pixels
+};
+
+#endif
