@@ -182,3 +182,16 @@ INSTANTIATE_TEST_SUITE_P(Values, NoObject,
                          testing::Values(WrongValue{"Array", "[1]", "an array"},
                                          WrongValue{"Null", "null", "null"}),
                          rowName);
+
+TEST(ManyProblems, AreCountedWhereNobodyWouldReadThemAll)
+{
+    std::string text = "{\n\"a\": 0";
+    for (int i = 0; i < 250; ++i)
+        text += ",\n\"a\": 0";
+    const JsonDocument document = parsed(text + "}");
+    const Lines lines = told(document);
+    ASSERT_EQ(lines.size(), 101U);
+    EXPECT_EQ(document.problemsLeftOut(), 150U);
+    EXPECT_EQ(lines[100], "a.json:102: expected at most 100 problems, found 150 more");
+    EXPECT_EQ(document.root().size(), 1U);
+}

@@ -28,22 +28,38 @@ std::string foundFor(int error)
     }
 }
 
+bool isKnown(const JsonAsked& asked, const std::string& name)
+{
+    return asked.allKnown || asked.names.empty() ||
+           std::find(asked.names.begin(), asked.names.end(), name) != asked.names.end();
+}
+
+std::string knownKeys(const JsonAsked& asked)
+{
+    std::string known;
+    for (const std::string& name : asked.names)
+        known += (known.empty() ? "" : ", ") + name;
+    return "one of the keys " + known;
+}
+
 void collectUnknown(JsonTree& tree, const JsonNode& node, const std::string& key,
                     const std::string& used)
 {
-    std::string known;
-    for (const std::string& name : node.asked)
-        known += (known.empty() ? "" : ", ") + name;
-    for (const JsonMember& member : node.members) {
-        const std::string path = memberKey(key, member.name);
-        if (!node.allKnown && !node.asked.empty() &&
-            std::find(node.asked.begin(), node.asked.end(), member.name) == node.asked.end())
-            tree.report(member.line, path, "one of the keys " + known, "an unknown key", used);
-        else
-            collectUnknown(tree, member.value, path, used);
+    const auto found = tree.asked.find(&node);
+    const JsonAsked asked = found == tree.asked.end() ? JsonAsked() : found->second;
+    std::size_t index = 0;
+    for (const JsonNode* each = tree.firstOf(node); each; each = tree.nextOf(*each)) {
+        const bool isElement = node.kind == JsonKind::Array;
+        const std::string name = isElement ? "" : tree.nameOf(*each);
+        if (!isElement && !isKnown(asked, name))
+            tree.report(tree.lineAt(tree.names[each->name].begin), memberKey(key, name),
+                        knownKeys(asked), "an unknown key", used);
+        else if (each->first != 0)
+            collectUnknown(
+                tree, *each,
+                isElement ? key + '[' + std::to_string(index) + ']' : memberKey(key, name), used);
+        ++index;
     }
-    for (std::size_t i = 0; i < node.elements.size(); ++i)
-        collectUnknown(tree, node.elements[i], key + '[' + std::to_string(i) + ']', used);
 }
 
 } // namespace
@@ -58,7 +74,7 @@ JsonDocument JsonDocument::read(const std::string& path, const std::string& used
     std::string bytes;
     const int error = readRegularFile(path, kMaximumSize, &bytes);
     if (error == 0)
-        return parse(bytes, path, used);
+        return parse(std::move(bytes), path, used);
     auto tree = std::make_unique<JsonTree>();
     tree->path = path;
     tree->state = error == ENOENT ? State::Missing : State::Unreadable;
@@ -69,12 +85,11 @@ JsonDocument JsonDocument::read(const std::string& path, const std::string& used
     return JsonDocument(std::move(tree));
 }
 
-JsonDocument JsonDocument::parse(const std::string& text, const std::string& path,
-                                 const std::string& used)
+JsonDocument JsonDocument::parse(std::string text, const std::string& path, const std::string& used)
 {
     auto tree = std::make_unique<JsonTree>();
     tree->path = path;
-    tree->source = text;
+    tree->source = std::move(text);
     parseTree(*tree, used);
     return JsonDocument(std::move(tree));
 }
@@ -101,13 +116,18 @@ const std::string& JsonDocument::source() const
 
 JsonValue JsonDocument::root() const
 {
-    return {m_tree.get(), m_tree->state == State::Good ? &m_tree->root : nullptr, {}};
+    return {m_tree.get(), m_tree->state == State::Good ? &m_tree->root() : nullptr, {}};
 }
 
 void JsonDocument::rejectUnknownKeys(const std::string& used)
 {
     if (m_tree->state == State::Good)
-        collectUnknown(*m_tree, m_tree->root, {}, used);
+        collectUnknown(*m_tree, m_tree->root(), {}, used);
+}
+
+std::size_t JsonDocument::problemsLeftOut() const
+{
+    return m_tree->unreported;
 }
 
 std::vector<JsonProblem> JsonDocument::problems() const
@@ -115,6 +135,12 @@ std::vector<JsonProblem> JsonDocument::problems() const
     std::vector<JsonProblem> sorted = m_tree->problems;
     std::stable_sort(sorted.begin(), sorted.end(),
                      [](const JsonProblem& a, const JsonProblem& b) { return a.line < b.line; });
+    if (m_tree->unreported > 0)
+        sorted.push_back({sorted.back().line,
+                          {},
+                          "at most " + std::to_string(sorted.size()) + " problems",
+                          std::to_string(m_tree->unreported) + " more",
+                          {}});
     return sorted;
 }
 

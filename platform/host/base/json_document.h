@@ -40,7 +40,7 @@ std::string sentence(const JsonProblem& problem);
 // place() and sentence() with ": " between them: a line as compilers write it, without a line end.
 std::string describe(const std::string& file, const JsonProblem& problem);
 
-enum class JsonKind { Absent, Null, Truth, Integer, Number, Text, Array, Object };
+enum class JsonKind : unsigned char { Absent, Null, Truth, Integer, Number, Text, Array, Object };
 
 struct JsonNode;
 struct JsonTree;
@@ -68,6 +68,9 @@ public:
     // duplicate name only the last is there.
     std::vector<std::pair<std::string, JsonValue>> members() const;
 
+    // How many elements or members this array or object has; 0 for anything else.
+    std::size_t size() const;
+
     // All elements of this array.
     std::vector<JsonValue> elements() const;
 
@@ -92,6 +95,7 @@ public:
 private:
     friend class JsonDocument;
     JsonValue(JsonTree* tree, JsonNode* node, std::string key);
+    bool isObject() const;
     bool is(JsonKind wanted, const std::string& expected, const std::string& used) const;
 
     JsonTree* m_tree;
@@ -99,7 +103,8 @@ private:
     std::string m_key;
 };
 
-// One file. Movable; its values stay valid when it moves.
+// One file, of less than 4 GiB. What it takes in memory is at most some 15 times its size, whatever
+// it holds. Movable; its values stay valid when it moves.
 class JsonDocument
 {
 public:
@@ -115,7 +120,7 @@ public:
     static JsonDocument read(const std::string& path, const std::string& used = "the defaults");
 
     // Takes the text as if it had been read from `path`.
-    static JsonDocument parse(const std::string& text, const std::string& path,
+    static JsonDocument parse(std::string text, const std::string& path,
                               const std::string& used = "the defaults");
 
     JsonDocument(JsonDocument&&) noexcept;
@@ -150,8 +155,12 @@ public:
     void rejectUnknownKeys(const std::string& used);
 
     // What was wrong so far, in the order of the file. Duplicate keys are reported by reading
-    // alone.
+    // alone. Of a file with more than 100 problems the first 100 that were met are there, and a
+    // last one that says how many are left out.
     std::vector<JsonProblem> problems() const;
+
+    // How many problems the last one of problems() stands for; 0 when all of them are there.
+    std::size_t problemsLeftOut() const;
 
 private:
     explicit JsonDocument(std::unique_ptr<JsonTree> tree);

@@ -13,7 +13,7 @@ static std::string added(const std::string& source, const JsonNode& root, const 
 {
     const std::size_t first = source.find_first_not_of(kBlanks, root.begin + 1);
     const std::size_t last = source.find_last_not_of(kBlanks, root.end - 2);
-    if (root.members.empty())
+    if (root.first == 0)
         return source.substr(0, root.begin) + "{\n  " + member + "\n}" + source.substr(root.end);
     std::string lead = source.substr(root.begin + 1, first - root.begin - 1);
     if (lead.empty())
@@ -26,53 +26,36 @@ std::string JsonDocument::withMember(const std::string& name, const std::string&
     const std::string member = nlohmann::json(name).dump() + ": " + literal;
     if (state() == State::Missing)
         return "{\n  " + member + "\n}\n";
-    if (state() != State::Good || m_tree->root.kind != JsonKind::Object)
+    if (state() != State::Good || m_tree->root().kind != JsonKind::Object)
         return {};
-    const JsonMember* present = m_tree->root.find(name);
+    const JsonNode* present = m_tree->find(m_tree->root(), name);
     if (!present)
-        return added(m_tree->source, m_tree->root, member);
+        return added(m_tree->source, m_tree->root(), member);
     std::string changed = m_tree->source;
-    return changed.replace(present->value.begin, present->value.end - present->value.begin,
-                           literal);
-}
-
-// Where the name begins whose text ends at `end`: an inner quote has an odd number of backslashes
-// before it.
-static std::size_t nameBegin(const std::string& source, std::size_t end)
-{
-    for (std::size_t at = end - 2;; --at) {
-        if (source[at] != '"')
-            continue;
-        std::size_t escapes = 0;
-        while (source[at - 1 - escapes] == '\\')
-            ++escapes;
-        if (escapes % 2 == 0)
-            return at;
-    }
+    return changed.replace(present->begin, present->end - present->begin, literal);
 }
 
 // The next member moves into the place of this one; behind the last one its comma goes.
-static std::string removed(const std::string& source, const JsonMember& member)
+static std::string removed(const std::string& source, const JsonName& name, const JsonNode& value)
 {
-    const std::size_t begin = nameBegin(source, member.nameEnd);
-    const std::size_t before = source.find_last_not_of(kBlanks, begin - 1);
-    const std::size_t after = source.find_first_not_of(kBlanks, member.value.end);
+    const std::size_t before = source.find_last_not_of(kBlanks, name.begin - 1);
+    const std::size_t after = source.find_first_not_of(kBlanks, value.end);
     if (source[after] == ',')
-        return source.substr(0, begin) +
+        return source.substr(0, name.begin) +
                source.substr(source.find_first_not_of(kBlanks, after + 1));
-    return source.substr(0, source[before] == ',' ? before : before + 1) +
-           source.substr(member.value.end);
+    return source.substr(0, source[before] == ',' ? before : before + 1) + source.substr(value.end);
 }
 
 std::string JsonDocument::withoutMember(const std::string& name) const
 {
-    if (state() != State::Good || m_tree->root.kind != JsonKind::Object)
+    if (state() != State::Good || m_tree->root().kind != JsonKind::Object)
         return {};
-    const JsonMember* present = m_tree->root.find(name);
+    const JsonNode* present = m_tree->find(m_tree->root(), name);
     if (!present)
         return {};
-    const JsonDocument rest = parse(removed(m_tree->source, *present), path());
-    return rest.m_tree->root.find(name) ? rest.withoutMember(name) : rest.source();
+    const JsonName& place = m_tree->names[present->name];
+    const JsonDocument rest = parse(removed(m_tree->source, place, *present), path());
+    return rest.m_tree->find(rest.m_tree->root(), name) ? rest.withoutMember(name) : rest.source();
 }
 
 } // namespace base

@@ -1,5 +1,6 @@
 #include "base/json_tree.h"
 
+#include <algorithm>
 #include <climits>
 #include <iterator>
 
@@ -77,39 +78,22 @@ class TreeBuilder
 {
 public:
     TreeBuilder(JsonTree& tree, Progress& progress, const std::string& used)
-        : m_tree(tree), m_progress(progress), m_used(used)
+        : m_tree(tree),
+          m_progress(progress),
+          m_used(used),
+          m_last(tree.source.compare(0, 3, "\xEF\xBB\xBF") == 0 ? 3 : 0)
     {}
 
-    bool null() { return add(JsonKind::Null) != nullptr; }
-    bool boolean(bool value)
-    {
-        add(JsonKind::Truth)->truth = value;
-        return true;
-    }
-    bool number_integer(json::number_integer_t value)
-    {
-        JsonNode* node = add(JsonKind::Integer);
-        node->integer = value;
-        node->text = std::to_string(value);
-        return true;
-    }
+    bool null() { return add(JsonKind::Null); }
+    bool boolean(bool) { return add(JsonKind::Truth); }
+    bool number_integer(json::number_integer_t) { return add(JsonKind::Integer); }
     bool number_unsigned(json::number_unsigned_t value)
     {
-        if (value <= static_cast<json::number_unsigned_t>(LLONG_MAX))
-            return number_integer(static_cast<json::number_integer_t>(value));
-        add(JsonKind::Number)->text = std::to_string(value);
-        return true;
+        const bool fits = value <= static_cast<json::number_unsigned_t>(LLONG_MAX);
+        return add(fits ? JsonKind::Integer : JsonKind::Number);
     }
-    bool number_float(json::number_float_t, const json::string_t& literal)
-    {
-        add(JsonKind::Number)->text = literal;
-        return true;
-    }
-    bool string(json::string_t& value)
-    {
-        add(JsonKind::Text)->text = value;
-        return true;
-    }
+    bool number_float(json::number_float_t, const json::string_t&) { return add(JsonKind::Number); }
+    bool string(json::string_t&) { return add(JsonKind::Text); }
     bool binary(json::binary_t&) { return false; }
 
     bool start_object(std::size_t) { return open(JsonKind::Object); }
@@ -119,17 +103,23 @@ public:
 
     bool key(json::string_t& name)
     {
-        JsonNode& object = *m_open.back().node;
-        const int line = m_progress.currentLine();
-        m_current = object.find(name);
-        if (m_current)
-            m_tree.report(line, memberKey(m_open.back().key, name), "each key once",
-                          "the key again after line " + std::to_string(m_current->line),
+        Open& object = m_open.back();
+        const auto begin = m_tree.source.find_first_not_of(kBetween, m_last);
+        const JsonName place = {static_cast<std::uint32_t>(begin), offset()};
+        m_last = place.end;
+        const auto [known, isNew] = object.known.try_emplace(name, 0U);
+        if (isNew) {
+            m_tree.names.push_back(place);
+            known->second = append(object);
+            m_tree.nodes[known->second].name = static_cast<std::uint32_t>(m_tree.names.size() - 1);
+        } else {
+            JsonName& before = m_tree.names[m_tree.nodes[known->second].name];
+            m_tree.report(m_progress.currentLine(), memberKey(object.key, name), "each key once",
+                          "the key again after line " + std::to_string(m_tree.lineAt(before.begin)),
                           "the last one");
-        else
-            m_current = &object.add(name);
-        m_current->line = line;
-        m_current->nameEnd = m_progress.offset();
+            before = place;
+        }
+        m_member = known->second;
         return true;
     }
 
@@ -149,9 +139,17 @@ public:
 private:
     struct Open
     {
-        JsonNode* node;
+        std::uint32_t node;
         std::string key;
+        std::uint32_t last = 0;                                    // its last element or member
+        std::size_t count = 0;                                     // of its elements
+        std::unordered_map<std::string, std::uint32_t> known = {}; // its members by name
     };
+
+    // What stands between two tokens.
+    static constexpr char kBetween[] = ",: \t\r\n";
+
+    std::uint32_t offset() const { return static_cast<std::uint32_t>(m_progress.offset()); }
 
     // The parser's own words name its tokens and states; a person is helped by the place.
     std::string finding(const std::string& message)
@@ -171,36 +169,59 @@ private:
         return false;
     }
 
-    // The parser has looked one character past a number, except at the end of the text, where
-    // nothing is ever replaced.
-    static bool isNumber(JsonKind kind)
+    // A new node behind the last one of the container.
+    std::uint32_t append(Open& container)
     {
-        return kind == JsonKind::Integer || kind == JsonKind::Number;
+        const auto index = static_cast<std::uint32_t>(m_tree.nodes.size());
+        m_tree.nodes.emplace_back();
+        (container.last ? m_tree.nodes[container.last].next : m_tree.nodes[container.node].first) =
+            index;
+        container.last = index;
+        return index;
     }
 
-    std::size_t valueBegin(std::size_t nameEnd) const
+    bool isInArray() const
     {
-        return m_tree.source.find_first_not_of(": \t\r\n", nameEnd);
+        return !m_open.empty() && m_tree.nodes[m_open.back().node].kind == JsonKind::Array;
     }
 
-    JsonNode* add(JsonKind kind)
+    std::uint32_t place()
     {
-        JsonNode* node = &m_tree.root;
-        if (!m_open.empty() && m_open.back().node->kind == JsonKind::Array) {
-            m_open.back().node->elements.emplace_back();
-            node = &m_open.back().node->elements.back();
-        } else if (!m_open.empty()) {
-            node = &m_current->value;
+        if (m_open.empty()) {
+            m_tree.nodes.emplace_back();
+            return 0;
         }
-        *node = JsonNode();
-        node->kind = kind;
-        node->line = m_progress.currentLine();
-        node->end = m_progress.offset() - (isNumber(kind) ? 1 : 0);
-        if (!m_open.empty() && m_open.back().node->kind == JsonKind::Object)
-            node->begin = valueBegin(m_current->nameEnd);
-        else
-            node->begin = node->end - 1;
-        return node;
+        if (!isInArray())
+            return m_member;
+        ++m_open.back().count;
+        return append(m_open.back());
+    }
+
+    // The parser has looked one character past a number, except at the end of the text.
+    std::uint32_t endOf(JsonKind kind, std::size_t begin) const
+    {
+        if (kind != JsonKind::Integer && kind != JsonKind::Number)
+            return offset();
+        const std::size_t end = m_tree.source.find_first_not_of("+-.0123456789Ee", begin);
+        return static_cast<std::uint32_t>(std::min(end, m_tree.source.size()));
+    }
+
+    std::uint32_t fill(JsonKind kind)
+    {
+        const std::uint32_t index = place();
+        JsonNode& node = m_tree.nodes[index];
+        node.kind = kind;
+        node.begin = static_cast<std::uint32_t>(m_tree.source.find_first_not_of(kBetween, m_last));
+        node.end = endOf(kind, node.begin);
+        node.first = 0; // where a duplicate name has had another value
+        m_last = node.end;
+        return index;
+    }
+
+    bool add(JsonKind kind)
+    {
+        fill(kind);
+        return true;
     }
 
     bool open(JsonKind kind)
@@ -208,7 +229,7 @@ private:
         if (m_open.size() == kMaximumDepth)
             return fail("at most " + std::to_string(kMaximumDepth) + " levels of nesting", "more");
         std::string key = openingKey();
-        m_open.push_back({add(kind), std::move(key)});
+        m_open.push_back({fill(kind), std::move(key)});
         return true;
     }
 
@@ -217,14 +238,13 @@ private:
         if (m_open.empty())
             return {};
         const Open& outer = m_open.back();
-        if (outer.node->kind == JsonKind::Array)
-            return outer.key + '[' + std::to_string(outer.node->elements.size()) + ']';
-        return memberKey(outer.key, m_current->name);
+        return isInArray() ? outer.key + '[' + std::to_string(outer.count) + ']'
+                           : memberKey(outer.key, m_tree.nameOf(m_tree.nodes[m_member]));
     }
 
     bool close()
     {
-        m_open.back().node->end = m_progress.offset();
+        m_last = m_tree.nodes[m_open.back().node].end = offset();
         m_open.pop_back();
         return true;
     }
@@ -233,7 +253,8 @@ private:
     Progress& m_progress;
     const std::string& m_used;
     std::vector<Open> m_open;
-    JsonMember* m_current = nullptr; // the member whose value comes next
+    std::uint32_t m_member = 0; // the one whose value comes next
+    std::size_t m_last;         // where the token before ends
 };
 
 } // namespace

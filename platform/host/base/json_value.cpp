@@ -1,4 +1,6 @@
 #include <algorithm>
+#include <cstdlib>
+#include <string_view>
 #include <utility>
 
 #include <nlohmann/json.hpp>
@@ -33,7 +35,8 @@ static bool isPlain(const std::string& name)
 
 std::string memberKey(const std::string& key, const std::string& name)
 {
-    const std::string shown = isPlain(name) ? name : literalOf(name);
+    constexpr std::size_t kLongest = 255;
+    const std::string shown = isPlain(name) && name.size() <= kLongest ? name : literalOf(name);
     return key.empty() ? shown : key + '.' + shown;
 }
 
@@ -46,25 +49,66 @@ std::string literalOf(const std::string& text)
     return text.size() > kLongest ? literal + "..." : literal;
 }
 
-JsonMember* JsonNode::find(const std::string& name)
+// A JSON text, with its quotes, as the text that it stands for.
+static std::string decoded(const std::string& literal)
 {
-    const auto found = index.find(name);
-    return found == index.end() ? nullptr : &members[found->second];
+    if (literal.find('\\') == std::string::npos)
+        return literal.substr(1, literal.size() - 2);
+    return nlohmann::json::parse(literal).get<std::string>();
 }
 
-JsonMember& JsonNode::add(const std::string& name)
+std::string JsonTree::nameOf(const JsonNode& member) const
 {
-    index.emplace(name, members.size());
-    members.emplace_back();
-    members.back().name = name;
-    return members.back();
+    const JsonName& name = names[member.name];
+    return decoded(source.substr(name.begin, name.end - name.begin));
+}
+
+std::string JsonTree::sourceOf(const JsonNode& node) const
+{
+    return source.substr(node.begin, node.end - node.begin);
+}
+
+std::string JsonTree::textOf(const JsonNode& node) const
+{
+    return decoded(sourceOf(node));
+}
+
+JsonNode* JsonTree::find(const JsonNode& object, const std::string& name)
+{
+    for (JsonNode* member = firstOf(object); member; member = nextOf(*member)) {
+        const JsonName& place = names[member->name];
+        const std::string_view literal =
+            std::string_view(source).substr(place.begin + 1, place.end - place.begin - 2);
+        if (literal.find('\\') == std::string_view::npos ? literal == name
+                                                         : nameOf(*member) == name)
+            return member;
+    }
+    return nullptr;
+}
+
+int JsonTree::lineAt(std::size_t place)
+{
+    if (lineEnds.empty()) {
+        lineEnds.reserve(static_cast<std::size_t>(std::count(source.begin(), source.end(), '\n')) +
+                         1);
+        for (std::size_t at = 0; at < source.size(); ++at)
+            if (source[at] == '\n')
+                lineEnds.push_back(static_cast<std::uint32_t>(at));
+        lineEnds.push_back(static_cast<std::uint32_t>(source.size()));
+    }
+    const auto line = std::lower_bound(lineEnds.begin(), lineEnds.end(), place);
+    return static_cast<int>(line - lineEnds.begin()) + 1;
 }
 
 void JsonTree::report(int line, std::string key, std::string expected, std::string found,
                       std::string used)
 {
-    problems.push_back(
-        {line, std::move(key), std::move(expected), std::move(found), std::move(used)});
+    constexpr std::size_t kMost = 100;
+    if (problems.size() == kMost)
+        ++unreported;
+    else
+        problems.push_back(
+            {line, std::move(key), std::move(expected), std::move(found), std::move(used)});
 }
 
 JsonValue::JsonValue(JsonTree* tree, JsonNode* node, std::string key)
@@ -78,7 +122,7 @@ JsonKind JsonValue::kind() const
 
 int JsonValue::line() const
 {
-    return m_node ? m_node->line : 0;
+    return m_node ? m_tree->lineAt(m_node->begin) : 0;
 }
 
 std::string JsonValue::description() const
@@ -89,12 +133,12 @@ std::string JsonValue::description() const
     case JsonKind::Null:
         return "null";
     case JsonKind::Truth:
-        return m_node->truth ? "true" : "false";
+        return m_tree->sourceOf(*m_node);
     case JsonKind::Integer:
     case JsonKind::Number:
-        return "the number " + m_node->text;
+        return "the number " + m_tree->sourceOf(*m_node);
     case JsonKind::Text:
-        return "the text " + literalOf(m_node->text);
+        return "the text " + literalOf(m_tree->textOf(*m_node));
     case JsonKind::Array:
         return "an array";
     case JsonKind::Object:
@@ -119,29 +163,44 @@ bool JsonValue::is(JsonKind wanted, const std::string& expected, const std::stri
 
 JsonValue JsonValue::at(const std::string& name) const
 {
-    if (kind() == JsonKind::Object) {
-        if (std::find(m_node->asked.begin(), m_node->asked.end(), name) == m_node->asked.end())
-            m_node->asked.push_back(name);
-        JsonMember* member = m_node->find(name);
-        return {m_tree, member ? &member->value : nullptr, memberKey(m_key, name)};
-    }
-    if (m_node && !std::exchange(m_node->objectReported, true))
+    const std::string key = memberKey(m_key, name);
+    if (!isObject())
+        return {m_tree, nullptr, key};
+    std::vector<std::string>& names = m_tree->asked[m_node].names;
+    if (std::find(names.begin(), names.end(), name) == names.end())
+        names.push_back(name);
+    return {m_tree, m_tree->find(*m_node, name), key};
+}
+
+bool JsonValue::isObject() const
+{
+    if (kind() == JsonKind::Object)
+        return true;
+    if (m_node && !std::exchange(m_tree->asked[m_node].isNoObject, true))
         reject("an object", "an empty one");
-    return {m_tree, nullptr, memberKey(m_key, name)};
+    return false;
 }
 
 std::vector<std::pair<std::string, JsonValue>> JsonValue::members() const
 {
     std::vector<std::pair<std::string, JsonValue>> all;
-    if (kind() == JsonKind::Object) {
-        m_node->allKnown = true;
-        for (JsonMember& member : m_node->members)
-            all.emplace_back(member.name,
-                             JsonValue(m_tree, &member.value, memberKey(m_key, member.name)));
-    } else if (m_node && !std::exchange(m_node->objectReported, true)) {
-        reject("an object", "an empty one");
+    if (!isObject())
+        return all;
+    m_tree->asked[m_node].allKnown = true;
+    for (JsonNode* each = m_tree->firstOf(*m_node); each; each = m_tree->nextOf(*each)) {
+        const std::string name = m_tree->nameOf(*each);
+        all.emplace_back(name, JsonValue(m_tree, each, memberKey(m_key, name)));
     }
     return all;
+}
+
+std::size_t JsonValue::size() const
+{
+    std::size_t count = 0;
+    if (kind() == JsonKind::Array || kind() == JsonKind::Object)
+        for (JsonNode* each = m_tree->firstOf(*m_node); each; each = m_tree->nextOf(*each))
+            ++count;
+    return count;
 }
 
 std::vector<JsonValue> JsonValue::elements() const
@@ -149,8 +208,8 @@ std::vector<JsonValue> JsonValue::elements() const
     std::vector<JsonValue> all;
     if (!is(JsonKind::Array, "an array", "an empty one"))
         return all;
-    for (JsonNode& element : m_node->elements)
-        all.push_back(JsonValue(m_tree, &element, m_key + '[' + std::to_string(all.size()) + ']'));
+    for (JsonNode* each = m_tree->firstOf(*m_node); each; each = m_tree->nextOf(*each))
+        all.push_back(JsonValue(m_tree, each, m_key + '[' + std::to_string(all.size()) + ']'));
     return all;
 }
 
@@ -161,15 +220,16 @@ long long JsonValue::integer(long long low, long long high, long long fallback) 
     const std::string used = std::to_string(fallback);
     if (!is(JsonKind::Integer, expected, used))
         return fallback;
-    if (m_node->integer >= low && m_node->integer <= high)
-        return m_node->integer;
+    const long long value = std::strtoll(m_tree->sourceOf(*m_node).c_str(), nullptr, 10);
+    if (value >= low && value <= high)
+        return value;
     reject(expected, used);
     return fallback;
 }
 
 std::string JsonValue::text(const std::string& fallback) const
 {
-    return is(JsonKind::Text, "a text", literalOf(fallback)) ? m_node->text : fallback;
+    return is(JsonKind::Text, "a text", literalOf(fallback)) ? m_tree->textOf(*m_node) : fallback;
 }
 
 std::string JsonValue::choice(const std::vector<std::string>& choices,
@@ -180,16 +240,18 @@ std::string JsonValue::choice(const std::vector<std::string>& choices,
         expected += (&one == choices.data() ? "" : ", ") + literalOf(one);
     if (!is(JsonKind::Text, expected, literalOf(fallback)))
         return fallback;
-    if (std::find(choices.begin(), choices.end(), m_node->text) != choices.end())
-        return m_node->text;
+    const std::string text = m_tree->textOf(*m_node);
+    if (std::find(choices.begin(), choices.end(), text) != choices.end())
+        return text;
     reject(expected, literalOf(fallback));
     return fallback;
 }
 
 bool JsonValue::truth(bool fallback) const
 {
-    return is(JsonKind::Truth, "true or false", fallback ? "true" : "false") ? m_node->truth
-                                                                             : fallback;
+    return is(JsonKind::Truth, "true or false", fallback ? "true" : "false")
+               ? m_tree->source[m_node->begin] == 't'
+               : fallback;
 }
 
 } // namespace base
