@@ -2,6 +2,7 @@
 #include <filesystem>
 #include <set>
 
+#include "base/look_variables.h"
 #include "base/utf8.h"
 #include "failure.h"
 #include "line/request.h"
@@ -69,6 +70,17 @@ std::vector<Finding> findInStore()
     return findings;
 }
 
+// What the programs with a screen pass over, of the environment in which doctor runs.
+void findInEnvironment(std::vector<Finding>& findings)
+{
+    for (const base::LookVariable& variable : base::lookVariables) {
+        const std::string complaint = base::lookComplaint(variable);
+        if (!complaint.empty())
+            findings.push_back({variable.name, complaint.substr(complaint.find('=') + 1),
+                                "set it to a value that means something, or unset it"});
+    }
+}
+
 std::vector<Finding> findAll()
 {
     std::vector<Finding> findings = findInStore();
@@ -79,6 +91,7 @@ std::vector<Finding> findAll()
         findings.push_back(finding);
     for (const settingshost::Finding& finding : settingshost::inspectSettings())
         findings.push_back({finding.path, finding.problem, finding.remedy});
+    findInEnvironment(findings);
     return findings;
 }
 

@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "commands/broken_link.h"
 #include "commands/link_session.h"
 #include "failure.h"
 #include "line/request.h"
@@ -203,13 +204,22 @@ private:
             case LinkSession::Event::Ended:
                 throw Failure(Exit::Io, "the network API ended by itself.");
             case LinkSession::Event::Indication:
-                report(describe(m_session.indication()));
                 if (m_session.indication().type == NAPI_IND_BROKEN)
-                    throw Failure(Exit::Broken,
-                                  "the link for " + inQuotes(m_request.name) + " broke.",
-                                  "Its device or address went away, or its idle time-out passed.");
+                    failBroken();
+                report(describe(m_session.indication()));
             }
         }
+    }
+
+    [[noreturn]] void failBroken() const
+    {
+        const std::string reason = brokenReason(m_session.indication(), m_request.name);
+        Json event = describe(m_session.indication());
+        event["reason"] = reason;
+        report(event);
+        throw Failure(Exit::Broken,
+                      "the link for " + inQuotes(m_request.name) + " broke: " + reason + '.',
+                      "\"vornctl link open --hold\" opens it again.");
     }
 
     const Request& m_request;
