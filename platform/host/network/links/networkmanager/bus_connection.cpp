@@ -1,6 +1,8 @@
 #include "network/links/networkmanager/bus_connection.h"
 
+#include <algorithm>
 #include <cerrno>
+#include <deque>
 #include <new>
 #include <utility>
 
@@ -11,11 +13,17 @@ namespace network {
 
 constexpr uint64_t kNoTimeout = UINT64_MAX;
 
+// A bus refuses what a program asks with 128 answers outstanding, and those to calls that nobody
+// waits for any more count as well.
+constexpr int kMostPending = 64;
+
 // What a connection shares with its subscriptions.
 struct BusConnection::State
 {
-    int failure = 0;      // an errno of a handler
-    bool foreign = false; // it belongs to the process that has forked us
+    int failure = 0;                            // an errno of a handler
+    bool foreign = false;                       // it belongs to the process that has forked us
+    int pending = 0;                            // calls that were sent and not answered
+    std::deque<BusSlot::Subscription*> waiting; // for their turn to be sent
 };
 
 struct BusSlot::Subscription
@@ -26,17 +34,36 @@ struct BusSlot::Subscription
     std::shared_ptr<const BusHandler> handler;
     std::shared_ptr<State> state;
     sd_bus_slot* slot = nullptr;
+    sd_bus_message* call = nullptr; // that waits for its turn
+    bool pending = false;
 
     ~Subscription()
     {
-        if (!state->foreign)
-            lib.sd_bus_slot_unref(slot);
+        answered();
+        auto& waiting = state->waiting;
+        waiting.erase(std::remove(waiting.begin(), waiting.end(), this), waiting.end());
+        if (state->foreign)
+            return;
+        lib.sd_bus_slot_unref(slot);
+        lib.sd_bus_message_unref(call);
+    }
+
+    void answered() { state->pending -= std::exchange(pending, false); }
+
+    int send(sd_bus* bus, sd_bus_message* message)
+    {
+        int result =
+            lib.sd_bus_call_async(bus, &slot, message, Subscription::arrived, this, kNoTimeout);
+        pending = result >= 0;
+        state->pending += pending;
+        return result;
     }
 
     // Nothing may be thrown through the library, which is C. A handler may end its own slot.
     static int arrived(sd_bus_message* message, void* subscription, sd_bus_error*) noexcept
     {
         auto self = static_cast<Subscription*>(subscription);
+        self->answered();
         std::shared_ptr<const BusHandler> running = self->handler;
         std::shared_ptr<State> shared = self->state;
         try {
@@ -110,6 +137,8 @@ short BusConnection::events() const
 Clock::time_point BusConnection::nextDeadline() const
 {
     uint64_t microseconds = kNoTimeout;
+    if (m_bus && !m_state->waiting.empty() && m_state->pending < kMostPending)
+        return Clock::now();
     if (!m_bus || m_lib->sd_bus_get_timeout(m_bus, &microseconds) < 0 || microseconds == kNoTimeout)
         return kNever;
     return Clock::time_point(std::chrono::microseconds(microseconds));
@@ -120,9 +149,21 @@ int BusConnection::process()
     int result = 1;
     while (m_bus && result > 0 && m_state->failure == 0)
         result = m_lib->sd_bus_process(m_bus, nullptr);
+    if (result >= 0)
+        sendWaiting();
     if (m_bus && m_state->failure != 0)
         return std::exchange(m_state->failure, 0);
     return result < 0 ? -result : 0;
+}
+
+void BusConnection::sendWaiting()
+{
+    auto& waiting = m_state->waiting;
+    while (m_bus && !waiting.empty() && m_state->pending < kMostPending) {
+        BusSlot::Subscription* next = waiting.front();
+        waiting.pop_front();
+        next->send(m_bus, next->call);
+    }
 }
 
 BusCall BusConnection::call(const BusTarget& target) const
@@ -135,10 +176,13 @@ int BusConnection::send(const BusCall& call, BusHandler handler, BusSlot* slot)
     if (int error = call.error())
         return error;
     std::unique_ptr<Subscription> made = subscription(std::move(handler));
-    int result = m_lib->sd_bus_call_async(m_bus, &made->slot, call.raw(), Subscription::arrived,
-                                          made.get(), kNoTimeout);
-    if (result < 0)
-        return -result;
+    if (m_state->pending < kMostPending) {
+        if (int result = made->send(m_bus, call.raw()); result < 0)
+            return -result;
+    } else {
+        made->call = m_lib->sd_bus_message_ref(call.raw());
+        m_state->waiting.push_back(made.get());
+    }
     slot->m_subscription = std::move(made);
     return 0;
 }

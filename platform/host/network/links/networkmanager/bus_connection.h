@@ -59,7 +59,8 @@ public:
 
     BusCall call(const BusTarget& target) const;
 
-    // Sends a call; the answer or an error comes to the handler. There is no time-out of ours.
+    // Sends a call, at once or, where too many wait for their answers, when it has its turn; the
+    // answer or an error comes to the handler. There is no time-out of ours.
     // Result: 0 or an errno, and the handler is not called then.
     int send(const BusCall& call, BusHandler handler, BusSlot* slot);
 
@@ -74,6 +75,7 @@ private:
     struct State;
 
     std::unique_ptr<BusSlot::Subscription> subscription(BusHandler handler) const;
+    void sendWaiting();
 
     const SdBus* m_lib = nullptr;
     sd_bus* m_bus = nullptr;

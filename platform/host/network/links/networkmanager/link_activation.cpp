@@ -205,6 +205,12 @@ void LinkActivation::refusedByService(BusMessage& reply)
 {
     Cause cause = causeOfCallError(reply.errorName());
     say("NetworkManager refuses: " + reply.errorText());
+    // What was known for a wire may be a connection of ours that is just being taken down.
+    bool wired = m_kind == NAPI_BEARER_WIFI && m_choice.device.type != nm::Wifi;
+    if (wired && m_choice.way == Way::Known) {
+        m_choice.way = Way::Dial;
+        return activate();
+    }
     if (cause.cause == NAPI_CAUSE_NO_CARRIER && m_kind == NAPI_BEARER_WIFI &&
         m_choice.device.type == nm::Wifi)
         cause.cause = NAPI_CAUSE_NO_SERVICE;

@@ -21,6 +21,7 @@ namespace network {
     F(sd_bus_message_new_method_call)                                                              \
     F(sd_bus_message_set_auto_start)                                                               \
     F(sd_bus_message_sensitive)                                                                    \
+    F(sd_bus_message_ref)                                                                          \
     F(sd_bus_message_unref)                                                                        \
     F(sd_bus_message_append_basic)                                                                 \
     F(sd_bus_message_append_array)                                                                 \
