@@ -3,13 +3,13 @@
 
 Usage: modem.py FOLDER [RULES]
 
-FOLDER/pts names the terminal once the modem answers; FOLDER/modem.log gets every command ("> AT...") and
-every line of an answer ("< ..."). FOLDER/modem.sock, a stream socket, takes further rules and orders, a line
+FOLDER/pts names the terminal once the modem answers; FOLDER/modem.log gets every command ("> AT...", with
+the time before it) and every line of an answer ("< ..."). FOLDER/modem.sock, a stream socket, takes further rules and orders, a line
 each, and answers "ok" to each:
 
     COMMAND => LINE|LINE    answers commands that begin with COMMAND so from now on; the last rule that fits holds
     COMMAND => silence      does not answer them
-    COMMAND => usual        forgets the rules for COMMAND
+    forget                  forgets these rules, and the access points that it was told
     send LINE               says a line unasked: a call that is dropped, a change of the registration
     pin NUMBER              the SIM is locked with this number; puk NUMBER: until its PUK is given
     hang up                 closes the terminal and ends
@@ -67,8 +67,7 @@ class Modem:
     def rule(self, line):
         command, _, answer = line.partition(" => ")
         self.rules = [r for r in self.rules if r[0] != command]
-        if answer != "usual":
-            self.rules.insert(0, (command, answer))
+        self.rules.insert(0, (command, answer))
 
     def answer(self, command):
         """The lines to say, or None for none at all."""
@@ -134,6 +133,9 @@ class Modem:
             self.rule(line)
         elif word == "send":
             return rest.split("|")
+        elif line == "forget":
+            self.rules = []
+            self.contexts = {}
         elif word == "pin":
             self.lock, self.pin, self.tries = "SIM PIN", rest, 3
         elif word == "puk":
