@@ -195,3 +195,14 @@ TEST(ManyProblems, AreCountedWhereNobodyWouldReadThemAll)
     EXPECT_EQ(lines[100], "a.json:102: expected at most 100 problems, found 150 more");
     EXPECT_EQ(document.root().size(), 1U);
 }
+
+TEST(JsonLimits, TellsWhyAFileIsBrokenWhateverElseIsWrong)
+{
+    std::string text = "{\"a\":0";
+    for (int i = 0; i < 1000; ++i)
+        text += ",\"a\":0";
+    const JsonDocument document = parsed(text + "\n,]");
+    EXPECT_EQ(base::describe("a.json", document.refusal()),
+              "a.json:2: expected JSON, found a syntax error at column 2; using the defaults "
+              "instead");
+}

@@ -80,7 +80,7 @@ JsonDocument JsonDocument::read(const std::string& path, const std::string& used
     tree->state = error == ENOENT ? State::Missing : State::Unreadable;
     if (tree->state == State::Unreadable) {
         tree->error = std::max(error, 0);
-        tree->report(0, {}, "a readable file", foundFor(error), used);
+        tree->refuse(0, "a readable file", foundFor(error), used);
     }
     return JsonDocument(std::move(tree));
 }
@@ -128,6 +128,11 @@ void JsonDocument::rejectUnknownKeys(const std::string& used)
 std::size_t JsonDocument::problemsLeftOut() const
 {
     return m_tree->unreported;
+}
+
+const JsonProblem& JsonDocument::refusal() const
+{
+    return m_tree->refusal;
 }
 
 std::vector<JsonProblem> JsonDocument::problems() const

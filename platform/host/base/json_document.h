@@ -154,6 +154,10 @@ public:
     // `used` says what stands in their place. Call it once, when everything has been read.
     void rejectUnknownKeys(const std::string& used);
 
+    // Why the state is Unreadable or Broken; empty in every other state. It is among problems()
+    // too.
+    const JsonProblem& refusal() const;
+
     // What was wrong so far, in the order of the file. Duplicate keys are reported by reading
     // alone. Of a file with more than 100 problems the first 100 that were met are there, and a
     // last one that says how many are left out.

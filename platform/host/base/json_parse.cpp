@@ -165,7 +165,7 @@ private:
 
     bool fail(const std::string& expected, const std::string& found)
     {
-        m_tree.report(m_progress.currentLine(), {}, expected, found, m_used);
+        m_tree.refuse(m_progress.currentLine(), expected, found, m_used);
         return false;
     }
 

@@ -66,6 +66,11 @@ struct JsonTree
     int lineAt(std::size_t place);
 
     // Keeps the problem, or counts it when there are too many to be told.
+    JsonProblem refusal; // why the state is Unreadable or Broken
+
+    // Reports what makes the whole file unusable, whatever was reported before.
+    void refuse(int line, std::string expected, std::string found, std::string used);
+
     void report(int line, std::string key, std::string expected, std::string found,
                 std::string used);
 };

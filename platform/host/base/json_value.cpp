@@ -111,6 +111,12 @@ void JsonTree::report(int line, std::string key, std::string expected, std::stri
             {line, std::move(key), std::move(expected), std::move(found), std::move(used)});
 }
 
+void JsonTree::refuse(int line, std::string expected, std::string found, std::string used)
+{
+    refusal = {line, {}, std::move(expected), std::move(found), std::move(used)};
+    problems.push_back(refusal);
+}
+
 JsonValue::JsonValue(JsonTree* tree, JsonNode* node, std::string key)
     : m_tree(tree), m_node(node), m_key(std::move(key))
 {}

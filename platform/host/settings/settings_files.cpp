@@ -86,9 +86,9 @@ Result checkDocument(const JsonDocument& document, const std::string& used)
         return {};
     case JsonDocument::State::Unreadable:
         return {codeOfUnreadable(document.error()),
-                base::describe(document.path(), document.problems().back())};
+                base::describe(document.path(), document.refusal())};
     case JsonDocument::State::Broken:
-        return {Code::Broken, base::describe(document.path(), document.problems().back())};
+        return {Code::Broken, base::describe(document.path(), document.refusal())};
     case JsonDocument::State::Good:
         break;
     }
