@@ -25,7 +25,8 @@ int NAPI_Init(int mode)
     if (mode != 0 && mode != 4)
         return NAPI_ERR_ARGUMENT;
     return guarded([](LinkEngine& engine) {
-        network::networkConfig();
+        if (network::networkConfig()->bearer == network::BearerChoice::NetworkManager)
+            network::NetworkManagerBearer::prepare();
         return engine.start();
     });
 }

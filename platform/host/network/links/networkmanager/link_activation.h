@@ -48,8 +48,8 @@ public:
 
     void begin();
 
-    // Ends the link without a word. One whose activation has been asked for and not been answered
-    // has to live on until its step is Done.
+    // Ends the link without a word. One whose activation has been asked for and not been answered,
+    // or that a restarted service has not found again, has to live on until its step is Done.
     void close();
 
     Step step() const { return m_step; }
@@ -104,6 +104,7 @@ private:
     void askWhy();
     void explain(const std::vector<ModemBearer>& bearers);
     void found(const ServicePicture& picture);
+    void hangUp(const ServicePicture& picture);
     void detach();
     void finish();
     void wait(Step step, Clock::duration time);

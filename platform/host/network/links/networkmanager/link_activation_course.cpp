@@ -161,6 +161,8 @@ void LinkActivation::deadlinePassed()
         return Clock::now() < m_askUntil ? askWhy() : refuse(m_lastCause);
     if (m_step == Step::Requested)
         return giveUp();
+    if (m_step == Step::Up) // closed, and the service has not found it again
+        return finish();
     constexpr uint32_t kNoSecrets = 7, kPinRequired = 46;
     if (m_step == Step::Dialling && m_needsSecret && Clock::now() < m_guard)
         return refuse(causeOfReason(cellular() ? kPinRequired : kNoSecrets));
@@ -182,11 +184,8 @@ void LinkActivation::ended(uint32_t reason)
         m_reason = reason;
     if (m_step == Step::Requested)
         return; // the answer to the request is still to come, and the state is asked for then
-    if (m_step == Step::Up) {
-        int link = m_opening.link;
-        finish();
-        return m_host.broken(link);
-    }
+    if (m_step == Step::Up)
+        return interfaceGone();
     if (m_reason == kNewActivation)
         return replaced();
     m_lastCause = causeOfReason(m_reason);
@@ -251,8 +250,10 @@ void LinkActivation::serviceGone()
 void LinkActivation::interfaceGone()
 {
     int link = m_opening.link;
+    bool told = m_closed;
     finish();
-    m_host.broken(link);
+    if (!told)
+        m_host.broken(link);
 }
 
 void LinkActivation::lose(const Cause& cause)
@@ -268,8 +269,9 @@ void LinkActivation::lose(const Cause& cause)
 void LinkActivation::close()
 {
     m_closed = true;
-    if (m_step == Step::Requested)
-        wait(Step::Requested, kLinger);
+    bool ours = m_takesPart && m_host.bus().isOpen();
+    if (m_step == Step::Requested || (isLost() && ours))
+        wait(m_step, kLinger);
     else
         finish();
 }
@@ -305,6 +307,23 @@ void LinkActivation::found(const ServicePicture& picture)
         m_host.listen(device.active, nm::kActive);
         if (m_takesPart)
             m_host.own({device.active, device.path, fieldText(m_opening.record.gprsApn)});
+    }
+    if (m_closed && !m_active.empty())
+        finish();
+    else if (m_closed && cellular())
+        hangUp(picture);
+}
+
+// A modem stays connected when NetworkManager restarts, and is free for it then.
+void LinkActivation::hangUp(const ServicePicture& picture)
+{
+    const std::string& modem = m_choice.device.modem;
+    for (const ServiceDevice& device : picture.devices) {
+        if (modem.empty() || device.modem != modem || device.state != nm::Disconnected)
+            continue;
+        BusCall call = m_host.bus().call({mm::kService, modem, mm::kSimple, "Disconnect"});
+        m_host.bus().send(call.path(kNoObject));
+        return finish();
     }
 }
 

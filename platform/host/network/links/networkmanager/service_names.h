@@ -49,6 +49,7 @@ inline constexpr char kService[] = "org.freedesktop.ModemManager1";
 inline constexpr char kRoot[] = "/org/freedesktop/ModemManager1";
 inline constexpr char kModem[] = "org.freedesktop.ModemManager1.Modem";
 inline constexpr char kModem3gpp[] = "org.freedesktop.ModemManager1.Modem.Modem3gpp";
+inline constexpr char kSimple[] = "org.freedesktop.ModemManager1.Modem.Simple";
 inline constexpr char kSim[] = "org.freedesktop.ModemManager1.Sim";
 inline constexpr char kBearer[] = "org.freedesktop.ModemManager1.Bearer";
 inline constexpr char kErrors[] = "org.freedesktop.ModemManager1.Error.";
