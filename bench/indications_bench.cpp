@@ -28,7 +28,7 @@ void fill(NapiIndication& message, unsigned int number)
 {
     message = {};
     message.type = NAPI_IND_CONNECTED;
-    message.linkId = static_cast<std::uint8_t>(number);
+    message.linkId = static_cast<uint8_t>(number);
     message.infoByte = NAPI_BEARER_GPRS;
     std::strcpy(message.infoText, "wwan0");
     message.infoWord = number;
@@ -149,7 +149,7 @@ void readLoop(benchmark::State& state)
             state.SkipWithError("messages lost or out of order");
         state.ResumeTiming();
     }
-    state.SetItemsProcessed(static_cast<std::int64_t>(state.iterations()) * total);
+    state.SetItemsProcessed(static_cast<int64_t>(state.iterations()) * total);
 }
 
 void sessionManager(benchmark::State& state)
@@ -171,7 +171,7 @@ void sessionManager(benchmark::State& state)
         }
         state.ResumeTiming();
     }
-    state.SetItemsProcessed(static_cast<std::int64_t>(state.iterations()) * total);
+    state.SetItemsProcessed(static_cast<int64_t>(state.iterations()) * total);
 }
 
 BENCHMARK(readLoop)->Arg(1)->Arg(64)->UseRealTime()->Unit(benchmark::kMillisecond)->Iterations(1);

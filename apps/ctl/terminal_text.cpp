@@ -13,13 +13,13 @@ namespace ctl {
 namespace {
 
 // Marks, embeddings, overrides and isolates of bidirectional text, and the two line separators.
-bool turnsText(std::uint32_t code)
+bool turnsText(uint32_t code)
 {
     return code == 0x200E || code == 0x200F || code == 0x061C ||
            (code >= 0x2028 && code <= 0x202E) || (code >= 0x2066 && code <= 0x2069);
 }
 
-std::string escape(std::uint32_t code)
+std::string escape(uint32_t code)
 {
     if (code == '\n')
         return "\\n";
@@ -42,7 +42,7 @@ std::string escapeByte(char byte)
 
 // The C library's widths belong to a locale. The program stays in the locale "C", where nothing
 // costs time at the start, and takes this one only when the first character beyond ASCII is met.
-int wideWidth(std::uint32_t code)
+int wideWidth(uint32_t code)
 {
     static const locale_t unicode = newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
     if (!unicode)

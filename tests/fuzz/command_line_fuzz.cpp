@@ -9,7 +9,7 @@
 #include "fuzz/target.h"
 #include "line/command_line.h"
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, std::size_t size)
 {
     fuzz::privateRoot();
     std::istringstream input(fuzz::textOf(data, size));

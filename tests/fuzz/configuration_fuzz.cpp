@@ -37,7 +37,7 @@ void readAsSettings(const std::string& text)
 
 } // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, std::size_t size)
 {
     const std::string text = fuzz::textOf(data, size);
     readAsNetwork(text);

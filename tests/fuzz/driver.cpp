@@ -21,7 +21,7 @@ extern "C" __attribute__((weak)) void __sanitizer_set_death_callback(void (*call
 
 namespace {
 
-using Bytes = std::vector<std::uint8_t>;
+using Bytes = std::vector<uint8_t>;
 
 constexpr std::size_t kLargestInput = 64U << 10;
 
@@ -89,13 +89,11 @@ private:
         return static_cast<Bytes::difference_type>(below(bytes.size() + more));
     }
 
-    std::uint8_t anyByte()
+    uint8_t anyByte()
     {
-        const std::uint8_t telling[] = {0,   1,   0x7F, 0x80, 0xFF, '"',
-                                        '{', '[', '\\', '\n', '-',  '9'};
+        const uint8_t telling[] = {0, 1, 0x7F, 0x80, 0xFF, '"', '{', '[', '\\', '\n', '-', '9'};
         const std::size_t choice = below(2 * std::size(telling));
-        return choice < std::size(telling) ? telling[choice]
-                                           : static_cast<std::uint8_t>(below(256));
+        return choice < std::size(telling) ? telling[choice] : static_cast<uint8_t>(below(256));
     }
 
     void change(Bytes& bytes)
@@ -106,7 +104,7 @@ private:
         } else if (kind == 1) {
             bytes[below(bytes.size())] = anyByte();
         } else if (kind == 2) {
-            bytes[below(bytes.size())] ^= static_cast<std::uint8_t>(1U << below(8));
+            bytes[below(bytes.size())] ^= static_cast<uint8_t>(1U << below(8));
         } else if (kind == 3) {
             const auto from = bytes.begin() + place(bytes, 0);
             bytes.erase(from, from + std::min(bytes.end() - from, place(bytes, 0) / 4 + 1));

@@ -5,7 +5,7 @@
 #include "fuzz/target.h"
 #include "line/command_line.h"
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, std::size_t size)
 {
     const std::string path = fuzz::privateRoot() + "/imported.json";
     std::ofstream(path, std::ios::binary | std::ios::trunc) << fuzz::textOf(data, size);

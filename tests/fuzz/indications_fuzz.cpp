@@ -53,7 +53,7 @@ void look(int linkId, const YLinkInfo& info)
 
 } // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, std::size_t size)
 {
     static int argc = 1;
     static char name[] = "fuzz_indications";

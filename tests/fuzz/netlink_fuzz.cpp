@@ -16,8 +16,8 @@
 
 namespace {
 
-const std::uint8_t* next = nullptr;
-const std::uint8_t* end = nullptr;
+const uint8_t* next = nullptr;
+const uint8_t* end = nullptr;
 int kernel = -1;
 
 bool isKernel(int descriptor)
@@ -108,7 +108,7 @@ extern "C" ssize_t recvmsg(int descriptor, msghdr* message, int flags)
     return result;
 }
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, std::size_t size)
 {
     next = data;
     end = data + size;

@@ -5,7 +5,7 @@
 #include "fuzz/target.h"
 #include "profile/record.h"
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, std::size_t size)
 {
     NetworkProfile record = {};
     std::memcpy(&record, data, std::min(size, sizeof record));

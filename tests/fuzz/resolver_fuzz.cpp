@@ -77,7 +77,7 @@ extern "C" FILE* fopen64(const char* path, const char* mode)
     return openedStream(path, mode);
 }
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, std::size_t size)
 {
     content = fuzz::textOf(data, size);
     const NetworkProfile record = {};

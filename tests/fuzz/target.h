@@ -10,7 +10,7 @@
 #include <string>
 
 // Result: always 0. Whatever is wrong ends the process.
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, std::size_t size);
 
 namespace fuzz {
 
@@ -23,7 +23,7 @@ inline void require(bool holds, const char* what)
     std::abort();
 }
 
-inline std::string textOf(const std::uint8_t* data, std::size_t size)
+inline std::string textOf(const uint8_t* data, std::size_t size)
 {
     return {reinterpret_cast<const char*>(data), size};
 }

@@ -65,8 +65,8 @@ TEST(WakeLoopOnQt2, IsWhatTheLevelHasWaitedFor)
         waitsUntilWoken = eventsources::waits() - before;
         support::wakeLoop();
     }));
-    EXPECT_EQ(1, waitsUntilWoken);
-    EXPECT_EQ(1, eventsources::waits() - before);
+    EXPECT_EQ(waitsUntilWoken, 1);
+    EXPECT_EQ(eventsources::waits() - before, 1);
 }
 
 TEST(WakeLoopOnQt2, LetsTheLevelGoOnWhenNothingElseHasCome)
@@ -80,5 +80,5 @@ TEST(WakeLoopOnQt2, LetsTheLevelGoOnWhenNothingElseHasCome)
         qApp->exit_loop();
         support::wakeLoop();
     }));
-    EXPECT_EQ(51, eventsources::waits() - before);
+    EXPECT_EQ(eventsources::waits() - before, 51);
 }

@@ -60,15 +60,15 @@ TEST_F(ProfilesMemory, ThatRunsOutAtEachStepOfChoosingGivesTheResult)
     const int allocations = forEachAllocation([this](int number) {
         bool hasFailed = false;
         take();
-        EXPECT_EQ(-100, callWithout(number, getProfileNamebySelect, &hasFailed));
+        EXPECT_EQ(callWithout(number, getProfileNamebySelect, &hasFailed), -100);
         EXPECT_EQ(hasFailed ? Calls{"log: Can not malloc memory for profiles.\n"} : Calls(), take())
             << number;
-        EXPECT_EQ("kept", name.toStdString());
+        EXPECT_EQ(name.toStdString(), "kept");
         return hasFailed;
     });
     EXPECT_GE(allocations, 8);
-    EXPECT_EQ(0, callWithoutFailure());
-    EXPECT_EQ("A name that no text holds by itself", name.toStdString());
+    EXPECT_EQ(callWithoutFailure(), 0);
+    EXPECT_EQ(name.toStdString(), "A name that no text holds by itself");
 }
 
 // The not-found flow tells what the choosing behind it has told.
@@ -92,7 +92,7 @@ TEST_F(ProfilesMemory, ThatRunsOutWhileChoosingBehindTheQuestionGivesTheResultOf
         EXPECT_NO_THROW(result = getProfileIfNoFound(name)) << number;
         EXPECT_TRUE(waitFor([&isDone] { return isDone; }));
         settle();
-        EXPECT_EQ(-100, result) << number;
+        EXPECT_EQ(result, -100) << number;
         EXPECT_EQ(widgetsBefore, QApplication::allWidgets().size()) << number;
         return hasFailed;
     });

@@ -146,7 +146,7 @@ protected:
         QString name = "kept";
         int result = -99;
         calls = callsOf([&] { result = getProfileIfNoFound(name); });
-        EXPECT_EQ("kept", name.toStdString());
+        EXPECT_EQ(name.toStdString(), "kept");
         return result;
     }
 
@@ -165,7 +165,7 @@ protected:
 
 TEST_F(NotFoundParts, AreMadeInTheirOrderWithTheToolkitsValues)
 {
-    EXPECT_EQ(1, ask());
+    EXPECT_EQ(ask(), 1);
     EXPECT_EQ(
         (Calls{"dialog \"Data Connection\" \"Internet connection not found.\" no parent "
                "none modal 0 0",
@@ -180,23 +180,23 @@ TEST_F(NotFoundParts, AreMadeInTheirOrderWithTheToolkitsValues)
 TEST_F(NotFoundParts, AreLookedUpByTheirIds)
 {
     const ShowsIds translator;
-    EXPECT_EQ(1, ask());
+    EXPECT_EQ(ask(), 1);
     EXPECT_EQ(
+        calls[0],
         "dialog \"HEADER_DATA_CONNECTION=Data Connection\" "
         "\"INSTRUCTIONALTXT_INTERNET_CONNECTION_NOT_FOUND=Internet connection not found.\" no "
-        "parent none modal 0 0",
-        calls[0]);
-    EXPECT_EQ("sub-item 1 \"LIST_A_CREATE_NEW_CONNECTION=Create New Connection\" \"\" no picture "
-              "50 2",
-              calls[5]);
-    EXPECT_EQ("sub-item 1 \"LIST_A_CHOOSE_CONNECTION=Choose Connection\" \"\" no picture 50 2",
-              calls[9]);
+        "parent none modal 0 0");
+    EXPECT_EQ(calls[5],
+              "sub-item 1 \"LIST_A_CREATE_NEW_CONNECTION=Create New Connection\" \"\" no picture "
+              "50 2");
+    EXPECT_EQ(calls[9],
+              "sub-item 1 \"LIST_A_CHOOSE_CONNECTION=Choose Connection\" \"\" no picture 50 2");
 }
 
 TEST_F(NotFoundParts, WithoutAListBoxGiveMinusOneAndShowNothing)
 {
     hasListBox = false;
-    EXPECT_EQ(-1, ask());
+    EXPECT_EQ(ask(), -1);
     EXPECT_EQ((Calls{"dialog \"Data Connection\" \"Internet connection not found.\" no parent "
                      "none modal 0 0",
                      "list box", "dialog deleted"}),
@@ -206,7 +206,7 @@ TEST_F(NotFoundParts, WithoutAListBoxGiveMinusOneAndShowNothing)
 TEST_F(NotFoundParts, AcceptedWithoutACheckedRowGiveMinusOne)
 {
     user = [](YSingleSelectDlg*) { return 1; };
-    EXPECT_EQ(-1, ask());
+    EXPECT_EQ(ask(), -1);
     EXPECT_EQ((Calls{"exec", "checked item", "dialog deleted"}),
               Calls(calls.end() - 3, calls.end()));
 }
@@ -215,8 +215,8 @@ TEST_F(NotFoundParts, ThatEndWithAnythingButOneAreCancelled)
 {
     for (int result : {0, -1, 2, 100}) {
         checkRow(0x301, result);
-        EXPECT_EQ(1, ask()) << result;
-        EXPECT_EQ("exec", calls[calls.size() - 2]) << "the checked row is not asked for";
+        EXPECT_EQ(ask(), 1) << result;
+        EXPECT_EQ(calls[calls.size() - 2], "exec") << "the checked row is not asked for";
     }
 }
 
@@ -228,10 +228,10 @@ TEST_F(NotFoundParts, WithACheckedRowOfAnUnknownCodeLogThatAndGiveOne)
         size_t size = 0;
         FILE* log = ::open_memstream(&text, &size);
         APPLOG_ModuleStream = log;
-        EXPECT_EQ(1, ask()) << code;
+        EXPECT_EQ(ask(), 1) << code;
         APPLOG_ModuleStream = nullptr;
         std::fclose(log);
-        EXPECT_STREQ("The error select item.\n", text) << code;
+        EXPECT_STREQ(text, "The error select item.\n") << code;
         std::free(text);
     }
 }

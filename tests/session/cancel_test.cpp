@@ -34,7 +34,7 @@ protected:
 
     void open()
     {
-        ASSERT_EQ(5, manager->openLink("Internet"));
+        ASSERT_EQ(manager->openLink("Internet"), 5);
         napi.take();
     }
 
@@ -70,9 +70,9 @@ TEST_F(Cancel, ClosesTheLinkAndReportsCause13Once)
     for (const auto& way : ways) {
         open();
         cancel(way.by);
-        EXPECT_EQ("CloseLink(5)", napi.take()) << way.name;
-        EXPECT_EQ("openFailed(5,13,0)", log->take()) << way.name;
-        EXPECT_EQ(nullptr, popup()) << way.name;
+        EXPECT_EQ(napi.take(), "CloseLink(5)") << way.name;
+        EXPECT_EQ(log->take(), "openFailed(5,13,0)") << way.name;
+        EXPECT_EQ(popup(), nullptr) << way.name;
     }
 }
 
@@ -80,11 +80,11 @@ TEST_F(Cancel, TakesThePopupAwayAndClosesTheLinkBeforeTheSignal)
 {
     open();
     log->inside = [this] {
-        EXPECT_EQ(nullptr, popup());
-        EXPECT_EQ("CloseLink(5)", napi.take());
+        EXPECT_EQ(popup(), nullptr);
+        EXPECT_EQ(napi.take(), "CloseLink(5)");
     };
     cancel(By::Escape);
-    EXPECT_EQ("openFailed(5,13,0)", log->take());
+    EXPECT_EQ(log->take(), "openFailed(5,13,0)");
 }
 
 TEST_F(Cancel, IgnoresTheResultOfClosingTheLink)
@@ -92,16 +92,16 @@ TEST_F(Cancel, IgnoresTheResultOfClosingTheLink)
     open();
     napi.closeResult = NAPI_ERR_NO_LINK;
     cancel(By::RightSoftKey);
-    EXPECT_EQ("openFailed(5,13,0)", log->take());
+    EXPECT_EQ(log->take(), "openFailed(5,13,0)");
 }
 
 TEST_F(Cancel, LeavesALaterFailureOfTheSameIdToASecondSignal)
 {
     open();
     cancel(By::Escape);
-    EXPECT_EQ("openFailed(5,13,0)", log->take());
+    EXPECT_EQ(log->take(), "openFailed(5,13,0)");
     deliver(indication(NAPI_IND_OPEN_FAILED, 5));
-    EXPECT_EQ("openFailed(5,41394,772)", log->take());
+    EXPECT_EQ(log->take(), "openFailed(5,41394,772)");
 }
 
 TEST_F(Cancel, LeavesASuccessThatWasReportedBeforeToASignalForTheClosedLink)
@@ -109,9 +109,9 @@ TEST_F(Cancel, LeavesASuccessThatWasReportedBeforeToASignalForTheClosedLink)
     open();
     napi.send(indication(NAPI_IND_CONNECTED, 5));
     QMetaObject::invokeMethod(manager.get(), "slotCancelBtnClicked", Qt::DirectConnection);
-    EXPECT_EQ("openFailed(5,13,0)", log->take());
+    EXPECT_EQ(log->take(), "openFailed(5,13,0)");
     pass();
-    EXPECT_EQ("connected(5)", log->take());
+    EXPECT_EQ(log->take(), "connected(5)");
 }
 
 TEST_F(Cancel, LetsTheNextOpeningShowItsPopup)
@@ -120,7 +120,7 @@ TEST_F(Cancel, LetsTheNextOpeningShowItsPopup)
     cancel(By::Mouse);
     log->take();
     open();
-    EXPECT_EQ(1, popupCount());
+    EXPECT_EQ(popupCount(), 1);
 }
 
 TEST_F(Cancel, MayOpenAgainFromInsideOpenFailed)
@@ -129,15 +129,15 @@ TEST_F(Cancel, MayOpenAgainFromInsideOpenFailed)
     log->inside = [this] {
         log->inside = nullptr;
         napi.openResult = 6;
-        EXPECT_EQ(6, manager->openLink("Again"));
+        EXPECT_EQ(manager->openLink("Again"), 6);
     };
     cancel(By::Escape);
-    EXPECT_EQ("openFailed(5,13,0)", log->take());
-    EXPECT_EQ("CloseLink(5) OpenLink(Again)", napi.take());
-    ASSERT_EQ(1, popupCount());
+    EXPECT_EQ(log->take(), "openFailed(5,13,0)");
+    EXPECT_EQ(napi.take(), "CloseLink(5) OpenLink(Again)");
+    ASSERT_EQ(popupCount(), 1);
     deliver(indication(NAPI_IND_CONNECTED, 6));
-    EXPECT_EQ("connected(6)", log->take());
-    EXPECT_EQ(0, popupCount());
+    EXPECT_EQ(log->take(), "connected(6)");
+    EXPECT_EQ(popupCount(), 0);
 }
 
 TEST_F(Cancel, MayDeleteTheManagerFromInsideOpenFailed)
@@ -146,8 +146,8 @@ TEST_F(Cancel, MayDeleteTheManagerFromInsideOpenFailed)
         open();
         log->inside = [this] { manager.reset(); };
         cancel(way.by);
-        EXPECT_EQ("CloseLink(5) Fini()", napi.take()) << way.name;
-        EXPECT_EQ("openFailed(5,13,0)", log->take()) << way.name;
+        EXPECT_EQ(napi.take(), "CloseLink(5) Fini()") << way.name;
+        EXPECT_EQ(log->take(), "openFailed(5,13,0)") << way.name;
         TearDown();
         SetUp();
     }
@@ -160,12 +160,12 @@ TEST_F(Cancel, ActsOnTheLinkThatIsStillPendingWhenThePopupWasForgotten)
     napi.take();
     YStateDialog* forgotten = popup();
     cancel(By::Escape);
-    EXPECT_EQ("CloseLink(5)", napi.take());
-    EXPECT_EQ("openFailed(5,13,0)", log->take());
+    EXPECT_EQ(napi.take(), "CloseLink(5)");
+    EXPECT_EQ(log->take(), "openFailed(5,13,0)");
     EXPECT_EQ(forgotten, popup());
     cancel(By::Mouse);
-    EXPECT_EQ("CloseLink(-1)", napi.take());
-    EXPECT_EQ("openFailed(-1,13,0)", log->take());
+    EXPECT_EQ(napi.take(), "CloseLink(-1)");
+    EXPECT_EQ(log->take(), "openFailed(-1,13,0)");
     delete forgotten;
 }
 
@@ -177,8 +177,8 @@ TEST_F(Cancel, OutlivesItsManagerWhenThePopupWasForgotten)
     napi.take();
     YStateDialog* forgotten = popup();
     cancel(By::Escape);
-    EXPECT_EQ("", napi.take());
-    EXPECT_EQ("", log->take());
+    EXPECT_EQ(napi.take(), "");
+    EXPECT_EQ(log->take(), "");
     delete forgotten;
 }
 
@@ -189,9 +189,9 @@ TEST_F(Cancel, IsTheOnlyKeyThatDoesAnything)
                         Qt::Key_Down, Qt::Key_Left, Qt::Key_Tab, Qt::Key_A, Qt::Key_5}) {
         press(key);
         pass();
-        EXPECT_EQ("", napi.take()) << key;
-        EXPECT_EQ("", log->take()) << key;
-        ASSERT_NE(nullptr, popup()) << key;
+        EXPECT_EQ(napi.take(), "") << key;
+        EXPECT_EQ(log->take(), "") << key;
+        ASSERT_NE(popup(), nullptr) << key;
     }
 }
 
@@ -204,7 +204,7 @@ TEST_F(Cancel, IsNotPressedByAClickBesideIt)
                                 keys->mapTo(screen(), QPoint(10, keys->height() / 2))}) {
         tap(point);
         pass();
-        EXPECT_EQ("", napi.take()) << point.x() << "," << point.y();
-        ASSERT_NE(nullptr, popup());
+        EXPECT_EQ(napi.take(), "") << point.x() << "," << point.y();
+        ASSERT_NE(popup(), nullptr);
     }
 }

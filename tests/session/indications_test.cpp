@@ -130,11 +130,11 @@ TEST_F(Indications, FillsTheLinkInformationFromItsOffsets)
     bytes[107] = 0x81;
     napi.sendBytes(bytes, sizeof bytes);
     pass();
-    EXPECT_EQ("connected(9)", log->take());
-    ASSERT_EQ(1u, log->infos.size());
-    EXPECT_EQ(0x81020304u, log->infos[0].infoWord);
-    EXPECT_EQ(0xFEu, log->infos[0].infoByte);
-    EXPECT_STREQ("ppp0", log->infos[0].infoText);
+    EXPECT_EQ(log->take(), "connected(9)");
+    ASSERT_EQ(log->infos.size(), 1u);
+    EXPECT_EQ(log->infos[0].infoWord, 0x81020304u);
+    EXPECT_EQ(log->infos[0].infoByte, 0xFEu);
+    EXPECT_STREQ(log->infos[0].infoText, "ppp0");
 }
 
 TEST_F(Indications, TakesTheCausesFromTheirOffsets)
@@ -148,16 +148,16 @@ TEST_F(Indications, TakesTheCausesFromTheirOffsets)
     bytes[111] = 0xAB;
     napi.sendBytes(bytes, sizeof bytes);
     pass();
-    EXPECT_EQ("openFailed(200,4660,43981)", log->take());
+    EXPECT_EQ(log->take(), "openFailed(200,4660,43981)");
 }
 
 TEST_F(Indications, GivesTheSameInformationWithBroken)
 {
     deliver(indication(32, 3));
-    ASSERT_EQ(1u, log->infos.size());
-    EXPECT_EQ(0xDEADBEEFu, log->infos[0].infoWord);
-    EXPECT_EQ(0xC7u, log->infos[0].infoByte);
-    EXPECT_STREQ("text of the link", log->infos[0].infoText);
+    ASSERT_EQ(log->infos.size(), 1u);
+    EXPECT_EQ(log->infos[0].infoWord, 0xDEADBEEFu);
+    EXPECT_EQ(log->infos[0].infoByte, 0xC7u);
+    EXPECT_STREQ(log->infos[0].infoText, "text of the link");
 }
 
 TEST_F(Indications, WaitsForTheLastByteOfAMessage)
@@ -165,12 +165,12 @@ TEST_F(Indications, WaitsForTheLastByteOfAMessage)
     const NapiIndication message = indication(16, 4);
     napi.sendBytes(&message, 111);
     pass();
-    EXPECT_EQ("", log->take());
-    EXPECT_EQ(111u, manager->size());
+    EXPECT_EQ(log->take(), "");
+    EXPECT_EQ(manager->size(), 111u);
     napi.sendBytes(reinterpret_cast<const char*>(&message) + 111, 1);
     pass();
-    EXPECT_EQ("connected(4)", log->take());
-    EXPECT_EQ(0u, manager->size());
+    EXPECT_EQ(log->take(), "connected(4)");
+    EXPECT_EQ(manager->size(), 0u);
 }
 
 TEST_F(Indications, HandlesThreeMessagesOfOneArrivalInOrder)
@@ -178,7 +178,7 @@ TEST_F(Indications, HandlesThreeMessagesOfOneArrivalInOrder)
     const NapiIndication messages[] = {indication(16, 1), indication(17, 2), indication(32, 3)};
     napi.sendBytes(messages, sizeof messages);
     pass();
-    EXPECT_EQ("connected(1) openFailed(2,41394,772) broken(3)", log->take());
+    EXPECT_EQ(log->take(), "connected(1) openFailed(2,41394,772) broken(3)");
 }
 
 TEST_F(Indications, LeavesAPartialMessageBehindWholeOnes)
@@ -186,11 +186,11 @@ TEST_F(Indications, LeavesAPartialMessageBehindWholeOnes)
     const NapiIndication messages[] = {indication(16, 1), indication(16, 2)};
     napi.sendBytes(messages, 112 + 50);
     pass();
-    EXPECT_EQ("connected(1)", log->take());
-    EXPECT_EQ(50u, manager->size());
+    EXPECT_EQ(log->take(), "connected(1)");
+    EXPECT_EQ(manager->size(), 50u);
     napi.sendBytes(reinterpret_cast<const char*>(messages) + 162, 62);
     pass();
-    EXPECT_EQ("connected(2)", log->take());
+    EXPECT_EQ(log->take(), "connected(2)");
 }
 
 TEST_F(Indications, SurvivesAMessageCutAtEveryByte)
@@ -199,10 +199,10 @@ TEST_F(Indications, SurvivesAMessageCutAtEveryByte)
     for (size_t cut = 1; cut < sizeof message; ++cut) {
         napi.sendBytes(&message, cut);
         pass();
-        EXPECT_EQ("", log->take()) << cut;
+        EXPECT_EQ(log->take(), "") << cut;
         napi.sendBytes(reinterpret_cast<const char*>(&message) + cut, sizeof message - cut);
         pass();
-        EXPECT_EQ("connected(8)", log->take()) << cut;
+        EXPECT_EQ(log->take(), "connected(8)") << cut;
     }
 }
 
@@ -211,14 +211,14 @@ TEST_F(Indications, EmitsNothingWhileTheManagersSignalsAreBlocked)
     manager->blockSignals(true);
     deliver(indication(16, 1));
     manager->blockSignals(false);
-    EXPECT_EQ("", log->take());
+    EXPECT_EQ(log->take(), "");
 }
 
 TEST_F(Indications, ReachesSlotsThatTakeOnlyTheLeadingArguments)
 {
     FewArguments few(*manager);
     deliver(indication(16, 6));
-    EXPECT_EQ("none, id 6, ", few.log);
+    EXPECT_EQ(few.log, "none, id 6, ");
 }
 
 TEST_F(Indications, DoesNothingWhenTheNetworkApiClosesTheSocket)
@@ -226,9 +226,9 @@ TEST_F(Indications, DoesNothingWhenTheNetworkApiClosesTheSocket)
     napi.closeWriteEnd();
     pass();
     pass();
-    EXPECT_EQ("", log->take());
-    EXPECT_EQ("", napi.take());
-    EXPECT_EQ(0, manager->closeLink(1));
+    EXPECT_EQ(log->take(), "");
+    EXPECT_EQ(napi.take(), "");
+    EXPECT_EQ(manager->closeLink(1), 0);
 }
 
 TEST_F(Indications, StillHandlesWhatCameBeforeTheSocketWasClosed)
@@ -237,7 +237,7 @@ TEST_F(Indications, StillHandlesWhatCameBeforeTheSocketWasClosed)
     napi.closeWriteEnd();
     pass();
     pass();
-    EXPECT_EQ("connected(1)", log->take());
+    EXPECT_EQ(log->take(), "connected(1)");
 }
 
 TEST_F(Indications, ActsOnFourOfAllTypes)
@@ -249,10 +249,9 @@ TEST_F(Indications, ActsOnFourOfAllTypes)
             pass();
     }
     pass();
-    EXPECT_EQ("connected(0) connected(9) connected(0) openFailed(0,41394,772) "
-              "openFailed(9,41394,772) broken(9) broken(0)",
-              log->take());
-    EXPECT_EQ("", napi.take());
+    EXPECT_EQ(log->take(), "connected(0) connected(9) connected(0) openFailed(0,41394,772) "
+                           "openFailed(9,41394,772) broken(9) broken(0)");
+    EXPECT_EQ(napi.take(), "");
 }
 
 TEST_F(Indications, LeavesThePopupUpForAllTypesButTwo)
@@ -267,11 +266,11 @@ TEST_F(Indications, LeavesThePopupUpForAllTypesButTwo)
             pass();
     }
     pass();
-    EXPECT_EQ("", log->take());
-    EXPECT_EQ(1, popupCount());
+    EXPECT_EQ(log->take(), "");
+    EXPECT_EQ(popupCount(), 1);
     deliver(indication(NAPI_IND_CONNECTED, 5));
-    EXPECT_EQ("connected(5)", log->take());
-    EXPECT_EQ(0, popupCount());
+    EXPECT_EQ(log->take(), "connected(5)");
+    EXPECT_EQ(popupCount(), 0);
 }
 
 TEST_F(Indications, StillSignalsWhatWasReportedOfALinkBeforeItWasClosed)
@@ -280,9 +279,9 @@ TEST_F(Indications, StillSignalsWhatWasReportedOfALinkBeforeItWasClosed)
     napi.sendBytes(messages, sizeof messages);
     for (int link = 1; link <= 3; ++link)
         manager->closeLink(link);
-    EXPECT_EQ("", log->take());
+    EXPECT_EQ(log->take(), "");
     pass();
-    EXPECT_EQ("connected(1) openFailed(2,41394,772) broken(3)", log->take());
+    EXPECT_EQ(log->take(), "connected(1) openFailed(2,41394,772) broken(3)");
 }
 
 TEST_F(Indications, GoesOnWhenAReceiverClosesALinkInsideTheSignal)
@@ -291,8 +290,8 @@ TEST_F(Indications, GoesOnWhenAReceiverClosesALinkInsideTheSignal)
     const NapiIndication messages[] = {indication(16, 1), indication(16, 2)};
     napi.sendBytes(messages, sizeof messages);
     pass();
-    EXPECT_EQ("connected(1) connected(2)", log->take());
-    EXPECT_EQ("CloseLink(1) CloseLink(1)", napi.take());
+    EXPECT_EQ(log->take(), "connected(1) connected(2)");
+    EXPECT_EQ(napi.take(), "CloseLink(1) CloseLink(1)");
 }
 
 TEST_F(Indications, GoesOnWhenAReceiverOpensALinkInsideOpenFailed)
@@ -301,8 +300,8 @@ TEST_F(Indications, GoesOnWhenAReceiverOpensALinkInsideOpenFailed)
     const NapiIndication messages[] = {indication(17, 1), indication(16, 2)};
     napi.sendBytes(messages, sizeof messages);
     pass();
-    EXPECT_EQ("openFailed(1,41394,772) connected(2)", log->take());
-    EXPECT_EQ("OpenLink(Again) OpenLink(Again)", napi.take());
+    EXPECT_EQ(log->take(), "openFailed(1,41394,772) connected(2)");
+    EXPECT_EQ(napi.take(), "OpenLink(Again) OpenLink(Again)");
 }
 
 TEST_F(Indications, StopsWhenAReceiverDeletesTheManagerInsideEachSignal)
@@ -312,7 +311,7 @@ TEST_F(Indications, StopsWhenAReceiverDeletesTheManagerInsideEachSignal)
         const NapiIndication messages[] = {indication(type, 1), indication(type, 2)};
         napi.sendBytes(messages, sizeof messages);
         pass();
-        EXPECT_EQ("Fini()", napi.take()) << type;
+        EXPECT_EQ(napi.take(), "Fini()") << type;
         const std::string lines = log->take();
         EXPECT_EQ(std::string::npos, lines.find("(2")) << lines;
         TearDown();
@@ -330,9 +329,9 @@ TEST_F(Indications, DeliversTheRestAfterALoopNestedInASlot)
         during = log->take();
     };
     deliver(indication(16, 1));
-    EXPECT_EQ("connected(1)", during);
+    EXPECT_EQ(during, "connected(1)");
     pass();
-    EXPECT_EQ("connected(2)", log->take());
+    EXPECT_EQ(log->take(), "connected(2)");
 }
 
 TEST_F(Indications, DeliversAMillionMessagesWholeAndInOrder)
@@ -366,7 +365,7 @@ protected:
         std::memcpy(bytes + 4, text.data(), std::min<size_t>(text.size(), sizeof bytes - 4));
         napi.sendBytes(bytes, sizeof bytes);
         pass();
-        EXPECT_EQ("connected(1)", log->take());
+        EXPECT_EQ(log->take(), "connected(1)");
         return log->infos.back();
     }
 };
@@ -381,14 +380,14 @@ TEST_F(LinkInformation, HasATextOfEveryLengthThatFits)
 
 TEST_F(LinkInformation, StopsAtTheFirstNul)
 {
-    EXPECT_STREQ("ab", infoOf(std::string("ab\0cd", 5)).infoText);
+    EXPECT_STREQ(infoOf(std::string("ab\0cd", 5)).infoText, "ab");
 }
 
 TEST_F(LinkInformation, ReadsATextWithoutNulOnIntoTheBytesThatFollow)
 {
     const YLinkInfo info = infoOf(std::string(100, 'b') + "ABC");
     EXPECT_EQ(std::string(100, 'b') + "ABC", info.infoText);
-    EXPECT_EQ(0x00434241u, info.infoWord);
+    EXPECT_EQ(info.infoWord, 0x00434241u);
 }
 
 TEST_F(LinkInformation, CutsATextThatWouldRunOverTheRecord)

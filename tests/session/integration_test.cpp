@@ -51,7 +51,7 @@ protected:
         std::strcpy(profile.gprsApn, "internet");
         profile.gprsDns1 = 0x7F000001;
         for (const char* name : {"Plain", "Slow", "Refused", "Breaks", "Silent"})
-            ASSERT_EQ(0, NAPI_CreateProfile(name, &profile, 0, 0)) << name;
+            ASSERT_EQ(NAPI_CreateProfile(name, &profile, 0, 0), 0) << name;
         manager = std::make_unique<YDataSessionManager>();
         log = std::make_unique<SignalLog>(*manager);
         ASSERT_GE(manager->init(false), 0);
@@ -96,9 +96,9 @@ int listeningSocket(sockaddr_in& address)
     address.sin_family = AF_INET;
     address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
     socklen_t length = sizeof address;
-    EXPECT_EQ(0, ::bind(listener, reinterpret_cast<sockaddr*>(&address), sizeof address));
-    EXPECT_EQ(0, ::getsockname(listener, reinterpret_cast<sockaddr*>(&address), &length));
-    EXPECT_EQ(0, ::listen(listener, 1));
+    EXPECT_EQ(::bind(listener, reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
+    EXPECT_EQ(::getsockname(listener, reinterpret_cast<sockaddr*>(&address), &length), 0);
+    EXPECT_EQ(::listen(listener, 1), 0);
     return listener;
 }
 
@@ -107,91 +107,91 @@ int listeningSocket(sockaddr_in& address)
 TEST_F(RealNetwork, OpensALinkWithThePopupAndTellsItsDevice)
 {
     const int link = manager->openLink("Slow");
-    ASSERT_EQ(0, link);
+    ASSERT_EQ(link, 0);
     EXPECT_TRUE(hasPopup());
-    EXPECT_EQ("connected(0)", nextSignal());
+    EXPECT_EQ(nextSignal(), "connected(0)");
     EXPECT_FALSE(hasPopup());
 
     QString device;
     unsigned long address = 0;
-    EXPECT_EQ(0, manager->getDeviceInfo(link, device, &address));
+    EXPECT_EQ(manager->getDeviceInfo(link, device, &address), 0);
     EXPECT_EQ(QString("lo"), device);
-    EXPECT_EQ(0x7F000001ul, address);
+    EXPECT_EQ(address, 0x7F000001ul);
     EXPECT_EQ(device.toStdString(), log->infos.at(0).infoText);
     EXPECT_EQ(address, log->infos.at(0).infoWord);
-    EXPECT_EQ(1u, log->infos.at(0).infoByte);
-    EXPECT_EQ(0, manager->closeLink(link));
-    EXPECT_EQ(NAPI_ERR_NO_LINK, manager->closeLink(link));
+    EXPECT_EQ(log->infos.at(0).infoByte, 1u);
+    EXPECT_EQ(manager->closeLink(link), 0);
+    EXPECT_EQ(manager->closeLink(link), NAPI_ERR_NO_LINK);
 }
 
 TEST_F(RealNetwork, BindsASocketThatThenCarriesBytes)
 {
     const int link = manager->openLinkNoDialog("Plain");
-    ASSERT_EQ("connected(0)", nextSignal());
+    ASSERT_EQ(nextSignal(), "connected(0)");
     sockaddr_in address;
     const int listener = listeningSocket(address);
     const int client = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
-    EXPECT_EQ(0, manager->bindSocket2Link(link, client));
+    EXPECT_EQ(manager->bindSocket2Link(link, client), 0);
     char device[16] = {};
     socklen_t length = sizeof device;
-    EXPECT_EQ(0, ::getsockopt(client, SOL_SOCKET, SO_BINDTODEVICE, device, &length));
-    EXPECT_STREQ("lo", device);
+    EXPECT_EQ(::getsockopt(client, SOL_SOCKET, SO_BINDTODEVICE, device, &length), 0);
+    EXPECT_STREQ(device, "lo");
 
-    ASSERT_EQ(0, ::connect(client, reinterpret_cast<sockaddr*>(&address), sizeof address));
+    ASSERT_EQ(::connect(client, reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
     const int server = ::accept(listener, nullptr, nullptr);
     char answer[6] = {};
-    EXPECT_EQ(5, ::send(server, "hello", 5, 0));
-    EXPECT_EQ(5, ::recv(client, answer, 5, MSG_WAITALL));
-    EXPECT_STREQ("hello", answer);
+    EXPECT_EQ(::send(server, "hello", 5, 0), 5);
+    EXPECT_EQ(::recv(client, answer, 5, MSG_WAITALL), 5);
+    EXPECT_STREQ(answer, "hello");
     for (int descriptor : {client, server, listener})
         ::close(descriptor);
-    EXPECT_EQ(0, manager->closeLink(link));
+    EXPECT_EQ(manager->closeLink(link), 0);
 }
 
 TEST_F(RealNetwork, ReportsWhyALinkCouldNotBeOpened)
 {
-    EXPECT_EQ(0, manager->openLink("Refused"));
-    EXPECT_EQ("openFailed(0,4,33)", nextSignal());
+    EXPECT_EQ(manager->openLink("Refused"), 0);
+    EXPECT_EQ(nextSignal(), "openFailed(0,4,33)");
     EXPECT_FALSE(hasPopup());
-    EXPECT_EQ(NAPI_ERR_NO_LINK, manager->closeLink(0));
+    EXPECT_EQ(manager->closeLink(0), NAPI_ERR_NO_LINK);
 }
 
 TEST_F(RealNetwork, ReportsAnEstablishedLinkThatBreaks)
 {
     const int link = manager->openLinkNoDialog("Breaks");
-    EXPECT_EQ("connected(0)", nextSignal());
-    EXPECT_EQ("broken(0)", nextSignal());
-    EXPECT_EQ(NAPI_ERR_LINK_NOT_UP, manager->bindSocket2Link(link, 0));
-    EXPECT_EQ(0, manager->closeLink(link));
+    EXPECT_EQ(nextSignal(), "connected(0)");
+    EXPECT_EQ(nextSignal(), "broken(0)");
+    EXPECT_EQ(manager->bindSocket2Link(link, 0), NAPI_ERR_LINK_NOT_UP);
+    EXPECT_EQ(manager->closeLink(link), 0);
 }
 
 TEST_F(RealNetwork, GivesUpAnOpeningThatNeverAnswers)
 {
     const int link = manager->openLink("Silent");
     EXPECT_TRUE(hasPopup());
-    EXPECT_EQ(0, manager->closeLink(link));
+    EXPECT_EQ(manager->closeLink(link), 0);
     EXPECT_FALSE(hasPopup());
-    EXPECT_EQ("", nextSignal(100));
+    EXPECT_EQ(nextSignal(100), "");
 }
 
 TEST_F(RealNetwork, WritesTheNameServersOfTheProfile)
 {
     const int link = manager->openLinkNoDialog("Plain");
-    ASSERT_EQ("connected(0)", nextSignal());
-    EXPECT_EQ(0, manager->dnsResolverConfig(link));
+    ASSERT_EQ(nextSignal(), "connected(0)");
+    EXPECT_EQ(manager->dnsResolverConfig(link), 0);
     std::ifstream file(root.filePath("etc/resolv.conf").toStdString());
     const std::string text((std::istreambuf_iterator<char>(file)), {});
     EXPECT_NE(std::string::npos, text.find("nameserver 127.0.0.1\n")) << text;
-    EXPECT_EQ(0, manager->closeLink(link));
+    EXPECT_EQ(manager->closeLink(link), 0);
 }
 
 TEST_F(RealNetwork, PassesTheNetworkApisErrorsThrough)
 {
-    EXPECT_EQ(NAPI_ERR_NO_PROFILE, manager->openLink("Missing"));
-    EXPECT_EQ(NAPI_ERR_NAME, manager->openLink("../Plain"));
-    EXPECT_EQ(NAPI_ERR_NAME, manager->openLinkNoDialog(""));
-    EXPECT_EQ(NAPI_ERR_NO_LINK, manager->closeLink(0));
-    EXPECT_EQ(NAPI_ERR_NO_LINK, manager->closeLink(256));
+    EXPECT_EQ(manager->openLink("Missing"), NAPI_ERR_NO_PROFILE);
+    EXPECT_EQ(manager->openLink("../Plain"), NAPI_ERR_NAME);
+    EXPECT_EQ(manager->openLinkNoDialog(""), NAPI_ERR_NAME);
+    EXPECT_EQ(manager->closeLink(0), NAPI_ERR_NO_LINK);
+    EXPECT_EQ(manager->closeLink(256), NAPI_ERR_NO_LINK);
     EXPECT_FALSE(hasPopup());
 }
 
@@ -201,32 +201,32 @@ TEST_F(RealNetwork, OpensALinkFromInsideOpenFailed)
     log->inside = [&] {
         if (again) {
             again = false;
-            EXPECT_EQ(0, manager->openLink("Plain"));
+            EXPECT_EQ(manager->openLink("Plain"), 0);
         }
     };
-    EXPECT_EQ(0, manager->openLink("Refused"));
-    EXPECT_EQ("openFailed(0,4,33)", nextSignal());
-    EXPECT_EQ("connected(0)", nextSignal());
-    EXPECT_EQ(0, manager->closeLink(0));
+    EXPECT_EQ(manager->openLink("Refused"), 0);
+    EXPECT_EQ(nextSignal(), "openFailed(0,4,33)");
+    EXPECT_EQ(nextSignal(), "connected(0)");
+    EXPECT_EQ(manager->closeLink(0), 0);
 }
 
 TEST_F(RealNetwork, ClosesTheLinkFromInsideConnected)
 {
-    log->inside = [this] { EXPECT_EQ(0, manager->closeLink(0)); };
-    EXPECT_EQ(0, manager->openLink("Plain"));
-    EXPECT_EQ("connected(0)", nextSignal());
-    EXPECT_EQ(NAPI_ERR_NO_LINK, manager->closeLink(0));
+    log->inside = [this] { EXPECT_EQ(manager->closeLink(0), 0); };
+    EXPECT_EQ(manager->openLink("Plain"), 0);
+    EXPECT_EQ(nextSignal(), "connected(0)");
+    EXPECT_EQ(manager->closeLink(0), NAPI_ERR_NO_LINK);
 }
 
 TEST_F(RealNetwork, LetsAReceiverDeleteTheManagerInsideConnected)
 {
     log->inside = [this] {
-        EXPECT_EQ(0, manager->closeLink(0));
+        EXPECT_EQ(manager->closeLink(0), 0);
         manager.reset();
     };
-    EXPECT_EQ(0, manager->openLink("Plain"));
-    EXPECT_EQ("connected(0)", nextSignal());
-    EXPECT_EQ(NAPI_ERR_NOT_INITIALISED, NAPI_CloseLink(0));
+    EXPECT_EQ(manager->openLink("Plain"), 0);
+    EXPECT_EQ(nextSignal(), "connected(0)");
+    EXPECT_EQ(NAPI_CloseLink(0), NAPI_ERR_NOT_INITIALISED);
 }
 
 TEST_F(RealNetwork, ServesTwoManagersOfOneProcess)
@@ -234,10 +234,10 @@ TEST_F(RealNetwork, ServesTwoManagersOfOneProcess)
     YDataSessionManager second;
     ASSERT_GE(second.init(true), 0);
     SignalLog secondLog(second);
-    EXPECT_EQ(0, manager->openLinkNoDialog("Plain"));
-    EXPECT_EQ("connected(0)", nextSignal());
+    EXPECT_EQ(manager->openLinkNoDialog("Plain"), 0);
+    EXPECT_EQ(nextSignal(), "connected(0)");
     for (int i = 0; i < 100 && secondLog.isEmpty(); ++i)
         QApplication::processEvents(QEventLoop::WaitForMoreEvents, 50);
-    EXPECT_EQ("connected(0)", secondLog.take());
-    EXPECT_EQ(0, second.closeLink(0));
+    EXPECT_EQ(secondLog.take(), "connected(0)");
+    EXPECT_EQ(second.closeLink(0), 0);
 }

@@ -13,7 +13,7 @@ using Manager = Session;
 TEST_F(Manager, CallsNothingWhenConstructedAndDestroyed)
 {
     manager.reset();
-    EXPECT_EQ("", napi.take());
+    EXPECT_EQ(napi.take(), "");
 }
 
 TEST_F(Manager, TakesItsParentAndItsName)
@@ -26,7 +26,7 @@ TEST_F(Manager, TakesItsParentAndItsName)
 
 TEST_F(Manager, IsAClientSocketByItsMetaObject)
 {
-    EXPECT_STREQ("YDataSessionManager", manager->metaObject()->className());
+    EXPECT_STREQ(manager->metaObject()->className(), "YDataSessionManager");
     EXPECT_TRUE(manager->inherits("QWSSocket"));
 }
 
@@ -43,13 +43,13 @@ TEST_F(Manager, DeclaresItsSignalsInTheirExactForm)
 TEST_F(Manager, InitialisesInMode0WhenTheModeIsFalse)
 {
     EXPECT_GE(manager->init(false), 0);
-    EXPECT_EQ("Init(0)", napi.take());
+    EXPECT_EQ(napi.take(), "Init(0)");
 }
 
 TEST_F(Manager, InitialisesInMode4WhenTheModeIsTrue)
 {
     EXPECT_GE(manager->init(true), 0);
-    EXPECT_EQ("Init(4)", napi.take());
+    EXPECT_EQ(napi.take(), "Init(4)");
 }
 
 TEST_F(Manager, AdoptsTheIndicationSocketThatInitReturns)
@@ -64,15 +64,15 @@ TEST_F(Manager, IsInitialisedByDescriptor0Too)
 {
     const int input = ::dup(STDIN_FILENO);
     napi.descriptor = STDIN_FILENO;
-    EXPECT_EQ(0, manager->init(false));
-    EXPECT_EQ(-103, manager->init(false));
-    EXPECT_EQ(5, manager->openLinkNoDialog("Internet"));
-    EXPECT_EQ(5, manager->openLink("Internet"));
+    EXPECT_EQ(manager->init(false), 0);
+    EXPECT_EQ(manager->init(false), -103);
+    EXPECT_EQ(manager->openLinkNoDialog("Internet"), 5);
+    EXPECT_EQ(manager->openLink("Internet"), 5);
     deliver(indication(NAPI_IND_CONNECTED, 5));
-    EXPECT_EQ("connected(5)", log->take());
+    EXPECT_EQ(log->take(), "connected(5)");
     log.reset();
     manager.reset();
-    EXPECT_EQ("Init(0) OpenLink(Internet) OpenLink(Internet) Fini()", napi.take());
+    EXPECT_EQ(napi.take(), "Init(0) OpenLink(Internet) OpenLink(Internet) Fini()");
     if (input >= 0) {
         ::dup2(input, STDIN_FILENO);
         ::close(input);
@@ -85,12 +85,12 @@ TEST_F(Manager, ListensForMessagesAndForTheEndOnceEach)
     {
         int listeners(const char* signal) const { return receivers(signal); }
     } counting;
-    EXPECT_EQ(0, counting.listeners(SIGNAL(readyRead())));
-    EXPECT_EQ(0, counting.listeners(SIGNAL(connectionClosed())));
+    EXPECT_EQ(counting.listeners(SIGNAL(readyRead())), 0);
+    EXPECT_EQ(counting.listeners(SIGNAL(connectionClosed())), 0);
     ASSERT_GE(counting.init(false), 0);
-    EXPECT_EQ(-103, counting.init(false));
-    EXPECT_EQ(1, counting.listeners(SIGNAL(readyRead())));
-    EXPECT_EQ(1, counting.listeners(SIGNAL(connectionClosed())));
+    EXPECT_EQ(counting.init(false), -103);
+    EXPECT_EQ(counting.listeners(SIGNAL(readyRead())), 1);
+    EXPECT_EQ(counting.listeners(SIGNAL(connectionClosed())), 1);
 }
 
 TEST_F(Manager, ListensForMessagesBeforeItListensForTheEnd)
@@ -104,29 +104,29 @@ TEST_F(Manager, ListensForMessagesBeforeItListensForTheEnd)
         std::string order;
     } noting;
     ASSERT_GE(noting.init(false), 0);
-    EXPECT_EQ("readyRead() connectionClosed() ", noting.order);
+    EXPECT_EQ(noting.order, "readyRead() connectionClosed() ");
 }
 
 TEST_F(Manager, RefusesASecondInitWithoutACallOrAConnection)
 {
     initialise();
-    EXPECT_EQ(-103, manager->init(true));
-    EXPECT_EQ("", napi.take());
+    EXPECT_EQ(manager->init(true), -103);
+    EXPECT_EQ(napi.take(), "");
     deliver(indication(NAPI_IND_CONNECTED, 7));
-    EXPECT_EQ("connected(7)", log->take());
+    EXPECT_EQ(log->take(), "connected(7)");
 }
 
 TEST_F(Manager, ReturnsTheErrorOfAFailedInitAndMayTryAgain)
 {
     napi.initError = NAPI_ERR_RESOURCES;
-    EXPECT_EQ(NAPI_ERR_RESOURCES, manager->init(false));
-    EXPECT_EQ(-101, manager->openLinkNoDialog("Internet"));
-    EXPECT_EQ(-1, manager->socket());
+    EXPECT_EQ(manager->init(false), NAPI_ERR_RESOURCES);
+    EXPECT_EQ(manager->openLinkNoDialog("Internet"), -101);
+    EXPECT_EQ(manager->socket(), -1);
     napi.initError = 0;
     EXPECT_GE(manager->init(false), 0);
-    EXPECT_EQ("Init(0) Init(0)", napi.take());
+    EXPECT_EQ(napi.take(), "Init(0) Init(0)");
     deliver(indication(NAPI_IND_CONNECTED, 7));
-    EXPECT_EQ("connected(7)", log->take());
+    EXPECT_EQ(log->take(), "connected(7)");
 }
 
 TEST_F(Manager, FinalisesTheNetworkApiWhenDestroyedAndClosesNoLink)
@@ -135,7 +135,7 @@ TEST_F(Manager, FinalisesTheNetworkApiWhenDestroyedAndClosesNoLink)
     manager->openLinkNoDialog("Internet");
     napi.take();
     manager.reset();
-    EXPECT_EQ("Fini()", napi.take());
+    EXPECT_EQ(napi.take(), "Fini()");
 }
 
 TEST_F(Manager, FinalisesNothingAfterAFailedInit)
@@ -144,28 +144,28 @@ TEST_F(Manager, FinalisesNothingAfterAFailedInit)
     manager->init(false);
     napi.take();
     manager.reset();
-    EXPECT_EQ("", napi.take());
+    EXPECT_EQ(napi.take(), "");
 }
 
 TEST_F(Manager, ClosesTheIndicationSocketWhenDestroyed)
 {
     const int socket = manager->init(false);
     manager.reset();
-    EXPECT_EQ(-1, ::fcntl(socket, F_GETFD));
+    EXPECT_EQ(::fcntl(socket, F_GETFD), -1);
 }
 
 TEST_F(Manager, OpensNoLinkBeforeInit)
 {
-    EXPECT_EQ(-101, manager->openLink("Internet"));
-    EXPECT_EQ(-101, manager->openLinkNoDialog("Internet"));
-    EXPECT_EQ("", napi.take());
+    EXPECT_EQ(manager->openLink("Internet"), -101);
+    EXPECT_EQ(manager->openLinkNoDialog("Internet"), -101);
+    EXPECT_EQ(napi.take(), "");
 }
 
 TEST_F(Manager, PassesTheProfileNameAsUtf8)
 {
     initialise();
     manager->openLinkNoDialog(QString::fromUtf8("Café 互联网 \xF0\x9F\x93\xB1"));
-    EXPECT_EQ("OpenLink(Café 互联网 \xF0\x9F\x93\xB1)", napi.take());
+    EXPECT_EQ(napi.take(), "OpenLink(Café 互联网 \xF0\x9F\x93\xB1)");
 }
 
 TEST_F(Manager, ReturnsTheLinkIdOrErrorOfOpenLinkNoDialogUnchanged)
@@ -181,71 +181,71 @@ TEST_F(Manager, ShowsNoPopupForOpenLinkNoDialog)
 {
     initialise();
     manager->openLinkNoDialog("Internet");
-    EXPECT_EQ(0, popupCount());
+    EXPECT_EQ(popupCount(), 0);
 }
 
 TEST_F(Manager, ClosesALinkWithTheNetworkApisResult)
 {
     initialise();
-    EXPECT_EQ(0, manager->closeLink(5));
+    EXPECT_EQ(manager->closeLink(5), 0);
     napi.closeResult = NAPI_ERR_NO_LINK;
-    EXPECT_EQ(NAPI_ERR_NO_LINK, manager->closeLink(256));
-    EXPECT_EQ("CloseLink(5) CloseLink(256)", napi.take());
-    EXPECT_EQ("", log->take());
+    EXPECT_EQ(manager->closeLink(256), NAPI_ERR_NO_LINK);
+    EXPECT_EQ(napi.take(), "CloseLink(5) CloseLink(256)");
+    EXPECT_EQ(log->take(), "");
 }
 
 TEST_F(Manager, RefusesNegativeLinkIdsWithoutACall)
 {
     initialise();
     for (int id : {-1, -2, -2147483647 - 1}) {
-        EXPECT_EQ(-151, manager->closeLink(id));
-        EXPECT_EQ(-151, manager->bindSocket2Link(id, 3));
-        EXPECT_EQ(-151, manager->dnsResolverConfig(id));
+        EXPECT_EQ(manager->closeLink(id), -151);
+        EXPECT_EQ(manager->bindSocket2Link(id, 3), -151);
+        EXPECT_EQ(manager->dnsResolverConfig(id), -151);
     }
-    EXPECT_EQ("", napi.take());
+    EXPECT_EQ(napi.take(), "");
 }
 
 TEST_F(Manager, TakesLinkId0AsAnyOther)
 {
     initialise();
-    EXPECT_EQ(0, manager->closeLink(0));
-    EXPECT_EQ(0, manager->bindSocket2Link(0, 3));
-    EXPECT_EQ(0, manager->dnsResolverConfig(0));
-    EXPECT_EQ("CloseLink(0) BindSocket2Link(0,3) DnsResolverConfig(0)", napi.take());
+    EXPECT_EQ(manager->closeLink(0), 0);
+    EXPECT_EQ(manager->bindSocket2Link(0, 3), 0);
+    EXPECT_EQ(manager->dnsResolverConfig(0), 0);
+    EXPECT_EQ(napi.take(), "CloseLink(0) BindSocket2Link(0,3) DnsResolverConfig(0)");
 }
 
 TEST_F(Manager, DoesNothingForAttachHoldAndDrop)
 {
     for (int id : {-1, 0, 300}) {
-        EXPECT_EQ(0, manager->attach(id, QString()));
-        EXPECT_EQ(0, manager->hold(id, "Internet"));
-        EXPECT_EQ(0, manager->drop(id, "x"));
+        EXPECT_EQ(manager->attach(id, QString()), 0);
+        EXPECT_EQ(manager->hold(id, "Internet"), 0);
+        EXPECT_EQ(manager->drop(id, "x"), 0);
     }
-    EXPECT_EQ("", napi.take());
+    EXPECT_EQ(napi.take(), "");
 }
 
 TEST_F(Manager, BindsASocketWithTheNetworkApisResult)
 {
     napi.bindResult = NAPI_ERR_SOCKET;
-    EXPECT_EQ(NAPI_ERR_SOCKET, manager->bindSocket2Link(3, 44));
-    EXPECT_EQ("BindSocket2Link(3,44)", napi.take());
+    EXPECT_EQ(manager->bindSocket2Link(3, 44), NAPI_ERR_SOCKET);
+    EXPECT_EQ(napi.take(), "BindSocket2Link(3,44)");
 }
 
 TEST_F(Manager, ConfiguresTheResolverWithTheNetworkApisResult)
 {
     napi.dnsResult = NAPI_ERR_IO;
-    EXPECT_EQ(NAPI_ERR_IO, manager->dnsResolverConfig(0));
-    EXPECT_EQ("DnsResolverConfig(0)", napi.take());
+    EXPECT_EQ(manager->dnsResolverConfig(0), NAPI_ERR_IO);
+    EXPECT_EQ(napi.take(), "DnsResolverConfig(0)");
 }
 
 TEST_F(Manager, TellsTheDeviceNameAndItsAddress)
 {
     QString name;
     unsigned long value = ~0ul;
-    EXPECT_EQ(0, manager->getDeviceInfo(3, name, &value));
+    EXPECT_EQ(manager->getDeviceInfo(3, name, &value), 0);
     EXPECT_EQ(QString("wwan0"), name);
-    EXPECT_EQ(0x0A010203ul, value);
-    EXPECT_EQ("GetDeviceInfo(3,0,16) GetDeviceInfo(3,2,4)", napi.take());
+    EXPECT_EQ(value, 0x0A010203ul);
+    EXPECT_EQ(napi.take(), "GetDeviceInfo(3,0,16) GetDeviceInfo(3,2,4)");
 }
 
 TEST_F(Manager, ReadsTheDeviceNameAsUtf8)
@@ -262,7 +262,7 @@ TEST_F(Manager, ReadsADeviceNameThatFillsItsBufferAndNothingBehindIt)
     napi.deviceName = "abcdefghijklmnop";
     QString name;
     unsigned long value;
-    EXPECT_EQ(0, manager->getDeviceInfo(3, name, &value));
+    EXPECT_EQ(manager->getDeviceInfo(3, name, &value), 0);
     EXPECT_EQ(QString("abcdefghijklmnop"), name);
 }
 
@@ -271,10 +271,10 @@ TEST_F(Manager, LeavesBothOutputsWhenTheDeviceNameCannotBeHad)
     napi.nameResult = NAPI_ERR_NO_LINK;
     QString name = "before";
     unsigned long value = 77;
-    EXPECT_EQ(NAPI_ERR_NO_LINK, manager->getDeviceInfo(3, name, &value));
+    EXPECT_EQ(manager->getDeviceInfo(3, name, &value), NAPI_ERR_NO_LINK);
     EXPECT_EQ(QString("before"), name);
-    EXPECT_EQ(77ul, value);
-    EXPECT_EQ("GetDeviceInfo(3,0,16)", napi.take());
+    EXPECT_EQ(value, 77ul);
+    EXPECT_EQ(napi.take(), "GetDeviceInfo(3,0,16)");
 }
 
 TEST_F(Manager, TreatsAPositiveResultForTheDeviceNameAsAFailureToo)
@@ -282,7 +282,7 @@ TEST_F(Manager, TreatsAPositiveResultForTheDeviceNameAsAFailureToo)
     napi.nameResult = 1;
     QString name = "before";
     unsigned long value = 77;
-    EXPECT_EQ(1, manager->getDeviceInfo(3, name, &value));
+    EXPECT_EQ(manager->getDeviceInfo(3, name, &value), 1);
     EXPECT_EQ(QString("before"), name);
 }
 
@@ -291,24 +291,24 @@ TEST_F(Manager, ReturnsTheResultOfTheAddressWithTheNameAlreadySet)
     napi.addressResult = NAPI_ERR_LINK_NOT_UP;
     QString name;
     unsigned long value = 77;
-    EXPECT_EQ(NAPI_ERR_LINK_NOT_UP, manager->getDeviceInfo(3, name, &value));
+    EXPECT_EQ(manager->getDeviceInfo(3, name, &value), NAPI_ERR_LINK_NOT_UP);
     EXPECT_EQ(QString("wwan0"), name);
-    EXPECT_EQ(77ul, value);
+    EXPECT_EQ(value, 77ul);
 }
 
 TEST_F(Manager, TellsTheDeviceNameAloneWhereTheNetworkApiTakesANullAddress)
 {
     napi.takesNullAddress = true;
     QString name;
-    EXPECT_EQ(0, manager->getDeviceInfo(3, name, nullptr));
-    EXPECT_EQ("wwan0", name.toStdString());
+    EXPECT_EQ(manager->getDeviceInfo(3, name, nullptr), 0);
+    EXPECT_EQ(name.toStdString(), "wwan0");
 }
 
 TEST_F(Manager, LeavesTheJudgementOfANullAddressToTheNetworkApi)
 {
     QString name;
-    EXPECT_EQ(NAPI_ERR_ARGUMENT, manager->getDeviceInfo(3, name, nullptr));
-    EXPECT_EQ("GetDeviceInfo(3,0,16) GetDeviceInfo(3,2,4)", napi.take());
+    EXPECT_EQ(manager->getDeviceInfo(3, name, nullptr), NAPI_ERR_ARGUMENT);
+    EXPECT_EQ(napi.take(), "GetDeviceInfo(3,0,16) GetDeviceInfo(3,2,4)");
 }
 
 TEST_F(Manager, LeavesTheJudgementOfTheDevicesLinkIdToTheNetworkApi)
@@ -316,6 +316,6 @@ TEST_F(Manager, LeavesTheJudgementOfTheDevicesLinkIdToTheNetworkApi)
     napi.nameResult = NAPI_ERR_NO_LINK;
     QString name;
     unsigned long value;
-    EXPECT_EQ(NAPI_ERR_NO_LINK, manager->getDeviceInfo(-1, name, &value));
-    EXPECT_EQ("GetDeviceInfo(-1,0,16)", napi.take());
+    EXPECT_EQ(manager->getDeviceInfo(-1, name, &value), NAPI_ERR_NO_LINK);
+    EXPECT_EQ(napi.take(), "GetDeviceInfo(-1,0,16)");
 }

@@ -56,12 +56,12 @@ TEST_F(SessionMemory, ThatRunsOutAtEachStepOfInitLetsItBeTriedAgain)
         if (!hasFailed)
             return false;
         EXPECT_EQ(noMemory, result) << number;
-        EXPECT_EQ("Init(0) Fini()", napi.take()) << number;
+        EXPECT_EQ(napi.take(), "Init(0) Fini()") << number;
         napi.closeWriteEnd();
         EXPECT_EQ(descriptorsBefore, descriptorCount()) << number;
         EXPECT_GE(manager->init(false), 0) << number;
         deliver(indication(NAPI_IND_OPEN_FAILED, 7));
-        EXPECT_EQ("openFailed(7,41394,772)", log->take()) << number;
+        EXPECT_EQ(log->take(), "openFailed(7,41394,772)") << number;
         manager.reset();
         napi.take();
         napi.closeWriteEnd();
@@ -81,8 +81,8 @@ TEST_F(SessionMemory, ThatRunsOutAtEachStepOfOpeningLeavesNoPopupBehind)
         EXPECT_EQ(hasFailed ? 0 : 1, popupCount()) << number;
         EXPECT_EQ(result == noMemory ? "" : "OpenLink(Internet)", napi.take()) << number;
         deliver(indication(NAPI_IND_OPEN_FAILED, 5));
-        EXPECT_EQ("openFailed(5,41394,772)", log->take()) << number;
-        EXPECT_EQ(0, popupCount()) << number;
+        EXPECT_EQ(log->take(), "openFailed(5,41394,772)") << number;
+        EXPECT_EQ(popupCount(), 0) << number;
         return hasFailed;
     });
     EXPECT_GE(allocations, 3);

@@ -182,21 +182,21 @@ TEST_F(PopupParts, TakeTheParentThatAnApplicationGives)
     QWidget parent;
     const auto calls = callsOf([&] { const YStateDialog popup(&parent); });
     ASSERT_FALSE(calls.empty());
-    EXPECT_EQ("popup 0 parent none modal 464 0", calls.front());
+    EXPECT_EQ(calls.front(), "popup 0 parent none modal 464 0");
 }
 
 TEST_F(PopupParts, AreDoneWithoutWhenThereIsNoMemory)
 {
     refuseNextPopup = true;
     EXPECT_EQ((std::vector<std::string>{}),
-              callsOf([this] { EXPECT_EQ(5, manager->openLink("Internet")); }));
+              callsOf([this] { EXPECT_EQ(manager->openLink("Internet"), 5); }));
     EXPECT_FALSE(refuseNextPopup);
-    EXPECT_EQ(nullptr, popup());
+    EXPECT_EQ(popup(), nullptr);
 
     // The link is not pending: its messages are handled as any link's, and the next one gets a
     // popup.
     deliver(indication(NAPI_IND_BROKEN, 5));
-    EXPECT_EQ("broken(5)", log->take());
-    EXPECT_EQ(5, manager->openLink("Internet"));
-    EXPECT_NE(nullptr, popup());
+    EXPECT_EQ(log->take(), "broken(5)");
+    EXPECT_EQ(manager->openLink("Internet"), 5);
+    EXPECT_NE(popup(), nullptr);
 }

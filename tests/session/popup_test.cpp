@@ -26,8 +26,8 @@ protected:
     // Opens link 5 with its popup and drops the record of the call.
     void open()
     {
-        ASSERT_EQ(5, manager->openLink("Internet"));
-        ASSERT_NE(nullptr, popup());
+        ASSERT_EQ(manager->openLink("Internet"), 5);
+        ASSERT_NE(popup(), nullptr);
         napi.take();
         pass();
     }
@@ -45,16 +45,16 @@ protected:
 
 TEST_F(Popup, OpensTheLinkForTheUtf8Name)
 {
-    EXPECT_EQ(5, manager->openLink(QString::fromUtf8("Büro")));
-    EXPECT_EQ("OpenLink(Büro)", napi.take());
+    EXPECT_EQ(manager->openLink(QString::fromUtf8("Büro")), 5);
+    EXPECT_EQ(napi.take(), "OpenLink(Büro)");
 }
 
 TEST_F(Popup, IsShownWhileTheOpeningIsPending)
 {
     open();
-    EXPECT_EQ(1, popupCount());
+    EXPECT_EQ(popupCount(), 1);
     EXPECT_TRUE(popup()->isVisible());
-    EXPECT_STREQ("YStateDialog", popup()->metaObject()->className());
+    EXPECT_STREQ(popup()->metaObject()->className(), "YStateDialog");
     EXPECT_TRUE(popup()->inherits("YPopup"));
 }
 
@@ -63,7 +63,7 @@ TEST_F(Popup, ReturnsTheErrorOfAFailedOpeningAndShowsNothing)
     for (int error : {-1, -152, int(NAPI_ERR_NO_PROFILE)}) {
         napi.openResult = error;
         EXPECT_EQ(error, manager->openLink("Internet"));
-        EXPECT_EQ(nullptr, popup());
+        EXPECT_EQ(popup(), nullptr);
     }
 }
 
@@ -78,7 +78,7 @@ TEST_F(Popup, HasTheSmallDialogsRectangle)
 TEST_F(Popup, HasAnIconAreaWithoutContent)
 {
     open();
-    ASSERT_EQ(2u, labels().size());
+    ASSERT_EQ(labels().size(), 2u);
     EXPECT_EQ(QRect(8, 11, 50, 50), labels()[0]->geometry());
     EXPECT_TRUE(labels()[0]->text().isEmpty());
 }
@@ -88,7 +88,7 @@ TEST_F(Popup, HasAnEmptyTextBesideTheIconArea)
     open();
     QRect content = YGlobal::getDlgSmallConR();
     content.setLeft(content.left() + 64);
-    ASSERT_EQ(2u, labels().size());
+    ASSERT_EQ(labels().size(), 2u);
     EXPECT_EQ(YGlobal::mapFromGlobalR(popup(), content), labels()[1]->geometry());
     EXPECT_TRUE(labels()[1]->text().isEmpty());
 }
@@ -123,10 +123,10 @@ TEST_F(Popup, KeepsKeysAndFingerFromThePageBelow)
     press(Qt::Key_B);
     tap(middle);
     press(Qt::Key_C);
-    EXPECT_EQ(1, field->text().length());
+    EXPECT_EQ(field->text().length(), 1);
     manager->closeLink(5);
     press(Qt::Key_D);
-    EXPECT_EQ(2, field->text().length());
+    EXPECT_EQ(field->text().length(), 2);
 }
 
 TEST_F(Popup, GoesBeforeConnectedIsEmitted)
@@ -135,9 +135,9 @@ TEST_F(Popup, GoesBeforeConnectedIsEmitted)
     bool shownInside = true;
     log->inside = [&] { shownInside = popup() != nullptr; };
     deliver(indication(NAPI_IND_CONNECTED, 5));
-    EXPECT_EQ("connected(5)", log->take());
+    EXPECT_EQ(log->take(), "connected(5)");
     EXPECT_FALSE(shownInside);
-    EXPECT_EQ("", napi.take());
+    EXPECT_EQ(napi.take(), "");
 }
 
 TEST_F(Popup, GoesBeforeOpenFailedIsEmittedWithTheCauses)
@@ -146,7 +146,7 @@ TEST_F(Popup, GoesBeforeOpenFailedIsEmittedWithTheCauses)
     bool shownInside = true;
     log->inside = [&] { shownInside = popup() != nullptr; };
     deliver(indication(NAPI_IND_OPEN_FAILED, 5));
-    EXPECT_EQ("openFailed(5,41394,772)", log->take());
+    EXPECT_EQ(log->take(), "openFailed(5,41394,772)");
     EXPECT_FALSE(shownInside);
 }
 
@@ -155,18 +155,18 @@ TEST_F(Popup, StaysForOtherTypesOfItsLinkAndEmitsNothing)
     open();
     for (uint16_t type : std::initializer_list<uint16_t>{0, 2, 3, 4, 15, 18, 31, 32, 33, 65535}) {
         deliver(indication(type, 5));
-        EXPECT_EQ("", log->take()) << type;
-        EXPECT_NE(nullptr, popup()) << type;
+        EXPECT_EQ(log->take(), "") << type;
+        EXPECT_NE(popup(), nullptr) << type;
     }
 }
 
 TEST_F(Popup, StaysForType3OfLink0WhenLink0IsPending)
 {
     napi.openResult = 0;
-    EXPECT_EQ(0, manager->openLink("Internet"));
+    EXPECT_EQ(manager->openLink("Internet"), 0);
     deliver(indication(NAPI_IND_DEFAULT_LINK, 0));
-    EXPECT_EQ("", log->take());
-    EXPECT_NE(nullptr, popup());
+    EXPECT_EQ(log->take(), "");
+    EXPECT_NE(popup(), nullptr);
 }
 
 TEST_F(Popup, StaysForTheOutcomeOfOtherLinksAndPassesItOn)
@@ -176,8 +176,8 @@ TEST_F(Popup, StaysForTheOutcomeOfOtherLinksAndPassesItOn)
     deliver(indication(NAPI_IND_OPEN_FAILED, 4));
     deliver(indication(NAPI_IND_BROKEN, 7));
     deliver(indication(NAPI_IND_DEFAULT_LINK, 0));
-    EXPECT_EQ("connected(6) openFailed(4,41394,772) broken(7) connected(0)", log->take());
-    EXPECT_NE(nullptr, popup());
+    EXPECT_EQ(log->take(), "connected(6) openFailed(4,41394,772) broken(7) connected(0)");
+    EXPECT_NE(popup(), nullptr);
 }
 
 TEST_F(Popup, LetsBrokenThroughOnceTheLinkIsUp)
@@ -185,63 +185,63 @@ TEST_F(Popup, LetsBrokenThroughOnceTheLinkIsUp)
     open();
     deliver(indication(NAPI_IND_CONNECTED, 5));
     deliver(indication(NAPI_IND_BROKEN, 5));
-    EXPECT_EQ("connected(5) broken(5)", log->take());
+    EXPECT_EQ(log->take(), "connected(5) broken(5)");
 }
 
 TEST_F(Popup, IsNotShownASecondTimeWhileOneIsPending)
 {
     open();
     napi.openResult = 6;
-    EXPECT_EQ(6, manager->openLink("Second"));
-    EXPECT_EQ("OpenLink(Second)", napi.take());
-    EXPECT_EQ(1, popupCount());
+    EXPECT_EQ(manager->openLink("Second"), 6);
+    EXPECT_EQ(napi.take(), "OpenLink(Second)");
+    EXPECT_EQ(popupCount(), 1);
     deliver(indication(NAPI_IND_CONNECTED, 6));
-    EXPECT_EQ("connected(6)", log->take());
-    EXPECT_EQ(1, popupCount());
+    EXPECT_EQ(log->take(), "connected(6)");
+    EXPECT_EQ(popupCount(), 1);
     deliver(indication(NAPI_IND_CONNECTED, 5));
-    EXPECT_EQ(0, popupCount());
+    EXPECT_EQ(popupCount(), 0);
 }
 
 TEST_F(Popup, OfLink0IsPendingAsAnyOther)
 {
     napi.openResult = 0;
-    EXPECT_EQ(0, manager->openLink("First"));
+    EXPECT_EQ(manager->openLink("First"), 0);
     napi.openResult = 6;
-    EXPECT_EQ(6, manager->openLink("Second"));
-    EXPECT_EQ(1, popupCount());
+    EXPECT_EQ(manager->openLink("Second"), 6);
+    EXPECT_EQ(popupCount(), 1);
     deliver(indication(NAPI_IND_CONNECTED, 6));
-    EXPECT_EQ("connected(6)", log->take());
-    EXPECT_EQ(1, popupCount());
+    EXPECT_EQ(log->take(), "connected(6)");
+    EXPECT_EQ(popupCount(), 1);
     deliver(indication(NAPI_IND_CONNECTED, 0));
-    EXPECT_EQ("connected(0)", log->take());
-    EXPECT_EQ(0, popupCount());
+    EXPECT_EQ(log->take(), "connected(0)");
+    EXPECT_EQ(popupCount(), 0);
 }
 
 TEST_F(Popup, IsShownAgainForTheNextOpening)
 {
     open();
     deliver(indication(NAPI_IND_CONNECTED, 5));
-    EXPECT_EQ(0, popupCount());
+    EXPECT_EQ(popupCount(), 0);
     open();
-    EXPECT_EQ(1, popupCount());
+    EXPECT_EQ(popupCount(), 1);
 }
 
 TEST_F(Popup, GoesWithCloseLinkOfItsLinkWithoutASignal)
 {
     open();
-    EXPECT_EQ(0, manager->closeLink(5));
-    EXPECT_EQ(0, popupCount());
-    EXPECT_EQ("CloseLink(5)", napi.take());
-    EXPECT_EQ("", log->take());
+    EXPECT_EQ(manager->closeLink(5), 0);
+    EXPECT_EQ(popupCount(), 0);
+    EXPECT_EQ(napi.take(), "CloseLink(5)");
+    EXPECT_EQ(log->take(), "");
     open();
-    EXPECT_EQ(1, popupCount());
+    EXPECT_EQ(popupCount(), 1);
 }
 
 TEST_F(Popup, StaysWhenAnotherLinkIsClosed)
 {
     open();
-    EXPECT_EQ(0, manager->closeLink(6));
-    EXPECT_EQ(1, popupCount());
+    EXPECT_EQ(manager->closeLink(6), 0);
+    EXPECT_EQ(popupCount(), 1);
 }
 
 TEST_F(Popup, GoesWithTheManagerThenTheNetworkApiThenTheSocket)
@@ -255,10 +255,10 @@ TEST_F(Popup, GoesWithTheManagerThenTheNetworkApiThenTheSocket)
         socketOpen = ::fcntl(descriptor, F_GETFD) >= 0;
     };
     manager.reset();
-    EXPECT_EQ("Fini()", napi.take());
+    EXPECT_EQ(napi.take(), "Fini()");
     EXPECT_TRUE(popupGone);
     EXPECT_TRUE(socketOpen);
-    EXPECT_EQ(-1, ::fcntl(descriptor, F_GETFD));
+    EXPECT_EQ(::fcntl(descriptor, F_GETFD), -1);
 }
 
 TEST_F(Popup, GoesWithAManagerThatAReceiverDeletes)
@@ -284,8 +284,8 @@ TEST_F(Popup, GoesWithAManagerThatAReceiverDeletes)
         napi.sendBytes(messages, sizeof messages);
         pass();
         EXPECT_EQ(row.signal, log->take());
-        EXPECT_EQ("Fini()", napi.take());
-        EXPECT_EQ(0, popupCount());
+        EXPECT_EQ(napi.take(), "Fini()");
+        EXPECT_EQ(popupCount(), 0);
         TearDown();
         SetUp();
     }
@@ -295,10 +295,10 @@ TEST_F(Popup, IsForgottenByOpenLinkNoDialogAndStaysOnTheScreen)
 {
     open();
     YStateDialog* forgotten = popup();
-    EXPECT_EQ(5, manager->openLinkNoDialog("Quiet"));
+    EXPECT_EQ(manager->openLinkNoDialog("Quiet"), 5);
     EXPECT_EQ(forgotten, popup());
     deliver(indication(NAPI_IND_CONNECTED, 5));
-    EXPECT_EQ("connected(5)", log->take());
+    EXPECT_EQ(log->take(), "connected(5)");
     EXPECT_EQ(forgotten, popup());
     delete forgotten;
 }
@@ -308,8 +308,8 @@ TEST_F(Popup, IsForgottenByOpenLinkNoDialogEvenWhenThatFails)
     open();
     YStateDialog* forgotten = popup();
     napi.openResult = -1;
-    EXPECT_EQ(-1, manager->openLinkNoDialog("Quiet"));
-    EXPECT_EQ(0, manager->closeLink(5));
+    EXPECT_EQ(manager->openLinkNoDialog("Quiet"), -1);
+    EXPECT_EQ(manager->closeLink(5), 0);
     EXPECT_EQ(forgotten, popup());
     delete forgotten;
 }

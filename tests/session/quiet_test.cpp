@@ -46,11 +46,11 @@ TEST_F(Quiet, LogsNothing)
     testing::internal::CaptureStdout();
     testing::internal::CaptureStderr();
     exercise();
-    EXPECT_EQ("", testing::internal::GetCapturedStdout());
-    EXPECT_EQ("", testing::internal::GetCapturedStderr());
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
     std::fclose(APPLOG_ModuleStream);
     APPLOG_ModuleStream = attached;
-    EXPECT_EQ(0u, size) << text;
+    EXPECT_EQ(size, 0u) << text;
     std::free(text);
 }
 

@@ -75,7 +75,7 @@ class QwsSocket : public testing::Test
 protected:
     void SetUp() override
     {
-        ASSERT_EQ(0, ::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends));
+        ASSERT_EQ(::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends), 0);
         socket = new QWSSocket;
         socket->setSocket(ends[0]);
         listener = new Listener(socket);
@@ -133,12 +133,12 @@ TEST_F(QwsSocket, SignalsEachPieceAsItComes)
 {
     send(111);
     pass();
-    EXPECT_EQ("ready ", listener->log);
-    EXPECT_EQ(111u, socket->size());
+    EXPECT_EQ(listener->log, "ready ");
+    EXPECT_EQ(socket->size(), 111u);
     send(1);
     pass();
-    EXPECT_EQ("ready ready ", listener->log);
-    EXPECT_EQ(112u, socket->size());
+    EXPECT_EQ(listener->log, "ready ready ");
+    EXPECT_EQ(socket->size(), 112u);
 }
 
 TEST_F(QwsSocket, SignalsOnceForWhatWaitsTogether)
@@ -147,8 +147,8 @@ TEST_F(QwsSocket, SignalsOnceForWhatWaitsTogether)
     send(112);
     send(112);
     pass();
-    EXPECT_EQ("ready ", listener->log);
-    EXPECT_EQ(336u, socket->size());
+    EXPECT_EQ(listener->log, "ready ");
+    EXPECT_EQ(socket->size(), 336u);
 }
 
 TEST_F(QwsSocket, TakesHoweverManyMessagesWaitWithOneSystemCall)
@@ -160,13 +160,13 @@ TEST_F(QwsSocket, TakesHoweverManyMessagesWaitWithOneSystemCall)
         recvCalls = 0;
         listener->log.clear();
         pass();
-        EXPECT_EQ(1, recvCalls) << messages;
-        EXPECT_EQ("ready ", listener->log) << messages;
-        EXPECT_EQ(0u, socket->size()) << messages;
+        EXPECT_EQ(recvCalls, 1) << messages;
+        EXPECT_EQ(listener->log, "ready ") << messages;
+        EXPECT_EQ(socket->size(), 0u) << messages;
     }
     recvCalls = 0;
     pass();
-    EXPECT_EQ(0, recvCalls) << "without anything that waits";
+    EXPECT_EQ(recvCalls, 0) << "without anything that waits";
 }
 
 TEST_F(QwsSocket, GivesTheBytesInTheirOrder)
@@ -175,9 +175,9 @@ TEST_F(QwsSocket, GivesTheBytesInTheirOrder)
     pass();
     send("defg");
     pass();
-    EXPECT_EQ("ab", read(2));
-    EXPECT_EQ("cdefg", read(100));
-    EXPECT_EQ("", read(100));
+    EXPECT_EQ(read(2), "ab");
+    EXPECT_EQ(read(100), "cdefg");
+    EXPECT_EQ(read(100), "");
 }
 
 TEST_F(QwsSocket, DoesNotSignalAgainForBytesLeftUnread)
@@ -186,11 +186,11 @@ TEST_F(QwsSocket, DoesNotSignalAgainForBytesLeftUnread)
     send(336);
     pass();
     pass();
-    EXPECT_EQ("ready ", listener->log);
+    EXPECT_EQ(listener->log, "ready ");
     send(1);
     pass();
-    EXPECT_EQ("ready ready ", listener->log);
-    EXPECT_EQ(113u, socket->size());
+    EXPECT_EQ(listener->log, "ready ready ");
+    EXPECT_EQ(socket->size(), 113u);
 }
 
 TEST_F(QwsSocket, CountsNothingNewInsideTheSlot)
@@ -203,24 +203,24 @@ TEST_F(QwsSocket, CountsNothingNewInsideTheSlot)
     };
     send(20);
     pass();
-    EXPECT_EQ(20u, inside);
-    EXPECT_EQ("ready ", listener->log);
+    EXPECT_EQ(inside, 20u);
+    EXPECT_EQ(listener->log, "ready ");
     pass();
-    EXPECT_EQ("ready ready ", listener->log);
-    EXPECT_EQ(70u, inside);
+    EXPECT_EQ(listener->log, "ready ready ");
+    EXPECT_EQ(inside, 70u);
 }
 
 TEST_F(QwsSocket, FetchesAndSignalsWhenAskedForItsSizeOutsideTheSlot)
 {
     send(112);
-    EXPECT_EQ(112u, socket->size());
-    EXPECT_EQ("ready ", listener->log);
+    EXPECT_EQ(socket->size(), 112u);
+    EXPECT_EQ(listener->log, "ready ");
 }
 
 TEST_F(QwsSocket, ReadsNothingBeforeAPassOfTheLoop)
 {
     send(112);
-    EXPECT_EQ("", read(112));
+    EXPECT_EQ(read(112), "");
 }
 
 TEST_F(QwsSocket, BuffersWhatNobodyReadsSoThatTheSenderNeverBlocks)
@@ -247,11 +247,11 @@ TEST_F(QwsSocket, TellsTheEndAfterTheLastBytesAndKeepsThem)
     closePeer();
     pass();
     pass();
-    EXPECT_EQ("ready closed ", listener->log);
-    EXPECT_EQ(5u, socket->size());
-    EXPECT_EQ("xxxxx", read(100));
-    EXPECT_EQ("", read(100));
-    EXPECT_EQ(-1, socket->socket());
+    EXPECT_EQ(listener->log, "ready closed ");
+    EXPECT_EQ(socket->size(), 5u);
+    EXPECT_EQ(read(100), "xxxxx");
+    EXPECT_EQ(read(100), "");
+    EXPECT_EQ(socket->socket(), -1);
     EXPECT_FALSE(isOpen(ends[0]));
 }
 
@@ -259,28 +259,28 @@ TEST_F(QwsSocket, TellsTheEndWhenThePeerOnlyStopsSending)
 {
     ::shutdown(ends[1], SHUT_WR);
     pass();
-    EXPECT_EQ("closed ", listener->log);
+    EXPECT_EQ(listener->log, "closed ");
 }
 
 TEST_F(QwsSocket, ReportsAResetAsAReadErrorOnly)
 {
-    ASSERT_EQ(1, ::send(ends[0], "z", 1, MSG_NOSIGNAL));
+    ASSERT_EQ(::send(ends[0], "z", 1, MSG_NOSIGNAL), 1);
     closePeer();
     pass();
     pass();
-    EXPECT_EQ("error 2 ", listener->log);
+    EXPECT_EQ(listener->log, "error 2 ");
     EXPECT_TRUE(isOpen(ends[0]));
 }
 
 TEST_F(QwsSocket, ReportsADescriptorThatIsNoSocketAsAReadErrorOnly)
 {
     int pipeEnds[2];
-    ASSERT_EQ(0, ::pipe2(pipeEnds, O_CLOEXEC));
+    ASSERT_EQ(::pipe2(pipeEnds, O_CLOEXEC), 0);
     socket->setSocket(pipeEnds[0]);
-    ASSERT_EQ(1, ::write(pipeEnds[1], "q", 1));
+    ASSERT_EQ(::write(pipeEnds[1], "q", 1), 1);
     pass();
     pass();
-    EXPECT_EQ("error 2 ", listener->log);
+    EXPECT_EQ(listener->log, "error 2 ");
     ::close(pipeEnds[1]);
 }
 
@@ -288,9 +288,9 @@ TEST_F(QwsSocket, ReadsMinusOneWhenNoSocketWasEverSet)
 {
     QWSSocket fresh;
     char byte;
-    EXPECT_EQ(-1, fresh.readBlock(&byte, 1));
-    EXPECT_EQ(0u, fresh.size());
-    EXPECT_EQ(-1, fresh.socket());
+    EXPECT_EQ(fresh.readBlock(&byte, 1), -1);
+    EXPECT_EQ(fresh.size(), 0u);
+    EXPECT_EQ(fresh.socket(), -1);
 }
 
 TEST_F(QwsSocket, ClosesWithoutASignalAndDropsWhatIsUnread)
@@ -300,11 +300,11 @@ TEST_F(QwsSocket, ClosesWithoutASignalAndDropsWhatIsUnread)
     listener->log.clear();
     socket->close();
     char byte;
-    EXPECT_EQ(-1, socket->readBlock(&byte, 1));
-    EXPECT_EQ(0u, socket->size());
+    EXPECT_EQ(socket->readBlock(&byte, 1), -1);
+    EXPECT_EQ(socket->size(), 0u);
     EXPECT_FALSE(isOpen(ends[0]));
     pass();
-    EXPECT_EQ("", listener->log);
+    EXPECT_EQ(listener->log, "");
 }
 
 TEST_F(QwsSocket, ClosesTheFirstSocketWhenASecondIsSet)
@@ -312,13 +312,13 @@ TEST_F(QwsSocket, ClosesTheFirstSocketWhenASecondIsSet)
     send(7);
     pass();
     int more[2];
-    ASSERT_EQ(0, ::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, more));
+    ASSERT_EQ(::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, more), 0);
     socket->setSocket(more[0]);
     EXPECT_FALSE(isOpen(ends[0]));
-    EXPECT_EQ(0u, socket->size());
-    ASSERT_EQ(3, ::send(more[1], "new", 3, 0));
+    EXPECT_EQ(socket->size(), 0u);
+    ASSERT_EQ(::send(more[1], "new", 3, 0), 3);
     pass();
-    EXPECT_EQ("new", read(10));
+    EXPECT_EQ(read(10), "new");
     ::close(more[1]);
 }
 
@@ -339,7 +339,7 @@ TEST_F(QwsSocket, MayBeDeletedInsideReadyRead)
     };
     send(336);
     pass();
-    EXPECT_EQ("ready ", listener->log);
+    EXPECT_EQ(listener->log, "ready ");
     EXPECT_FALSE(isOpen(ends[0]));
 }
 
@@ -351,7 +351,7 @@ TEST_F(QwsSocket, MayBeDeletedInsideConnectionClosed)
     };
     closePeer();
     pass();
-    EXPECT_EQ("closed ", listener->log);
+    EXPECT_EQ(listener->log, "closed ");
 }
 
 TEST_F(QwsSocket, MayBeDeletedInALoopNestedInsideReadyRead)
@@ -370,7 +370,7 @@ TEST_F(QwsSocket, MayBeDeletedInALoopNestedInsideReadyRead)
     };
     send(112);
     pass();
-    EXPECT_EQ("ready ", listener->log);
+    EXPECT_EQ(listener->log, "ready ");
 }
 
 TEST_F(QwsSocket, MayBeClosedInsideReadyRead)
@@ -379,24 +379,24 @@ TEST_F(QwsSocket, MayBeClosedInsideReadyRead)
     send(112);
     pass();
     pass();
-    EXPECT_EQ("ready ", listener->log);
+    EXPECT_EQ(listener->log, "ready ");
     EXPECT_FALSE(isOpen(ends[0]));
 }
 
 TEST_F(QwsSocket, ServesANewSocketThatWasSetInsideReadyRead)
 {
     int more[2];
-    ASSERT_EQ(0, ::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, more));
+    ASSERT_EQ(::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, more), 0);
     listener->inside = [&] {
         listener->inside = nullptr;
         socket->setSocket(more[0]);
-        ASSERT_EQ(3, ::send(more[1], "new", 3, 0));
+        ASSERT_EQ(::send(more[1], "new", 3, 0), 3);
     };
     send(112);
     pass();
     pass();
-    EXPECT_EQ("ready ready ", listener->log);
-    EXPECT_EQ("new", read(10));
+    EXPECT_EQ(listener->log, "ready ready ");
+    EXPECT_EQ(read(10), "new");
     ::close(more[1]);
 }
 
@@ -412,9 +412,9 @@ TEST_F(QwsSocket, SignalsNothingInsideALoopNestedInItsSlotButAfterwards)
     };
     send(112);
     pass();
-    EXPECT_EQ("ready ", during);
+    EXPECT_EQ(during, "ready ");
     pass();
-    EXPECT_EQ("ready ready ", listener->log);
+    EXPECT_EQ(listener->log, "ready ready ");
 }
 
 TEST_F(QwsSocket, BuffersWhileItsSignalsAreBlocked)
@@ -424,11 +424,11 @@ TEST_F(QwsSocket, BuffersWhileItsSignalsAreBlocked)
     pass();
     socket->blockSignals(false);
     pass();
-    EXPECT_EQ("", listener->log);
+    EXPECT_EQ(listener->log, "");
     send(1);
     pass();
-    EXPECT_EQ("ready ", listener->log);
-    EXPECT_EQ(11u, socket->size());
+    EXPECT_EQ(listener->log, "ready ");
+    EXPECT_EQ(socket->size(), 11u);
 }
 
 int main(int argc, char** argv)

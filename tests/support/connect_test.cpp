@@ -49,7 +49,7 @@ TEST(Connect, ReachesASlotWithoutArgumentsInEachSpelling)
     for (const Row& row : withoutArguments) {
         SCOPED_TRACE(row.name);
         Receiver receiver;
-        EXPECT_EQ(1, callsOf(receiver, row));
+        EXPECT_EQ(callsOf(receiver, row), 1);
     }
 }
 
@@ -58,8 +58,8 @@ TEST(Connect, HandsTheLeadingArgumentsToTheSlotInEachSpelling)
     for (const Row& row : withArguments) {
         SCOPED_TRACE(row.name);
         Receiver receiver;
-        EXPECT_EQ(1, callsOf(receiver, row));
-        EXPECT_EQ(7, receiver.lastIndex);
+        EXPECT_EQ(callsOf(receiver, row), 1);
+        EXPECT_EQ(receiver.lastIndex, 7);
     }
 }
 
@@ -71,5 +71,5 @@ TEST(Connect, OfUnlikeArgumentsIsReported)
     QObject::connect(&receiver, SIGNAL(changed(int, const QString&)), &receiver,
                      SLOT(choose(QString)));
     qInstallMessageHandler(before);
-    EXPECT_EQ(1, messages);
+    EXPECT_EQ(messages, 1);
 }

@@ -23,21 +23,21 @@ protected:
     void SetUp() override
     {
         char pattern[] = "/tmp/support-files-XXXXXX";
-        ASSERT_NE(nullptr, mkdtemp(pattern));
+        ASSERT_NE(mkdtemp(pattern), nullptr);
         folder = pattern;
-        ASSERT_EQ(0, chdir(pattern));
+        ASSERT_EQ(chdir(pattern), 0);
         put("file", "file's");
         put("other", "other's");
-        ASSERT_EQ(0, mkdir("folder", 0700));
-        ASSERT_EQ(0, mkdir("empty", 0700));
+        ASSERT_EQ(mkdir("folder", 0700), 0);
+        ASSERT_EQ(mkdir("empty", 0700), 0);
         put("folder/inner", "inner's");
-        ASSERT_EQ(0, symlink("nowhere", "dangling"));
+        ASSERT_EQ(symlink("nowhere", "dangling"), 0);
     }
 
     void TearDown() override
     {
-        ASSERT_EQ(0, chdir("/"));
-        ASSERT_EQ(0, system(("rm -r '" + folder + "'").c_str()));
+        ASSERT_EQ(chdir("/"), 0);
+        ASSERT_EQ(system(("rm -r '" + folder + "'").c_str()), 0);
     }
 
     static void put(const std::string& path, const std::string& content)
@@ -70,7 +70,7 @@ protected:
 TEST_F(RenamePath, MovesToANewRelativeName)
 {
     EXPECT_TRUE(renamed(u"file", u"new"));
-    EXPECT_EQ("file's", content("new"));
+    EXPECT_EQ(content("new"), "file's");
     EXPECT_FALSE(exists("file"));
 }
 
@@ -78,19 +78,19 @@ TEST_F(RenamePath, MovesToANewAbsoluteName)
 {
     const QString absolute = QString((folder + "/new").c_str());
     EXPECT_TRUE(renamePath(made(u"file"), absolute));
-    EXPECT_EQ("file's", content("new"));
+    EXPECT_EQ(content("new"), "file's");
 }
 
 TEST_F(RenamePath, MovesAFolderWithWhatIsInIt)
 {
     EXPECT_TRUE(renamed(u"folder", u"moved"));
-    EXPECT_EQ("inner's", content("moved/inner"));
+    EXPECT_EQ(content("moved/inner"), "inner's");
 }
 
 TEST_F(RenamePath, MovesAFolderToANameWithASlashAtItsEnd)
 {
     EXPECT_TRUE(renamed(u"folder", u"nd/"));
-    EXPECT_EQ("inner's", content("nd/inner"));
+    EXPECT_EQ(content("nd/inner"), "inner's");
 }
 
 TEST_F(RenamePath, MovesADanglingLinkItself)
@@ -102,53 +102,53 @@ TEST_F(RenamePath, MovesADanglingLinkItself)
 
 TEST_F(RenamePath, MovesALinkItself)
 {
-    ASSERT_EQ(0, symlink("other", "link"));
+    ASSERT_EQ(symlink("other", "link"), 0);
     EXPECT_TRUE(renamed(u"link", u"new"));
-    EXPECT_EQ("other's", content("new"));
-    EXPECT_EQ("other's", content("other"));
+    EXPECT_EQ(content("new"), "other's");
+    EXPECT_EQ(content("other"), "other's");
     EXPECT_FALSE(exists("link"));
 }
 
 TEST_F(RenamePath, ReplacesAFile)
 {
     EXPECT_TRUE(renamed(u"file", u"other"));
-    EXPECT_EQ("file's", content("other"));
+    EXPECT_EQ(content("other"), "file's");
     EXPECT_FALSE(exists("file"));
 }
 
 TEST_F(RenamePath, ReplacesALinkAndNotItsTarget)
 {
-    ASSERT_EQ(0, symlink("other", "link"));
+    ASSERT_EQ(symlink("other", "link"), 0);
     EXPECT_TRUE(renamed(u"file", u"link"));
-    EXPECT_EQ("file's", content("link"));
-    EXPECT_EQ("other's", content("other"));
+    EXPECT_EQ(content("link"), "file's");
+    EXPECT_EQ(content("other"), "other's");
 }
 
 TEST_F(RenamePath, ReplacesADanglingLinkAndDoesNotCreateItsTarget)
 {
     EXPECT_TRUE(renamed(u"file", u"dangling"));
-    EXPECT_EQ("file's", content("dangling"));
+    EXPECT_EQ(content("dangling"), "file's");
     EXPECT_FALSE(exists("nowhere"));
 }
 
 TEST_F(RenamePath, ReplacesAnEmptyFolder)
 {
     EXPECT_TRUE(renamed(u"folder", u"empty"));
-    EXPECT_EQ("inner's", content("empty/inner"));
+    EXPECT_EQ(content("empty/inner"), "inner's");
 }
 
 TEST_F(RenamePath, AcceptsTheSameName)
 {
     EXPECT_TRUE(renamed(u"file", u"file"));
-    EXPECT_EQ("file's", content("file"));
+    EXPECT_EQ(content("file"), "file's");
     EXPECT_TRUE(renamed(u"folder", u"folder"));
-    EXPECT_EQ("inner's", content("folder/inner"));
+    EXPECT_EQ(content("folder/inner"), "inner's");
 }
 
 TEST_F(RenamePath, WritesNamesInUtf8)
 {
     EXPECT_TRUE(renamed(u"file", u"caf\u00e9\u20ac"));
-    EXPECT_EQ("file's", content("caf\xc3\xa9\xe2\x82\xac"));
+    EXPECT_EQ(content("caf\xc3\xa9\xe2\x82\xac"), "file's");
     EXPECT_TRUE(renamed(u"caf\u00e9\u20ac", u"file"));
 }
 
@@ -173,8 +173,8 @@ TEST_F(RenamePath, RefusesWhatTheFileSystemRefusesAndChangesNothing)
         SCOPED_TRACE(row.name);
         EXPECT_FALSE(renamed(row.from, row.to));
     }
-    EXPECT_EQ("file's", content("file"));
-    EXPECT_EQ("inner's", content("folder/inner"));
+    EXPECT_EQ(content("file"), "file's");
+    EXPECT_EQ(content("folder/inner"), "inner's");
     EXPECT_TRUE(exists("empty"));
     EXPECT_FALSE(exists("new"));
 }
@@ -183,7 +183,7 @@ TEST_F(RenamePath, RefusesWhatTheFileSystemRefusesAndChangesNothing)
 std::string folderElsewhere()
 {
     struct stat here = {}, there = {};
-    EXPECT_EQ(0, stat(".", &here));
+    EXPECT_EQ(stat(".", &here), 0);
     for (const char* folder : {"/dev/shm", "/var/tmp", "/tmp"})
         if (stat(folder, &there) == 0 && there.st_dev != here.st_dev && access(folder, W_OK) == 0)
             return folder;
@@ -196,15 +196,15 @@ TEST_F(RenamePath, MovesNothingToAnotherFileSystem)
     EXPECT_FALSE(renamePath(made(u"file"), QString(target.c_str())));
     EXPECT_FALSE(renamePath(made(u"folder"), QString(target.c_str())));
     EXPECT_FALSE(exists(target));
-    EXPECT_EQ("file's", content("file"));
-    EXPECT_EQ("inner's", content("folder/inner"));
+    EXPECT_EQ(content("file"), "file's");
+    EXPECT_EQ(content("folder/inner"), "inner's");
 }
 
 TEST_F(RenamePath, RefusesANameWithANulInIt)
 {
     EXPECT_FALSE(renamed(u"file\0x"s, u"new"));
     EXPECT_FALSE(renamed(u"file", u"new\0x"s));
-    EXPECT_EQ("file's", content("file"));
+    EXPECT_EQ(content("file"), "file's");
     EXPECT_FALSE(exists("new"));
 }
 
@@ -212,5 +212,5 @@ TEST_F(RenamePath, RefusesANullName)
 {
     EXPECT_FALSE(renamePath(QString(), made(u"new")));
     EXPECT_FALSE(renamePath(made(u"file"), QString()));
-    EXPECT_EQ("file's", content("file"));
+    EXPECT_EQ(content("file"), "file's");
 }

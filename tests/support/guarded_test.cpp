@@ -11,7 +11,7 @@ TEST(Guarded, IsNullWithoutAnObject)
 {
     const Guarded<QObject> none;
     EXPECT_TRUE(none.isNull());
-    EXPECT_EQ(nullptr, none.get());
+    EXPECT_EQ(none.get(), nullptr);
     EXPECT_FALSE(none);
 }
 

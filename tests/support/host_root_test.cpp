@@ -22,7 +22,7 @@ TEST(RootFolder, IsThatOfTheNetworkApi)
 {
     folder = "/srv/caf\xc3\xa9";
     result = 0;
-    EXPECT_EQ("/srv/caf<00e9>", shown(support::rootFolder()));
+    EXPECT_EQ(shown(support::rootFolder()), "/srv/caf<00e9>");
 }
 
 TEST(RootFolder, IsEmptyWhereTheNetworkApiCannotTell)

@@ -69,8 +69,8 @@ TEST(Translate, AsksTheTranslatorForTextAndCommentInTheContextOfQObject)
 {
     Echo echo;
     ASSERT_TRUE(QCoreApplication::installTranslator(&echo));
-    EXPECT_EQ("QObject/TXT_RID_SOFTKEY_CANCEL/Cancel",
-              shown(translate("TXT_RID_SOFTKEY_CANCEL", "Cancel")));
+    EXPECT_EQ(shown(translate("TXT_RID_SOFTKEY_CANCEL", "Cancel")),
+              "QObject/TXT_RID_SOFTKEY_CANCEL/Cancel");
     QCoreApplication::removeTranslator(&echo);
 }
 

@@ -101,7 +101,7 @@ TEST(Ipv4FromText, RefusesEachOtherTextAndLeavesTheNumber)
         SCOPED_TRACE(row.name);
         unsigned int address = 0xdeadbeef;
         EXPECT_FALSE(ipv4FromText(made(row.text), &address));
-        EXPECT_EQ(0xdeadbeefu, address);
+        EXPECT_EQ(address, 0xdeadbeefu);
     }
 }
 
@@ -109,7 +109,7 @@ TEST(Ipv4FromText, RefusesANullText)
 {
     unsigned int address = 0xdeadbeef;
     EXPECT_FALSE(ipv4FromText(QString(), &address));
-    EXPECT_EQ(0xdeadbeefu, address);
+    EXPECT_EQ(address, 0xdeadbeefu);
 }
 
 TEST(Ipv4FromText, RefusesEachBeginningOfAnAddress)
@@ -119,15 +119,15 @@ TEST(Ipv4FromText, RefusesEachBeginningOfAnAddress)
         SCOPED_TRACE(length);
         unsigned int address = 0xdeadbeef;
         EXPECT_FALSE(ipv4FromText(made(whole.substr(0, length)), &address));
-        EXPECT_EQ(0xdeadbeefu, address);
+        EXPECT_EQ(address, 0xdeadbeefu);
     }
 }
 
 TEST(Ipv4ToText, PutsTheMostSignificantByteFirst)
 {
-    EXPECT_EQ("1.2.3.4", shown(ipv4ToText(0x01020304)));
-    EXPECT_EQ("192.168.0.1", shown(ipv4ToText(0xc0a80001)));
-    EXPECT_EQ("0.0.0.0", shown(ipv4ToText(0)));
-    EXPECT_EQ("255.255.255.255", shown(ipv4ToText(0xffffffff)));
-    EXPECT_EQ("10.0.200.9", shown(ipv4ToText(0x0a00c809)));
+    EXPECT_EQ(shown(ipv4ToText(0x01020304)), "1.2.3.4");
+    EXPECT_EQ(shown(ipv4ToText(0xc0a80001)), "192.168.0.1");
+    EXPECT_EQ(shown(ipv4ToText(0)), "0.0.0.0");
+    EXPECT_EQ(shown(ipv4ToText(0xffffffff)), "255.255.255.255");
+    EXPECT_EQ(shown(ipv4ToText(0x0a00c809)), "10.0.200.9");
 }

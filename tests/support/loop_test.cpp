@@ -191,7 +191,7 @@ TEST(ExitLoop, WithoutALevelLeavesPendingEventsToBeProcessed)
     later(0, [&] { ++calls; });
     for (int passes = 0; passes < 100000 && calls == 0; ++passes)
         processPending();
-    EXPECT_EQ(1, calls);
+    EXPECT_EQ(calls, 1);
 }
 
 TEST(ExitLoop, FollowedByEnterInOneSlotLeavesTheOuterLevelAfterTheInner)
@@ -233,7 +233,7 @@ TEST(RunDialog, LetsTheLevelReturnThatIsLeftWhileTheDialogIsUp)
         Dialog dialog;
         later(0, [] { exitLoop(); });
         dialog.endAfter(20);
-        EXPECT_EQ(7, runDialog(dialog));
+        EXPECT_EQ(runDialog(dialog), 7);
         trace.push_back("dialog ended");
     });
     enterLoopOfATest();
@@ -281,7 +281,7 @@ TEST(RunDialog, NeedsNoLevel)
 {
     Dialog dialog;
     dialog.endAfter(0);
-    EXPECT_EQ(7, runDialog(dialog));
+    EXPECT_EQ(runDialog(dialog), 7);
 }
 
 TEST(ProcessPending, DoesNotWaitForWhatIsNotDue)
@@ -296,8 +296,8 @@ TEST(ProcessPending, DoesNotWaitForWhatIsNotDue)
 TEST(ProcessPending, MakesOnePassOnly)
 {
     int pipe[2];
-    ASSERT_EQ(0, pipe2(pipe, O_NONBLOCK));
-    ASSERT_EQ(5, write(pipe[1], "12345", 5));
+    ASSERT_EQ(pipe2(pipe, O_NONBLOCK), 0);
+    ASSERT_EQ(write(pipe[1], "12345", 5), 5);
     {
         ByteReader reader(pipe[0]);
         for (int passes = 1; passes <= 5; ++passes) {
@@ -320,7 +320,7 @@ TEST(QuittingApplication, IsNotWhatExitLoopDoesAtTheLevelOfExec)
             qApp->exit(7);
         });
     });
-    EXPECT_EQ(7, qApp->exec());
+    EXPECT_EQ(qApp->exec(), 7);
     EXPECT_EQ(Trace{"exec still serves"}, trace);
 }
 
@@ -336,6 +336,6 @@ TEST(QuittingApplication, ReturnsFromEachLevel)
         enterLoop();
         trace.push_back("outer returned");
     });
-    EXPECT_EQ(5, qApp->exec());
+    EXPECT_EQ(qApp->exec(), 5);
     EXPECT_EQ((Trace{"inner returned", "outer returned"}), trace);
 }

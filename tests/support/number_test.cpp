@@ -121,14 +121,14 @@ TEST(ToInt32, ReadsTheTenDigitsOfEachScript)
         std::u16string digits;
         for (int i = 1; i <= 9; ++i)
             digits += static_cast<char16_t>(zero + i);
-        EXPECT_EQ(123456789, toInt32(made(digits)));
-        EXPECT_EQ(10, toInt32(made({static_cast<char16_t>(zero + 1), zero})));
+        EXPECT_EQ(toInt32(made(digits)), 123456789);
+        EXPECT_EQ(toInt32(made({static_cast<char16_t>(zero + 1), zero})), 10);
     }
 }
 
 TEST(ToInt32, ReadsOneToNineOfTamil)
 {
-    EXPECT_EQ(19, toInt32(made(u"\u0be7\u0bef")));
+    EXPECT_EQ(toInt32(made(u"\u0be7\u0bef")), 19);
 }
 
 TEST(ToInt32, RefusesWhatIsNoDigit)
@@ -136,9 +136,9 @@ TEST(ToInt32, RefusesWhatIsNoDigit)
     for (char16_t unit : noDigits) {
         SCOPED_TRACE(static_cast<unsigned int>(unit));
         bool ok = true;
-        EXPECT_EQ(0, toInt32(made({u'1', unit}), &ok));
+        EXPECT_EQ(toInt32(made({u'1', unit}), &ok), 0);
         EXPECT_FALSE(ok);
-        EXPECT_EQ(0u, toUInt32(made({unit}), &ok));
+        EXPECT_EQ(toUInt32(made({unit}), &ok), 0u);
         EXPECT_FALSE(ok);
     }
 }
@@ -146,21 +146,21 @@ TEST(ToInt32, RefusesWhatIsNoDigit)
 TEST(ToInt32, RefusesANullText)
 {
     bool ok = true;
-    EXPECT_EQ(0, toInt32(QString(), &ok));
+    EXPECT_EQ(toInt32(QString(), &ok), 0);
     EXPECT_FALSE(ok);
     ok = true;
-    EXPECT_EQ(0u, toUInt32(QString(), &ok));
+    EXPECT_EQ(toUInt32(QString(), &ok), 0u);
     EXPECT_FALSE(ok);
 }
 
 TEST(ToInt32, DoesWithoutAPlaceForTheOutcome)
 {
-    EXPECT_EQ(-12, toInt32(made(u"-12"), nullptr));
-    EXPECT_EQ(0, toInt32(made(u"x"), nullptr));
-    EXPECT_EQ(12u, toUInt32(made(u"12"), nullptr));
+    EXPECT_EQ(toInt32(made(u"-12"), nullptr), -12);
+    EXPECT_EQ(toInt32(made(u"x"), nullptr), 0);
+    EXPECT_EQ(toUInt32(made(u"12"), nullptr), 12u);
 }
 
 TEST(ToInt32, ReadsALongRunOfZeros)
 {
-    EXPECT_EQ(4, toInt32(made(std::u16string(4000, u'0') + u"4")));
+    EXPECT_EQ(toInt32(made(std::u16string(4000, u'0') + u"4")), 4);
 }

@@ -137,22 +137,22 @@ TEST(FromUtf8, DecodesEachRow)
 
 TEST(FromUtf8, EndsAtTheFirstNulWithoutASize)
 {
-    EXPECT_EQ("caf<00e9>", shown(fromUtf8("caf\xc3\xa9\0x")));
-    EXPECT_EQ("a", shown(fromUtf8("a\0b", -1)));
+    EXPECT_EQ(shown(fromUtf8("caf\xc3\xa9\0x")), "caf<00e9>");
+    EXPECT_EQ(shown(fromUtf8("a\0b", -1)), "a");
 }
 
 TEST(FromUtf8, KeepsEmptyAndNullApart)
 {
-    EXPECT_EQ("", shown(fromUtf8("", -1)));
-    EXPECT_EQ("", shown(fromUtf8("abc", 0)));
-    EXPECT_EQ("NULL", shown(fromUtf8(nullptr)));
-    EXPECT_EQ("NULL", shown(fromUtf8(nullptr, 0)));
-    EXPECT_EQ("NULL", shown(fromUtf8(nullptr, 3)));
+    EXPECT_EQ(shown(fromUtf8("", -1)), "");
+    EXPECT_EQ(shown(fromUtf8("abc", 0)), "");
+    EXPECT_EQ(shown(fromUtf8(nullptr)), "NULL");
+    EXPECT_EQ(shown(fromUtf8(nullptr, 0)), "NULL");
+    EXPECT_EQ(shown(fromUtf8(nullptr, 3)), "NULL");
 }
 
 TEST(FromUtf8, ReadsNothingBehindTheSize)
 {
-    EXPECT_EQ("<fffd><fffd>", shown(fromUtf8("\xe2\x82\xac", 2)));
+    EXPECT_EQ(shown(fromUtf8("\xe2\x82\xac", 2)), "<fffd><fffd>");
 }
 
 TEST(Utf8, EncodesEachRow)
@@ -165,7 +165,7 @@ TEST(Utf8, EncodesEachRow)
 
 TEST(Utf8, GivesNoBytesForANullText)
 {
-    EXPECT_EQ("", utf8(QString()));
+    EXPECT_EQ(utf8(QString()), "");
 }
 
 TEST(Latin1, EncodesEachRow)
@@ -178,7 +178,7 @@ TEST(Latin1, EncodesEachRow)
 
 TEST(Latin1, GivesNoBytesForANullText)
 {
-    EXPECT_EQ("", latin1(QString()));
+    EXPECT_EQ(latin1(QString()), "");
 }
 
 TEST(Trimmed, DropsEachBlankOnBothSides)
@@ -188,7 +188,7 @@ TEST(Trimmed, DropsEachBlankOnBothSides)
                                0x2008, 0x2009, 0x200a, 0x200b, 0x2028, 0x2029, 0x202f, 0x3000};
     for (char16_t blank : blanks) {
         SCOPED_TRACE(static_cast<unsigned int>(blank));
-        EXPECT_EQ("x", shown(trimmed(made({blank, u'x', blank, blank}))));
+        EXPECT_EQ(shown(trimmed(made({blank, u'x', blank, blank}))), "x");
     }
 }
 
@@ -198,24 +198,24 @@ TEST(Trimmed, KeepsWhatIsNoBlank)
                                0x180e, 0x200c, 0x205f, 0x2060, 0xfeff};
     for (char16_t other : others) {
         SCOPED_TRACE(static_cast<unsigned int>(other));
-        EXPECT_EQ(3, static_cast<int>(trimmed(made({other, u'x', other})).length()));
+        EXPECT_EQ(static_cast<int>(trimmed(made({other, u'x', other})).length()), 3);
     }
 }
 
 TEST(Trimmed, KeepsBlanksInside)
 {
-    EXPECT_EQ("a <00a0>b", shown(trimmed(made(u" a \u00a0b\t"))));
+    EXPECT_EQ(shown(trimmed(made(u" a \u00a0b\t"))), "a <00a0>b");
 }
 
 TEST(Trimmed, LeavesAnEmptyTextOfBlanksOnly)
 {
-    EXPECT_EQ("", shown(trimmed(made(u" \t\u3000"))));
-    EXPECT_EQ("", shown(trimmed(made(u""))));
+    EXPECT_EQ(shown(trimmed(made(u" \t\u3000"))), "");
+    EXPECT_EQ(shown(trimmed(made(u""))), "");
 }
 
 TEST(Trimmed, KeepsANullTextNull)
 {
-    EXPECT_EQ("NULL", shown(trimmed(QString())));
+    EXPECT_EQ(shown(trimmed(QString())), "NULL");
 }
 
 TEST(Compare, OrdersEachRowAndItsReverse)
@@ -230,12 +230,12 @@ TEST(Compare, OrdersEachRowAndItsReverse)
 TEST(Units, GoThereAndBackUnchanged)
 {
     const std::u16string units = {u'a', 0x0000, 0x00e9, 0xd83d, 0xde00, 0xdc00, 0xffff};
-    EXPECT_EQ("a<0000><00e9><d83d><de00><dc00><ffff>", shown(textOf(units)));
+    EXPECT_EQ(shown(textOf(units)), "a<0000><00e9><d83d><de00><dc00><ffff>");
     EXPECT_EQ(units, unitsOf(made(units)));
 }
 
 TEST(Units, OfANullTextAreNoneAndGiveAnEmptyText)
 {
-    EXPECT_EQ(u"", unitsOf(QString()));
-    EXPECT_EQ("", shown(textOf(u"")));
+    EXPECT_EQ(unitsOf(QString()), u"");
+    EXPECT_EQ(shown(textOf(u"")), "");
 }

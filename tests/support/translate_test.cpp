@@ -8,13 +8,13 @@ using support::translate;
 
 TEST(Translate, GivesTheTextWithoutATranslator)
 {
-    EXPECT_EQ("Cancel", shown(translate("Cancel")));
-    EXPECT_EQ("TXT_RID_SOFTKEY_CANCEL", shown(translate("TXT_RID_SOFTKEY_CANCEL", "Cancel")));
-    EXPECT_EQ("%1 and %n", shown(translate("%1 and %n", "comment")));
+    EXPECT_EQ(shown(translate("Cancel")), "Cancel");
+    EXPECT_EQ(shown(translate("TXT_RID_SOFTKEY_CANCEL", "Cancel")), "TXT_RID_SOFTKEY_CANCEL");
+    EXPECT_EQ(shown(translate("%1 and %n", "comment")), "%1 and %n");
 }
 
 TEST(Translate, KeepsEmptyAndNullApart)
 {
-    EXPECT_EQ("", shown(translate("")));
-    EXPECT_EQ("NULL", shown(translate(nullptr)));
+    EXPECT_EQ(shown(translate("")), "");
+    EXPECT_EQ(shown(translate(nullptr)), "NULL");
 }

@@ -27,8 +27,8 @@ TEST(WithoutApplication, ProcessingAndWakingDoNothing)
 TEST(WithoutApplication, TranslateGivesTheTextItself)
 {
     ASSERT_FALSE(qApp);
-    EXPECT_EQ("TXT_RID_SOFTKEY_CANCEL", shown(translate("TXT_RID_SOFTKEY_CANCEL", "Cancel")));
-    EXPECT_EQ("Cancel", shown(translate("Cancel")));
-    EXPECT_EQ("", shown(translate("")));
-    EXPECT_EQ("NULL", shown(translate(nullptr)));
+    EXPECT_EQ(shown(translate("TXT_RID_SOFTKEY_CANCEL", "Cancel")), "TXT_RID_SOFTKEY_CANCEL");
+    EXPECT_EQ(shown(translate("Cancel")), "Cancel");
+    EXPECT_EQ(shown(translate("")), "");
+    EXPECT_EQ(shown(translate(nullptr)), "NULL");
 }

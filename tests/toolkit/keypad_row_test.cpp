@@ -46,28 +46,28 @@ TEST_F(KeypadRow, GivesLetters)
     key(Qt::Key_2, "2");
     key(Qt::Key_2, "2");
     key(Qt::Key_3, "3", Qt::KeypadModifier);
-    EXPECT_EQ("bd", edit->text().toStdString());
+    EXPECT_EQ(edit->text().toStdString(), "bd");
 }
 
 TEST_F(KeypadRow, GoesOnToCapitalsWithTheNumberSign)
 {
     key(Qt::Key_NumberSign, "#", Qt::ShiftModifier);
     key(Qt::Key_2, "2");
-    EXPECT_EQ("A", edit->text().toStdString());
+    EXPECT_EQ(edit->text().toStdString(), "A");
 }
 
 TEST_F(KeypadRow, LeavesShortcutsAndShiftedDigitsAlone)
 {
     key(Qt::Key_2, "", Qt::ControlModifier);
     key(Qt::Key_Exclam, "!", Qt::ShiftModifier);
-    EXPECT_EQ("!", edit->text().toStdString());
+    EXPECT_EQ(edit->text().toStdString(), "!");
 }
 
 TEST_F(KeypadRow, LeavesTheLettersOfTheKeyboardAsTheyAre)
 {
     key(Qt::Key_A, "a");
     key(Qt::Key_2, "2");
-    EXPECT_EQ("aa", edit->text().toStdString());
+    EXPECT_EQ(edit->text().toStdString(), "aa");
 }
 
 TEST_F(KeypadRow, StaysDigitsWhereTheProgramHasAKeypadOfItsOwn)
@@ -75,7 +75,7 @@ TEST_F(KeypadRow, StaysDigitsWhereTheProgramHasAKeypadOfItsOwn)
     YKeypad::setPresent(true);
     key(Qt::Key_2, "2");
     key(Qt::Key_2, "2", Qt::KeypadModifier);
-    EXPECT_EQ("2a", edit->text().toStdString());
+    EXPECT_EQ(edit->text().toStdString(), "2a");
 }
 
 } // namespace

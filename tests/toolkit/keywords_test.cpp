@@ -31,7 +31,7 @@ TEST_F(WithoutKeywords, SignalsAndSlotsOfTheHeadersAreThere)
     list.insertItem(new YListBoxItem(&list, QString()), -1, false);
     list.insertItem(new YListBoxItem(&list, QString()), -1, false);
     list.setCurrentItem(1);
-    EXPECT_EQ(1, program.signals);
+    EXPECT_EQ(program.signals, 1);
     QWSSocket socket;
     YDataSessionManager manager;
     EXPECT_TRUE(QObject::connect(&socket, SIGNAL(readyRead()), &program, SLOT(count())));

@@ -110,7 +110,7 @@ TEST_F(PlainApplication, HasThePhonesLookOnTheScreen)
     page.show();
     QCoreApplication::processEvents();
     for (QWidget* widget : page.findChildren<QWidget*>()) {
-        EXPECT_STREQ("YStyle", widget->style()->metaObject()->className())
+        EXPECT_STREQ(widget->style()->metaObject()->className(), "YStyle")
             << widget->metaObject()->className();
         EXPECT_EQ(YTheme::current().text, widget->palette().color(QPalette::Text));
         EXPECT_EQ(YTheme::bodyFont().pixelSize(), widget->font().pixelSize());

@@ -36,7 +36,7 @@ void expectWhole(const QRect& place, const QStringList& texts)
     QWidget* layer = GuiTest::activeLayer();
     const PaintedTexts painted(*layer);
     const QRect inLayer = place.translated(-layer->pos());
-    EXPECT_EQ("", painted.cutIn(inLayer).toStdString()) << "is cut off";
+    EXPECT_EQ(painted.cutIn(inLayer).toStdString(), "") << "is cut off";
     const QString all = painted.in(inLayer);
     for (const QString& text : texts)
         EXPECT_TRUE(all.contains(withoutBlanks(text)))
@@ -45,8 +45,8 @@ void expectWhole(const QRect& place, const QStringList& texts)
 
 void expectNamed(QWidget* widget)
 {
-    EXPECT_NE("",
-              QAccessible::queryAccessibleInterface(widget)->text(QAccessible::Name).toStdString())
+    EXPECT_NE(QAccessible::queryAccessibleInterface(widget)->text(QAccessible::Name).toStdString(),
+              "")
         << widget->metaObject()->className();
 }
 
@@ -159,7 +159,7 @@ protected:
     static void store(const QString& profile)
     {
         const NetworkProfile record = {};
-        ASSERT_EQ(0, NAPI_CreateProfile(profile.toUtf8(), &record, 0, 0));
+        ASSERT_EQ(NAPI_CreateProfile(profile.toUtf8(), &record, 0, 0), 0);
     }
 
     void run(int (*entry)(QString&), const Steps& steps)

@@ -55,8 +55,9 @@ protected:
         napi.profiles["Old"] = record.record();
         const Steps toPage = page == 2 ? Steps(openPage2) : Steps([] {});
         const char* label = page == 2 ? "Domain 2:" : "Profile Name:*";
-        EXPECT_EQ(0, edit("Old", {look, toPage, [page, label] { touch(page, label); },
-                                  opening(save), dismiss}));
+        EXPECT_EQ(edit("Old", {look, toPage, [page, label] { touch(page, label); }, opening(save),
+                               dismiss}),
+                  0);
         return RecordBytes(napi.profiles["Old"]);
     }
 };
@@ -87,7 +88,7 @@ TEST_F(Codes, OfThePreferenceAreShownAndStoredWithTheOtherBitsKept)
                           comboOf(wizardPage(1), "Connection Preference:*")->currentItem());
                 EXPECT_EQ(row.item != 1, editOf(wizardPage(1), "GPRS APN:")->isYEnabled());
             });
-            EXPECT_EQ("the same", after.difference(storedRecord().word(4, others | row.stored)));
+            EXPECT_EQ(after.difference(storedRecord().word(4, others | row.stored)), "the same");
         }
     }
 }
@@ -101,7 +102,7 @@ TEST_F(Codes, OfThePreferenceAreCellularOnlyWithoutTheWifiFeature)
             EXPECT_FALSE(comboOf(wizardPage(1), "Connection Preference:*"));
             EXPECT_TRUE(editOf(wizardPage(1), "GPRS APN:")->isYEnabled());
         });
-        EXPECT_EQ("the same", after.difference(storedRecord().word(4, 0xA5A5A45A))) << row.code;
+        EXPECT_EQ(after.difference(storedRecord().word(4, 0xA5A5A45A)), "the same") << row.code;
     }
 }
 
@@ -110,8 +111,9 @@ TEST_F(Codes, OfAChosenPreferenceReplaceFourBits)
     const unsigned codes[] = {0xA5A5A25A, 0xA5A5A15A, 0xA5A5A45A};
     for (int item : {0, 1, 2}) {
         napi.profiles["Old"] = storedRecord().word(4, 0xA5A5AF5A).record();
-        EXPECT_EQ(0, edit("Old", {chooseByKeys(1, "Connection Preference:*", item),
-                                  [] { touch(1, "Profile Name:*"); }, opening(save), dismiss}));
+        EXPECT_EQ(edit("Old", {chooseByKeys(1, "Connection Preference:*", item),
+                               [] { touch(1, "Profile Name:*"); }, opening(save), dismiss}),
+                  0);
         EXPECT_EQ(codes[item], napi.profiles["Old"].flags);
     }
 }
@@ -119,16 +121,17 @@ TEST_F(Codes, OfAChosenPreferenceReplaceFourBits)
 TEST_F(Codes, OfWifiOnlySwitchTheRowsOfACopyOffToo)
 {
     napi.profiles["Source"] = storedRecord().word(4, 0xA5A5A15A).record();
-    EXPECT_EQ(0, copy("Source", {[] {
-                                     EXPECT_EQ("Profile Name:*|Connection Preference:*|",
-                                               rowsThatAreOn());
-                                     EXPECT_TRUE(editOf(wizardPage(1), "Domain 1:")->isReadOnly());
-                                     EXPECT_EQ("Cancel", rightKeyOf(wizardPage(1)));
-                                     touch(1, "Profile Name:*");
-                                 },
-                                 opening(save), dismiss}));
-    EXPECT_EQ("the same",
-              RecordBytes(napi.written).difference(RecordBytes(napi.profiles["Source"])));
+    EXPECT_EQ(copy("Source", {[] {
+                                  EXPECT_EQ(rowsThatAreOn(),
+                                            "Profile Name:*|Connection Preference:*|");
+                                  EXPECT_TRUE(editOf(wizardPage(1), "Domain 1:")->isReadOnly());
+                                  EXPECT_EQ(rightKeyOf(wizardPage(1)), "Cancel");
+                                  touch(1, "Profile Name:*");
+                              },
+                              opening(save), dismiss}),
+              0);
+    EXPECT_EQ(RecordBytes(napi.written).difference(RecordBytes(napi.profiles["Source"])),
+              "the same");
 }
 
 // A field of the record with a code that its row knows and one that it does not.
@@ -184,7 +187,7 @@ TEST_F(Codes, KnownAndUnknownInEveryCombinationDoNotTouchEachOther)
                     }
                 }
             });
-            EXPECT_EQ("the same", after.difference(expected[page])) << "page " << page;
+            EXPECT_EQ(after.difference(expected[page]), "the same") << "page " << page;
         }
     }
 }
@@ -193,18 +196,19 @@ TEST_F(Codes, OfAnUnknownSpeedKeepWhatWasChosenOnAnEarlierVisit)
 {
     napi.profiles["Old"] = storedRecord().byte(571, 5).record();
     const auto expectChoices = [] {
-        EXPECT_EQ(3, comboOf(wizardPage(2), "Speed(BPS):")->currentItem());
-        EXPECT_EQ(1, comboOf(wizardPage(2), "Line Type:")->currentItem());
+        EXPECT_EQ(comboOf(wizardPage(2), "Speed(BPS):")->currentItem(), 3);
+        EXPECT_EQ(comboOf(wizardPage(2), "Line Type:")->currentItem(), 1);
         EXPECT_TRUE(comboOf(wizardPage(2), "Line Type:")->isYEnabled());
-        EXPECT_EQ(0, comboOf(wizardPage(2), "CSD Timeout:")->currentItem());
+        EXPECT_EQ(comboOf(wizardPage(2), "CSD Timeout:")->currentItem(), 0);
     };
-    EXPECT_EQ(0, edit("Old", {openPage2, chooseByKeys(2, "Speed(BPS):", 3),
-                              chooseByKeys(2, "Line Type:", 1), chooseByKeys(2, "CSD Timeout:", 2),
-                              [] { press(Qt::Key_F1); }, dismiss, openPage2, expectChoices,
-                              [] { EXPECT_EQ("Cancel", rightKeyOf(wizardPage(2))); },
-                              [] { touch(2, "Domain 2:"); }, opening(save), dismiss}));
-    EXPECT_EQ("the same",
-              RecordBytes(napi.profiles["Old"]).difference(storedRecord().byte(571, 70)));
+    EXPECT_EQ(edit("Old", {openPage2, chooseByKeys(2, "Speed(BPS):", 3),
+                           chooseByKeys(2, "Line Type:", 1), chooseByKeys(2, "CSD Timeout:", 2),
+                           [] { press(Qt::Key_F1); }, dismiss, openPage2, expectChoices,
+                           [] { EXPECT_EQ(rightKeyOf(wizardPage(2)), "Cancel"); },
+                           [] { touch(2, "Domain 2:"); }, opening(save), dismiss}),
+              0);
+    EXPECT_EQ(RecordBytes(napi.profiles["Old"]).difference(storedRecord().byte(571, 70)),
+              "the same");
 }
 
 } // namespace

@@ -48,7 +48,7 @@ TEST(Speed, IsdnWithAutomaticSpeedHasTheCodeOfTheModem)
 {
     uint8_t code = 255;
     EXPECT_TRUE(wizard::speedCodeOf({1, 0}, &code));
-    EXPECT_EQ(0, code);
+    EXPECT_EQ(code, 0);
 }
 
 TEST(Speed, EveryOtherCodeHasNoChoice)
@@ -60,8 +60,8 @@ TEST(Speed, EveryOtherCodeHasNoChoice)
         wizard::SpeedChoice choice = {-7, -8};
         EXPECT_EQ(isKnown, wizard::speedChoiceOf(uint8_t(code), &choice)) << code;
         if (!isKnown) {
-            EXPECT_EQ(-7, choice.lineType) << code;
-            EXPECT_EQ(-8, choice.speed) << code;
+            EXPECT_EQ(choice.lineType, -7) << code;
+            EXPECT_EQ(choice.speed, -8) << code;
         }
     }
 }
@@ -72,7 +72,7 @@ TEST(Speed, AChoiceOutsideOfTheTableHasNoCode)
          {wizard::SpeedChoice{0, -1}, {0, 5}, {-1, 0}, {2, 0}, {1, 1000}, {1000, 1}}) {
         uint8_t code = 99;
         EXPECT_FALSE(wizard::speedCodeOf(choice, &code));
-        EXPECT_EQ(99, code);
+        EXPECT_EQ(code, 99);
     }
 }
 
@@ -116,9 +116,9 @@ INSTANTIATE_TEST_SUITE_P(Tables, Timeouts, testing::ValuesIn(timeoutRows),
 TEST(Timeout, AnUnknownNumberOfMinutesIsOff)
 {
     for (int minutes : {1, 14, 16, 30, 59, 61, 1439, 1441, 32768, 65535})
-        EXPECT_EQ(0, wizard::gprsTimeouts.itemOf(uint16_t(minutes))) << minutes;
+        EXPECT_EQ(wizard::gprsTimeouts.itemOf(uint16_t(minutes)), 0) << minutes;
     for (int minutes : {2, 4, 14, 29, 31, 61, 120, 65535})
-        EXPECT_EQ(0, wizard::csdTimeouts.itemOf(uint16_t(minutes))) << minutes;
+        EXPECT_EQ(wizard::csdTimeouts.itemOf(uint16_t(minutes)), 0) << minutes;
 }
 
 TEST(Timeout, AnItemOutsideOfTheTableHasNoMinutes)
@@ -127,7 +127,7 @@ TEST(Timeout, AnItemOutsideOfTheTableHasNoMinutes)
         uint16_t minutes = 77;
         EXPECT_FALSE(wizard::gprsTimeouts.minutesOf(item, &minutes)) << item;
         EXPECT_FALSE(wizard::csdTimeouts.minutesOf(item, &minutes)) << item;
-        EXPECT_EQ(77, minutes) << item;
+        EXPECT_EQ(minutes, 77) << item;
     }
 }
 
@@ -142,16 +142,16 @@ TEST(Preference, EachOfTheSixteenCodesHasItsItemOrTheOtherOne)
 
 TEST(Preference, AnItemReplacesTheFourBitsAndNoOther)
 {
-    EXPECT_EQ(0xABCDE2EFu, wizard::withPreference(0xABCDEFEF, 0));
-    EXPECT_EQ(0xABCDE1EFu, wizard::withPreference(0xABCDEFEF, 1));
-    EXPECT_EQ(0xABCDE4EFu, wizard::withPreference(0xABCDEFEF, 2));
-    EXPECT_EQ(0x00000200u, wizard::withPreference(0, 0));
+    EXPECT_EQ(wizard::withPreference(0xABCDEFEF, 0), 0xABCDE2EFu);
+    EXPECT_EQ(wizard::withPreference(0xABCDEFEF, 1), 0xABCDE1EFu);
+    EXPECT_EQ(wizard::withPreference(0xABCDEFEF, 2), 0xABCDE4EFu);
+    EXPECT_EQ(wizard::withPreference(0, 0), 0x00000200u);
 }
 
 TEST(Preference, NoSuchItemLeavesTheFlags)
 {
     for (int item : {-1, 3, 1000})
-        EXPECT_EQ(0xABCDEFEFu, wizard::withPreference(0xABCDEFEF, item)) << item;
+        EXPECT_EQ(wizard::withPreference(0xABCDEFEF, item), 0xABCDEFEFu) << item;
 }
 
 } // namespace

@@ -36,26 +36,26 @@ protected:
 TEST_F(Entry, CreateThenCancelLeavesTheName)
 {
     name = "kept";
-    EXPECT_EQ(1, create({cancel}));
-    EXPECT_EQ("kept", name.toStdString());
+    EXPECT_EQ(create({cancel}), 1);
+    EXPECT_EQ(name.toStdString(), "kept");
     EXPECT_EQ(Calls(), take());
-    EXPECT_EQ(0, wizardPageCount());
+    EXPECT_EQ(wizardPageCount(), 0);
 }
 
 TEST_F(Entry, CopyOfWhatIsNoProfileReturnsAtOnce)
 {
     name = "No such";
-    EXPECT_EQ(0, copyProfilebyUser(name));
+    EXPECT_EQ(copyProfilebyUser(name), 0);
     EXPECT_EQ((Calls{"valid No such", "log: This profile is invalid.\n"}), take());
-    EXPECT_EQ(0, wizardPageCount());
-    EXPECT_EQ("No such", name.toStdString());
+    EXPECT_EQ(wizardPageCount(), 0);
+    EXPECT_EQ(name.toStdString(), "No such");
 }
 
 TEST_F(Entry, EditOfWhatIsNoProfileReturnsAtOnce)
 {
     for (const char* other : {"No such", "", "../Old", "old"}) {
         name = other;
-        EXPECT_EQ(0, editProfilebyUser(name));
+        EXPECT_EQ(editProfilebyUser(name), 0);
         EXPECT_EQ((Calls{std::string("valid ") + other, "log: This profile is invalid.\n"}),
                   take());
     }
@@ -63,54 +63,56 @@ TEST_F(Entry, EditOfWhatIsNoProfileReturnsAtOnce)
 
 TEST_F(Entry, CancelOfAnEditedProfileStoresNothing)
 {
-    EXPECT_EQ(1, edit("Old", {[] {
-                                  type("x");
-                                  press(Qt::Key_F1);
-                              },
-                              [] { press(Qt::Key_Return); }}));
+    EXPECT_EQ(edit("Old", {[] {
+                               type("x");
+                               press(Qt::Key_F1);
+                           },
+                           [] { press(Qt::Key_Return); }}),
+              1);
     EXPECT_EQ((Calls{"valid Old", "read Old"}), take());
 }
 
 TEST_F(Entry, ThePageHiddenByOthersEndsTheWizardAsClosed)
 {
-    EXPECT_EQ(2, create({[] { wizardPage(1)->hide(); }}));
+    EXPECT_EQ(create({[] { wizardPage(1)->hide(); }}), 2);
 }
 
 TEST_F(Entry, TheScreensWindowClosedEndsTheWizardAsClosed)
 {
-    EXPECT_EQ(2, create({[] { screen()->window()->close(); }}));
-    EXPECT_EQ(2, create({openPage2, [] { screen()->window()->close(); }}));
+    EXPECT_EQ(create({[] { screen()->window()->close(); }}), 2);
+    EXPECT_EQ(create({openPage2, [] { screen()->window()->close(); }}), 2);
 }
 
 TEST_F(Entry, ThePageDeletedByOthersEndsTheLoop)
 {
     name = "kept";
-    EXPECT_EQ(2, create({[] { delete wizardPage(1); }}));
-    EXPECT_EQ("kept", name.toStdString());
-    EXPECT_EQ(0, wizardPageCount());
+    EXPECT_EQ(create({[] { delete wizardPage(1); }}), 2);
+    EXPECT_EQ(name.toStdString(), "kept");
+    EXPECT_EQ(wizardPageCount(), 0);
 }
 
 TEST_F(Entry, ThePageMayBeDeletedWhileTheNoticeIsRead)
 {
-    EXPECT_EQ(2, edit("Old", {[] {
-                                  type("x");
-                                  press(Qt::Key_Backspace);
-                              },
-                              opening(save), [] { delete wizardPage(1); }, dismiss}));
-    EXPECT_EQ(0, wizardPageCount());
+    EXPECT_EQ(edit("Old", {[] {
+                               type("x");
+                               press(Qt::Key_Backspace);
+                           },
+                           opening(save), [] { delete wizardPage(1); }, dismiss}),
+              2);
+    EXPECT_EQ(wizardPageCount(), 0);
 }
 
 TEST_F(Entry, ThePageMayBeDeletedWhileAFaultIsRead)
 {
-    EXPECT_EQ(2, create({[] { type("1"); }, opening(save), [] { delete wizardPage(1); }, dismiss}));
-    EXPECT_EQ(0, wizardPageCount());
+    EXPECT_EQ(create({[] { type("1"); }, opening(save), [] { delete wizardPage(1); }, dismiss}), 2);
+    EXPECT_EQ(wizardPageCount(), 0);
 }
 
 TEST_F(Entry, TheCallersWindowMayBeDeletedMeanwhile)
 {
     QWidget* window = new QWidget;
     window->show();
-    EXPECT_EQ(1, create({[window] { delete window; }, cancel}));
+    EXPECT_EQ(create({[window] { delete window; }, cancel}), 1);
 }
 
 // A page of an application, with a button that opens the wizard.
@@ -149,7 +151,7 @@ TEST_P(Caller, MayDeleteItsPageWhileTheWizardRunsFromItsButton)
     EXPECT_TRUE(waitFor([&] { return result >= 0 && isOver; }));
     EXPECT_EQ(saves ? 0 : 1, result);
     EXPECT_EQ(saves ? "Profile1" : "", name.toStdString());
-    EXPECT_EQ(0, wizardPageCount());
+    EXPECT_EQ(wizardPageCount(), 0);
     settle();
 }
 
@@ -160,19 +162,20 @@ TEST_F(Entry, ASecondWizardRunsInsideTheFirst)
 {
     QString inner("Old");
     int innerResult = -1;
-    EXPECT_EQ(1, create({opening([&] { innerResult = editProfilebyUser(inner); }),
-                         [] { EXPECT_EQ("Old", titleOf(wizardPage(1))); },
-                         [] {
-                             walkTo(wizardPage(1), "Proxy 1:");
-                             type("p");
-                         },
-                         opening(save), dismiss,
-                         [&innerResult] {
-                             EXPECT_EQ(0, innerResult);
-                             EXPECT_EQ("Connection Setup", titleOf(wizardPage(1)));
-                             cancel();
-                         }}));
-    EXPECT_EQ("p", RecordBytes(napi.profiles["Old"]).part(760, 1));
+    EXPECT_EQ(create({opening([&] { innerResult = editProfilebyUser(inner); }),
+                      [] { EXPECT_EQ(titleOf(wizardPage(1)), "Old"); },
+                      [] {
+                          walkTo(wizardPage(1), "Proxy 1:");
+                          type("p");
+                      },
+                      opening(save), dismiss,
+                      [&innerResult] {
+                          EXPECT_EQ(innerResult, 0);
+                          EXPECT_EQ(titleOf(wizardPage(1)), "Connection Setup");
+                          cancel();
+                      }}),
+              1);
+    EXPECT_EQ(RecordBytes(napi.profiles["Old"]).part(760, 1), "p");
 }
 
 TEST_F(Entry, TheFirstWizardHiddenInsideTheSecondEndsBoth)
@@ -180,13 +183,14 @@ TEST_F(Entry, TheFirstWizardHiddenInsideTheSecondEndsBoth)
     QString inner("Old");
     int innerResult = -1;
     YKbMainWidget* first = nullptr;
-    EXPECT_EQ(2, create({opening([&] {
-                             first = wizardPage(1);
-                             innerResult = editProfilebyUser(inner);
-                         }),
-                         [&first] { first->hide(); }}));
-    EXPECT_EQ(2, innerResult);
-    EXPECT_EQ(0, wizardPageCount());
+    EXPECT_EQ(create({opening([&] {
+                          first = wizardPage(1);
+                          innerResult = editProfilebyUser(inner);
+                      }),
+                      [&first] { first->hide(); }}),
+              2);
+    EXPECT_EQ(innerResult, 2);
+    EXPECT_EQ(wizardPageCount(), 0);
 }
 
 TEST_F(Entry, TwoWizardsHiddenInOneGoBothEnd)
@@ -194,16 +198,17 @@ TEST_F(Entry, TwoWizardsHiddenInOneGoBothEnd)
     QString inner("Old");
     int innerResult = -1;
     YKbMainWidget* first = nullptr;
-    EXPECT_EQ(2, create({opening([&] {
-                             first = wizardPage(1);
-                             innerResult = editProfilebyUser(inner);
-                         }),
-                         [&first] {
-                             wizardPage(1)->hide();
-                             first->hide();
-                         }}));
-    EXPECT_EQ(2, innerResult);
-    EXPECT_EQ(0, wizardPageCount());
+    EXPECT_EQ(create({opening([&] {
+                          first = wizardPage(1);
+                          innerResult = editProfilebyUser(inner);
+                      }),
+                      [&first] {
+                          wizardPage(1)->hide();
+                          first->hide();
+                      }}),
+              2);
+    EXPECT_EQ(innerResult, 2);
+    EXPECT_EQ(wizardPageCount(), 0);
 }
 
 TEST_F(Entry, TheApplicationThatQuitsEndsEachWizardAsClosed)
@@ -213,11 +218,11 @@ TEST_F(Entry, TheApplicationThatQuitsEndsEachWizardAsClosed)
     int innerResult = -1;
     perform({opening([&] { outerResult = createProfilebyUser(name); }),
              opening([&] { innerResult = editProfilebyUser(inner); }), [] { qApp->exit(5); }});
-    EXPECT_EQ(5, qApp->exec());
-    EXPECT_EQ(2, innerResult);
-    EXPECT_EQ(2, outerResult);
-    EXPECT_EQ(0, wizardPageCount());
-    EXPECT_EQ(1, create({cancel})) << "the next one runs as ever";
+    EXPECT_EQ(qApp->exec(), 5);
+    EXPECT_EQ(innerResult, 2);
+    EXPECT_EQ(outerResult, 2);
+    EXPECT_EQ(wizardPageCount(), 0);
+    EXPECT_EQ(create({cancel}), 1) << "the next one runs as ever";
 }
 
 TEST_F(Entry, TimersOfTheCallerRunMeanwhile)
@@ -254,7 +259,7 @@ TEST_F(Entry, ManyWizardsLeaveNothingBehind)
                 levelInside = QThread::currentThread()->loopLevel();
                 cancel();
             });
-            ASSERT_EQ(1, createProfilebyUser(name));
+            ASSERT_EQ(createProfilebyUser(name), 1);
             settle();
         }
     };
@@ -290,65 +295,69 @@ const char* const question = "Data Connection|Internet connection not found.";
 TEST_F(NotFound, ReturnOpensTheWizard)
 {
     name = "kept";
-    EXPECT_EQ(1, run(getProfileIfNoFound, {[] {
-                                               EXPECT_EQ(question, popupText());
-                                               press(Qt::Key_Return);
-                                           },
-                                           [] {},
-                                           [] {
-                                               EXPECT_EQ("Connection Setup",
-                                                         titleOf(wizardPage(1)));
-                                               EXPECT_EQ(1, dialogs(false));
-                                               EXPECT_EQ(0, dialogs(true));
-                                               cancel();
-                                           }}));
-    EXPECT_EQ("kept", name.toStdString());
+    EXPECT_EQ(run(getProfileIfNoFound, {[] {
+                                            EXPECT_EQ(question, popupText());
+                                            press(Qt::Key_Return);
+                                        },
+                                        [] {},
+                                        [] {
+                                            EXPECT_EQ(titleOf(wizardPage(1)), "Connection Setup");
+                                            EXPECT_EQ(dialogs(false), 1);
+                                            EXPECT_EQ(dialogs(true), 0);
+                                            cancel();
+                                        }}),
+              1);
+    EXPECT_EQ(name.toStdString(), "kept");
 }
 
 TEST_F(NotFound, AStoredProfileComesBackWithItsName)
 {
-    EXPECT_EQ(0, run(getProfileIfNoFound, {[] { press(Qt::Key_Return); }, [] {},
-                                           [] {
-                                               walkTo(wizardPage(1), "GPRS APN:");
-                                               type("a");
-                                           },
-                                           opening(save), dismiss}));
-    EXPECT_EQ("Profile1", name.toStdString());
+    EXPECT_EQ(run(getProfileIfNoFound, {[] { press(Qt::Key_Return); }, [] {},
+                                        [] {
+                                            walkTo(wizardPage(1), "GPRS APN:");
+                                            type("a");
+                                        },
+                                        opening(save), dismiss}),
+              0);
+    EXPECT_EQ(name.toStdString(), "Profile1");
 }
 
 TEST_F(NotFound, CancelGivesOne)
 {
-    EXPECT_EQ(1, run(getProfileIfNoFound, {[] { press(Qt::Key_Escape); }}));
+    EXPECT_EQ(run(getProfileIfNoFound, {[] { press(Qt::Key_Escape); }}), 1);
     EXPECT_EQ(Calls(), take());
 }
 
 TEST_F(NotFound, TheSecondRowLetsTheUserChoose)
 {
-    EXPECT_EQ(0, run(getProfileIfNoFound, {[] {
-                                               press(Qt::Key_Down);
-                                               press(Qt::Key_Return);
-                                           },
-                                           [] {}, [] { press(Qt::Key_Return); }}));
-    EXPECT_EQ("Old", name.toStdString());
-    EXPECT_EQ(0, wizardPageCount());
+    EXPECT_EQ(run(getProfileIfNoFound, {[] {
+                                            press(Qt::Key_Down);
+                                            press(Qt::Key_Return);
+                                        },
+                                        [] {}, [] { press(Qt::Key_Return); }}),
+              0);
+    EXPECT_EQ(name.toStdString(), "Old");
+    EXPECT_EQ(wizardPageCount(), 0);
 }
 
 TEST_F(NotFound, ACancelledChoiceIsHandedBack)
 {
-    EXPECT_EQ(-100, run(getProfileIfNoFound, {[] {
-                                                  press(Qt::Key_Down);
-                                                  press(Qt::Key_Return);
-                                              },
-                                              [] {}, [] { press(Qt::Key_Escape); }}));
+    EXPECT_EQ(run(getProfileIfNoFound, {[] {
+                                            press(Qt::Key_Down);
+                                            press(Qt::Key_Return);
+                                        },
+                                        [] {}, [] { press(Qt::Key_Escape); }}),
+              -100);
 }
 
 TEST_F(NotFound, WithoutProfilesTheChoiceFailsWithoutADialog)
 {
     napi.profiles.clear();
-    EXPECT_EQ(-100, run(getProfileIfNoFound, {[] {
-                            press(Qt::Key_Down);
-                            press(Qt::Key_Return);
-                        }}));
+    EXPECT_EQ(run(getProfileIfNoFound, {[] {
+                      press(Qt::Key_Down);
+                      press(Qt::Key_Return);
+                  }}),
+              -100);
     EXPECT_EQ(Calls{"log: No profile exists.\n"}, take());
 }
 

@@ -107,7 +107,7 @@ TEST_P(SwitchedOff, TakesNoText)
                       type("7");
                       press(Qt::Key_Backspace);
                       EXPECT_EQ(before, rowsOf(page()));
-                      EXPECT_EQ("Cancel", rightKeyOf(page()));
+                      EXPECT_EQ(rightKeyOf(page()), "Cancel");
                   },
                   cancel});
 }
@@ -139,7 +139,7 @@ TEST_P(SwitchedOn, AChoiceOpensItsList)
     setDefaultPreference("0");
     create({[] { walkTo(wizardPage(1), "GPRS Timeout:"); }, opening([] { press(key()); }),
             [] {
-                EXPECT_EQ("GPRS Timeout:|", popupText());
+                EXPECT_EQ(popupText(), "GPRS Timeout:|");
                 press(Qt::Key_Escape);
             },
             cancel});

@@ -18,7 +18,7 @@ std::string stored(const QString& text, size_t width)
 {
     std::string field(width + 1, '#');
     wizard::storeText(text, field.data(), width);
-    EXPECT_EQ('#', field[width]) << "written past the field";
+    EXPECT_EQ(field[width], '#') << "written past the field";
     return field.substr(0, width);
 }
 
@@ -29,23 +29,23 @@ std::string shown(const std::string& field)
 
 TEST_F(FieldText, OfAFieldWithANulEndsThere)
 {
-    EXPECT_EQ("abc", shown(std::string("abc\0def", 7)));
-    EXPECT_EQ("", shown(std::string("\0abcdef", 7)));
+    EXPECT_EQ(shown(std::string("abc\0def", 7)), "abc");
+    EXPECT_EQ(shown(std::string("\0abcdef", 7)), "");
 }
 
 TEST_F(FieldText, OfAFullFieldIsReadWithinTheField)
 {
     const char memory[] = {'f', 'u', 'l', 'l', 'n', 'e', 'x', 't', '\0'};
-    EXPECT_EQ("full", support::utf8(wizard::textOfField(memory, 4)));
+    EXPECT_EQ(support::utf8(wizard::textOfField(memory, 4)), "full");
 }
 
 TEST_F(FieldText, ShowsEachByteThatIsNoUtf8)
 {
-    EXPECT_EQ("a\xEF\xBF\xBD"
-              "b",
-              shown(std::string("a\xFF"
+    EXPECT_EQ(shown(std::string("a\xFF"
                                 "b\0",
-                                4)));
+                                4)),
+              "a\xEF\xBF\xBD"
+              "b");
 }
 
 TEST_F(FieldText, IsStoredWithNulsBehindIt)
@@ -57,15 +57,15 @@ TEST_F(FieldText, IsStoredWithNulsBehindIt)
 
 TEST_F(FieldText, FillsTheFieldWithoutANul)
 {
-    EXPECT_EQ("abcdefg", stored("abcdefg", 7));
+    EXPECT_EQ(stored("abcdefg", 7), "abcdefg");
 }
 
 TEST_F(FieldText, IsCutAtTheEndOfTheFieldByBytes)
 {
-    EXPECT_EQ("abcdefg", stored("abcdefgh", 7));
+    EXPECT_EQ(stored("abcdefgh", 7), "abcdefg");
     // Three euro signs are nine bytes; the third is cut in two.
-    EXPECT_EQ("\xE2\x82\xAC\xE2\x82\xAC\xE2",
-              stored(support::fromUtf8("\xE2\x82\xAC\xE2\x82\xAC\xE2\x82\xAC"), 7));
+    EXPECT_EQ(stored(support::fromUtf8("\xE2\x82\xAC\xE2\x82\xAC\xE2\x82\xAC"), 7),
+              "\xE2\x82\xAC\xE2\x82\xAC\xE2");
 }
 
 TEST_F(FieldText, EndsAtANulOfItsOwn)

@@ -40,63 +40,65 @@ protected:
         ASSERT_TRUE(wizardPage(2)) << "the wizard is over";
         EXPECT_FALSE(wizardPage(2)->isVisible());
         EXPECT_EQ(wizardPage(1), activeLayer());
-        EXPECT_EQ("Profile Name:*", focusOf(wizardPage(1)));
-        EXPECT_EQ("Cancel", rightKeyOf(wizardPage(1)));
+        EXPECT_EQ(focusOf(wizardPage(1)), "Profile Name:*");
+        EXPECT_EQ(rightKeyOf(wizardPage(1)), "Cancel");
     }
 };
 
 TEST_F(Finger, OnTheRightKeyOfPageTwoGoesBack)
 {
-    EXPECT_EQ(1, edit("Old", {openPage2,
-                              [] {
-                                  ASSERT_EQ("Cancel", rightKeyOf(wizardPage(2)));
-                                  tapRightKey();
-                              },
-                              expectToBeBack, tapRightKey}));
+    EXPECT_EQ(edit("Old", {openPage2,
+                           [] {
+                               ASSERT_EQ(rightKeyOf(wizardPage(2)), "Cancel");
+                               tapRightKey();
+                           },
+                           expectToBeBack, tapRightKey}),
+              1);
     EXPECT_EQ((recorder::Calls{"valid Old", "read Old", "log: click the exibition button\n"}),
               take());
 }
 
 TEST_F(Finger, OnTheMenuOfPageTwoGoesBack)
 {
-    EXPECT_EQ(1, edit("Old", {openPage2, tapLeftKey,
-                              [] {
-                                  auto* menu = qobject_cast<YOptionsMenu*>(activeLayer());
-                                  ASSERT_TRUE(menu);
-                                  EXPECT_EQ(1, menu->count());
-                                  EXPECT_EQ("Cancel", menu->text(0).toStdString());
-                                  tap(QPoint(40, menu->y() + menu->height() - 50));
-                              },
-                              expectToBeBack, tapRightKey}));
+    EXPECT_EQ(edit("Old", {openPage2, tapLeftKey,
+                           [] {
+                               auto* menu = qobject_cast<YOptionsMenu*>(activeLayer());
+                               ASSERT_TRUE(menu);
+                               EXPECT_EQ(menu->count(), 1);
+                               EXPECT_EQ(menu->text(0).toStdString(), "Cancel");
+                               tap(QPoint(40, menu->y() + menu->height() - 50));
+                           },
+                           expectToBeBack, tapRightKey}),
+              1);
 }
 
 TEST_F(Finger, OnTheFirstRowOpensTheWizard)
 {
     name = "kept";
-    EXPECT_EQ(1, run(getProfileIfNoFound, {[] { tapItem(0); }, [] {},
-                                           [] {
-                                               ASSERT_TRUE(wizardPage(1));
-                                               EXPECT_EQ("Connection Setup",
-                                                         titleOf(wizardPage(1)));
-                                               tapRightKey();
-                                           }}));
-    EXPECT_EQ("kept", name.toStdString());
+    EXPECT_EQ(run(getProfileIfNoFound, {[] { tapItem(0); }, [] {},
+                                        [] {
+                                            ASSERT_TRUE(wizardPage(1));
+                                            EXPECT_EQ(titleOf(wizardPage(1)), "Connection Setup");
+                                            tapRightKey();
+                                        }}),
+              1);
+    EXPECT_EQ(name.toStdString(), "kept");
 }
 
 TEST_F(Finger, OnTheSecondRowLetsTheUserChoose)
 {
-    EXPECT_EQ(0, run(getProfileIfNoFound, {[] { tapItem(1); }, [] {}, [] { tapItem(0); }}));
-    EXPECT_EQ("Old", name.toStdString());
-    EXPECT_EQ(0, wizardPageCount());
+    EXPECT_EQ(run(getProfileIfNoFound, {[] { tapItem(1); }, [] {}, [] { tapItem(0); }}), 0);
+    EXPECT_EQ(name.toStdString(), "Old");
+    EXPECT_EQ(wizardPageCount(), 0);
 }
 
 TEST_F(Finger, OnCancelOfTheNotFoundDialogGivesOne)
 {
     name = "kept";
-    EXPECT_EQ(1, run(getProfileIfNoFound, {tapRightKey}));
-    EXPECT_EQ("kept", name.toStdString());
+    EXPECT_EQ(run(getProfileIfNoFound, {tapRightKey}), 1);
+    EXPECT_EQ(name.toStdString(), "kept");
     EXPECT_EQ(recorder::Calls(), take());
-    EXPECT_EQ(0, wizardPageCount());
+    EXPECT_EQ(wizardPageCount(), 0);
 }
 
 } // namespace

@@ -64,14 +64,14 @@ protected:
 TEST_F(FormCheck, PassesAGoodForm)
 {
     EXPECT_EQ(FormFault::None, check());
-    EXPECT_EQ("<New>", askedNames);
+    EXPECT_EQ(askedNames, "<New>");
 }
 
 TEST_F(FormCheck, ANameIsTrimmedBeforeItIsLookedUp)
 {
     setText(Text::ProfileName, "  Taken\t");
     EXPECT_EQ(FormFault::DuplicateName, check());
-    EXPECT_EQ("<Taken>", askedNames);
+    EXPECT_EQ(askedNames, "<Taken>");
     EXPECT_EQ(QString("Taken"), wizard::profileNameOf(form));
 }
 
@@ -95,7 +95,7 @@ TEST_F(FormCheck, AnUnchangedNameOfAnEditedProfileIsNotLookedUp)
     edit("Old");
     setText(Text::ProfileName, " Old ");
     EXPECT_EQ(FormFault::None, check());
-    EXPECT_EQ("", askedNames);
+    EXPECT_EQ(askedNames, "");
 }
 
 TEST_F(FormCheck, AnEditedProfileMayNotTakeAnotherOnesName)
@@ -110,7 +110,7 @@ TEST_F(FormCheck, AnEditedProfileMayTakeAFreeName)
     edit("Old");
     setText(Text::ProfileName, "old");
     EXPECT_EQ(FormFault::None, check());
-    EXPECT_EQ("<old>", askedNames);
+    EXPECT_EQ(askedNames, "<old>");
 }
 
 TEST_F(FormCheck, ACopyMayNotTakeTheNameOfItsSource)
@@ -125,7 +125,7 @@ TEST_F(FormCheck, ANameOfBlanksIsMissingAndIsLookedUpFirst)
         askedNames.clear();
         setText(Text::ProfileName, name);
         EXPECT_EQ(FormFault::NameMissing, check()) << name;
-        EXPECT_EQ("<>", askedNames);
+        EXPECT_EQ(askedNames, "<>");
     }
 }
 

@@ -22,7 +22,7 @@ class Gone : public Wizard
 protected:
     void TearDown() override
     {
-        EXPECT_EQ(0, wizardPageCount());
+        EXPECT_EQ(wizardPageCount(), 0);
         Wizard::TearDown();
     }
 
@@ -54,8 +54,9 @@ TEST_F(Gone, Page1DeletedLaterEndsTheWizardAsClosed)
 
 TEST_F(Gone, Page2HiddenAsAnyWidgetLeavesPage1)
 {
-    EXPECT_EQ(1, create({page2(), [] { wizardPage(2)->QWidget::hide(); },
-                         [] { EXPECT_TRUE(wizardPage(1)->isVisible()); }, cancel}));
+    EXPECT_EQ(create({page2(), [] { wizardPage(2)->QWidget::hide(); },
+                      [] { EXPECT_TRUE(wizardPage(1)->isVisible()); }, cancel}),
+              1);
 }
 
 TEST_F(Gone, Page2DeletedEndsTheWizardAsClosed)
@@ -135,12 +136,13 @@ TEST_F(ScreenInAWindow, ClosedWhileAFaultIsReadEndsTheWizardAsClosed)
 
 TEST_F(ScreenInAWindow, IconifiedLeavesTheWizard)
 {
-    EXPECT_EQ(1, create({[this] {
-                             QHideEvent event;
-                             QSpontaneKeyEvent::setSpontaneous(&event);
-                             qApp->notify(wizardPage(1), &event);
-                         },
-                         cancel}));
+    EXPECT_EQ(create({[this] {
+                          QHideEvent event;
+                          QSpontaneKeyEvent::setSpontaneous(&event);
+                          qApp->notify(wizardPage(1), &event);
+                      },
+                      cancel}),
+              1);
 }
 
 TEST_F(ScreenInAWindow, DeletedEndsTheWizardAsClosed)

@@ -43,7 +43,7 @@ protected:
     void store(const char* profile, const RecordBytes& bytes)
     {
         const NetworkProfile record = bytes.record();
-        ASSERT_EQ(0, NAPI_CreateProfile(profile, &record, 0, 0));
+        ASSERT_EQ(NAPI_CreateProfile(profile, &record, 0, 0), 0);
     }
 
     QString folder(const char* profile) const
@@ -86,19 +86,20 @@ TEST_F(WizardOnTheHost, NotFoundCreatedAndConnected)
 {
     store("Profile1", RecordBytes());
     store("Profile2", RecordBytes());
-    EXPECT_EQ(0, run(getProfileIfNoFound,
-                     {[] { press(Qt::Key_Return); }, [] {},
-                      [] {
-                          EXPECT_EQ("Profile3",
-                                    editOf(wizardPage(1), "Profile Name:*")->text().toStdString());
-                      },
-                      typing("GPRS APN:", "internet"), opening(save),
-                      [] {
-                          EXPECT_EQ("|You have successfully saved the profile named: Profile3.",
-                                    popupText());
-                          dismiss();
-                      }}));
-    EXPECT_EQ("Profile3", name.toStdString());
+    EXPECT_EQ(run(getProfileIfNoFound,
+                  {[] { press(Qt::Key_Return); }, [] {},
+                   [] {
+                       EXPECT_EQ(editOf(wizardPage(1), "Profile Name:*")->text().toStdString(),
+                                 "Profile3");
+                   },
+                   typing("GPRS APN:", "internet"), opening(save),
+                   [] {
+                       EXPECT_EQ(popupText(),
+                                 "|You have successfully saved the profile named: Profile3.");
+                       dismiss();
+                   }}),
+              0);
+    EXPECT_EQ(name.toStdString(), "Profile3");
     // Mark 1, cellular only, the access point, and nothing else.
     std::string expected(1168, '\0');
     expected[1] = 1;
@@ -109,10 +110,10 @@ TEST_F(WizardOnTheHost, NotFoundCreatedAndConnected)
     YDataSessionManager manager;
     SignalLog log(manager);
     ASSERT_GE(manager.init(false), 0);
-    ASSERT_EQ(0, manager.openLink(name));
+    ASSERT_EQ(manager.openLink(name), 0);
     EXPECT_TRUE(waitFor([&log] { return !log.isEmpty(); }));
-    EXPECT_EQ("connected(0)", log.takeFirst());
-    EXPECT_EQ(0, manager.closeLink(0));
+    EXPECT_EQ(log.takeFirst(), "connected(0)");
+    EXPECT_EQ(manager.closeLink(0), 0);
 }
 
 TEST_F(WizardOnTheHost, AnEditedAndRenamedProfileIsStoredByteByByte)
@@ -124,11 +125,12 @@ TEST_F(WizardOnTheHost, AnEditedAndRenamedProfileIsStoredByteByByte)
     bytes.text(8, "old.example").half(320, 60).byte(380, 0);
     store("Old", bytes);
     name = "Old";
-    EXPECT_EQ(0, run(editProfilebyUser,
-                     {typing("Profile Name:*", "New"), typing("GPRS APN:", "new.example"),
-                      typing("GPRS DNS 1:", "192.168.0.1"), typing("GPRS DNS 2:", ""),
-                      typing("Port 1:", "65535"), opening(save), dismiss}));
-    EXPECT_EQ("Old", name.toStdString());
+    EXPECT_EQ(
+        run(editProfilebyUser, {typing("Profile Name:*", "New"), typing("GPRS APN:", "new.example"),
+                                typing("GPRS DNS 1:", "192.168.0.1"), typing("GPRS DNS 2:", ""),
+                                typing("Port 1:", "65535"), opening(save), dismiss}),
+        0);
+    EXPECT_EQ(name.toStdString(), "Old");
     EXPECT_FALSE(QFileInfo(folder("Old")).exists());
     bytes.byte(1, 1).byte(5, (bytes.read(5, 1) & 0xF0) | 4).text(8, "new.example");
     bytes.word(312, 0xC0A80001).word(316, 0).half(860, 65535);
@@ -138,7 +140,7 @@ TEST_F(WizardOnTheHost, AnEditedAndRenamedProfileIsStoredByteByByte)
 // Has another process do something with the profiles.
 void elsewhere(const QStringList& command)
 {
-    ASSERT_EQ(0, QProcess::execute(VORNCTL, command));
+    ASSERT_EQ(QProcess::execute(VORNCTL, command), 0);
 }
 
 struct DeletedRow
@@ -174,7 +176,7 @@ TEST_P(Deleted, MeanwhileByAnotherProcessStaysDeleted)
     if (row.result == 0)
         steps = {steps, dismiss};
     EXPECT_EQ(row.result, run(row.entry, steps));
-    EXPECT_EQ("Old", name.toStdString());
+    EXPECT_EQ(name.toStdString(), "Old");
     std::string left;
     for (const QString& folder :
          QDir(folder("")).entryList(QDir::AllEntries | QDir::NoDotAndDotDot))
@@ -196,39 +198,43 @@ INSTANTIATE_TEST_SUITE_P(Table, Deleted, testing::ValuesIn(deletions),
 
 TEST_F(WizardOnTheHost, ANameThatAnotherProcessTakesMeanwhileIsToldAsDuplicate)
 {
-    EXPECT_EQ(0, run(createProfilebyUser,
-                     {[] {
-                          elsewhere({"profile", "create", "Profile1"});
-                      },
-                      typing("GPRS APN:", "a"), opening(save),
-                      [] {
-                          EXPECT_EQ(0u, popupText().find("Duplicate Profile|")) << popupText();
-                          dismiss();
-                      },
-                      typing("Profile Name:*", "Mine"), opening(save), dismiss}));
-    EXPECT_EQ("Mine", name.toStdString());
+    EXPECT_EQ(run(createProfilebyUser, {[] {
+                                            elsewhere({"profile", "create", "Profile1"});
+                                        },
+                                        typing("GPRS APN:", "a"), opening(save),
+                                        [] {
+                                            EXPECT_EQ(popupText().find("Duplicate Profile|"), 0u)
+                                                << popupText();
+                                            dismiss();
+                                        },
+                                        typing("Profile Name:*", "Mine"), opening(save), dismiss}),
+              0);
+    EXPECT_EQ(name.toStdString(), "Mine");
 }
 
 TEST_F(WizardOnTheHost, AFullStoreIsToldAndNothingIsStored)
 {
     write("etc/network.json", "{\"maxProfiles\": 1}");
     store("Only", RecordBytes());
-    EXPECT_EQ(2, run(createProfilebyUser, {typing("GPRS APN:", "a"), opening(save), [] {
-                                               EXPECT_EQ(0u, popupText().find("Memory Full|"));
-                                               dismiss();
-                                           }}));
+    EXPECT_EQ(run(createProfilebyUser, {typing("GPRS APN:", "a"), opening(save),
+                                        [] {
+                                            EXPECT_EQ(popupText().find("Memory Full|"), 0u);
+                                            dismiss();
+                                        }}),
+              2);
     unsigned int count = 0;
-    EXPECT_EQ(0, NAPI_ListAllProfile(nullptr, &count));
-    EXPECT_EQ(1u, count);
+    EXPECT_EQ(NAPI_ListAllProfile(nullptr, &count), 0);
+    EXPECT_EQ(count, 1u);
 }
 
 TEST_F(WizardOnTheHost, TwentyWideCharactersAreAName)
 {
     const QString wide(20, QChar(0x4E2D));
-    EXPECT_EQ(0, run(createProfilebyUser, {[&wide] { retype(wide + wide); },
-                                           typing("GPRS APN:", "a"), opening(save), dismiss}));
+    EXPECT_EQ(run(createProfilebyUser, {[&wide] { retype(wide + wide); }, typing("GPRS APN:", "a"),
+                                        opening(save), dismiss}),
+              0);
     EXPECT_EQ(wide.toStdString(), name.toStdString());
-    EXPECT_EQ(0, NAPI_IsProfileValid(wide.toUtf8()));
+    EXPECT_EQ(NAPI_IsProfileValid(wide.toUtf8()), 0);
 }
 
 TEST_F(WizardOnTheHost, ANameBeyondTheBasicPlaneIsCutToTwentyUnits)
@@ -236,11 +242,12 @@ TEST_F(WizardOnTheHost, ANameBeyondTheBasicPlaneIsCutToTwentyUnits)
     QString emoji;
     for (int i = 0; i < 20; ++i)
         emoji += QString::fromUtf8("\xF0\x9F\x98\x80");
-    EXPECT_EQ(0, run(createProfilebyUser,
-                     {[&emoji] { editOf(wizardPage(1), "Profile Name:*")->setText(emoji); },
-                      typing("GPRS APN:", "a"), opening(save), dismiss}));
+    EXPECT_EQ(run(createProfilebyUser,
+                  {[&emoji] { editOf(wizardPage(1), "Profile Name:*")->setText(emoji); },
+                   typing("GPRS APN:", "a"), opening(save), dismiss}),
+              0);
     EXPECT_EQ(emoji.left(20).toStdString(), name.toStdString());
-    EXPECT_EQ(0, NAPI_IsProfileValid(name.toUtf8()));
+    EXPECT_EQ(NAPI_IsProfileValid(name.toUtf8()), 0);
 }
 
 } // namespace

@@ -183,64 +183,64 @@ TEST_F(Ids, OfADuplicateName)
 {
     napi.profiles["Taken"] = NetworkProfile();
     EXPECT_EQ(
+        idsOfSaving(typing(nameLabel, "Taken")),
         "message \"HEADER_DUPLICATE_PROFILE=Duplicate Profile\" "
         "\"INSTRUCTIONALTXT_YOU_ALREADY_HAVE_A_PROFILE_NAMED_1_PLEASE_CHOOSE_ANOTHER_NAME=You "
-        "already have a Profile named: Taken. Please choose another name.\"\n",
-        idsOfSaving(typing(nameLabel, "Taken")));
+        "already have a Profile named: Taken. Please choose another name.\"\n");
 }
 
 TEST_F(Ids, OfAMissingName)
 {
     EXPECT_EQ(
+        idsOfSaving(typing(nameLabel, " ")),
         "message \"HEADER_REQUIRED_FIELDS=Required Fields\" "
         "\"INSTRUCTIONALTXT_PLEASE_COMPLETE_THE_REQUIRED_FIELDS_REQUIRED_FIELDS_ARE_INDICATED_"
         "WITH_A_ASTERISK=Please complete the required fields.Required fields are indicated "
-        "with a *.\"\n",
-        idsOfSaving(typing(nameLabel, " ")));
+        "with a *.\"\n");
 }
 
 TEST_F(Ids, OfANameWithADot)
 {
     EXPECT_EQ(
+        idsOfSaving(typing(nameLabel, ".x")),
         "message \"HEADER_INVALID_NAME=Invalid Name\" "
         "\"INSTRUCTIONALTXT_A_PROFILE_NAME_CANNOT_START_WITH=A Profile name cannot start with "
-        "\".\".\"\n",
-        idsOfSaving(typing(nameLabel, ".x")));
+        "\".\".\"\n");
 }
 
 TEST_F(Ids, OfAMissingAccessPoint)
 {
-    EXPECT_EQ("message \"HEADER_MISSING_REQUIRED_FIELD=Missing Required Field(s)\" "
+    EXPECT_EQ(idsOfSaving(typing("LABEL_FORMITEM_GPRS_APN_COLON=GPRS APN:", "")),
+              "message \"HEADER_MISSING_REQUIRED_FIELD=Missing Required Field(s)\" "
               "\"INSTRUCTIONALTXT_ENTER_A_GPRS_APN_OR_CSD_NUMBER=Please enter  a GPRS APN or CSD "
-              "number.\"\n",
-              idsOfSaving(typing("LABEL_FORMITEM_GPRS_APN_COLON=GPRS APN:", "")));
+              "number.\"\n");
 }
 
 TEST_F(Ids, OfAWrongAddress)
 {
-    EXPECT_EQ("message \"HEADER_INVALID_DNS=Invalid DNS\" "
+    EXPECT_EQ(idsOfSaving(typing("LABEL_FORMITEM_GPRS_DNS1_COLON=GPRS DNS 1:", "x")),
+              "message \"HEADER_INVALID_DNS=Invalid DNS\" "
               "\"INSTRUCTIONALTXT_WRONG_DNS_ONLY_IP=You've entered wrong DNS, only IP address is "
-              "accepted\"\n",
-              idsOfSaving(typing("LABEL_FORMITEM_GPRS_DNS1_COLON=GPRS DNS 1:", "x")));
+              "accepted\"\n");
 }
 
 TEST_F(Ids, OfTheSuccess)
 {
     EXPECT_EQ(
+        idsOfSaving([] {}),
         "notice \"\" \"INSTRUCTIONALTXT_YOU_HAVE_SUCCESSFULLY_SAVED_THE_PROFILE_NAMED=You have "
-        "successfully saved the profile named: Old.\"\n",
-        idsOfSaving([] {}));
+        "successfully saved the profile named: Old.\"\n");
 }
 
 TEST_F(Ids, OfAFullStore)
 {
     napi.modifyResult = -152;
     EXPECT_EQ(
+        idsOfSaving(typing("LABEL_FORMITEM_PROXY_1_COLON=Proxy 1:", "p")),
         "message \"HEADER_MEMORY_FULL=Memory Full\" "
         "\"INSTRUCTIONALTXT_THERE_IS_INSUFFICIENT_MEMORY_TO_CREATE_A_NEW_CONNECTION_DELETE_SOME_"
         "FILES=There is insufficient memory to create a new connection. You may delete some "
-        "files in order to add a new one.\"\n",
-        idsOfSaving(typing("LABEL_FORMITEM_PROXY_1_COLON=Proxy 1:", "p")));
+        "files in order to add a new one.\"\n");
 }
 
 TEST_F(Ids, OfARowThatIsSwitchedOff)
@@ -257,11 +257,11 @@ TEST_F(Ids, OfARowThatIsSwitchedOff)
                  },
                  cancel});
     EXPECT_EQ(
+        ids,
         "message \"COMBOBOX_WIFI_ONLY=WiFi Only\" "
         "\"INSTRUCTIONALTXT_YOUR_CONNECTION_PREFERENCE_IS_WIFI_ONLYNO_GPRS_OR_CSD_CONNECTION_IS_"
         "USED_FOR_THIS_PROFILE=Your connection preference is WiFi only.No GPRS or CSD "
-        "connection is used for this profile.\"\n",
-        ids);
+        "connection is used for this profile.\"\n");
 }
 
 TEST_F(Ids, OfAChange)
@@ -271,8 +271,8 @@ TEST_F(Ids, OfAChange)
             [page] { QMetaObject::invokeMethod(wizardPage(page), "slotContentChanged"); }));
     };
     create([&idsOfChange] {
-        EXPECT_EQ("key \"SOFTKEY_SAVE=Save\"\n", idsOfChange(1));
-        EXPECT_EQ("key \"SOFTKEY_SAVE=Save\"\n", idsOfChange(2));
+        EXPECT_EQ(idsOfChange(1), "key \"SOFTKEY_SAVE=Save\"\n");
+        EXPECT_EQ(idsOfChange(2), "key \"SOFTKEY_SAVE=Save\"\n");
         wizardPage(1)->hide();
     });
 }

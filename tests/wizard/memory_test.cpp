@@ -119,11 +119,11 @@ TEST_P(MemoryForOpening, RunsOutAtEachStepAndTheWizardIsClosed)
         const bool isOpened = !hasFailed || isLogged("Can not alloc memory for profile.\n");
         EXPECT_EQ(isOpened ? 1 : 2, result) << number;
         EXPECT_EQ(profile, name.toStdString());
-        EXPECT_EQ(0, wizardPageCount()) << number;
+        EXPECT_EQ(wizardPageCount(), 0) << number;
         return hasFailed;
     });
     EXPECT_GE(allocations, 40);
-    EXPECT_EQ(1u, napi.profiles.size());
+    EXPECT_EQ(napi.profiles.size(), 1u);
 }
 
 const EntryRow entries[] = {
@@ -169,7 +169,7 @@ TEST_F(Memory, ThatRunsOutWhileSavingIsLogged)
 {
     bool hasFailed = false;
     take();
-    EXPECT_EQ(2, saveWithout(0, createProfilebyUser, "Profile Name:*", otherName, &hasFailed));
+    EXPECT_EQ(saveWithout(0, createProfilebyUser, "Profile Name:*", otherName, &hasFailed), 2);
     EXPECT_TRUE(hasFailed);
     EXPECT_EQ(Calls{"log: NSETUP: can not get memory to save profile\nNetwork: Save profile data "
                     "error!\n"},
@@ -183,7 +183,7 @@ TEST_F(Memory, ThatRunsOutAtEachStepOfTheNotFoundFlowGivesAResult)
         bool hasFailed = false;
         const int result = openWithout(number, getProfileIfNoFound, &hasFailed);
         EXPECT_EQ(hasFailed ? -1 : 1, result) << number;
-        EXPECT_EQ("kept", name.toStdString());
+        EXPECT_EQ(name.toStdString(), "kept");
         return hasFailed;
     });
     EXPECT_GE(allocations, 2);

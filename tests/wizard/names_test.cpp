@@ -64,28 +64,29 @@ protected:
 TEST_F(Names, StoredWithBlanksAroundAreStrippedWithoutAnEdit)
 {
     store(" Old ");
-    EXPECT_EQ(0,
-              edit(" Old ",
-                   {[] {
-                        EXPECT_EQ(" Old ", titleOf(wizardPage(1)));
-                        EXPECT_EQ(" Old ",
-                                  editOf(wizardPage(1), "Profile Name:*")->text().toStdString());
-                    },
-                    touch, saveAndRead("|You have successfully saved the profile named: Old.")}));
+    EXPECT_EQ(
+        edit(" Old ", {[] {
+                           EXPECT_EQ(titleOf(wizardPage(1)), " Old ");
+                           EXPECT_EQ(editOf(wizardPage(1), "Profile Name:*")->text().toStdString(),
+                                     " Old ");
+                       },
+                       touch, saveAndRead("|You have successfully saved the profile named: Old.")}),
+        0);
     EXPECT_EQ((Calls{"valid  Old ", "read  Old ", "valid Old"}), take());
     EXPECT_FALSE(isFolder(" Old "));
     EXPECT_TRUE(isFolder("Old"));
-    EXPECT_EQ(" Old ", name.toStdString());
+    EXPECT_EQ(name.toStdString(), " Old ");
 }
 
 TEST_F(Names, StoredWithBlanksAroundAndChangedAreModifiedUnderTheStrippedName)
 {
     store(" Old ");
-    EXPECT_EQ(0, edit(" Old ", {[] {
-                                    walkTo(wizardPage(1), "Proxy 1:");
-                                    type("p");
-                                },
-                                opening(save), dismiss}));
+    EXPECT_EQ(edit(" Old ", {[] {
+                                 walkTo(wizardPage(1), "Proxy 1:");
+                                 type("p");
+                             },
+                             opening(save), dismiss}),
+              0);
     EXPECT_EQ((Calls{"valid  Old ", "read  Old ", "valid Old", "modify Old"}), take());
 }
 
@@ -94,10 +95,11 @@ TEST_F(Names, StoredWithBlanksAroundMeetTheOneWithout)
     store(" Old ");
     store("Old");
     EXPECT_EQ(
-        2, edit(" Old ", {touch,
-                          saveAndRead("Duplicate Profile|You already have a Profile named:  Old . "
-                                      "Please choose another name."),
-                          [] { wizardPage(1)->hide(); }}));
+        edit(" Old ", {touch,
+                       saveAndRead("Duplicate Profile|You already have a Profile named:  Old . "
+                                   "Please choose another name."),
+                       [] { wizardPage(1)->hide(); }}),
+        2);
     EXPECT_TRUE(isFolder(" Old "));
 }
 
@@ -112,19 +114,19 @@ TEST_F(Names, CutInsideALetterEndWithAQuestionMark)
     const auto fill = [&typed] {
         editOf(wizardPage(1), "GPRS APN:")->setText("a");
         editOf(wizardPage(1), "Profile Name:*")->setText(typed);
-        EXPECT_EQ(20, editOf(wizardPage(1), "Profile Name:*")->text().length());
+        EXPECT_EQ(editOf(wizardPage(1), "Profile Name:*")->text().length(), 20);
     };
-    EXPECT_EQ(0, create({fill, opening(save), dismiss}));
+    EXPECT_EQ(create({fill, opening(save), dismiss}), 0);
     EXPECT_EQ((Calls{"valid " + stored, "create " + stored}), take());
     EXPECT_EQ(typed.left(20), name);
-    EXPECT_EQ(0, NAPI_IsProfileValid(name.toUtf8()));
+    EXPECT_EQ(NAPI_IsProfileValid(name.toUtf8()), 0);
     take();
 
-    EXPECT_EQ(1,
-              create({fill,
+    EXPECT_EQ(create({fill,
                       saveAndRead("Duplicate Profile|You already have a Profile named: " +
                                   typed.left(20).toStdString() + ". Please choose another name."),
-                      [] { press(Qt::Key_F1); }, dismiss}))
+                      [] { press(Qt::Key_F1); }, dismiss}),
+              1)
         << "what it is stored as is taken now";
 }
 

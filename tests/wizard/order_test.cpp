@@ -99,7 +99,7 @@ TEST_F(Order, OfTheEndIsTheSameWhileThePageRuns)
     auto page = newPage();
     Calls calls;
     perform([&] { calls = interposed::callsOf([&page] { delete page.release(); }); });
-    EXPECT_EQ(2, page->run());
+    EXPECT_EQ(page->run(), 2);
     EXPECT_EQ(ending, calls);
 }
 
@@ -118,16 +118,16 @@ TEST_F(Order, OfASecondRunIsTheResultAtOnce)
     bool isOver = false;
     perform({[&] {
                  const Calls calls = interposed::callsOf([&] { second = page->run(); });
-                 EXPECT_EQ("show DataConnection_NewWiz1", calls.front());
-                 EXPECT_EQ(2, second);
+                 EXPECT_EQ(calls.front(), "show DataConnection_NewWiz1");
+                 EXPECT_EQ(second, 2);
                  EXPECT_FALSE(isOver);
                  EXPECT_TRUE(page->isVisible());
              },
              [&page] { page->slotGotoPrevious(); }});
     const int first = page->run();
     isOver = true;
-    EXPECT_EQ(1, first);
-    EXPECT_EQ(2, second);
+    EXPECT_EQ(first, 1);
+    EXPECT_EQ(second, 2);
 }
 
 TEST_F(Order, OfASecondRunBehindTheStoringIsItsResult)
@@ -136,12 +136,12 @@ TEST_F(Order, OfASecondRunBehindTheStoringIsItsResult)
     int second = -1;
     perform({opening([&page] { page->slotSaveProfile(); }),
              [&] {
-                 EXPECT_NE("", popupText());
+                 EXPECT_NE(popupText(), "");
                  second = page->run();
              },
              dismiss});
-    EXPECT_EQ(0, page->run());
-    EXPECT_EQ(0, second);
+    EXPECT_EQ(page->run(), 0);
+    EXPECT_EQ(second, 0);
 }
 
 } // namespace

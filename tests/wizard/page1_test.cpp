@@ -68,35 +68,35 @@ protected:
 
 TEST_F(Page1, OfANewProfileHasItsRowsInOrder)
 {
-    EXPECT_EQ(1, lookAt([] {
-                  EXPECT_EQ("Connection Setup", titleOf(page()));
-                  EXPECT_EQ("NSEditBox Profile Name:* \"Profile1\"\n"
-                            "NSComboBox Connection Preference:* \"WiFi, then Cellular\"\n"
-                            "YSeparator Cellular Connection Settings:\n"
-                            "NSEditBox Proxy 1: \"\"\n"
-                            "NSEditBox Port 1: \"\"\n"
-                            "NSEditBox Domain 1: \"\"\n"
-                            "NSEditBox GPRS APN: \"\"\n"
-                            "NSEditBox User Name: \"\"\n"
-                            "NSEditBox Password: \"\"\n"
-                            "NSEditBox GPRS DNS 1: \"\"\n"
-                            "NSEditBox GPRS DNS 2: \"\"\n"
-                            "NSComboBox Quality of service Policy: \"Data\"\n"
-                            "NSComboBox GPRS Timeout: \"Off\"\n"
-                            "NSPressButton Additional settings:\n",
-                            rows());
-                  EXPECT_EQ("Options", leftKeyOf(page()));
-                  EXPECT_EQ("Cancel", rightKeyOf(page()));
-                  EXPECT_EQ("Profile Name:*", focusOf(page()));
-              }));
+    EXPECT_EQ(lookAt([] {
+                  EXPECT_EQ(titleOf(page()), "Connection Setup");
+                  EXPECT_EQ(rows(), "NSEditBox Profile Name:* \"Profile1\"\n"
+                                    "NSComboBox Connection Preference:* \"WiFi, then Cellular\"\n"
+                                    "YSeparator Cellular Connection Settings:\n"
+                                    "NSEditBox Proxy 1: \"\"\n"
+                                    "NSEditBox Port 1: \"\"\n"
+                                    "NSEditBox Domain 1: \"\"\n"
+                                    "NSEditBox GPRS APN: \"\"\n"
+                                    "NSEditBox User Name: \"\"\n"
+                                    "NSEditBox Password: \"\"\n"
+                                    "NSEditBox GPRS DNS 1: \"\"\n"
+                                    "NSEditBox GPRS DNS 2: \"\"\n"
+                                    "NSComboBox Quality of service Policy: \"Data\"\n"
+                                    "NSComboBox GPRS Timeout: \"Off\"\n"
+                                    "NSPressButton Additional settings:\n");
+                  EXPECT_EQ(leftKeyOf(page()), "Options");
+                  EXPECT_EQ(rightKeyOf(page()), "Cancel");
+                  EXPECT_EQ(focusOf(page()), "Profile Name:*");
+              }),
+              1);
 }
 
 TEST_F(Page1, WithoutTheWifiFeatureHasNoPreferenceAndAsksForNoDefault)
 {
     setWifi(false);
     lookAt([] {
-        EXPECT_EQ("NSEditBox Profile Name:* \"Profile1\"\nNSEditBox Proxy 1: \"\"\n",
-                  rows().substr(0, rows().find("NSEditBox Port 1:")));
+        EXPECT_EQ(rows().substr(0, rows().find("NSEditBox Port 1:")),
+                  "NSEditBox Profile Name:* \"Profile1\"\nNSEditBox Proxy 1: \"\"\n");
         EXPECT_EQ(Calls(), take());
     });
 }
@@ -104,20 +104,20 @@ TEST_F(Page1, WithoutTheWifiFeatureHasNoPreferenceAndAsksForNoDefault)
 TEST_F(Page1, OfANewProfileTakesTheNextDefaultName)
 {
     napi.profiles["Profile2"] = NetworkProfile();
-    lookAt([] { EXPECT_EQ("Profile3", editOf(page(), "Profile Name:*")->text().toStdString()); });
+    lookAt([] { EXPECT_EQ(editOf(page(), "Profile Name:*")->text().toStdString(), "Profile3"); });
 }
 
 TEST_F(Page1, OfANewProfileHasNoNameWhereTheStoredOnesCannotBeListed)
 {
     napi.listResult = NAPI_ERR_IO;
     create({[] {
-                EXPECT_EQ("", editOf(page(), "Profile Name:*")->text().toStdString());
+                EXPECT_EQ(editOf(page(), "Profile Name:*")->text().toStdString(), "");
                 walkTo(page(), "GPRS APN:");
                 type("a");
             },
             opening(save),
             [] {
-                EXPECT_EQ(0u, popupText().find("Required Fields|")) << popupText();
+                EXPECT_EQ(popupText().find("Required Fields|"), 0u) << popupText();
                 dismiss();
             },
             [] { page()->hide(); }});
@@ -127,9 +127,9 @@ TEST_F(Page1, OfACopyShowsTheSourceUnderADefaultName)
 {
     napi.profiles["Source"] = filledRecord(0x400);
     copy("Source", {[] {
-                        EXPECT_EQ("New Connection", titleOf(page()));
+                        EXPECT_EQ(titleOf(page()), "New Connection");
                         EXPECT_EQ(head("Profile1", "Cellular Only", "") + rowsOn, rows());
-                        EXPECT_EQ("Cancel", rightKeyOf(page()));
+                        EXPECT_EQ(rightKeyOf(page()), "Cancel");
                     },
                     cancel});
 }
@@ -138,10 +138,10 @@ TEST_F(Page1, OfAnEditedProfileShowsItUnderItsName)
 {
     napi.profiles["Old"] = filledRecord(0x200);
     edit("Old", {[] {
-                     EXPECT_EQ("Old", titleOf(page()));
+                     EXPECT_EQ(titleOf(page()), "Old");
                      EXPECT_EQ(head("Old", "WiFi, then Cellular", "") + rowsOn, rows());
-                     EXPECT_EQ("Cancel", rightKeyOf(page()));
-                     EXPECT_EQ("Profile Name:*", focusOf(page()));
+                     EXPECT_EQ(rightKeyOf(page()), "Cancel");
+                     EXPECT_EQ(focusOf(page()), "Profile Name:*");
                  },
                  cancel});
 }
@@ -157,7 +157,7 @@ TEST_F(Page1, OfAWifiOnlyProfileHasItsCellularRowsOff)
                  [] {
                      EXPECT_EQ(head("Old", "Cellular Only", "") + rowsOn, rows());
                      EXPECT_FALSE(editOf(page(), "GPRS APN:")->isReadOnly());
-                     EXPECT_EQ("Save", rightKeyOf(page()));
+                     EXPECT_EQ(rightKeyOf(page()), "Save");
                      page()->hide();
                  }});
 }
@@ -195,7 +195,7 @@ TEST_F(Page1, ChoosingWifiOnlySwitchesTheCellularRowsOffAndOnAgain)
     edit("Old", {chooseByKeys(1, "Connection Preference:*", 1),
                  [] {
                      EXPECT_EQ(head("Old", "WiFi Only", " off") + rowsOff, rows());
-                     EXPECT_EQ("Save", rightKeyOf(page()));
+                     EXPECT_EQ(rightKeyOf(page()), "Save");
                  },
                  chooseByKeys(1, "Connection Preference:*", 0),
                  [] {
@@ -211,7 +211,7 @@ TEST_F(Page1, ChoosingBetweenTheOtherPreferencesTouchesNoRow)
             chooseByKeys(1, "Connection Preference:*", 0),
             [] {
                 EXPECT_NE(std::string::npos, rows().find("Domain 1: \"\" off"));
-                EXPECT_EQ("Save", rightKeyOf(page()));
+                EXPECT_EQ(rightKeyOf(page()), "Save");
                 page()->hide();
             }});
 }
@@ -222,7 +222,7 @@ TEST_F(Page1, ADefaultPreferenceThatCannotBeReadIsLoggedAndIsWifiThenCellular)
         EXPECT_EQ(
             Calls{"log: Getting DM Tree Node FailedGet default connection preference faild\n"},
             take());
-        EXPECT_EQ(0, comboOf(page(), "Connection Preference:*")->currentItem());
+        EXPECT_EQ(comboOf(page(), "Connection Preference:*")->currentItem(), 0);
     });
 }
 
@@ -230,7 +230,7 @@ TEST_F(Page1, ADefaultPreferenceBeyondTheItemsLeavesTheFirst)
 {
     for (const char* value : {"3", "-1", "2147483647"}) {
         setDefaultPreference(value);
-        lookAt([] { EXPECT_EQ(0, comboOf(page(), "Connection Preference:*")->currentItem()); });
+        lookAt([] { EXPECT_EQ(comboOf(page(), "Connection Preference:*")->currentItem(), 0); });
     }
 }
 
@@ -239,7 +239,7 @@ TEST_F(Page1, ADefaultPreferenceBeyondTheItemsStandsForAnUnknownOneToo)
     setDefaultPreference("7");
     napi.profiles["Old"] = filledRecord(0x000);
     edit("Old", {[] {
-                     EXPECT_EQ(0, comboOf(page(), "Connection Preference:*")->currentItem());
+                     EXPECT_EQ(comboOf(page(), "Connection Preference:*")->currentItem(), 0);
                      EXPECT_TRUE(editOf(page(), "GPRS APN:")->isYEnabled());
                  },
                  cancel});
@@ -250,11 +250,12 @@ TEST_F(Page1, AProfileThatCannotBeReadIsLoggedAndTheWizardOpens)
     setDefaultPreference("0");
     napi.profiles["Old"] = filledRecord(0x400);
     napi.readResult = NAPI_ERR_DAMAGED;
-    EXPECT_EQ(1, edit("Old", {[] {
-                                  EXPECT_EQ("Old", titleOf(page()));
-                                  EXPECT_NE(std::string::npos, rows().find("GPRS APN: \"\"\n"));
-                              },
-                              cancel}));
+    EXPECT_EQ(edit("Old", {[] {
+                               EXPECT_EQ(titleOf(page()), "Old");
+                               EXPECT_NE(std::string::npos, rows().find("GPRS APN: \"\"\n"));
+                           },
+                           cancel}),
+              1);
     EXPECT_EQ(
         (Calls{"valid Old", "read Old", "log: Read profile error.\nLoad profile content failed\n"}),
         take());
@@ -290,21 +291,23 @@ protected:
 
 TEST_P(Menu, OffersToCancelByKeys)
 {
-    EXPECT_EQ(1, open({[] { press(Qt::Key_F1); },
-                       [] {
-                           ASSERT_TRUE(menu());
-                           EXPECT_EQ(1, menu()->count());
-                           press(Qt::Key_Return);
-                       }}));
+    EXPECT_EQ(open({[] { press(Qt::Key_F1); },
+                    [] {
+                        ASSERT_TRUE(menu());
+                        EXPECT_EQ(menu()->count(), 1);
+                        press(Qt::Key_Return);
+                    }}),
+              1);
 }
 
 TEST_P(Menu, OffersToCancelByFinger)
 {
-    EXPECT_EQ(1, open({[] { tap(QPoint(20, screen()->height() - 8)); },
-                       [] {
-                           ASSERT_TRUE(menu());
-                           tap(QPoint(40, menu()->y() + menu()->height() - 50));
-                       }}));
+    EXPECT_EQ(open({[] { tap(QPoint(20, screen()->height() - 8)); },
+                    [] {
+                        ASSERT_TRUE(menu());
+                        tap(QPoint(40, menu()->y() + menu()->height() - 50));
+                    }}),
+              1);
 }
 
 TEST_P(Menu, NamesWhatIsCancelled)
@@ -336,11 +339,11 @@ TEST_P(TextRow, TurnsTheRightKeyIntoSaveWhenTyped)
 {
     create({[] {
         walkTo(wizardPage(1), GetParam());
-        EXPECT_EQ("Cancel", rightKeyOf(wizardPage(1)));
+        EXPECT_EQ(rightKeyOf(wizardPage(1)), "Cancel");
         type("1");
-        EXPECT_EQ("Save", rightKeyOf(wizardPage(1)));
+        EXPECT_EQ(rightKeyOf(wizardPage(1)), "Save");
         type("2");
-        EXPECT_EQ("Save", rightKeyOf(wizardPage(1)));
+        EXPECT_EQ(rightKeyOf(wizardPage(1)), "Save");
         wizardPage(1)->hide();
     }});
 }
@@ -356,8 +359,8 @@ class ChoiceRow : public Wizard, public testing::WithParamInterface<const char*>
 TEST_P(ChoiceRow, TurnsTheRightKeyIntoSaveWhenChosen)
 {
     create({chooseByKeys(1, GetParam(), 1), [] {
-                EXPECT_EQ(1, comboOf(wizardPage(1), GetParam())->currentItem());
-                EXPECT_EQ("Save", rightKeyOf(wizardPage(1)));
+                EXPECT_EQ(comboOf(wizardPage(1), GetParam())->currentItem(), 1);
+                EXPECT_EQ(rightKeyOf(wizardPage(1)), "Save");
                 wizardPage(1)->hide();
             }});
 }
@@ -376,7 +379,7 @@ TEST_F(Page1, LimitsItsTexts)
         for (const auto& [label, limit] : limits)
             EXPECT_EQ(limit, editOf(page(), label)->maxLength()) << label;
         for (const char* label : {"Port 1:", "GPRS DNS 1:", "GPRS DNS 2:"})
-            EXPECT_EQ(32767, editOf(page(), label)->maxLength()) << label;
+            EXPECT_EQ(editOf(page(), label)->maxLength(), 32767) << label;
     });
 }
 
@@ -384,7 +387,7 @@ TEST_F(Page1, TakesTwentyCharactersOfANameAndNoMore)
 {
     create({[] {
         retype("12345678901234567890abc");
-        EXPECT_EQ("12345678901234567890", editOf(page(), "Profile Name:*")->text().toStdString());
+        EXPECT_EQ(editOf(page(), "Profile Name:*")->text().toStdString(), "12345678901234567890");
         page()->hide();
     }});
 }
@@ -410,8 +413,8 @@ TEST_F(Page1, HidesThePassword)
 {
     lookAt([] {
         EXPECT_EQ(QLineEdit::Password, editOf(page(), "Password:")->echoMode());
-        EXPECT_EQ(8, editOf(page(), "Password:")->getInputField()->inputMode());
-        EXPECT_EQ(6, editOf(page(), "Port 1:")->getInputField()->inputMode());
+        EXPECT_EQ(editOf(page(), "Password:")->getInputField()->inputMode(), 8);
+        EXPECT_EQ(editOf(page(), "Port 1:")->getInputField()->inputMode(), 6);
     });
 }
 
@@ -431,23 +434,21 @@ std::string slotsOf(const QObject* object)
 TEST_F(Page1, AndPage2DeclareTheirSlotsInOrder)
 {
     lookAt([] {
-        EXPECT_EQ("DataConnection_NewWiz1 : YKbMainWidget\n"
-                  "slotGotoPrevious()\n"
-                  "slotGoToNext()\n"
-                  "slotPreferencChanged(int)\n"
-                  "slotSaveProfile()\n"
-                  "slotContentChanged()",
-                  slotsOf(page()));
-        EXPECT_EQ("DataConnection_NewWiz2 : YKbMainWidget\n"
-                  "slotGotoPrevious()\n"
-                  "slotCancelSetup()\n"
-                  "slotContentChanged()\n"
-                  "slotLineSpeedChanged()\n"
-                  "slotSaveProfile()",
-                  slotsOf(wizardPage(2)));
-        EXPECT_EQ("NSEditBox : YLineEdit", slotsOf(editOf(page(), "Proxy 1:")));
-        EXPECT_EQ("NSComboBox : YComboBox", slotsOf(comboOf(page(), "GPRS Timeout:")));
-        EXPECT_EQ("NSPressButton : YPressButton", slotsOf(buttonOf(page())));
+        EXPECT_EQ(slotsOf(page()), "DataConnection_NewWiz1 : YKbMainWidget\n"
+                                   "slotGotoPrevious()\n"
+                                   "slotGoToNext()\n"
+                                   "slotPreferencChanged(int)\n"
+                                   "slotSaveProfile()\n"
+                                   "slotContentChanged()");
+        EXPECT_EQ(slotsOf(wizardPage(2)), "DataConnection_NewWiz2 : YKbMainWidget\n"
+                                          "slotGotoPrevious()\n"
+                                          "slotCancelSetup()\n"
+                                          "slotContentChanged()\n"
+                                          "slotLineSpeedChanged()\n"
+                                          "slotSaveProfile()");
+        EXPECT_EQ(slotsOf(editOf(page(), "Proxy 1:")), "NSEditBox : YLineEdit");
+        EXPECT_EQ(slotsOf(comboOf(page(), "GPRS Timeout:")), "NSComboBox : YComboBox");
+        EXPECT_EQ(slotsOf(buttonOf(page())), "NSPressButton : YPressButton");
     });
 }
 

@@ -55,26 +55,25 @@ TEST_F(Page2, IsHiddenUntilTheButtonIsPressed)
 TEST_F(Page2, HasItsRowsInOrder)
 {
     onPage2({[] {
-        EXPECT_EQ("Additional Settings", titleOf(page()));
-        EXPECT_EQ("NSEditBox Proxy 2: \"proxy.two\"\n"
-                  "NSEditBox Port 2: \"3128\"\n"
-                  "NSEditBox Domain 2: \"two.example\"\n"
-                  "NSEditBox CSD Number: \"+4912345\"\n"
-                  "NSEditBox User Name: \"bob\"\n"
-                  "NSEditBox Password: \"hidden\"\n"
-                  "YComboBox Speed(BPS): \"4800\"\n"
-                  "YComboBox Line Type: \"ISDN\"\n"
-                  "YComboBox CSD Timeout: \"30 min\"\n"
-                  "NSEditBox DNS 1: \"192.168.0.1\"\n"
-                  "NSEditBox DNS 2: \"\"\n",
-                  rowsOf(page()));
-        EXPECT_EQ("Options", leftKeyOf(page()));
+        EXPECT_EQ(titleOf(page()), "Additional Settings");
+        EXPECT_EQ(rowsOf(page()), "NSEditBox Proxy 2: \"proxy.two\"\n"
+                                  "NSEditBox Port 2: \"3128\"\n"
+                                  "NSEditBox Domain 2: \"two.example\"\n"
+                                  "NSEditBox CSD Number: \"+4912345\"\n"
+                                  "NSEditBox User Name: \"bob\"\n"
+                                  "NSEditBox Password: \"hidden\"\n"
+                                  "YComboBox Speed(BPS): \"4800\"\n"
+                                  "YComboBox Line Type: \"ISDN\"\n"
+                                  "YComboBox CSD Timeout: \"30 min\"\n"
+                                  "NSEditBox DNS 1: \"192.168.0.1\"\n"
+                                  "NSEditBox DNS 2: \"\"\n");
+        EXPECT_EQ(leftKeyOf(page()), "Options");
     }});
 }
 
 TEST_F(Page2, OpensWithCancelAlthoughItsRowsWereFilled)
 {
-    onPage2({[] { EXPECT_EQ("Cancel", rightKeyOf(page())); }});
+    onPage2({[] { EXPECT_EQ(rightKeyOf(page()), "Cancel"); }});
 }
 
 TEST_F(Page2, OpensByTheFinger)
@@ -92,18 +91,17 @@ TEST_F(Page2, OpensByTheFinger)
 TEST_F(Page2, OfANewProfileShowsTheDefaults)
 {
     create({openPage2, [] {
-                EXPECT_EQ("NSEditBox Proxy 2: \"\"\n"
-                          "NSEditBox Port 2: \"0\"\n"
-                          "NSEditBox Domain 2: \"\"\n"
-                          "NSEditBox CSD Number: \"\"\n"
-                          "NSEditBox User Name: \"\"\n"
-                          "NSEditBox Password: \"\"\n"
-                          "YComboBox Speed(BPS): \"Auto\"\n"
-                          "YComboBox Line Type: \"Modem\" off\n"
-                          "YComboBox CSD Timeout: \"Off\"\n"
-                          "NSEditBox DNS 1: \"\"\n"
-                          "NSEditBox DNS 2: \"\"\n",
-                          rowsOf(page()));
+                EXPECT_EQ(rowsOf(page()), "NSEditBox Proxy 2: \"\"\n"
+                                          "NSEditBox Port 2: \"0\"\n"
+                                          "NSEditBox Domain 2: \"\"\n"
+                                          "NSEditBox CSD Number: \"\"\n"
+                                          "NSEditBox User Name: \"\"\n"
+                                          "NSEditBox Password: \"\"\n"
+                                          "YComboBox Speed(BPS): \"Auto\"\n"
+                                          "YComboBox Line Type: \"Modem\" off\n"
+                                          "YComboBox CSD Timeout: \"Off\"\n"
+                                          "NSEditBox DNS 1: \"\"\n"
+                                          "NSEditBox DNS 2: \"\"\n");
                 wizardPage(1)->hide();
             }});
 }
@@ -117,9 +115,9 @@ TEST_F(Page2, LimitsItsTexts)
     onPage2({[&limits] {
         for (const auto& [label, limit] : limits)
             EXPECT_EQ(limit, editOf(page(), label)->maxLength()) << label;
-        EXPECT_EQ(6, editOf(page(), "Port 2:")->getInputField()->inputMode());
-        EXPECT_EQ(4, editOf(page(), "CSD Number:")->getInputField()->inputMode());
-        EXPECT_EQ(8, editOf(page(), "Password:")->getInputField()->inputMode());
+        EXPECT_EQ(editOf(page(), "Port 2:")->getInputField()->inputMode(), 6);
+        EXPECT_EQ(editOf(page(), "CSD Number:")->getInputField()->inputMode(), 4);
+        EXPECT_EQ(editOf(page(), "Password:")->getInputField()->inputMode(), 8);
         EXPECT_EQ(QLineEdit::Password, editOf(page(), "Password:")->echoMode());
     }});
 }
@@ -129,7 +127,7 @@ TEST_F(Page2, TakesPortsUpTo65535)
     onPage2({[] {
         walkTo(page(), "Port 2:");
         retype("65536");
-        EXPECT_EQ("6553", editOf(page(), "Port 2:")->text().toStdString());
+        EXPECT_EQ(editOf(page(), "Port 2:")->text().toStdString(), "6553");
     }});
 }
 
@@ -141,7 +139,7 @@ TEST_P(Page2Text, TurnsTheRightKeyIntoSaveWhenTyped)
     onPage2({[] {
         walkTo(page(), GetParam());
         retype("1");
-        EXPECT_EQ("Save", rightKeyOf(page()));
+        EXPECT_EQ(rightKeyOf(page()), "Save");
     }});
 }
 
@@ -155,8 +153,8 @@ class Page2Choice : public Page2, public testing::WithParamInterface<const char*
 TEST_P(Page2Choice, TurnsTheRightKeyIntoSaveWhenChosen)
 {
     onPage2({chooseByKeys(2, GetParam(), 0), [] {
-                 EXPECT_EQ(0, comboOf(page(), GetParam())->currentItem());
-                 EXPECT_EQ("Save", rightKeyOf(page()));
+                 EXPECT_EQ(comboOf(page(), GetParam())->currentItem(), 0);
+                 EXPECT_EQ(rightKeyOf(page()), "Save");
              }});
 }
 
@@ -183,8 +181,8 @@ TEST_F(Page2, CancelGoesBackToTheProfileName)
              [] {
                  EXPECT_FALSE(page()->isVisible());
                  EXPECT_EQ(wizardPage(1), activeLayer());
-                 EXPECT_EQ("Profile Name:*", focusOf(wizardPage(1)));
-                 EXPECT_EQ(0, formOf(wizardPage(1))->contentsY());
+                 EXPECT_EQ(focusOf(wizardPage(1)), "Profile Name:*");
+                 EXPECT_EQ(formOf(wizardPage(1))->contentsY(), 0);
              }});
     EXPECT_EQ((Calls{"valid Old", "read Old"}), [] {
         Calls calls = take();
@@ -209,25 +207,25 @@ TEST_F(Page2, IsFilledFromTheRecordAtEachVisit)
                  retype("typed");
                  walkTo(page(), "DNS 2:");
                  retype("9.9.9.9");
-                 EXPECT_EQ("Save", rightKeyOf(page()));
+                 EXPECT_EQ(rightKeyOf(page()), "Save");
                  press(Qt::Key_F1);
              },
              [] { press(Qt::Key_Return); },
              [] {
-                 EXPECT_EQ("typed", editOf(page(), "Proxy 2:")->text().toStdString());
+                 EXPECT_EQ(editOf(page(), "Proxy 2:")->text().toStdString(), "typed");
                  openPage2();
              },
              [] {
-                 EXPECT_EQ("proxy.two", editOf(page(), "Proxy 2:")->text().toStdString());
+                 EXPECT_EQ(editOf(page(), "Proxy 2:")->text().toStdString(), "proxy.two");
                  // The record has no second name server, so that nothing replaces what was typed.
-                 EXPECT_EQ("9.9.9.9", editOf(page(), "DNS 2:")->text().toStdString());
-                 EXPECT_EQ("Cancel", rightKeyOf(page()));
+                 EXPECT_EQ(editOf(page(), "DNS 2:")->text().toStdString(), "9.9.9.9");
+                 EXPECT_EQ(rightKeyOf(page()), "Cancel");
              }});
 }
 
 TEST_F(Page2, CancellingTheSetupEndsTheWizard)
 {
-    EXPECT_EQ(1, onPage2({[] { QMetaObject::invokeMethod(page(), "slotCancelSetup"); }}));
+    EXPECT_EQ(onPage2({[] { QMetaObject::invokeMethod(page(), "slotCancelSetup"); }}), 1);
 }
 
 } // namespace

@@ -288,29 +288,29 @@ TEST_F(Parts, AreSwitchedWithThePreference)
 TEST_F(Parts, OfPageTwoAreFilledBeforeItIsShown)
 {
     inEdited([] {
-        EXPECT_EQ("text CSD Number: \"+49123\"; text User Name: \"bob\"; text Password: "
+        EXPECT_EQ(callsOfSlot(1, "slotGoToNext"),
+                  "text CSD Number: \"+49123\"; text User Name: \"bob\"; text Password: "
                   "\"hidden\"; current Speed(BPS): 3; current Line Type: 1; current CSD Timeout: "
                   "4; text DNS 1: \"192.168.0.1\"; text DNS 2: \"192.168.0.2\"; text Proxy 2: "
                   "\"proxy.two\"; text Port 2: \"3128\"; text Domain 2: \"two.example\"; enable "
                   "Line Type: yes; key 1 \"Cancel\" 0; calls 1 DataConnection_NewWiz2 "
-                  "1slotGotoPrevious(); show DataConnection_NewWiz2; ",
-                  callsOfSlot(1, "slotGoToNext"));
-        EXPECT_EQ("enable Line Type: yes; key 1 \"Save\" 0; calls 1 DataConnection_NewWiz2 "
-                  "1slotSaveProfile(); ",
-                  callsOfSlot(2, "slotLineSpeedChanged"));
-        EXPECT_EQ("key 1 \"Save\" 0; calls 1 DataConnection_NewWiz2 1slotSaveProfile(); ",
-                  callsOfSlot(2, "slotContentChanged"));
-        EXPECT_EQ("focus Profile Name:*; y of Profile Name:*; scroll 0 to the row; show "
-                  "DataConnection_NewWiz1; hide DataConnection_NewWiz2; ",
-                  callsOfSlot(2, "slotGotoPrevious"));
+                  "1slotGotoPrevious(); show DataConnection_NewWiz2; ");
+        EXPECT_EQ(callsOfSlot(2, "slotLineSpeedChanged"),
+                  "enable Line Type: yes; key 1 \"Save\" 0; calls 1 DataConnection_NewWiz2 "
+                  "1slotSaveProfile(); ");
+        EXPECT_EQ(callsOfSlot(2, "slotContentChanged"),
+                  "key 1 \"Save\" 0; calls 1 DataConnection_NewWiz2 1slotSaveProfile(); ");
+        EXPECT_EQ(callsOfSlot(2, "slotGotoPrevious"),
+                  "focus Profile Name:*; y of Profile Name:*; scroll 0 to the row; show "
+                  "DataConnection_NewWiz1; hide DataConnection_NewWiz2; ");
     });
 }
 
 TEST_F(Parts, EndWithPageOneHidden)
 {
     inEdited(
-        [] { EXPECT_EQ("hide DataConnection_NewWiz1; ", callsOfSlot(1, "slotGotoPrevious")); });
-    inEdited([] { EXPECT_EQ("hide DataConnection_NewWiz1; ", callsOfSlot(2, "slotCancelSetup")); });
+        [] { EXPECT_EQ(callsOfSlot(1, "slotGotoPrevious"), "hide DataConnection_NewWiz1; "); });
+    inEdited([] { EXPECT_EQ(callsOfSlot(2, "slotCancelSetup"), "hide DataConnection_NewWiz1; "); });
 }
 
 std::string toRow(const char* label)
@@ -373,9 +373,9 @@ TEST_F(Parts, OfTheSuccessAreANoticeAndThePageHidden)
 {
     inEdited([] {
         toolkitcalls::answersPopups = true;
-        EXPECT_EQ("notice 0 \"\" \"You have successfully saved the profile named: Old.\" none none "
-                  "yes 0; exec; hide DataConnection_NewWiz1; ",
-                  callsOfSlot(1, "slotSaveProfile"));
+        EXPECT_EQ(callsOfSlot(1, "slotSaveProfile"),
+                  "notice 0 \"\" \"You have successfully saved the profile named: Old.\" none none "
+                  "yes 0; exec; hide DataConnection_NewWiz1; ");
     });
 }
 
@@ -386,10 +386,10 @@ TEST_F(Parts, OfAFullStoreAreAMessageAndThePageHidden)
         editOf(wizardPage(1), "Proxy 1:")->setText("p");
         toolkitcalls::answersPopups = true;
         EXPECT_EQ(
+            callsOfSlot(2, "slotSaveProfile"),
             "modify Old; message \"Memory Full\" \"There is insufficient memory to create a new "
             "connection. You may delete some files in order to add a new one.\" 2 0 none none "
-            "yes 0; exec; hide DataConnection_NewWiz1; ",
-            callsOfSlot(2, "slotSaveProfile"));
+            "yes 0; exec; hide DataConnection_NewWiz1; ");
     });
 }
 
@@ -398,7 +398,7 @@ TEST_F(Parts, OfAnotherRefusalAreThePageHiddenAlone)
     napi.modifyResult = -208;
     inEdited([] {
         editOf(wizardPage(1), "Proxy 1:")->setText("p");
-        EXPECT_EQ("modify Old; hide DataConnection_NewWiz1; ", callsOfSlot(1, "slotSaveProfile"));
+        EXPECT_EQ(callsOfSlot(1, "slotSaveProfile"), "modify Old; hide DataConnection_NewWiz1; ");
     });
 }
 

@@ -53,7 +53,7 @@ protected:
             EXPECT_EQ(shown, editOf(wizardPage(page), label)->text().toStdString());
         };
         const Steps open = page == 2 ? Steps(openPage2) : Steps([] {});
-        EXPECT_EQ(0, edit("Old", {open, fill, opening(Wizard::save), dismiss}));
+        EXPECT_EQ(edit("Old", {open, fill, opening(Wizard::save), dismiss}), 0);
     }
 
     static void typeIt() { type(GetParam().text); }

@@ -116,7 +116,7 @@ TEST_P(Flags, KeepEveryBitButTheFourOfThePreference)
     for (bool creating : {true, false}) {
         purpose.isCreating = creating;
         makeFolder("Old");
-        EXPECT_EQ(0, store(RecordBytes().word(4, row.before)));
+        EXPECT_EQ(store(RecordBytes().word(4, row.before)), 0);
         EXPECT_EQ(row.after, RecordBytes(napi.written).read(4, 4)) << creating;
         QDir(root.path()).removeRecursively();
     }
@@ -141,7 +141,7 @@ TEST_F(Store, OfANewProfileRemembersTheStrippedNameWhateverTheNetworkApiSays)
         storedName = "remembered";
         napi.createResult = result;
         EXPECT_EQ(result, store(RecordBytes()));
-        EXPECT_EQ("New", storedName.toStdString()) << result;
+        EXPECT_EQ(storedName.toStdString(), "New") << result;
     }
 }
 
@@ -153,8 +153,8 @@ TEST_F(Store, OfAChangeRemembersTheStrippedNameWhateverTheNetworkApiSays)
         storedName = "remembered";
         napi.modifyResult = result;
         EXPECT_EQ(result, store(RecordBytes()));
-        EXPECT_EQ("New", storedName.toStdString()) << result;
-        EXPECT_EQ("New/", folders());
+        EXPECT_EQ(storedName.toStdString(), "New") << result;
+        EXPECT_EQ(folders(), "New/");
         QDir(QString::fromStdString(path("New"))).removeRecursively();
     }
 }
@@ -162,8 +162,8 @@ TEST_F(Store, OfAChangeRemembersTheStrippedNameWhateverTheNetworkApiSays)
 TEST_F(Store, OfANewNameAloneRemembersIt)
 {
     purpose.isCreating = false;
-    EXPECT_EQ(0, store(RecordBytes().byte(1, 1).word(4, 0x400).text(8, "a")));
-    EXPECT_EQ("New", storedName.toStdString());
+    EXPECT_EQ(store(RecordBytes().byte(1, 1).word(4, 0x400).text(8, "a")), 0);
+    EXPECT_EQ(storedName.toStdString(), "New");
     EXPECT_EQ(Calls(), recorder::calls());
 }
 
@@ -171,8 +171,8 @@ TEST_F(Store, WhoseFolderCannotBeMovedRemembersTheOldName)
 {
     purpose.isCreating = false;
     purpose.storedName = "No such";
-    EXPECT_EQ(1, store(RecordBytes()));
-    EXPECT_EQ("remembered", storedName.toStdString());
+    EXPECT_EQ(store(RecordBytes()), 1);
+    EXPECT_EQ(storedName.toStdString(), "remembered");
     EXPECT_EQ(Calls{refusal("No such", "New")}, recorder::calls());
 }
 
@@ -182,11 +182,11 @@ TEST_F(Store, WithoutMemoryRemembersTheOldNameAndMovesNothing)
         purpose.isCreating = creating;
         recorder::calls().clear();
         heap::failMallocOf(1168);
-        EXPECT_EQ(1, store(RecordBytes()));
+        EXPECT_EQ(store(RecordBytes()), 1);
         heap::failMallocOf(0);
-        EXPECT_EQ("remembered", storedName.toStdString());
+        EXPECT_EQ(storedName.toStdString(), "remembered");
         EXPECT_EQ(Calls{"log: NSETUP: can not get memory to save profile\n"}, recorder::calls());
-        EXPECT_EQ("Old/", folders());
+        EXPECT_EQ(folders(), "Old/");
     }
 }
 
@@ -197,9 +197,9 @@ TEST_F(Store, OfAnUntouchedNameWithBlanksMovesTheFolderToTheStrippedName)
     purpose.isCreating = false;
     purpose.storedName = " Old ";
     form.setText(Text::ProfileName, " Old ");
-    EXPECT_EQ(0, store(RecordBytes().byte(1, 1).word(4, 0x400).text(8, "a")));
-    EXPECT_EQ("Old", storedName.toStdString());
-    EXPECT_EQ("Old/", folders());
+    EXPECT_EQ(store(RecordBytes().byte(1, 1).word(4, 0x400).text(8, "a")), 0);
+    EXPECT_EQ(storedName.toStdString(), "Old");
+    EXPECT_EQ(folders(), "Old/");
 }
 
 struct FolderRow
@@ -276,7 +276,7 @@ TEST_F(Folders, AreNotMovedOverOneThatHoldsSomething)
     makeFolder("New/inner");
     EXPECT_FALSE(wizard::renameProfileFolder("Old", "New"));
     EXPECT_EQ(Calls{refusal("Old", "New")}, recorder::calls());
-    EXPECT_EQ("New/Old/", folders());
+    EXPECT_EQ(folders(), "New/Old/");
 }
 
 } // namespace

@@ -194,9 +194,9 @@ TEST_F(RandomRecords, SavedFromPageOneChangeWhatItShowsAndNothingElse)
 {
     forEachRecord(false, [this](const RecordBytes& record) {
         napi.profiles["Old"] = record.record();
-        EXPECT_EQ(0,
-                  edit("Old", {[&record] { expectPage1(record); }, touch, opening(save), dismiss}));
-        EXPECT_EQ("the same", RecordBytes(napi.profiles["Old"]).difference(savedPage1(record)));
+        EXPECT_EQ(edit("Old", {[&record] { expectPage1(record); }, touch, opening(save), dismiss}),
+                  0);
+        EXPECT_EQ(RecordBytes(napi.profiles["Old"]).difference(savedPage1(record)), "the same");
     });
 }
 
@@ -204,15 +204,16 @@ TEST_F(RandomRecords, KeepPageTwoBitForBitWhereItWasSeenAndNotSaved)
 {
     forEachRecord(true, [this](const RecordBytes& record) {
         napi.profiles["Old"] = record.record();
-        EXPECT_EQ(0, edit("Old", {openPage2,
-                                  [&record] {
-                                      expectPage2(record);
-                                      walkTo(wizardPage(2), "Proxy 2:");
-                                      retype("typed");
-                                      press(Qt::Key_F1);
-                                  },
-                                  dismiss, touch, opening(save), dismiss}));
-        EXPECT_EQ("the same", RecordBytes(napi.profiles["Old"]).difference(savedPage1(record)));
+        EXPECT_EQ(edit("Old", {openPage2,
+                               [&record] {
+                                   expectPage2(record);
+                                   walkTo(wizardPage(2), "Proxy 2:");
+                                   retype("typed");
+                                   press(Qt::Key_F1);
+                               },
+                               dismiss, touch, opening(save), dismiss}),
+                  0);
+        EXPECT_EQ(RecordBytes(napi.profiles["Old"]).difference(savedPage1(record)), "the same");
     });
 }
 
@@ -220,9 +221,9 @@ TEST_F(RandomRecords, SavedFromPageTwoChangeWhatBothShowAndNothingElse)
 {
     forEachRecord(true, [this](const RecordBytes& record) {
         napi.profiles["Old"] = record.record();
-        EXPECT_EQ(0, edit("Old", {openPage2, touchPage2, opening(save), dismiss}));
-        EXPECT_EQ("the same",
-                  RecordBytes(napi.profiles["Old"]).difference(savedPage2(savedPage1(record))));
+        EXPECT_EQ(edit("Old", {openPage2, touchPage2, opening(save), dismiss}), 0);
+        EXPECT_EQ(RecordBytes(napi.profiles["Old"]).difference(savedPage2(savedPage1(record))),
+                  "the same");
     });
 }
 
@@ -230,10 +231,10 @@ TEST_F(RandomRecords, AreCopiedAsTheyAreSaved)
 {
     forEachRecord(false, [this](const RecordBytes& record) {
         napi.profiles = {{"Source", record.record()}};
-        EXPECT_EQ(0, copy("Source", {touch, opening(save), dismiss}));
-        EXPECT_EQ("the same",
-                  RecordBytes(napi.profiles["Profile1"]).difference(savedPage1(record)));
-        EXPECT_EQ("the same", RecordBytes(napi.profiles["Source"]).difference(record));
+        EXPECT_EQ(copy("Source", {touch, opening(save), dismiss}), 0);
+        EXPECT_EQ(RecordBytes(napi.profiles["Profile1"]).difference(savedPage1(record)),
+                  "the same");
+        EXPECT_EQ(RecordBytes(napi.profiles["Source"]).difference(record), "the same");
     });
 }
 

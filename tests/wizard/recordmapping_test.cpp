@@ -43,37 +43,37 @@ protected:
 TEST_F(Mapping, FillsPageOneAndTheNumberToDial)
 {
     wizard::fillPage1(filledRecord().record(), form);
-    EXPECT_EQ("internet", text(Text::GprsApn));
-    EXPECT_EQ("ann", text(Text::GprsUserName));
-    EXPECT_EQ("secret", text(Text::GprsPassword));
-    EXPECT_EQ("10.1.2.3", text(Text::GprsDns1));
-    EXPECT_EQ("10.1.2.4", text(Text::GprsDns2));
-    EXPECT_EQ(3, form.choice(Choice::GprsTimeout));
-    EXPECT_EQ(1, form.choice(Choice::QosPolicy));
-    EXPECT_EQ("proxy.one", text(Text::Proxy1));
-    EXPECT_EQ("8080", text(Text::Port1));
-    EXPECT_EQ("one.example", text(Text::Domain1));
-    EXPECT_EQ("+4912345", text(Text::CsdNumber));
-    EXPECT_EQ("", text(Text::CsdUserName));
-    EXPECT_EQ("", text(Text::ProfileName));
+    EXPECT_EQ(text(Text::GprsApn), "internet");
+    EXPECT_EQ(text(Text::GprsUserName), "ann");
+    EXPECT_EQ(text(Text::GprsPassword), "secret");
+    EXPECT_EQ(text(Text::GprsDns1), "10.1.2.3");
+    EXPECT_EQ(text(Text::GprsDns2), "10.1.2.4");
+    EXPECT_EQ(form.choice(Choice::GprsTimeout), 3);
+    EXPECT_EQ(form.choice(Choice::QosPolicy), 1);
+    EXPECT_EQ(text(Text::Proxy1), "proxy.one");
+    EXPECT_EQ(text(Text::Port1), "8080");
+    EXPECT_EQ(text(Text::Domain1), "one.example");
+    EXPECT_EQ(text(Text::CsdNumber), "+4912345");
+    EXPECT_EQ(text(Text::CsdUserName), "");
+    EXPECT_EQ(text(Text::ProfileName), "");
     EXPECT_EQ(Calls(), recorder::calls());
 }
 
 TEST_F(Mapping, FillsPageTwo)
 {
     wizard::fillPage2(filledRecord().record(), form);
-    EXPECT_EQ("+4912345", text(Text::CsdNumber));
-    EXPECT_EQ("bob", text(Text::CsdUserName));
-    EXPECT_EQ("hidden", text(Text::CsdPassword));
-    EXPECT_EQ("192.168.0.1", text(Text::CsdDns1));
-    EXPECT_EQ("192.168.0.2", text(Text::CsdDns2));
-    EXPECT_EQ(3, form.choice(Choice::CsdSpeed));
-    EXPECT_EQ(1, form.choice(Choice::LineType));
-    EXPECT_EQ(4, form.choice(Choice::CsdTimeout));
-    EXPECT_EQ("proxy.two", text(Text::Proxy2));
-    EXPECT_EQ("3128", text(Text::Port2));
-    EXPECT_EQ("two.example", text(Text::Domain2));
-    EXPECT_EQ("", text(Text::GprsApn));
+    EXPECT_EQ(text(Text::CsdNumber), "+4912345");
+    EXPECT_EQ(text(Text::CsdUserName), "bob");
+    EXPECT_EQ(text(Text::CsdPassword), "hidden");
+    EXPECT_EQ(text(Text::CsdDns1), "192.168.0.1");
+    EXPECT_EQ(text(Text::CsdDns2), "192.168.0.2");
+    EXPECT_EQ(form.choice(Choice::CsdSpeed), 3);
+    EXPECT_EQ(form.choice(Choice::LineType), 1);
+    EXPECT_EQ(form.choice(Choice::CsdTimeout), 4);
+    EXPECT_EQ(text(Text::Proxy2), "proxy.two");
+    EXPECT_EQ(text(Text::Port2), "3128");
+    EXPECT_EQ(text(Text::Domain2), "two.example");
+    EXPECT_EQ(text(Text::GprsApn), "");
     EXPECT_EQ(Calls(), recorder::calls());
 }
 
@@ -85,7 +85,7 @@ TEST_F(Mapping, BothPagesStoredGiveTheRecordBack)
     wizard::fillPage2(record, form);
     wizard::storePage1(form, &record);
     wizard::storePage2(form, &record);
-    EXPECT_EQ("the same", RecordBytes(record).difference(before));
+    EXPECT_EQ(RecordBytes(record).difference(before), "the same");
 }
 
 TEST_F(Mapping, EachNumberIsStoredOverAnother)
@@ -99,15 +99,15 @@ TEST_F(Mapping, EachNumberIsStoredOverAnother)
     NetworkProfile record = other.record();
     wizard::storePage1(form, &record);
     wizard::storePage2(form, &record);
-    EXPECT_EQ("the same", RecordBytes(record).difference(wanted));
+    EXPECT_EQ(RecordBytes(record).difference(wanted), "the same");
 }
 
 TEST_F(Mapping, APortOfZeroIsShownAsZero)
 {
     wizard::fillPage1(NetworkProfile(), form);
     wizard::fillPage2(NetworkProfile(), form);
-    EXPECT_EQ("0", text(Text::Port1));
-    EXPECT_EQ("0", text(Text::Port2));
+    EXPECT_EQ(text(Text::Port1), "0");
+    EXPECT_EQ(text(Text::Port2), "0");
 }
 
 TEST_F(Mapping, AnAddressOfZeroLeavesItsFieldAsItWas)
@@ -117,7 +117,7 @@ TEST_F(Mapping, AnAddressOfZeroLeavesItsFieldAsItWas)
     wizard::fillPage1(NetworkProfile(), form);
     wizard::fillPage2(NetworkProfile(), form);
     for (Text field : {Text::GprsDns1, Text::GprsDns2, Text::CsdDns1, Text::CsdDns2})
-        EXPECT_EQ("9.9.9.9", text(field));
+        EXPECT_EQ(text(field), "9.9.9.9");
 }
 
 TEST_F(Mapping, AnUnknownSpeedIsLoggedAndLeavesBothChoices)
@@ -127,8 +127,8 @@ TEST_F(Mapping, AnUnknownSpeedIsLoggedAndLeavesBothChoices)
     form.setChoice(Choice::CsdSpeed, 2);
     form.setChoice(Choice::LineType, 1);
     wizard::fillPage2(record, form);
-    EXPECT_EQ(2, form.choice(Choice::CsdSpeed));
-    EXPECT_EQ(1, form.choice(Choice::LineType));
+    EXPECT_EQ(form.choice(Choice::CsdSpeed), 2);
+    EXPECT_EQ(form.choice(Choice::LineType), 1);
     EXPECT_EQ(Calls{"log: unknown csd speed value for +CBST command\n"}, recorder::calls());
 }
 
@@ -144,14 +144,13 @@ TEST_F(Mapping, ASpeedThatCannotBeStoredIsLoggedAndLeavesItsField)
     form.setChoice(Choice::CsdSpeed, 1);
     form.setChoice(Choice::LineType, 2);
     wizard::storePage2(form, &record);
-    EXPECT_EQ(71, record.csdSpeed);
+    EXPECT_EQ(record.csdSpeed, 71);
     std::string logged;
     for (const std::string& call : recorder::calls())
         logged += call.substr(call.find(' ') + 1);
-    EXPECT_EQ("Invalid csdSpeed value.(lineType:1,baudRate:5)"
-              "Invalid csdSpeed value.(lineType:1,baudRate:-1)"
-              "Invalid csdSpeed value.(lineType:2,baudRate:1)",
-              logged);
+    EXPECT_EQ(logged, "Invalid csdSpeed value.(lineType:1,baudRate:5)"
+                      "Invalid csdSpeed value.(lineType:1,baudRate:-1)"
+                      "Invalid csdSpeed value.(lineType:2,baudRate:1)");
 }
 
 TEST_F(Mapping, AnUnknownTimeoutIsOffAndStoredAsZero)
@@ -163,12 +162,12 @@ TEST_F(Mapping, AnUnknownTimeoutIsOffAndStoredAsZero)
     form.setChoice(Choice::CsdTimeout, 4);
     wizard::fillPage1(record, form);
     wizard::fillPage2(record, form);
-    EXPECT_EQ(0, form.choice(Choice::GprsTimeout));
-    EXPECT_EQ(0, form.choice(Choice::CsdTimeout));
+    EXPECT_EQ(form.choice(Choice::GprsTimeout), 0);
+    EXPECT_EQ(form.choice(Choice::CsdTimeout), 0);
     wizard::storePage1(form, &record);
     wizard::storePage2(form, &record);
-    EXPECT_EQ(0, record.gprsTimeout);
-    EXPECT_EQ(0, record.csdTimeout);
+    EXPECT_EQ(record.gprsTimeout, 0);
+    EXPECT_EQ(record.csdTimeout, 0);
 }
 
 TEST_F(Mapping, ATimeoutItemBeyondTheTableLeavesItsField)
@@ -180,8 +179,8 @@ TEST_F(Mapping, ATimeoutItemBeyondTheTableLeavesItsField)
     form.setChoice(Choice::CsdTimeout, -1);
     wizard::storePage1(form, &record);
     wizard::storePage2(form, &record);
-    EXPECT_EQ(33, record.gprsTimeout);
-    EXPECT_EQ(44, record.csdTimeout);
+    EXPECT_EQ(record.gprsTimeout, 33);
+    EXPECT_EQ(record.csdTimeout, 44);
 }
 
 TEST_F(Mapping, AnAddressThatCannotBeReadIsLoggedAndLeavesItsField)
@@ -195,10 +194,10 @@ TEST_F(Mapping, AnAddressThatCannotBeReadIsLoggedAndLeavesItsField)
     form.setText(Text::CsdDns2, "1.2.3");
     wizard::storePage1(form, &record);
     wizard::storePage2(form, &record);
-    EXPECT_EQ(0x01010101u, record.gprsDns1);
-    EXPECT_EQ(0u, record.gprsDns2);
-    EXPECT_EQ(0u, record.csdDns1);
-    EXPECT_EQ(0x04040404u, record.csdDns2);
+    EXPECT_EQ(record.gprsDns1, 0x01010101u);
+    EXPECT_EQ(record.gprsDns2, 0u);
+    EXPECT_EQ(record.csdDns1, 0u);
+    EXPECT_EQ(record.csdDns2, 0x04040404u);
     EXPECT_EQ((Calls{"log: Wrong IP address\n", "log: Wrong IP address\n"}), recorder::calls());
 }
 
@@ -213,7 +212,7 @@ TEST_F(Mapping, TextsAreCutAtTheWidthOfTheirFields)
     for (size_t offset : {8, 108, 208, 760, 862, 963, 1066})
         expected.fill(offset, 100, 'x');
     expected.fill(381, 44, 'x').fill(425, 64, 'x').fill(489, 64, 'x');
-    EXPECT_EQ("the same", RecordBytes(record).difference(expected));
+    EXPECT_EQ(RecordBytes(record).difference(expected), "the same");
 }
 
 TEST_F(Mapping, FullFieldsAreReadWithinThemselves)

@@ -97,7 +97,7 @@ TEST_F(RoundTrip, WithoutPageTwoChangesWhatPageOneShowsAndNothingElse)
         wizard::storePage1(form, &record);
         RecordBytes expected = before;
         expectPage1(expected, form);
-        EXPECT_EQ("the same", RecordBytes(record).difference(expected));
+        EXPECT_EQ(RecordBytes(record).difference(expected), "the same");
     });
 }
 
@@ -113,7 +113,7 @@ TEST_F(RoundTrip, WithBothPagesKeepsEveryByteThatTheFormDoesNotShow)
         RecordBytes expected = before;
         expectPage1(expected, form);
         expectPage2(expected, form);
-        EXPECT_EQ("the same", RecordBytes(record).difference(expected));
+        EXPECT_EQ(RecordBytes(record).difference(expected), "the same");
     });
 }
 
@@ -130,7 +130,7 @@ TEST_F(RoundTrip, ASecondTripChangesNothingMoreUnlessATextWasCut)
             wizard::storePage2(form, &record);
             // A replacement character that is cut at the end of its field is replaced once more.
             if (trip == 3) {
-                EXPECT_EQ("the same", RecordBytes(record).difference(RecordBytes(last)));
+                EXPECT_EQ(RecordBytes(record).difference(RecordBytes(last)), "the same");
             }
         }
     });

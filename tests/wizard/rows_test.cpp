@@ -216,23 +216,25 @@ protected:
 
 TEST_P(Rows, AreFilledInAndStored)
 {
-    EXPECT_EQ(0, create({fillPage(1), [] { hand().act(rowAt(1, buttonPlace)); }, fillPage(2),
-                         opening([] { hand().save(); }), [] { hand().dismiss(); }}));
-    EXPECT_EQ("B\xC3\xBCro \xE4\xB8\xAD", name.toStdString());
-    EXPECT_EQ("the same", RecordBytes(napi.written).difference(storedRecord()));
+    EXPECT_EQ(create({fillPage(1), [] { hand().act(rowAt(1, buttonPlace)); }, fillPage(2),
+                      opening([] { hand().save(); }), [] { hand().dismiss(); }}),
+              0);
+    EXPECT_EQ(name.toStdString(), "B\xC3\xBCro \xE4\xB8\xAD");
+    EXPECT_EQ(RecordBytes(napi.written).difference(storedRecord()), "the same");
 }
 
 TEST_P(Rows, SwitchedOffSayWhyAndAreSwitchedOnAgain)
 {
     setDefaultPreference("0");
     napi.profiles["Old"] = RecordBytes().byte(1, 1).word(4, 0x100).text(8, "a").record();
-    EXPECT_EQ(0, edit("Old", {opening([] { hand().act(rowAt(1, 6)); }), [] { hand().dismiss(); },
-                              opening([] { hand().act(rowAt(1, buttonPlace)); }),
-                              [] { hand().dismiss(); }, fill(rowsToFill[1]), fill(rowsToFill[5]),
-                              opening([] { hand().save(); }), [] { hand().dismiss(); }}));
-    EXPECT_EQ("the same",
-              RecordBytes(napi.written)
-                  .difference(RecordBytes().byte(1, 1).word(4, 0x400).text(8, "internet")));
+    EXPECT_EQ(edit("Old", {opening([] { hand().act(rowAt(1, 6)); }), [] { hand().dismiss(); },
+                           opening([] { hand().act(rowAt(1, buttonPlace)); }),
+                           [] { hand().dismiss(); }, fill(rowsToFill[1]), fill(rowsToFill[5]),
+                           opening([] { hand().save(); }), [] { hand().dismiss(); }}),
+              0);
+    EXPECT_EQ(RecordBytes(napi.written)
+                  .difference(RecordBytes().byte(1, 1).word(4, 0x400).text(8, "internet")),
+              "the same");
 }
 
 const Keys keys;

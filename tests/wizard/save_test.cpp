@@ -77,94 +77,99 @@ RecordBytes storedRecord()
 
 TEST_F(Save, OfANewProfileCreatesItAndGivesItsName)
 {
-    EXPECT_EQ(0, create({typing("Profile Name:*", " Home "), typing("GPRS APN:", "internet"),
-                         saveAndRead("|You have successfully saved the profile named: Home.")}));
-    EXPECT_EQ("Home", name.toStdString());
+    EXPECT_EQ(create({typing("Profile Name:*", " Home "), typing("GPRS APN:", "internet"),
+                      saveAndRead("|You have successfully saved the profile named: Home.")}),
+              0);
+    EXPECT_EQ(name.toStdString(), "Home");
     EXPECT_EQ((Calls{"valid Home", "create Home"}), take());
-    EXPECT_EQ("the same",
-              RecordBytes(napi.written)
-                  .difference(RecordBytes().byte(1, 1).word(4, 0x200).text(8, "internet")));
+    EXPECT_EQ(RecordBytes(napi.written)
+                  .difference(RecordBytes().byte(1, 1).word(4, 0x200).text(8, "internet")),
+              "the same");
 }
 
 TEST_F(Save, IsNeverDoneByEscape)
 {
     napi.profiles["Old"] = storedRecord().record();
-    EXPECT_EQ(1, edit("Old", {typing("Profile Name:*", "New"), [] { press(Qt::Key_Escape); },
-                              [] {
-                                  EXPECT_EQ("Save", rightKeyOf(wizardPage(1)));
-                                  EXPECT_EQ(wizardPage(1), activeLayer());
-                                  press(Qt::Key_F1);
-                              },
-                              dismiss}));
+    EXPECT_EQ(edit("Old", {typing("Profile Name:*", "New"), [] { press(Qt::Key_Escape); },
+                           [] {
+                               EXPECT_EQ(rightKeyOf(wizardPage(1)), "Save");
+                               EXPECT_EQ(wizardPage(1), activeLayer());
+                               press(Qt::Key_F1);
+                           },
+                           dismiss}),
+              1);
     EXPECT_EQ((Calls{"valid Old", "read Old"}), take());
 }
 
 TEST_F(Save, IsNotDoneByEscapeOnPage2Either)
 {
-    EXPECT_EQ(1, create({openPage2, [] { type("p"); }, [] { press(Qt::Key_Escape); },
-                         [] {
-                             EXPECT_EQ("Save", rightKeyOf(wizardPage(2)));
-                             EXPECT_EQ(wizardPage(2), activeLayer());
-                             press(Qt::Key_F1);
-                         },
-                         dismiss, cancel}));
-    EXPECT_EQ(0, napi.written.flags);
+    EXPECT_EQ(create({openPage2, [] { type("p"); }, [] { press(Qt::Key_Escape); },
+                      [] {
+                          EXPECT_EQ(rightKeyOf(wizardPage(2)), "Save");
+                          EXPECT_EQ(wizardPage(2), activeLayer());
+                          press(Qt::Key_F1);
+                      },
+                      dismiss, cancel}),
+              1);
+    EXPECT_EQ(napi.written.flags, 0);
 }
 
 TEST_F(Save, WithoutTheWifiFeatureStoresCellularOnly)
 {
     setWifi(false);
-    EXPECT_EQ(0, create({typing("GPRS APN:", "a"), opening(save), dismiss}));
-    EXPECT_EQ(0x400u, napi.written.flags);
+    EXPECT_EQ(create({typing("GPRS APN:", "a"), opening(save), dismiss}), 0);
+    EXPECT_EQ(napi.written.flags, 0x400u);
 }
 
 TEST_F(Save, OfACopyKeepsEveryByteOfTheSourceAndTheCallersName)
 {
     napi.profiles["Source"] = storedRecord().record();
     EXPECT_EQ(
-        0, copy("Source", {typing("Proxy 1:", "p"), saveAndRead("|You have successfully saved "
-                                                                "the profile named: Profile1.")}));
-    EXPECT_EQ("Source", name.toStdString());
+        copy("Source", {typing("Proxy 1:", "p"), saveAndRead("|You have successfully saved "
+                                                             "the profile named: Profile1.")}),
+        0);
+    EXPECT_EQ(name.toStdString(), "Source");
     EXPECT_EQ((Calls{"valid Source", "read Source", "valid Profile1", "create Profile1"}), take());
-    EXPECT_EQ("the same", RecordBytes(napi.written).difference(storedRecord().text(760, "p")));
+    EXPECT_EQ(RecordBytes(napi.written).difference(storedRecord().text(760, "p")), "the same");
 }
 
 TEST_F(Save, OfAnUnchangedProfileCallsNothing)
 {
     napi.profiles["Old"] = storedRecord().record();
-    EXPECT_EQ(0,
-              edit("Old", {typing("Proxy 1:", "p"), typing("Proxy 1:", ""),
-                           saveAndRead("|You have successfully saved the profile named: Old.")}));
+    EXPECT_EQ(edit("Old", {typing("Proxy 1:", "p"), typing("Proxy 1:", ""),
+                           saveAndRead("|You have successfully saved the profile named: Old.")}),
+              0);
     EXPECT_EQ((Calls{"valid Old", "read Old"}), take());
-    EXPECT_EQ("Old", name.toStdString());
+    EXPECT_EQ(name.toStdString(), "Old");
 }
 
 TEST_F(Save, RewritesAProfileThatTheWizardHasNotStoredYet)
 {
     napi.profiles["Old"] = storedRecord().byte(1, 7).record();
     EXPECT_EQ(
-        0, edit("Old", {typing("Proxy 1:", "p"), typing("Proxy 1:", ""), opening(save), dismiss}));
+        edit("Old", {typing("Proxy 1:", "p"), typing("Proxy 1:", ""), opening(save), dismiss}), 0);
     EXPECT_EQ((Calls{"valid Old", "read Old", "modify Old"}), take());
-    EXPECT_EQ("the same", RecordBytes(napi.written).difference(storedRecord()));
+    EXPECT_EQ(RecordBytes(napi.written).difference(storedRecord()), "the same");
 }
 
 TEST_F(Save, OfANewNameAloneMovesTheFolder)
 {
     store("Old", storedRecord());
-    EXPECT_EQ(0,
-              edit("Old", {typing("Profile Name:*", "New"),
-                           saveAndRead("|You have successfully saved the profile named: New.")}));
+    EXPECT_EQ(edit("Old", {typing("Profile Name:*", "New"),
+                           saveAndRead("|You have successfully saved the profile named: New.")}),
+              0);
     EXPECT_EQ((Calls{"valid Old", "read Old", "valid New"}), take());
     EXPECT_FALSE(isFolder("Old"));
     EXPECT_TRUE(isFolder("New"));
-    EXPECT_EQ("Old", name.toStdString());
+    EXPECT_EQ(name.toStdString(), "Old");
 }
 
 TEST_F(Save, OfANewNameAndAChangeModifiesTheProfileOfTheNewName)
 {
     store("Old", storedRecord());
-    EXPECT_EQ(0, edit("Old", {typing("Profile Name:*", "New"), typing("Proxy 1:", "p"),
-                              opening(save), dismiss}));
+    EXPECT_EQ(edit("Old", {typing("Profile Name:*", "New"), typing("Proxy 1:", "p"), opening(save),
+                           dismiss}),
+              0);
     EXPECT_EQ((Calls{"valid Old", "read Old", "valid New", "modify New"}), take());
     EXPECT_TRUE(isFolder("New"));
 }
@@ -175,7 +180,7 @@ TEST_F(Save, ThatCannotMoveTheFolderChangesNothing)
     store("Full", storedRecord());
     napi.profiles.erase("Full");
     std::ofstream(path("Full") + "/profile") << "of somebody else";
-    EXPECT_EQ(2, edit("Old", {typing("Profile Name:*", "Full"), typing("Proxy 1:", "p"), save}));
+    EXPECT_EQ(edit("Old", {typing("Profile Name:*", "Full"), typing("Proxy 1:", "p"), save}), 2);
     EXPECT_EQ((Calls{"valid Old", "read Old", "valid Full",
                      "log: rename profile name from " + path("Old") + " to " + path("Full") +
                          " failed!\nNetwork: Save profile data error!\n"}),
@@ -188,7 +193,7 @@ TEST_F(Save, ANameWithASlashMovesNothing)
     QDir(root.path()).mkpath("vornlocal/download/appwrite/elsewhere");
     store("Old", storedRecord());
     for (const char* other : {"a/b", "/tmp/x", "x/../../elsewhere/y", "Old/x"}) {
-        EXPECT_EQ(2, edit("Old", {typing("Profile Name:*", other), save})) << other;
+        EXPECT_EQ(edit("Old", {typing("Profile Name:*", other), save}), 2) << other;
         EXPECT_EQ("log: rename profile name from " + path("Old") + " to " + path(other) +
                       " failed!\nNetwork: Save profile data error!\n",
                   take().back());
@@ -214,8 +219,8 @@ TEST_P(Refusal, OfANewProfileIsLoggedAndClosesTheWizard)
 {
     napi.createResult = GetParam().result;
     name = "kept";
-    EXPECT_EQ(2, create({typing("GPRS APN:", "a"), save}));
-    EXPECT_EQ("kept", name.toStdString());
+    EXPECT_EQ(create({typing("GPRS APN:", "a"), save}), 2);
+    EXPECT_EQ(name.toStdString(), "kept");
     EXPECT_EQ((Calls{"valid Profile1", "create Profile1",
                      "log: NAPI_CreateProfile return " + std::to_string(GetParam().result) +
                          "\nNetwork: Save profile data error!\n"}),
@@ -226,7 +231,7 @@ TEST_P(Refusal, OfAChangeIsLoggedAndClosesTheWizard)
 {
     napi.modifyResult = GetParam().result;
     napi.profiles["Old"] = storedRecord().record();
-    EXPECT_EQ(2, edit("Old", {typing("Proxy 1:", "p"), save}));
+    EXPECT_EQ(edit("Old", {typing("Proxy 1:", "p"), save}), 2);
     EXPECT_EQ((Calls{"valid Old", "read Old", "modify Old",
                      "log: NAPI_ModifyProfile return " + std::to_string(GetParam().result) +
                          "\nNetwork: Save profile data error!\n"}),
@@ -237,13 +242,14 @@ TEST_P(Refusal, OfReadingIsLoggedAndTheWizardOpensWithItsDefaults)
 {
     napi.readResult = GetParam().result;
     napi.profiles["Old"] = storedRecord().record();
-    EXPECT_EQ(1, edit("Old", {[] {
-                          EXPECT_EQ("Old", titleOf(wizardPage(1)));
-                          EXPECT_EQ("", editOf(wizardPage(1), "GPRS APN:")->text().toStdString());
-                          EXPECT_EQ(0, comboOf(wizardPage(1), "GPRS Timeout:")->currentItem());
-                          EXPECT_EQ("Cancel", rightKeyOf(wizardPage(1)));
-                          press(Qt::Key_Escape);
-                      }}));
+    EXPECT_EQ(edit("Old", {[] {
+                       EXPECT_EQ(titleOf(wizardPage(1)), "Old");
+                       EXPECT_EQ(editOf(wizardPage(1), "GPRS APN:")->text().toStdString(), "");
+                       EXPECT_EQ(comboOf(wizardPage(1), "GPRS Timeout:")->currentItem(), 0);
+                       EXPECT_EQ(rightKeyOf(wizardPage(1)), "Cancel");
+                       press(Qt::Key_Escape);
+                   }}),
+              1);
     EXPECT_EQ(
         (Calls{"valid Old", "read Old", "log: Read profile error.\nLoad profile content failed\n"}),
         take());
@@ -255,8 +261,8 @@ TEST_P(Refusal, OfAProfilesValidityIsNoProfile)
     napi.validResult = GetParam().result;
     for (EntryPoint entry : {copyProfilebyUser, editProfilebyUser}) {
         name = "Old";
-        EXPECT_EQ(0, entry(name));
-        EXPECT_EQ("Old", name.toStdString());
+        EXPECT_EQ(entry(name), 0);
+        EXPECT_EQ(name.toStdString(), "Old");
         EXPECT_EQ((Calls{"valid Old", "log: This profile is invalid.\n"}), take());
     }
 }
@@ -265,8 +271,9 @@ TEST_P(Refusal, OfANamesValidityIsAFreeName)
 {
     napi.profiles["Taken"] = NetworkProfile();
     napi.validResult = GetParam().result;
-    EXPECT_EQ(0, create({typing("Profile Name:*", "Taken"), typing("GPRS APN:", "a"), opening(save),
-                         dismiss}));
+    EXPECT_EQ(create({typing("Profile Name:*", "Taken"), typing("GPRS APN:", "a"), opening(save),
+                      dismiss}),
+              0);
     EXPECT_EQ((Calls{"valid Taken", "create Taken"}), take());
 }
 
@@ -302,7 +309,7 @@ const char* const memoryFull =
 TEST_F(Save, WithoutRoomTellsTheUserAndClosesTheWizard)
 {
     napi.createResult = -152;
-    EXPECT_EQ(2, create({typing("GPRS APN:", "a"), saveAndRead(memoryFull)}));
+    EXPECT_EQ(create({typing("GPRS APN:", "a"), saveAndRead(memoryFull)}), 2);
     EXPECT_EQ((Calls{"valid Profile1", "create Profile1", "log: NAPI_CreateProfile return -152\n"}),
               take());
 }
@@ -311,57 +318,62 @@ TEST_F(Save, OfAChangeWithoutRoomTellsTheUserToo)
 {
     napi.modifyResult = -152;
     napi.profiles["Old"] = storedRecord().record();
-    EXPECT_EQ(2, edit("Old", {typing("Proxy 1:", "p"), saveAndRead(memoryFull)}));
+    EXPECT_EQ(edit("Old", {typing("Proxy 1:", "p"), saveAndRead(memoryFull)}), 2);
 }
 
 TEST_F(Save, FromPageOneLeavesPageTwoAsItWasRead)
 {
     napi.profiles["Old"] = storedRecord().record();
-    EXPECT_EQ(0, edit("Old", {typing("Proxy 1:", "p"), openPage2,
-                              [] {
-                                  walkTo(wizardPage(2), "Proxy 2:");
-                                  type("typed");
-                                  press(Qt::Key_F1);
-                              },
-                              [] { press(Qt::Key_Return); }, opening(save), dismiss}));
-    EXPECT_EQ("the same", RecordBytes(napi.written).difference(storedRecord().text(760, "p")));
+    EXPECT_EQ(edit("Old", {typing("Proxy 1:", "p"), openPage2,
+                           [] {
+                               walkTo(wizardPage(2), "Proxy 2:");
+                               type("typed");
+                               press(Qt::Key_F1);
+                           },
+                           [] { press(Qt::Key_Return); }, opening(save), dismiss}),
+              0);
+    EXPECT_EQ(RecordBytes(napi.written).difference(storedRecord().text(760, "p")), "the same");
 }
 
 TEST_F(Save, FromPageTwoStoresBothPages)
 {
     napi.profiles["Old"] = storedRecord().record();
-    EXPECT_EQ(0, edit("Old", {typing("Proxy 1:", "p"), openPage2,
-                              [] {
-                                  walkTo(wizardPage(2), "Proxy 2:");
-                                  type("typed");
-                              },
-                              opening(save), dismiss}));
+    EXPECT_EQ(edit("Old", {typing("Proxy 1:", "p"), openPage2,
+                           [] {
+                               walkTo(wizardPage(2), "Proxy 2:");
+                               type("typed");
+                           },
+                           opening(save), dismiss}),
+              0);
     const RecordBytes expected =
         storedRecord().text(760, "p").text(963, "typed").word(560, storedRecord().read(560, 4));
-    EXPECT_EQ("the same", RecordBytes(napi.written).difference(expected));
+    EXPECT_EQ(RecordBytes(napi.written).difference(expected), "the same");
 }
 
 TEST_F(Save, FromPageOneAfterARefusedOneOfPageTwoStoresBothPages)
 {
     napi.profiles["Old"] = storedRecord().record();
-    EXPECT_EQ(0, edit("Old", {typing("GPRS DNS 1:", "x"), openPage2,
-                              [] {
-                                  walkTo(wizardPage(2), "Proxy 2:");
-                                  type("typed");
-                              },
-                              opening(save), dismiss, [] { press(Qt::Key_F1); },
-                              [] { press(Qt::Key_Return); }, typing("GPRS DNS 1:", "10.1.2.3"),
-                              opening(save), dismiss}));
-    EXPECT_EQ("the same", RecordBytes(napi.written).difference(storedRecord().text(963, "typed")));
+    EXPECT_EQ(edit("Old", {typing("GPRS DNS 1:", "x"), openPage2,
+                           [] {
+                               walkTo(wizardPage(2), "Proxy 2:");
+                               type("typed");
+                           },
+                           opening(save), dismiss, [] { press(Qt::Key_F1); },
+                           [] { press(Qt::Key_Return); }, typing("GPRS DNS 1:", "10.1.2.3"),
+                           opening(save), dismiss}),
+              0);
+    EXPECT_EQ(RecordBytes(napi.written).difference(storedRecord().text(963, "typed")), "the same");
 }
 
 TEST_F(Save, WithoutMemoryForTheRecordIsLoggedAndClosesTheWizard)
 {
-    EXPECT_EQ(2, create({typing("GPRS APN:", "a"), [] {
-                             heap::failMallocOf(sizeof(NetworkProfile));
-                             save();
-                             heap::failMallocOf(0);
-                         }}));
+    EXPECT_EQ(create({typing("GPRS APN:", "a"),
+                      [] {
+                          heap::failMallocOf(sizeof(NetworkProfile));
+                          save();
+                          heap::failMallocOf(0);
+                      }}),
+              2);
     EXPECT_EQ((Calls{"valid Profile1", "log: NSETUP: can not get memory to save profile\nNetwork: "
                                        "Save profile data error!\n"}),
               take());
@@ -370,37 +382,38 @@ TEST_F(Save, WithoutMemoryForTheRecordIsLoggedAndClosesTheWizard)
 TEST_F(Save, OfANewProfileWorksWithoutMemoryForLoading)
 {
     heap::failMallocOf(sizeof(NetworkProfile));
-    EXPECT_EQ(0, create({[] {
-                             heap::failMallocOf(0);
-                             EXPECT_EQ(Calls{"log: Load profile content failed\n"}, take());
-                             EXPECT_EQ("Cancel", rightKeyOf(wizardPage(1)));
-                         },
-                         openPage2,
-                         [] {
-                             EXPECT_EQ("", editOf(wizardPage(2), "Port 2:")->text().toStdString());
-                             press(Qt::Key_Escape);
-                         },
-                         typing("GPRS APN:", "a"), opening(save), dismiss}));
+    EXPECT_EQ(create({[] {
+                          heap::failMallocOf(0);
+                          EXPECT_EQ(Calls{"log: Load profile content failed\n"}, take());
+                          EXPECT_EQ(rightKeyOf(wizardPage(1)), "Cancel");
+                      },
+                      openPage2,
+                      [] {
+                          EXPECT_EQ(editOf(wizardPage(2), "Port 2:")->text().toStdString(), "");
+                          press(Qt::Key_Escape);
+                      },
+                      typing("GPRS APN:", "a"), opening(save), dismiss}),
+              0);
     EXPECT_EQ(
-        "the same",
-        RecordBytes(napi.written).difference(RecordBytes().byte(1, 1).word(4, 0x200).text(8, "a")));
+        RecordBytes(napi.written).difference(RecordBytes().byte(1, 1).word(4, 0x200).text(8, "a")),
+        "the same");
 }
 
 TEST_F(Save, OfAProfileThatCouldNotBeReadStoresWhatTheFormShows)
 {
     napi.readResult = NAPI_ERR_DAMAGED;
     napi.profiles["Old"] = storedRecord().record();
-    EXPECT_EQ(0, edit("Old", {typing("GPRS APN:", "a"), opening(save), dismiss}));
+    EXPECT_EQ(edit("Old", {typing("GPRS APN:", "a"), opening(save), dismiss}), 0);
     EXPECT_EQ(
-        "the same",
-        RecordBytes(napi.written).difference(RecordBytes().byte(1, 1).word(4, 0x200).text(8, "a")));
+        RecordBytes(napi.written).difference(RecordBytes().byte(1, 1).word(4, 0x200).text(8, "a")),
+        "the same");
 }
 
 TEST_F(Save, OfAnEditedProfileWithALongNameTakesWhatTheRowShows)
 {
     const char* const longName = "123456789 123456789 123";
     store(longName, storedRecord());
-    EXPECT_EQ(0, edit(longName, {typing("Proxy 1:", "p"), opening(save), dismiss}));
+    EXPECT_EQ(edit(longName, {typing("Proxy 1:", "p"), opening(save), dismiss}), 0);
     EXPECT_EQ((Calls{"valid " + std::string(longName), "read " + std::string(longName),
                      "valid 123456789 123456789", "modify 123456789 123456789"}),
               take());
@@ -412,11 +425,12 @@ TEST_F(Save, OfAProfileThatWentAwayMeanwhileIsLogged)
 {
     store("Old", storedRecord());
     napi.modifyResult = NAPI_ERR_NO_PROFILE;
-    EXPECT_EQ(2, edit("Old", {[this] {
-                                  napi.profiles.clear();
-                                  QDir(QString::fromStdString(path("Old"))).removeRecursively();
-                              },
-                              typing("Profile Name:*", "New"), save}));
+    EXPECT_EQ(edit("Old", {[this] {
+                               napi.profiles.clear();
+                               QDir(QString::fromStdString(path("Old"))).removeRecursively();
+                           },
+                           typing("Profile Name:*", "New"), save}),
+              2);
     EXPECT_EQ((Calls{"valid Old", "read Old", "valid New",
                      "log: rename profile name from " + path("Old") + " to " + path("New") +
                          " failed!\nNetwork: Save profile data error!\n"}),

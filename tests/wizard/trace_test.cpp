@@ -104,9 +104,9 @@ TEST_F(Trace, OfAnEditedProfile)
 TEST_F(Trace, OfWhatIsNoProfile)
 {
     name = "No such";
-    EXPECT_EQ(0, editProfilebyUser(name));
-    EXPECT_EQ(0, copyProfilebyUser(name));
-    EXPECT_EQ("<4 This profile is invalid.\n><4 This profile is invalid.\n>", trace);
+    EXPECT_EQ(editProfilebyUser(name), 0);
+    EXPECT_EQ(copyProfilebyUser(name), 0);
+    EXPECT_EQ(trace, "<4 This profile is invalid.\n><4 This profile is invalid.\n>");
 }
 
 TEST_F(Trace, OfAProfileThatCannotBeRead)

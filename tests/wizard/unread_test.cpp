@@ -59,63 +59,68 @@ const char* const notLoaded = "log: Load profile content failed\n";
 
 TEST_F(Unread, ForWantOfMemoryIsStoredOverZeros)
 {
-    EXPECT_EQ(0, editWithoutMemory({[] {
-                                        EXPECT_EQ((Calls{"valid Old", notLoaded}), take());
-                                        EXPECT_EQ("Old", titleOf(wizardPage(1)));
-                                        EXPECT_EQ("Cancel", rightKeyOf(wizardPage(1)));
-                                    },
-                                    fillApn, opening(save), dismiss}));
+    EXPECT_EQ(editWithoutMemory({[] {
+                                     EXPECT_EQ((Calls{"valid Old", notLoaded}), take());
+                                     EXPECT_EQ(titleOf(wizardPage(1)), "Old");
+                                     EXPECT_EQ(rightKeyOf(wizardPage(1)), "Cancel");
+                                 },
+                                 fillApn, opening(save), dismiss}),
+              0);
     EXPECT_EQ(Calls{"modify Old"}, take());
-    EXPECT_EQ("the same", writtenBeside(RecordBytes().byte(1, 1).word(4, 0x400).text(8, "a")));
+    EXPECT_EQ(writtenBeside(RecordBytes().byte(1, 1).word(4, 0x400).text(8, "a")), "the same");
 }
 
 TEST_F(Unread, ForWantOfMemoryIsStoredFromPageTwoToo)
 {
-    EXPECT_EQ(0, editWithoutMemory(
-                     {fillApn, openPage2,
-                      [] { EXPECT_EQ("", editOf(wizardPage(2), "Port 2:")->text().toStdString()); },
-                      fillProxy2, opening(save), dismiss}));
-    EXPECT_EQ("the same",
-              writtenBeside(RecordBytes().byte(1, 1).word(4, 0x400).text(8, "a").text(963, "p")));
+    EXPECT_EQ(editWithoutMemory(
+                  {fillApn, openPage2,
+                   [] { EXPECT_EQ(editOf(wizardPage(2), "Port 2:")->text().toStdString(), ""); },
+                   fillProxy2, opening(save), dismiss}),
+              0);
+    EXPECT_EQ(writtenBeside(RecordBytes().byte(1, 1).word(4, 0x400).text(8, "a").text(963, "p")),
+              "the same");
 }
 
 TEST_F(Unread, ForAnErrorIsStoredOverZeros)
 {
     napi.readResult = NAPI_ERR_IO;
-    EXPECT_EQ(0, edit("Old", {fillApn, openPage2,
-                              [] {
-                                  // The record is there, and its zeros fill page 2.
-                                  EXPECT_EQ("0",
-                                            editOf(wizardPage(2), "Port 2:")->text().toStdString());
-                              },
-                              fillProxy2, opening(save), dismiss}));
+    EXPECT_EQ(edit("Old", {fillApn, openPage2,
+                           [] {
+                               // The record is there, and its zeros fill page 2.
+                               EXPECT_EQ(editOf(wizardPage(2), "Port 2:")->text().toStdString(),
+                                         "0");
+                           },
+                           fillProxy2, opening(save), dismiss}),
+              0);
     EXPECT_EQ((Calls{"valid Old", "read Old", "modify Old",
                      "log: Read profile error.\nLoad profile content failed\nclick the exibition "
                      "button\n"}),
               take());
-    EXPECT_EQ("the same",
-              writtenBeside(RecordBytes().byte(1, 1).word(4, 0x400).text(8, "a").text(963, "p")));
+    EXPECT_EQ(writtenBeside(RecordBytes().byte(1, 1).word(4, 0x400).text(8, "a").text(963, "p")),
+              "the same");
 }
 
 TEST_F(Unread, ForAnErrorThatComesWithARecordIsStoredOverThatRecord)
 {
     napi.readResult = NAPI_ERR_DAMAGED;
     napi.fillsRefused = true;
-    EXPECT_EQ(0, edit("Old",
-                      {[] {
-                           EXPECT_EQ("", editOf(wizardPage(1), "GPRS APN:")->text().toStdString());
-                           EXPECT_EQ(
-                               2, comboOf(wizardPage(1), "Connection Preference:*")->currentItem());
-                       },
-                       fillApn, opening(save), dismiss}));
-    EXPECT_EQ("the same", writtenBeside(RecordBytes(napi.profiles["Old"])));
-    EXPECT_EQ("the same", writtenBeside(RecordBytes()
-                                            .byte(1, 1)
-                                            .byte(2, 0x77)
-                                            .word(4, 0xA5A5A45A)
-                                            .text(8, "a")
-                                            .text(963, "proxy.two")
-                                            .half(1064, 3128)));
+    EXPECT_EQ(
+        edit("Old", {[] {
+                         EXPECT_EQ(editOf(wizardPage(1), "GPRS APN:")->text().toStdString(), "");
+                         EXPECT_EQ(comboOf(wizardPage(1), "Connection Preference:*")->currentItem(),
+                                   2);
+                     },
+                     fillApn, opening(save), dismiss}),
+        0);
+    EXPECT_EQ(writtenBeside(RecordBytes(napi.profiles["Old"])), "the same");
+    EXPECT_EQ(writtenBeside(RecordBytes()
+                                .byte(1, 1)
+                                .byte(2, 0x77)
+                                .word(4, 0xA5A5A45A)
+                                .text(8, "a")
+                                .text(963, "proxy.two")
+                                .half(1064, 3128)),
+              "the same");
 }
 
 } // namespace

@@ -59,28 +59,29 @@ TEST_P(Fault, IsToldAndTheFocusGoesToItsField)
 {
     setDefaultPreference("0");
     napi.profiles["Taken"] = NetworkProfile();
-    EXPECT_EQ(1, create({[] {
-                             walkTo(page(), "GPRS APN:");
-                             retype(GetParam().apn);
-                             walkTo(page(), GetParam().label);
-                             retype("#");
-                             retype(GetParam().text);
-                             take();
-                         },
-                         opening(save),
-                         [] {
-                             EXPECT_EQ(GetParam().message, popupText());
-                             press(Qt::Key_Return);
-                         },
-                         [] {
-                             EXPECT_EQ(page(), activeLayer());
-                             EXPECT_EQ(GetParam().focus, focusOf(page()));
-                             EXPECT_EQ(GetParam().page2Focus, focusOf(wizardPage(2)));
-                             EXPECT_EQ(1u, take().size()) << "nothing but the name is asked for";
-                             press(Qt::Key_F1);
-                         },
-                         [] { press(Qt::Key_Return); }}));
-    EXPECT_EQ(1u, napi.profiles.size());
+    EXPECT_EQ(create({[] {
+                          walkTo(page(), "GPRS APN:");
+                          retype(GetParam().apn);
+                          walkTo(page(), GetParam().label);
+                          retype("#");
+                          retype(GetParam().text);
+                          take();
+                      },
+                      opening(save),
+                      [] {
+                          EXPECT_EQ(GetParam().message, popupText());
+                          press(Qt::Key_Return);
+                      },
+                      [] {
+                          EXPECT_EQ(page(), activeLayer());
+                          EXPECT_EQ(GetParam().focus, focusOf(page()));
+                          EXPECT_EQ(GetParam().page2Focus, focusOf(wizardPage(2)));
+                          EXPECT_EQ(take().size(), 1u) << "nothing but the name is asked for";
+                          press(Qt::Key_F1);
+                      },
+                      [] { press(Qt::Key_Return); }}),
+              1);
+    EXPECT_EQ(napi.profiles.size(), 1u);
 }
 
 INSTANTIATE_TEST_SUITE_P(Table, Fault, testing::ValuesIn(faults),
@@ -97,7 +98,7 @@ TEST_F(FaultOnPage, BringsItsRowToTheTopOfTheForm)
                 const int top = form->childY(editOf(wizardPage(1), "GPRS APN:"));
                 EXPECT_GT(top, 0);
                 EXPECT_EQ(top, form->contentsY());
-                EXPECT_EQ("GPRS APN:", focusOf(wizardPage(1)));
+                EXPECT_EQ(focusOf(wizardPage(1)), "GPRS APN:");
                 wizardPage(1)->hide();
             }});
 }
@@ -119,34 +120,36 @@ TEST_F(FaultOnPage, TwoKeepsTheFocusOfPageTwo)
             },
             [] {
                 EXPECT_EQ(wizardPage(2), activeLayer());
-                EXPECT_EQ("DNS 1:", focusOf(wizardPage(2)));
+                EXPECT_EQ(focusOf(wizardPage(2)), "DNS 1:");
                 wizardPage(1)->hide();
             }});
 }
 
 TEST_F(FaultOnPage, IsNotLookedForWhereOnlyWifiIsWanted)
 {
-    EXPECT_EQ(0, create({[] {
-                             walkTo(wizardPage(1), "GPRS DNS 1:");
-                             type("x");
-                         },
-                         chooseByKeys(1, "Connection Preference:*", 1), opening(save), dismiss}));
-    EXPECT_EQ(1u, napi.profiles.count("Profile1"));
-    EXPECT_EQ(0x100u, napi.written.flags);
+    EXPECT_EQ(create({[] {
+                          walkTo(wizardPage(1), "GPRS DNS 1:");
+                          type("x");
+                      },
+                      chooseByKeys(1, "Connection Preference:*", 1), opening(save), dismiss}),
+              0);
+    EXPECT_EQ(napi.profiles.count("Profile1"), 1u);
+    EXPECT_EQ(napi.written.flags, 0x100u);
 }
 
 TEST_F(FaultOnPage, ANumberToDialOfTheStoredProfileIsEnough)
 {
     setDefaultPreference("0");
     napi.profiles["Old"] = RecordBytes().byte(1, 1).word(4, 0x400).text(381, "123").record();
-    EXPECT_EQ(0, edit("Old", {[] {
-                                  walkTo(wizardPage(1), "Proxy 1:");
-                                  type("p");
-                              },
-                              opening(save), dismiss}));
+    EXPECT_EQ(edit("Old", {[] {
+                               walkTo(wizardPage(1), "Proxy 1:");
+                               type("p");
+                           },
+                           opening(save), dismiss}),
+              0);
     EXPECT_EQ(
-        "the same",
-        RecordBytes(napi.written).difference(RecordBytes(napi.profiles["Old"]).text(760, "p")));
+        RecordBytes(napi.written).difference(RecordBytes(napi.profiles["Old"]).text(760, "p")),
+        "the same");
 }
 
 struct DnsRow

@@ -12,7 +12,7 @@ namespace ctl {
 
 namespace {
 
-bool hasAddress(const std::string& device, std::uint32_t address)
+bool hasAddress(const std::string& device, uint32_t address)
 {
     ifaddrs* list = nullptr;
     if (::getifaddrs(&list) != 0)

@@ -50,7 +50,7 @@ const char* eventText(int type)
     return "unknown";
 }
 
-std::string addressText(std::uint32_t address)
+std::string addressText(uint32_t address)
 {
     std::string text;
     for (int shift = 24; shift >= 0; shift -= 8)

@@ -17,7 +17,7 @@ namespace ctl {
 namespace {
 
 // Every record that an editor has stored bears this mark.
-constexpr std::uint8_t editedMark = 1;
+constexpr uint8_t editedMark = 1;
 
 int done(const Request& request, const std::string& name, const NetworkProfile& record)
 {

@@ -20,7 +20,7 @@ const Choice speeds[] = {{"auto", 0},       {"modem-14400", 14}, {"modem-9600", 
                          {"isdn-9600", 71}, {"isdn-4800", 70},   {"isdn-2400", 68},
                          {nullptr, 0}};
 
-constexpr std::uint32_t u8 = 0xFF, u16 = 0xFFFF, u32 = 0xFFFFFFFF;
+constexpr uint32_t u8 = 0xFF, u16 = 0xFFFF, u32 = 0xFFFFFFFF;
 
 // A member's place and width follow from its declaration, which is pinned to the stored format.
 #define PLACE(member) offsetof(NetworkProfile, member), sizeof(NetworkProfile::member)
@@ -51,7 +51,7 @@ const std::array<Field, fieldCount> table = {{
     {"stored-mark", "", Kind::Mark, PLACE(storedMark), u8, 0, nullptr},
     {"kept0", "", Kind::Kept, PLACE(kept0), u8, 0, nullptr},
     {"kept2", "", Kind::Kept, PLACE(kept2), 0, 0, nullptr},
-    {"flags", "", Kind::Kept, PLACE(flags), ~std::uint32_t(NAPI_PREFER_MASK), 0, nullptr},
+    {"flags", "", Kind::Kept, PLACE(flags), ~uint32_t(NAPI_PREFER_MASK), 0, nullptr},
     {"kept308", "", Kind::Kept, PLACE(kept308), 0, 0, nullptr},
     {"kept322", "", Kind::Kept, PLACE(kept322), 0, 0, nullptr},
     {"kept553", "", Kind::Kept, PLACE(kept553), 0, 0, nullptr},
@@ -95,24 +95,24 @@ unsigned char* bytesOf(const Field& field, NetworkProfile& record)
 }
 
 // The record is little-endian wherever it is read.
-static std::uint32_t littleEndian(const unsigned char* bytes, std::size_t width)
+static uint32_t littleEndian(const unsigned char* bytes, std::size_t width)
 {
-    std::uint32_t value = 0;
+    uint32_t value = 0;
     for (std::size_t i = width; i-- > 0;)
         value = value << 8 | bytes[i];
     return value;
 }
 
-std::uint32_t numberOf(const Field& field, const NetworkProfile& record)
+uint32_t numberOf(const Field& field, const NetworkProfile& record)
 {
     return (littleEndian(bytesOf(field, record), field.width) & field.mask) >> field.shift;
 }
 
-void setNumber(const Field& field, std::uint32_t value, NetworkProfile& record)
+void setNumber(const Field& field, uint32_t value, NetworkProfile& record)
 {
     unsigned char* bytes = bytesOf(field, record);
-    const std::uint32_t others = littleEndian(bytes, field.width) & ~field.mask;
-    std::uint32_t whole = others | ((value << field.shift) & field.mask);
+    const uint32_t others = littleEndian(bytes, field.width) & ~field.mask;
+    uint32_t whole = others | ((value << field.shift) & field.mask);
     for (std::size_t i = 0; i < field.width; ++i, whole >>= 8)
         bytes[i] = static_cast<unsigned char>(whole);
 }

@@ -25,7 +25,7 @@ enum class Kind {
 struct Choice
 {
     const char* text;
-    std::uint32_t value;
+    uint32_t value;
 };
 
 struct Field
@@ -35,7 +35,7 @@ struct Field
     Kind kind;
     std::size_t offset;
     std::size_t width;     // in bytes
-    std::uint32_t mask;    // of a number: its bits
+    uint32_t mask;         // of a number: its bits
     unsigned shift;        // of a number: the place of its lowest bit
     const Choice* choices; // ended by a null text
 };
@@ -52,8 +52,8 @@ const Field* findField(const char* name);
 bool isVisible(const Field& field);
 
 // A field that is a number: its value, moved down to bit 0.
-std::uint32_t numberOf(const Field& field, const NetworkProfile& record);
-void setNumber(const Field& field, std::uint32_t value, NetworkProfile& record);
+uint32_t numberOf(const Field& field, const NetworkProfile& record);
+void setNumber(const Field& field, uint32_t value, NetworkProfile& record);
 
 // The bytes of a field in the record.
 const unsigned char* bytesOf(const Field& field, const NetworkProfile& record);

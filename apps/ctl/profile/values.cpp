@@ -13,9 +13,9 @@ namespace {
 
 // The value of a text that is nothing but decimal digits; nothing when it is not or is above
 // `limit`.
-std::optional<std::uint32_t> decimal(std::string_view text, std::uint32_t limit)
+std::optional<uint32_t> decimal(std::string_view text, uint32_t limit)
 {
-    std::uint64_t value = 0;
+    uint64_t value = 0;
     for (const char c : text) {
         if (c < '0' || c > '9')
             return {};
@@ -25,15 +25,15 @@ std::optional<std::uint32_t> decimal(std::string_view text, std::uint32_t limit)
     }
     if (text.empty())
         return {};
-    return static_cast<std::uint32_t>(value);
+    return static_cast<uint32_t>(value);
 }
 
-std::uint32_t largest(const Field& field)
+uint32_t largest(const Field& field)
 {
     return field.mask >> field.shift;
 }
 
-std::optional<std::uint32_t> choice(const Field& field, const std::string& text)
+std::optional<uint32_t> choice(const Field& field, const std::string& text)
 {
     for (const Choice* c = field.choices; c->text; ++c)
         if (text == c->text)
@@ -43,7 +43,7 @@ std::optional<std::uint32_t> choice(const Field& field, const std::string& text)
     return {};
 }
 
-std::optional<std::uint32_t> number(const Field& field, const std::string& text)
+std::optional<uint32_t> number(const Field& field, const std::string& text)
 {
     switch (field.kind) {
     case Kind::Address:
@@ -63,7 +63,7 @@ std::optional<std::uint32_t> number(const Field& field, const std::string& text)
     return {};
 }
 
-std::string choiceText(const Field& field, std::uint32_t value)
+std::string choiceText(const Field& field, uint32_t value)
 {
     for (const Choice* c = field.choices; c->text; ++c)
         if (value == c->value)
@@ -117,7 +117,7 @@ std::string valueText(const Field& field, const NetworkProfile& record)
     }
     if (field.kind == Kind::Kept)
         return hexText(field, record);
-    const std::uint32_t value = numberOf(field, record);
+    const uint32_t value = numberOf(field, record);
     if (field.kind == Kind::Address)
         return value ? base::ipv4Text(value) : "";
     return field.kind == Kind::Choice ? choiceText(field, value) : std::to_string(value);
@@ -166,7 +166,7 @@ std::optional<std::string> parseValue(const Field& field, const std::string& tex
         return parseText(field, text, record);
     if (field.kind == Kind::Kept)
         return parseHex(field, text, record);
-    const std::optional<std::uint32_t> value = number(field, text);
+    const std::optional<uint32_t> value = number(field, text);
     if (!value)
         return inQuotes(text) + " does not fit; it takes " + rangeText(field);
     setNumber(field, *value, record);

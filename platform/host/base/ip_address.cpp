@@ -4,27 +4,27 @@
 
 namespace base {
 
-static std::optional<std::uint32_t> partOf(std::string_view text)
+static std::optional<uint32_t> partOf(std::string_view text)
 {
-    std::uint32_t value = 0;
+    uint32_t value = 0;
     for (const char digit : text) {
         if (digit < '0' || digit > '9')
             return {};
-        value = value * 10 + static_cast<std::uint32_t>(digit - '0');
+        value = value * 10 + static_cast<uint32_t>(digit - '0');
         if (value > 255)
             return {};
     }
     return text.empty() ? std::nullopt : std::optional(value);
 }
 
-std::optional<std::uint32_t> ipv4Of(std::string_view text)
+std::optional<uint32_t> ipv4Of(std::string_view text)
 {
-    std::uint32_t address = 0;
+    uint32_t address = 0;
     for (int part = 0; part < 4; ++part) {
         const std::size_t end = part < 3 ? text.find('.') : text.size();
         if (end == std::string_view::npos)
             return {};
-        const std::optional<std::uint32_t> value = partOf(text.substr(0, end));
+        const std::optional<uint32_t> value = partOf(text.substr(0, end));
         if (!value)
             return {};
         address = address << 8 | *value;
@@ -33,7 +33,7 @@ std::optional<std::uint32_t> ipv4Of(std::string_view text)
     return address;
 }
 
-std::string ipv4Text(std::uint32_t address)
+std::string ipv4Text(uint32_t address)
 {
     std::string text = std::to_string(address >> 24);
     for (int shift = 16; shift >= 0; shift -= 8)

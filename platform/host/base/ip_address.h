@@ -11,10 +11,10 @@ namespace base {
 
 // The number of an IPv4 address, its first part in the most significant byte. Four decimal parts,
 // as the phone reads them: 010 is ten, and nothing is short for anything. Nothing for other texts.
-std::optional<std::uint32_t> ipv4Of(std::string_view text);
+std::optional<uint32_t> ipv4Of(std::string_view text);
 
 // "10.1.2.3".
-std::string ipv4Text(std::uint32_t address);
+std::string ipv4Text(uint32_t address);
 
 // An address that every program reads alike: of IPv4 without leading zeros, of IPv6 without scope.
 bool isIpAddress(const std::string& text);

@@ -105,13 +105,13 @@ public:
     {
         Open& object = m_open.back();
         const auto begin = m_tree.source.find_first_not_of(kBetween, m_last);
-        const JsonName place = {static_cast<std::uint32_t>(begin), offset()};
+        const JsonName place = {static_cast<uint32_t>(begin), offset()};
         m_last = place.end;
         const auto [known, isNew] = object.known.try_emplace(name, 0U);
         if (isNew) {
             m_tree.names.push_back(place);
             known->second = append(object);
-            m_tree.nodes[known->second].name = static_cast<std::uint32_t>(m_tree.names.size() - 1);
+            m_tree.nodes[known->second].name = static_cast<uint32_t>(m_tree.names.size() - 1);
         } else {
             JsonName& before = m_tree.names[m_tree.nodes[known->second].name];
             m_tree.report(m_progress.currentLine(), memberKey(object.key, name), "each key once",
@@ -139,17 +139,17 @@ public:
 private:
     struct Open
     {
-        std::uint32_t node;
+        uint32_t node;
         std::string key;
-        std::uint32_t last = 0;                                    // its last element or member
-        std::size_t count = 0;                                     // of its elements
-        std::unordered_map<std::string, std::uint32_t> known = {}; // its members by name
+        uint32_t last = 0;                                    // its last element or member
+        std::size_t count = 0;                                // of its elements
+        std::unordered_map<std::string, uint32_t> known = {}; // its members by name
     };
 
     // What stands between two tokens.
     static constexpr char kBetween[] = ",: \t\r\n";
 
-    std::uint32_t offset() const { return static_cast<std::uint32_t>(m_progress.offset()); }
+    uint32_t offset() const { return static_cast<uint32_t>(m_progress.offset()); }
 
     // The parser's own words name its tokens and states; a person is helped by the place.
     std::string finding(const std::string& message)
@@ -170,9 +170,9 @@ private:
     }
 
     // A new node behind the last one of the container.
-    std::uint32_t append(Open& container)
+    uint32_t append(Open& container)
     {
-        const auto index = static_cast<std::uint32_t>(m_tree.nodes.size());
+        const auto index = static_cast<uint32_t>(m_tree.nodes.size());
         m_tree.nodes.emplace_back();
         (container.last ? m_tree.nodes[container.last].next : m_tree.nodes[container.node].first) =
             index;
@@ -185,7 +185,7 @@ private:
         return !m_open.empty() && m_tree.nodes[m_open.back().node].kind == JsonKind::Array;
     }
 
-    std::uint32_t place()
+    uint32_t place()
     {
         if (m_open.empty()) {
             m_tree.nodes.emplace_back();
@@ -198,20 +198,20 @@ private:
     }
 
     // The parser has looked one character past a number, except at the end of the text.
-    std::uint32_t endOf(JsonKind kind, std::size_t begin) const
+    uint32_t endOf(JsonKind kind, std::size_t begin) const
     {
         if (kind != JsonKind::Integer && kind != JsonKind::Number)
             return offset();
         const std::size_t end = m_tree.source.find_first_not_of("+-.0123456789Ee", begin);
-        return static_cast<std::uint32_t>(std::min(end, m_tree.source.size()));
+        return static_cast<uint32_t>(std::min(end, m_tree.source.size()));
     }
 
-    std::uint32_t fill(JsonKind kind)
+    uint32_t fill(JsonKind kind)
     {
-        const std::uint32_t index = place();
+        const uint32_t index = place();
         JsonNode& node = m_tree.nodes[index];
         node.kind = kind;
-        node.begin = static_cast<std::uint32_t>(m_tree.source.find_first_not_of(kBetween, m_last));
+        node.begin = static_cast<uint32_t>(m_tree.source.find_first_not_of(kBetween, m_last));
         node.end = endOf(kind, node.begin);
         node.first = 0; // where a duplicate name has had another value
         m_last = node.end;
@@ -253,8 +253,8 @@ private:
     Progress& m_progress;
     const std::string& m_used;
     std::vector<Open> m_open;
-    std::uint32_t m_member = 0; // the one whose value comes next
-    std::size_t m_last;         // where the token before ends
+    uint32_t m_member = 0; // the one whose value comes next
+    std::size_t m_last;    // where the token before ends
 };
 
 } // namespace

@@ -15,8 +15,8 @@ namespace base {
 // A name with its quotes, as a place in the source.
 struct JsonName
 {
-    std::uint32_t begin = 0;
-    std::uint32_t end = 0;
+    uint32_t begin = 0;
+    uint32_t end = 0;
 };
 
 // A value as a place in the source, from which it is read when somebody asks. Small whatever it
@@ -24,11 +24,11 @@ struct JsonName
 struct JsonNode
 {
     JsonKind kind = JsonKind::Null;
-    std::uint32_t begin = 0;
-    std::uint32_t end = 0;
-    std::uint32_t first = 0; // the first element or member; 0 for none, as the outermost is neither
-    std::uint32_t next = 0;  // the next one beside this one; 0 for none
-    std::uint32_t name = 0;  // of a member
+    uint32_t begin = 0;
+    uint32_t end = 0;
+    uint32_t first = 0; // the first element or member; 0 for none, as the outermost is neither
+    uint32_t next = 0;  // the next one beside this one; 0 for none
+    uint32_t name = 0;  // of a member
 };
 
 // What a program has asked of an object.
@@ -50,7 +50,7 @@ struct JsonTree
     std::unordered_map<const JsonNode*, JsonAsked> asked;
     std::vector<JsonProblem> problems;
     std::size_t unreported = 0; // how many problems more there are
-    std::vector<std::uint32_t> lineEnds;
+    std::vector<uint32_t> lineEnds;
 
     JsonNode& root() { return nodes.front(); }
     JsonNode* firstOf(const JsonNode& node) { return node.first ? &nodes[node.first] : nullptr; }

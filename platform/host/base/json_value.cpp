@@ -93,8 +93,8 @@ int JsonTree::lineAt(std::size_t place)
                          1);
         for (std::size_t at = 0; at < source.size(); ++at)
             if (source[at] == '\n')
-                lineEnds.push_back(static_cast<std::uint32_t>(at));
-        lineEnds.push_back(static_cast<std::uint32_t>(source.size()));
+                lineEnds.push_back(static_cast<uint32_t>(at));
+        lineEnds.push_back(static_cast<uint32_t>(source.size()));
     }
     const auto line = std::lower_bound(lineEnds.begin(), lineEnds.end(), place);
     return static_cast<int>(line - lineEnds.begin()) + 1;

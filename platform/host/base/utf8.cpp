@@ -10,7 +10,7 @@ struct SequenceForm
 {
     unsigned char mask, lead;
     std::size_t length;
-    std::uint32_t smallest;
+    uint32_t smallest;
 };
 
 const SequenceForm kForms[] = {
@@ -30,7 +30,7 @@ static const SequenceForm* formOf(unsigned char lead)
     return nullptr;
 }
 
-static bool isScalarValue(std::uint32_t code)
+static bool isScalarValue(uint32_t code)
 {
     return code <= 0x10FFFF && (code < 0xD800 || code > 0xDFFF);
 }
@@ -41,7 +41,7 @@ Utf8Character firstCharacter(std::string_view text)
     const SequenceForm* form = formOf(first);
     if (!form || text.size() < form->length)
         return {};
-    std::uint32_t code = first & static_cast<unsigned char>(~form->mask);
+    uint32_t code = first & static_cast<unsigned char>(~form->mask);
     for (std::size_t i = 1; i < form->length; ++i) {
         const auto byte = static_cast<unsigned char>(text[i]);
         if ((byte & 0xC0) != 0x80)
@@ -64,7 +64,7 @@ bool isUtf8(std::string_view text)
     return true;
 }
 
-bool isControl(std::uint32_t code)
+bool isControl(uint32_t code)
 {
     return code < 0x20 || (code >= 0x7F && code <= 0x9F);
 }

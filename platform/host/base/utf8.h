@@ -10,7 +10,7 @@ namespace base {
 
 struct Utf8Character
 {
-    std::uint32_t code = 0;
+    uint32_t code = 0;
     std::size_t length = 0; // in bytes; 0 when the bytes are no UTF-8
 };
 
@@ -21,7 +21,7 @@ Utf8Character firstCharacter(std::string_view text);
 bool isUtf8(std::string_view text);
 
 // U+0000 to U+001F, and U+007F to U+009F.
-bool isControl(std::uint32_t code);
+bool isControl(uint32_t code);
 
 // Bytes that are no UTF-8 are passed over.
 bool hasControls(std::string_view text);
