@@ -19,6 +19,10 @@ prefix=$work/moved
 pc=$(dirname "$(find "$prefix" -name vornqtnapi.pc)")
 export PKG_CONFIG_PATH=$pc
 [ "$(pkg-config --modversion vornqtnapi)" = 1.0.0 ]
+# Without Qt's words signals, slots and emit, too, which a program may want for itself.
+# shellcheck disable=SC2046,SC2086
+g++ -std=c++17 -fPIC -fsyntax-only -DQT_NO_KEYWORDS \
+    "$source/main.cpp" $(pkg-config --cflags vornqtnapi)
 # shellcheck disable=SC2046,SC2086
 g++ -std=c++17 -fPIC $flags "$source/main.cpp" -o "$work/by-pkg-config" \
     $(pkg-config --cflags --libs vornqtnapi)

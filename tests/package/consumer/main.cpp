@@ -16,6 +16,11 @@
 int main(int argc, char** argv)
 {
     YApplication app(argc, argv);
+#ifdef QT_NO_KEYWORDS
+    // The words are the program's own.
+    const int signals = 1, slots = 2, emit = 3;
+    std::printf("%d\n", signals + slots + emit);
+#endif
     YDataSessionManager manager;
     YStateDialog popup;
     popup.setStateString("Signing in");
