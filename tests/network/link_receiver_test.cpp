@@ -45,7 +45,7 @@ TEST_F(LinkReceiver, ThatNeverReadsLosesNothingAndHoldsNobodyUp)
     for (int i = 0; i < 8; ++i)
         store("Fail" + std::to_string(i));
     Receiver quick, never;
-    std::vector<Message> told = failMany(quick, 100000);
+    std::vector<Message> told = failMany(quick, 200000);
     for (size_t i = 0; i < told.size(); ++i)
         ASSERT_EQ(never.next(), told[i]) << "message " << i;
     EXPECT_FALSE(never.ready());

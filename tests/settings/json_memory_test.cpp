@@ -89,6 +89,7 @@ TEST(JsonMemory, StaysWithinTwentyTimesTheFile)
             for (const base::JsonProblem& problem : document.problems())
                 told += base::describe("hostile.json", problem).size();
         }
+        EXPECT_LE(most - before, 20 * file.text.size()) << file.label;
         EXPECT_LE(told, 64u * 1024) << file.label;
     }
 }
