@@ -50,7 +50,7 @@ enum DmtType {
     DMT_TYPE_NONE = 0, // nothing has been read into it
     DMT_TYPE_TEXT = 1,
     DMT_TYPE_INTEGER = 2, // 32 bits, signed
-    DMT_TYPE_TRUTH = 3
+    DMT_TYPE_BOOL = 3
 };
 
 // The result of a call: a code, 0 for success, and a message for people.
@@ -112,11 +112,11 @@ public:
     // The text belongs to this value and is valid until it is assigned to or goes.
     DmtStatus GetString(const char*& text) const;
 
-    DmtStatus GetBool(bool& truth) const;
+    DmtStatus GetBool(bool& value) const;
 
     void SetInt(int value);
     void SetString(const char* text); // copied; null stands for ""
-    void SetBool(bool truth);
+    void SetBool(bool value);
 
 private:
     struct Private;

@@ -60,10 +60,10 @@ const Row rows[] = {
      "{\n\n\"berer\": \"machine\"}",
      {std::string(":3: berer: expected one of the keys ") + kKeys +
       ", found an unknown key; using the file without it instead"}},
-    {"TakeOverIsNoTruth",
+    {"TakeOverIsNoBoolean",
      "{\"takeOver\": 1}",
      {":1: takeOver: expected true or false, found the number 1; using false instead"}},
-    {"RoamingIsNoTruth",
+    {"RoamingIsNoBoolean",
      "{\"roaming\": \"no\"}",
      {":1: roaming: expected true or false, found the text \"no\"; using true instead"}},
     {"GuardIsZero",

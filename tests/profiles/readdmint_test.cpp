@@ -308,7 +308,7 @@ INSTANTIATE_TEST_SUITE_P(
                 1,
                 {"Initialize", "GetTree localhost", "GetNode N", "GetValue",
                  "log: Data Type is not correct", "release node", "release tree", "Uninitialize"}},
-        Failure{"TruthType",
+        Failure{"BooleanType",
                 &Script::type,
                 3,
                 {"Initialize", "GetTree localhost", "GetNode N", "GetValue",

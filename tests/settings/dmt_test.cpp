@@ -83,11 +83,11 @@ TEST_F(SettingsTree, GivesATruthValue)
 {
     write(settings(), "{\"Roaming\": true}");
     DmtData data;
-    bool truth = false;
+    bool boolean = false;
     ASSERT_EQ(readNode("Roaming", data), DMT_OK);
-    EXPECT_EQ(data.GetType(), DMT_TYPE_TRUTH);
-    EXPECT_EQ(data.GetBool(truth).GetCode(), DMT_OK);
-    EXPECT_TRUE(truth);
+    EXPECT_EQ(data.GetType(), DMT_TYPE_BOOL);
+    EXPECT_EQ(data.GetBool(boolean).GetCode(), DMT_OK);
+    EXPECT_TRUE(boolean);
 }
 
 TEST_F(SettingsTree, RefusesAGetterOfAnotherTypeAndLeavesItsArgument)
@@ -96,14 +96,14 @@ TEST_F(SettingsTree, RefusesAGetterOfAnotherTypeAndLeavesItsArgument)
     text.SetString("5");
     integer.SetInt(5);
     int value = 77;
-    bool truth = true;
+    bool boolean = true;
     const char* pointer = "kept";
     EXPECT_EQ(text.GetInt(value).GetCode(), DMT_WRONG_TYPE);
     EXPECT_EQ(DmtData().GetInt(value).GetCode(), DMT_WRONG_TYPE);
-    EXPECT_EQ(integer.GetBool(truth).GetCode(), DMT_WRONG_TYPE);
+    EXPECT_EQ(integer.GetBool(boolean).GetCode(), DMT_WRONG_TYPE);
     EXPECT_EQ(integer.GetString(pointer).GetCode(), DMT_WRONG_TYPE);
     EXPECT_EQ(value, 77);
-    EXPECT_TRUE(truth);
+    EXPECT_TRUE(boolean);
     EXPECT_STREQ(pointer, "kept");
     EXPECT_EQ(DmtData().GetType(), DMT_TYPE_NONE);
 }

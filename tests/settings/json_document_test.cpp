@@ -17,7 +17,7 @@ TEST(JsonDocumentTest, GivesTheValuesOfTheFile)
     EXPECT_EQ(root.at("low").integer(INT64_MIN, INT64_MAX, 0), INT64_MIN);
     EXPECT_EQ(root.at("high").integer(INT64_MIN, INT64_MAX, 0), INT64_MAX);
     EXPECT_EQ(root.at("text").text(""), "\xc3\xa9");
-    EXPECT_TRUE(root.at("yes").truth(false));
+    EXPECT_TRUE(root.at("yes").boolean(false));
     EXPECT_EQ(root.at("pick").choice({"a", "b"}, "a"), "b");
     ASSERT_EQ(root.at("list").elements().size(), 2U);
     EXPECT_EQ(root.at("list").elements()[1].integer(5, 5, 0), 5);
@@ -31,7 +31,7 @@ TEST(JsonDocumentTest, GivesTheFallbackForAnAbsentValueWithoutReportingIt)
     EXPECT_EQ(absent.kind(), JsonKind::Absent);
     EXPECT_EQ(absent.integer(0, 1, 8), 8);
     EXPECT_EQ(absent.text("x"), "x");
-    EXPECT_TRUE(absent.truth(true));
+    EXPECT_TRUE(absent.boolean(true));
     EXPECT_TRUE(absent.elements().empty());
     EXPECT_EQ(told(document), Lines{});
 }

@@ -95,7 +95,7 @@ protected:
 
 using NoInteger = WrongKind;
 using NoText = WrongKind;
-using NoTruth = WrongKind;
+using NoBoolean = WrongKind;
 using NoChoice = WrongKind;
 using NoArray = WrongKind;
 using NoObject = WrongKind;
@@ -138,13 +138,13 @@ INSTANTIATE_TEST_SUITE_P(Values, NoText,
                                          WrongValue{"Array", "[\"x\"]", "an array"}),
                          rowName);
 
-TEST_P(NoTruth, GivesTheFallbackAndIsReported)
+TEST_P(NoBoolean, GivesTheFallbackAndIsReported)
 {
-    EXPECT_TRUE(m_value.truth(true));
+    EXPECT_TRUE(m_value.boolean(true));
     expectTold("true or false", "true");
 }
 
-INSTANTIATE_TEST_SUITE_P(Values, NoTruth,
+INSTANTIATE_TEST_SUITE_P(Values, NoBoolean,
                          testing::Values(WrongValue{"Zero", "0", "the number 0"},
                                          WrongValue{"Text", "\"false\"", "the text \"false\""}),
                          rowName);

@@ -44,11 +44,11 @@ Setting text(const std::string& value)
     return setting;
 }
 
-Setting truth(bool value)
+Setting boolean(bool value)
 {
     Setting setting;
-    setting.type = Setting::Type::Truth;
-    setting.truth = value;
+    setting.type = Setting::Type::Boolean;
+    setting.boolean = value;
     return setting;
 }
 
@@ -67,7 +67,7 @@ TEST_F(SettingsHost, GivesBackWhatWasSet)
     Setting got;
     ASSERT_TRUE(settingshost::setSetting("a", integer(-2147483647 - 1)).isOk());
     ASSERT_TRUE(settingshost::setSetting("b", text("\xe7\xbd\x91\n\"")).isOk());
-    ASSERT_TRUE(settingshost::setSetting("c", truth(true)).isOk());
+    ASSERT_TRUE(settingshost::setSetting("c", boolean(true)).isOk());
     ASSERT_TRUE(settingshost::getSetting("a", &got).isOk());
     EXPECT_EQ(got.type, Setting::Type::Integer);
     EXPECT_EQ(got.integer, -2147483647 - 1);
@@ -75,8 +75,8 @@ TEST_F(SettingsHost, GivesBackWhatWasSet)
     EXPECT_EQ(got.type, Setting::Type::Text);
     EXPECT_EQ(got.text, "\xe7\xbd\x91\n\"");
     ASSERT_TRUE(settingshost::getSetting("c", &got).isOk());
-    EXPECT_EQ(got.type, Setting::Type::Truth);
-    EXPECT_TRUE(got.truth);
+    EXPECT_EQ(got.type, Setting::Type::Boolean);
+    EXPECT_TRUE(got.boolean);
 }
 
 TEST_F(SettingsHost, WritesAFileForPeople)
@@ -92,7 +92,7 @@ TEST_F(SettingsHost, KeepsEverythingElseByteForByte)
 {
     write(settings(),
           "{\"z\":{\"x\":[1, 2.50,null]},\n\n \"m\" : 1 , \"big\":18446744073709551616}");
-    ASSERT_TRUE(settingshost::setSetting("m", truth(false)).isOk());
+    ASSERT_TRUE(settingshost::setSetting("m", boolean(false)).isOk());
     EXPECT_EQ(read(settings()), "{\"z\":{\"x\":[1, 2.50,null]},\n\n \"m\" : false , "
                                 "\"big\":18446744073709551616}");
 }
@@ -157,7 +157,7 @@ TEST_F(SettingsHost, ListsTheUsableNodesInTheOrderOfTheFile)
     EXPECT_EQ(all[1].first, "a");
     EXPECT_EQ(all[1].second.text, "t");
     EXPECT_EQ(all[2].first, "m");
-    EXPECT_TRUE(all[2].second.truth);
+    EXPECT_TRUE(all[2].second.boolean);
 }
 
 TEST_F(SettingsHost, ListsTheFeaturesByNumber)

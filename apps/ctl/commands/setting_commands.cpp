@@ -30,7 +30,7 @@ const char* typeName(Setting::Type type)
         return "integer";
     case Setting::Type::Text:
         return "text";
-    case Setting::Type::Truth:
+    case Setting::Type::Boolean:
         return "truth";
     }
     return "";
@@ -43,8 +43,8 @@ std::string valueText(const Setting& setting)
         return std::to_string(setting.integer);
     case Setting::Type::Text:
         return setting.text;
-    case Setting::Type::Truth:
-        return setting.truth ? "true" : "false";
+    case Setting::Type::Boolean:
+        return setting.boolean ? "true" : "false";
     }
     return {};
 }
@@ -59,8 +59,8 @@ Json jsonOf(const std::string& name, const Setting& setting)
     case Setting::Type::Text:
         json["value"] = setting.text;
         break;
-    case Setting::Type::Truth:
-        json["value"] = setting.truth;
+    case Setting::Type::Boolean:
+        json["value"] = setting.boolean;
         break;
     }
     return json;
@@ -71,7 +71,7 @@ Json jsonOf(const std::string& name, const Setting& setting)
 Setting::Type typeFor(const Request& request)
 {
     for (const Setting::Type type :
-         {Setting::Type::Integer, Setting::Type::Text, Setting::Type::Truth})
+         {Setting::Type::Integer, Setting::Type::Text, Setting::Type::Boolean})
         if (request.type == typeName(type))
             return type;
     if (settingshost::isReadAsInteger(request.name))
@@ -81,7 +81,7 @@ Setting::Type typeFor(const Request& request)
     if (result.isOk())
         return stored.type;
     if (request.value == "true" || request.value == "false")
-        return Setting::Type::Truth;
+        return Setting::Type::Boolean;
     return looksLikeInteger(request.value) ? Setting::Type::Integer : Setting::Type::Text;
 }
 
@@ -90,7 +90,7 @@ Setting settingFor(const Request& request)
     Setting setting;
     setting.type = typeFor(request);
     setting.text = request.value;
-    setting.truth = request.value == "true";
+    setting.boolean = request.value == "true";
     const bool isInteger = integerOf(request.value, &setting.integer);
     const std::string shown = inQuotes(request.value);
     if (setting.type == Setting::Type::Integer && !isInteger)
@@ -100,7 +100,7 @@ Setting settingFor(const Request& request)
                       settingshost::isReadAsInteger(request.name)
                           ? "Programs read this setting as an integer; --type stores another type."
                           : "--type text stores it as a text.");
-    if (setting.type == Setting::Type::Truth && !setting.truth && request.value != "false")
+    if (setting.type == Setting::Type::Boolean && !setting.boolean && request.value != "false")
         throw Failure(Exit::Usage,
                       shown + " does not fit; " + inQuotes(request.name) + " takes true or false.",
                       "--type gives the setting another type.");

@@ -97,9 +97,9 @@ Names settingNames()
 Names settingValues(const std::string& name)
 {
     settingshost::Setting setting;
-    const bool isTruth = settingshost::getSetting(name, &setting).isOk() &&
-                         setting.type == settingshost::Setting::Type::Truth;
-    return isTruth ? Names{"true", "false"} : Names{};
+    const bool isBoolean = settingshost::getSetting(name, &setting).isOk() &&
+                           setting.type == settingshost::Setting::Type::Boolean;
+    return isBoolean ? Names{"true", "false"} : Names{};
 }
 
 Names featureNumbers()

@@ -40,7 +40,7 @@ std::string sentence(const JsonProblem& problem);
 // place() and sentence() with ": " between them: a line as compilers write it, without a line end.
 std::string describe(const std::string& file, const JsonProblem& problem);
 
-enum class JsonKind : unsigned char { Absent, Null, Truth, Integer, Number, Text, Array, Object };
+enum class JsonKind : unsigned char { Absent, Null, Boolean, Integer, Number, Text, Array, Object };
 
 struct JsonNode;
 struct JsonTree;
@@ -84,7 +84,7 @@ public:
     std::string choice(const std::vector<std::string>& choices, const std::string& fallback) const;
 
     // true or false.
-    bool truth(bool fallback) const;
+    bool boolean(bool fallback) const;
 
     // Reports this value for a reason that the getters do not know.
     void reject(const std::string& expected, const std::string& used) const;

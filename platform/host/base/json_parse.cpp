@@ -85,7 +85,7 @@ public:
     {}
 
     bool null() { return add(JsonKind::Null); }
-    bool boolean(bool) { return add(JsonKind::Truth); }
+    bool boolean(bool) { return add(JsonKind::Boolean); }
     bool number_integer(json::number_integer_t) { return add(JsonKind::Integer); }
     bool number_unsigned(json::number_unsigned_t value)
     {

@@ -138,7 +138,7 @@ std::string JsonValue::description() const
         return "nothing";
     case JsonKind::Null:
         return "null";
-    case JsonKind::Truth:
+    case JsonKind::Boolean:
         return m_tree->sourceOf(*m_node);
     case JsonKind::Integer:
     case JsonKind::Number:
@@ -253,9 +253,9 @@ std::string JsonValue::choice(const std::vector<std::string>& choices,
     return fallback;
 }
 
-bool JsonValue::truth(bool fallback) const
+bool JsonValue::boolean(bool fallback) const
 {
-    return is(JsonKind::Truth, "true or false", fallback ? "true" : "false")
+    return is(JsonKind::Boolean, "true or false", fallback ? "true" : "false")
                ? m_tree->source[m_node->begin] == 't'
                : fallback;
 }

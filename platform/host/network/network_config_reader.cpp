@@ -140,8 +140,8 @@ NetworkConfig readNetworkConfig(base::JsonDocument& document)
     config.bearer = bearer(root.at("bearer"));
     config.wifi = interfaceName(root.at("interfaces").at("wifi"));
     config.cellular = interfaceName(root.at("interfaces").at("cellular"));
-    config.takeOver = root.at("takeOver").truth(config.takeOver);
-    config.roaming = root.at("roaming").truth(config.roaming);
+    config.takeOver = root.at("takeOver").boolean(config.takeOver);
+    config.roaming = root.at("roaming").boolean(config.roaming);
     readGuards(root.at("guards"), &config.guards);
     config.defaultScenario = scenario(root.at("scenario").at("default"));
     for (const auto& [profile, told] : root.at("scenario").at("profiles").members())

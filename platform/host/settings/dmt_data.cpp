@@ -79,7 +79,7 @@ struct DmtData::Private
     DmtType type = DMT_TYPE_NONE;
     int integer = 0;
     std::string text;
-    bool truth = false;
+    bool boolean = false;
 };
 
 DmtData::DmtData() : d(new Private) {}
@@ -118,11 +118,11 @@ DmtStatus DmtData::GetString(const char*& text) const
     return DmtStatus();
 }
 
-DmtStatus DmtData::GetBool(bool& truth) const
+DmtStatus DmtData::GetBool(bool& value) const
 {
-    if (d->type != DMT_TYPE_TRUTH)
+    if (d->type != DMT_TYPE_BOOL)
         return DmtStatus(DMT_WRONG_TYPE, "the value is no truth value");
-    truth = d->truth;
+    value = d->boolean;
     return DmtStatus();
 }
 
@@ -138,8 +138,8 @@ void DmtData::SetString(const char* text)
     d->type = DMT_TYPE_TEXT;
 }
 
-void DmtData::SetBool(bool truth)
+void DmtData::SetBool(bool value)
 {
-    d->truth = truth;
-    d->type = DMT_TYPE_TRUTH;
+    d->boolean = value;
+    d->type = DMT_TYPE_BOOL;
 }

@@ -44,8 +44,8 @@ DmtStatus DmtNode::GetValue(DmtData& data) const
     case Setting::Type::Text:
         data.SetString(leaf.value.text.c_str());
         break;
-    case Setting::Type::Truth:
-        data.SetBool(leaf.value.truth);
+    case Setting::Type::Boolean:
+        data.SetBool(leaf.value.boolean);
         break;
     }
     return DmtStatus();

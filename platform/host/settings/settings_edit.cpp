@@ -94,8 +94,8 @@ static nlohmann::json jsonOf(const Setting& setting)
         return setting.integer;
     case Setting::Type::Text:
         return setting.text;
-    case Setting::Type::Truth:
-        return setting.truth;
+    case Setting::Type::Boolean:
+        return setting.boolean;
     }
     return {};
 }

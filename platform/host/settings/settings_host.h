@@ -60,12 +60,12 @@ struct Result
 // A node's value; the member that `type` names counts.
 struct Setting
 {
-    enum class Type { Integer, Text, Truth };
+    enum class Type { Integer, Text, Boolean };
 
     Type type = Type::Integer;
     int integer = 0;
     std::string text;
-    bool truth = false;
+    bool boolean = false;
 };
 
 typedef std::vector<std::pair<std::string, Setting>> Settings;

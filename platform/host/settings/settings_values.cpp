@@ -64,9 +64,9 @@ std::optional<Setting> settingOf(const JsonValue& value)
         if (setting.text.find('\0') != std::string::npos)
             return {};
         return setting;
-    case JsonKind::Truth:
-        setting.type = Setting::Type::Truth;
-        setting.truth = value.truth(false);
+    case JsonKind::Boolean:
+        setting.type = Setting::Type::Boolean;
+        setting.boolean = value.boolean(false);
         return setting;
     case JsonKind::Absent:
     case JsonKind::Null:
@@ -80,8 +80,8 @@ std::optional<Setting> settingOf(const JsonValue& value)
 
 std::optional<bool> featureOf(const JsonValue& value)
 {
-    if (value.kind() == JsonKind::Truth)
-        return value.truth(false);
+    if (value.kind() == JsonKind::Boolean)
+        return value.boolean(false);
     return {};
 }
 
