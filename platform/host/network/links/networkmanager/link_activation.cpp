@@ -16,6 +16,8 @@ LinkActivation::LinkActivation(ActivationHost& host, const Opening& opening,
     : m_host(host), m_opening(opening), m_owner(owner)
 {}
 
+LinkActivation::~LinkActivation() = default;
+
 void LinkActivation::wait(Step step, Clock::duration time)
 {
     m_step = step;
@@ -30,8 +32,7 @@ void LinkActivation::guard(Step step)
 
 void LinkActivation::begin()
 {
-    for (NapiBearerKind kind : allowedKinds(m_opening.record))
-        m_kinds.push_back(kind);
+    m_kinds = allowedKinds(m_opening.record);
     list();
 }
 
@@ -46,7 +47,6 @@ void LinkActivation::list()
 
 void LinkActivation::listed(const ServicePicture& picture)
 {
-    m_picture = picture;
     if (picture.unreachable.cause != NAPI_CAUSE_NONE)
         lose(picture.unreachable);
     else
@@ -71,9 +71,9 @@ void LinkActivation::choose()
     }
     if (m_kind == NAPI_BEARER_CSD)
         return refuse({NAPI_CAUSE_NOT_SUPPORTED, 0});
-    m_choice = chooseDevice(m_kind, *m_opening.config, m_picture);
+    m_choice = chooseDevice(m_kind, *m_opening.config, m_listing.picture());
     if (m_choice.way == Way::None)
-        return refuse(cellular() ? withoutModem(m_picture, m_choice) : m_choice.cause);
+        return refuse(cellular() ? withoutModem(m_listing.picture(), m_choice) : m_choice.cause);
     m_begunElsewhere = true;
     say("device " + m_choice.device.interface);
     if (m_host.isTaken(m_choice.device.path))
@@ -96,7 +96,7 @@ void LinkActivation::refuse(const Cause& cause)
 {
     detach();
     m_cause = cause;
-    m_kinds.pop_front();
+    m_kinds.erase(m_kinds.begin());
     choose();
 }
 

@@ -2,8 +2,8 @@
 #ifndef NETWORK_NETWORKMANAGER_LINK_ACTIVATION_H
 #define NETWORK_NETWORKMANAGER_LINK_ACTIVATION_H
 
-#include <deque>
 #include <string>
+#include <vector>
 
 #include "network/links/networkmanager/activation_host.h"
 #include "network/links/networkmanager/address_reading.h"
@@ -43,6 +43,7 @@ public:
 
     // `owner` is the name of the user whom the connections belong to, or "" for everybody.
     LinkActivation(ActivationHost& host, const Opening& opening, const std::string& owner);
+    ~LinkActivation();
     LinkActivation(const LinkActivation&) = delete;
     LinkActivation& operator=(const LinkActivation&) = delete;
 
@@ -117,11 +118,10 @@ private:
     const std::string m_owner;
     Step m_step = Step::Listing;
     Clock::time_point m_deadline = kNever;
-    Clock::time_point m_guard = kNever; // of the kind that is being tried
-    std::deque<NapiBearerKind> m_kinds; // those that are left to try
+    Clock::time_point m_guard = kNever;  // of the kind that is being tried
+    std::vector<NapiBearerKind> m_kinds; // those that are left to try
     NapiBearerKind m_kind = NAPI_BEARER_UNKNOWN;
     Cause m_cause = {NAPI_CAUSE_NO_BEARER, 0}; // of the last kind tried
-    ServicePicture m_picture;
     DeviceChoice m_choice;
     std::string m_active;          // path of the activation
     bool m_takesPart = false;      // in an activation of this process

@@ -141,7 +141,7 @@ void LinkActivation::comeUp()
         return;
     m_step = Step::Up;
     m_deadline = kNever;
-    m_picture = {};
+    m_listing.clear();
     m_host.opened(m_opening.link, m_device);
 }
 

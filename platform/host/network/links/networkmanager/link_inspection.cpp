@@ -22,19 +22,15 @@ static const char* const kNoBus = "the machine's bus does not answer";
 static const char* const kNoService = "NetworkManager does not run";
 
 // Result: "", or why the services could not be asked.
-static std::string askServices(BusWait& wait, ServicePicture* picture)
+static const char* askServices(BusWait& wait, ServiceListing& listing)
 {
     bool done = false;
-    ServiceListing listing;
-    auto answered = [&](const ServicePicture& told) {
-        *picture = told;
-        done = true;
-    };
+    auto answered = [&done](const ServicePicture&) { done = true; };
     if (wait.open() != 0 || listing.start(wait.bus(), true, answered) != 0)
         return kNoBus;
     if (int error = wait.until(done))
         return error == ETIMEDOUT ? "NetworkManager does not answer" : kNoBus;
-    return picture->unreachable.cause == NAPI_CAUSE_NONE ? "" : kNoService;
+    return listing.picture().unreachable.cause == NAPI_CAUSE_NONE ? "" : kNoService;
 }
 
 static NapiBearerKind kindOf(const ServiceDevice& device)
@@ -139,9 +135,9 @@ static void inspectModems(const ServicePicture& picture, std::vector<Finding>* f
 static std::vector<Finding> inspect(BusWait& wait)
 {
     std::vector<Finding> findings;
-    ServicePicture picture;
-    std::string problem = askServices(wait, &picture);
-    if (!problem.empty()) {
+    ServiceListing listing;
+    const char* problem = askServices(wait, listing);
+    if (*problem) {
         findings.push_back(finding(nm::kService, problem,
                                    "sudo apt install network-manager; sudo systemctl enable --now "
                                    "NetworkManager"));
@@ -149,7 +145,7 @@ static std::vector<Finding> inspect(BusWait& wait)
     }
     if (!mayControl(wait))
         findings.push_back(finding(nm::kService, "this user may not open links", grantingLine()));
-    inspectModems(picture, &findings);
+    inspectModems(listing.picture(), &findings);
     return findings;
 }
 
@@ -180,12 +176,12 @@ using network::BusWait;
 std::string listLinkDevices(std::vector<LinkDevice>* devices, int timeLimitMs)
 {
     BusWait wait{std::chrono::milliseconds(timeLimitMs)};
-    network::ServicePicture picture;
+    network::ServiceListing listing;
     devices->clear();
-    std::string problem = network::askServices(wait, &picture);
-    for (const network::ServiceDevice& device : picture.devices) {
+    const char* problem = network::askServices(wait, listing);
+    for (const network::ServiceDevice& device : listing.picture().devices) {
         if (network::couldCarry(device))
-            devices->push_back(network::describe(device, picture));
+            devices->push_back(network::describe(device, listing.picture()));
     }
     return problem;
 }
@@ -201,9 +197,9 @@ std::vector<Finding> inspectLinks(int timeLimitMs)
 std::string simOperator(int timeLimitMs)
 {
     BusWait wait{std::chrono::milliseconds(timeLimitMs)};
-    network::ServicePicture picture;
-    network::askServices(wait, &picture);
-    return wait.bus().isOpen() ? network::operatorOfSim(wait, picture) : "";
+    network::ServiceListing listing;
+    network::askServices(wait, listing);
+    return wait.bus().isOpen() ? network::operatorOfSim(wait, listing.picture()) : "";
 }
 
 void watchLinkSteps(std::function<void(int link, const std::string& text)> listener)

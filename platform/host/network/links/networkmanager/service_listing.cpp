@@ -10,13 +10,18 @@ namespace network {
 int ServiceListing::start(BusConnection& bus, bool modems, Done done)
 {
     m_done = std::move(done);
-    m_picture = {};
+    clear();
     m_pending = 0;
     auto devices = [this](BusMessage& reply) { readDevices(reply); };
     if (int error = ask(bus, nm::kService, nm::kRoot, devices, &m_devices))
         return error;
     auto ofModems = [this](BusMessage& reply) { readModems(reply); };
     return modems ? ask(bus, mm::kService, mm::kRoot, ofModems, &m_modems) : 0;
+}
+
+void ServiceListing::clear()
+{
+    m_picture = {};
 }
 
 int ServiceListing::ask(BusConnection& bus, const char* service, const char* root,

@@ -18,6 +18,10 @@ public:
     // takes back an earlier one. Result: 0 or an errno, and nothing comes.
     int start(BusConnection& bus, bool modems, Done done);
 
+    // What was told last; clear() releases its memory.
+    const ServicePicture& picture() const { return m_picture; }
+    void clear();
+
 private:
     int ask(BusConnection& bus, const char* service, const char* root, BusHandler handler,
             BusSlot* slot);
