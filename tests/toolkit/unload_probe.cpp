@@ -1,6 +1,5 @@
 // A program that knows the library only at run time: it loads it, runs the wizard once, unloads it,
-// and goes on with widgets of its own. Usage: unload_probe LIBRARY; exits with 0 and says "went
-// on".
+// and goes on with widgets of its own. Usage: unload_probe LIBRARY; exits with 0 when it could.
 #include <cstdio>
 
 #include <dlfcn.h>
@@ -48,6 +47,5 @@ int main(int argc, char** argv)
     QCoreApplication::processEvents();
     press(&edit, Qt::Key_A, "a");
     QCoreApplication::processEvents();
-    std::printf("%s\n", result == 1 && edit.text() == "a" ? "went on" : "did not go on");
-    return 0;
+    return result == 1 && edit.text() == "a" ? 0 : 1;
 }
