@@ -6,6 +6,7 @@
 #include <cstring>
 #include <fstream>
 #include <netinet/in.h>
+#include <poll.h>
 #include <string>
 #include <sys/socket.h>
 #include <sys/stat.h>
@@ -54,7 +55,8 @@ protected:
             ASSERT_EQ(NAPI_CreateProfile(name, &profile, 0, 0), 0) << name;
         manager = std::make_unique<YDataSessionManager>();
         log = std::make_unique<SignalLog>(*manager);
-        ASSERT_GE(manager->init(false), 0);
+        indications = manager->init(false);
+        ASSERT_GE(indications, 0);
     }
 
     void TearDown() override
@@ -74,6 +76,19 @@ protected:
         return log->takeFirst();
     }
 
+    // Waits for an outcome without running the event loop, so that the manager knows nothing of it.
+    bool hasComeUnread() const
+    {
+        pollfd waiting = {indications, POLLIN, 0};
+        return ::poll(&waiting, 1, 10000) == 1;
+    }
+
+    // As the popup's key does, with nothing read between.
+    void cancel()
+    {
+        QMetaObject::invokeMethod(manager.get(), "slotCancelBtnClicked", Qt::DirectConnection);
+    }
+
     static bool hasPopup()
     {
         for (QWidget* widget : QApplication::allWidgets()) {
@@ -83,6 +98,7 @@ protected:
         return false;
     }
 
+    int indications = -1;
     QTemporaryDir root;
     std::unique_ptr<YDataSessionManager> manager;
     std::unique_ptr<SignalLog> log;
@@ -240,4 +256,55 @@ TEST_F(RealNetwork, ServesTwoManagersOfOneProcess)
         QApplication::processEvents(QEventLoop::WaitForMoreEvents, 50);
     EXPECT_EQ(secondLog.take(), "connected(0)");
     EXPECT_EQ(second.closeLink(0), 0);
+}
+
+TEST_F(RealNetwork, StillSignalsASuccessThatCameBeforeTheLinkWasClosed)
+{
+    EXPECT_EQ(manager->openLink("Plain"), 0);
+    ASSERT_TRUE(hasComeUnread());
+    EXPECT_EQ(manager->closeLink(0), 0);
+    EXPECT_FALSE(hasPopup());
+    EXPECT_EQ(nextSignal(), "connected(0)");
+    EXPECT_EQ(manager->closeLink(0), NAPI_ERR_NO_LINK);
+}
+
+TEST_F(RealNetwork, StillSignalsASuccessThatCameBeforeCancel)
+{
+    EXPECT_EQ(manager->openLink("Plain"), 0);
+    ASSERT_TRUE(hasComeUnread());
+    cancel();
+    EXPECT_EQ(log->take(), "openFailed(0,13,0)");
+    EXPECT_EQ(nextSignal(), "connected(0)");
+    EXPECT_EQ(manager->closeLink(0), NAPI_ERR_NO_LINK);
+}
+
+TEST_F(RealNetwork, StillSignalsAFailureThatCameBeforeCancel)
+{
+    EXPECT_EQ(manager->openLink("Refused"), 0);
+    ASSERT_TRUE(hasComeUnread());
+    cancel();
+    EXPECT_EQ(log->take(), "openFailed(0,13,0)");
+    EXPECT_EQ(nextSignal(), "openFailed(0,4,33)");
+}
+
+TEST_F(RealNetwork, SignalsNothingMoreOfAnOpeningThatWasCancelledInTime)
+{
+    EXPECT_EQ(manager->openLink("Slow"), 0);
+    cancel();
+    EXPECT_EQ(log->take(), "openFailed(0,13,0)");
+    EXPECT_EQ(nextSignal(400), "");
+}
+
+TEST_F(RealNetwork, TellsTheNextLinkOfAnIdNothingOfTheOneBeforeAfterAPassOfTheLoop)
+{
+    EXPECT_EQ(manager->openLink("Plain"), 0);
+    ASSERT_TRUE(hasComeUnread());
+    cancel();
+    QApplication::processEvents();
+    EXPECT_EQ(log->take(), "openFailed(0,13,0) connected(0)");
+    EXPECT_EQ(manager->openLink("Silent"), 0);
+    EXPECT_TRUE(hasPopup());
+    EXPECT_EQ(nextSignal(200), "");
+    EXPECT_TRUE(hasPopup());
+    EXPECT_EQ(manager->closeLink(0), 0);
 }
