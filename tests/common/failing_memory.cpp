@@ -39,6 +39,8 @@ bool isCounted(void* caller)
         return false;
     if (counted == Of::Library)
         return std::strstr(info.dli_fname, "libvornqtnapi.so");
+    if (counted == Of::Toolkit)
+        return std::strstr(info.dli_fname, "libytoolkit.so");
     return ::dladdr(reinterpret_cast<void*>(&isNext), &ofThisProgram) &&
            info.dli_fbase != ofThisProgram.dli_fbase;
 }

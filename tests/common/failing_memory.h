@@ -10,6 +10,7 @@ namespace failingmemory {
 // Which allocations are counted.
 enum class Of {
     Library,   // by operator new, called in the code of libvornqtnapi
+    Toolkit,   // by operator new, called in the code of libytoolkit
     Libraries, // by operator new, called in any code but the program's own
     Everybody  // by operator new and by malloc, calloc and realloc, whoever calls them
 };

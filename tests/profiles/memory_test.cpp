@@ -1,8 +1,12 @@
 // Memory that runs out while a profile is chosen or named, at each allocation in turn.
 
+#include <new>
+
 #include <QApplication>
+#include <QStringList>
 
 #include <profilefunctions.h>
+#include <ykbmainwidget.h>
 #include <yprofileselectdlg.h>
 
 #include "common/failing_memory.h"
@@ -69,6 +73,52 @@ TEST_F(ProfilesMemory, ThatRunsOutAtEachStepOfChoosingGivesTheResult)
     EXPECT_GE(allocations, 8);
     EXPECT_EQ(callWithoutFailure(), 0);
     EXPECT_EQ(name.toStdString(), "A name that no text holds by itself");
+}
+
+template <class Layer> bool isBuiltWithout(int number, bool* hasFailed)
+{
+    failingmemory::failAt(number, Of::Toolkit);
+    bool isBuilt = true;
+    try {
+        Layer layer;
+        *hasFailed = failingmemory::stop();
+    } catch (const std::bad_alloc&) {
+        *hasFailed = failingmemory::stop();
+        isBuilt = false;
+    }
+    return isBuilt;
+}
+
+struct SelectDialog : YProfileSelectDlg
+{
+    SelectDialog() : YProfileSelectDlg(names(), "Work", nullptr, nullptr) {}
+    static QStringList& names()
+    {
+        static QStringList list = {"Home", "Work"};
+        return list;
+    }
+};
+
+struct PlainPage : YKbMainWidget
+{
+    PlainPage() : YKbMainWidget(nullptr, "page", 0) {}
+};
+
+// What is left on the screen of a layer that was not finished would be used with the next one.
+TEST_F(ProfilesMemory, ThatRunsOutInTheToolkitLeavesNoHalfOfADialogOrAPage)
+{
+    for (const auto build : {isBuiltWithout<SelectDialog>, isBuiltWithout<PlainPage>}) {
+        const int allocations = forEachAllocation([this, build](int number) {
+            bool hasFailed = false;
+            const bool isBuilt = build(number, &hasFailed);
+            EXPECT_EQ(isBuilt, !hasFailed) << number;
+            settle();
+            EXPECT_EQ(QApplication::allWidgets().size(), widgetsBefore) << number;
+            EXPECT_EQ(callWithoutFailure(), 0) << number;
+            return hasFailed;
+        });
+        EXPECT_GE(allocations, 2);
+    }
 }
 
 // The not-found flow tells what the choosing behind it has told.

@@ -24,12 +24,19 @@ struct YKbMainWidget::Private
 YKbMainWidget::YKbMainWidget(QWidget* parent, const char* name, YWidgetFlags /*flags*/)
     : QWidget(YScreen::instance()), d(new Private)
 {
-    if (name)
-        setObjectName(QString::fromUtf8(name));
-    YScreen* screen = YScreen::instance();
-    screen->addLayer(this, parent, YScreen::Kind::Page, false);
-    setGeometry(screen->rect());
-    setAutoFillBackground(true);
+    // As in a popup: the screen must not keep a layer that is not whole.
+    try {
+        if (name)
+            setObjectName(QString::fromUtf8(name));
+        YScreen* screen = YScreen::instance();
+        screen->addLayer(this, parent, YScreen::Kind::Page, false);
+        setGeometry(screen->rect());
+        setAutoFillBackground(true);
+    } catch (...) {
+        YScreen::removeLayer(this);
+        delete d;
+        throw;
+    }
 }
 
 YKbMainWidget::~YKbMainWidget()

@@ -116,18 +116,25 @@ YPopup::YPopup(int /*type*/, QWidget* parent, const char* name, bool modal, int 
                int /*reserved*/)
     : QWidget(YScreen::instance()), d(new Private)
 {
-    if (name)
-        setObjectName(QString::fromUtf8(name));
-    d->modal = modal;
-    YScreen::instance()->addLayer(this, parent, YScreen::Kind::Popup, modal);
-    d->title = makeLine(this, YTheme::titleFont());
-    d->instruction = makeLine(this, YTheme::bodyFont());
-    d->softKey = new YSoftKey("CST_2A", this, this);
-    d->softKey->setClickedSlot(YSoftKey::Left, this, SLOT(accept()));
-    d->softKey->setClickedSlot(YSoftKey::Right, this, SLOT(reject()));
-    if (style == ProgressStyle)
-        d->busy = new YBusy(this);
-    setGeometry(YGlobal::getDlgSmallR());
+    // The destructor takes back only what is whole; the screen must not keep a layer that is not.
+    try {
+        if (name)
+            setObjectName(QString::fromUtf8(name));
+        d->modal = modal;
+        YScreen::instance()->addLayer(this, parent, YScreen::Kind::Popup, modal);
+        d->title = makeLine(this, YTheme::titleFont());
+        d->instruction = makeLine(this, YTheme::bodyFont());
+        d->softKey = new YSoftKey("CST_2A", this, this);
+        d->softKey->setClickedSlot(YSoftKey::Left, this, SLOT(accept()));
+        d->softKey->setClickedSlot(YSoftKey::Right, this, SLOT(reject()));
+        if (style == ProgressStyle)
+            d->busy = new YBusy(this);
+        setGeometry(YGlobal::getDlgSmallR());
+    } catch (...) {
+        YScreen::removeLayer(this);
+        delete d;
+        throw;
+    }
 }
 
 YPopup::~YPopup()

@@ -1,6 +1,7 @@
 #include "yscreen.h"
 
 #include <algorithm>
+#include <memory>
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -132,11 +133,13 @@ void YScreen::addLayer(QWidget* layer, QWidget* owner, Kind kind, bool modal)
 {
     layer->setParent(this);
     layer->hide();
-    auto* entry = new Layer{layer, kind, modal, nullptr};
+    auto entry = std::make_unique<Layer>(Layer{layer, kind, modal, nullptr});
     if (owner && owner != this)
         entry->anchor = new Anchor(owner, layer);
-    layers.push_back(entry);
     layer->installEventFilter(this);
+    // The last step that may fail: what is on the list is a whole layer.
+    layers.push_back(entry.get());
+    entry.release();
 }
 
 void YScreen::removeLayer(QWidget* layer)
