@@ -1,4 +1,5 @@
-# What every target of the project shares: language level, warnings, visibility, sanitizers.
+# What every target of the project shares: language level, warnings, visibility, sanitizers. How a test is
+# added stands in VornTests.cmake.
 
 set(CMAKE_CXX_STANDARD 17)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
@@ -31,9 +32,12 @@ add_library(vorn_build INTERFACE)
 target_compile_options(vorn_build INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-align
   -Wformat=2 -Wundef -Wconversion $<$<BOOL:${VORN_WERROR}>:-Werror>)
+# Not optimised, and with as much about the source as a readable stack needs: the sanitizers' checks take the
+# compiler longer to optimise than they take to run.
 if(VORN_SANITIZE)
   target_compile_options(vorn_build INTERFACE
-    -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer -O1)
+    -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer
+    $<IF:$<BOOL:${VORN_FUZZ}>,-O1,-O0> -g1)
   target_link_options(vorn_build INTERFACE -fsanitize=address,undefined)
 endif()
 # The parts of clang's sanitizers that a shared library calls are in the program.
@@ -65,32 +69,3 @@ add_library(vorn_platform_headers INTERFACE)
 target_include_directories(vorn_platform_headers INTERFACE
   "$<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/platform/include>"
   "$<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/vornqtnapi/platform>")
-
-# vorn_add_test(NAME SOURCES... LIBS... [LABELS ...] [ENV ...] [TIMEOUT s] [SERIAL])
-# One test program; each of its tests is a test of its own in CTest. GUI programs run offscreen.
-function(vorn_add_test name)
-  cmake_parse_arguments(T "SERIAL" "TIMEOUT" "SOURCES;LIBS;LABELS;ENV" ${ARGN})
-  if(NOT T_TIMEOUT)
-    set(T_TIMEOUT 120)
-  endif()
-  add_executable(${name} ${T_SOURCES})
-  set_target_properties(${name} PROPERTIES AUTOMOC ON)
-  target_link_libraries(${name} PRIVATE vorn_build ${T_LIBS} GTest::gtest)
-  target_include_directories(${name} PRIVATE "${PROJECT_SOURCE_DIR}/tests")
-  set(env "QT_QPA_PLATFORM=offscreen" "LC_ALL=C.UTF-8" "QT_LOGGING_RULES="
-    "LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/lsan.supp:print_suppressions=0"
-    "UBSAN_OPTIONS=print_stacktrace=1" ${T_ENV})
-  set(properties TIMEOUT ${T_TIMEOUT})
-  if(T_SERIAL)
-    list(APPEND properties RUN_SERIAL TRUE)
-  endif()
-  gtest_discover_tests(${name} NO_PRETTY_VALUES TEST_PREFIX "${name}/" TEST_LIST ${name}_list DISCOVERY_TIMEOUT 60
-    PROPERTIES ${properties})
-  # Properties that are lists do not survive the discovery step; CTest sets them when it has read the
-  # tests.
-  set(script "${CMAKE_CURRENT_BINARY_DIR}/${name}_properties.cmake")
-  file(WRITE "${script}" "if(${name}_list)\n"
-    "  set_tests_properties(\${${name}_list} PROPERTIES\n"
-    "    ENVIRONMENT [==[${env}]==] LABELS [==[${T_LABELS}]==])\nendif()\n")
-  set_property(DIRECTORY APPEND PROPERTY TEST_INCLUDE_FILES "${script}")
-endfunction()

@@ -273,7 +273,8 @@ TEST_F(Entry, ManyWizardsLeaveNothingBehind)
     // The same request gets a few bytes more or less from time to time.
     EXPECT_LT(after.heap - before.heap, times);
     EXPECT_EQ(before.widgets, after.widgets);
-    EXPECT_EQ(before.descriptors, after.descriptors);
+    // What an earlier test had open may be closed meanwhile.
+    EXPECT_LE(after.descriptors, before.descriptors);
     EXPECT_EQ(before.loopLevel, after.loopLevel);
     EXPECT_EQ(firstLevelInside, levelInside);
 }
