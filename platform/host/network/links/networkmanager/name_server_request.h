@@ -13,7 +13,8 @@ class NameServerRequest
 {
 public:
     // Changes the priority in the connection as it is applied to the device; what is stored of it
-    // stays as it is. Nothing tells whether the service has done it. Once is enough for a device.
+    // stays as it is. Nothing tells whether the service has done it; version 1.42 sorts its servers
+    // anew with their next change. Once is enough for a device.
     void start(BusConnection& bus, const std::string& device);
 
     void cancel();
