@@ -25,7 +25,7 @@ namespace network {
 // | Requested | the answer to the activation | guard |
 // | Dialling | the device to come up; for a PIN or a password no longer than `secret` | guard |
 // | Addressing | an address of a device that has come up | 1 s |
-// | Asking | the modem's reason for a failure | 50 ms |
+// | Asking | the modem's reason for a failure | 50 ms, and 1 s without an answer |
 class LinkActivation
 {
 public:

@@ -16,6 +16,7 @@ constexpr auto kAddressPause = std::chrono::milliseconds(50);
 // The modem's reason may follow the failure.
 constexpr auto kReasonPatience = std::chrono::milliseconds(50);
 constexpr auto kReasonPause = std::chrono::milliseconds(10);
+constexpr auto kAnswerPatience = std::chrono::seconds(1); // of a machine that is busy
 
 // How long an activation that nobody wants any more may still be answered.
 constexpr auto kLinger = std::chrono::seconds(60);
@@ -209,7 +210,7 @@ void LinkActivation::replaced()
 
 void LinkActivation::askWhy()
 {
-    wait(Step::Asking, kReasonPause);
+    wait(Step::Asking, kAnswerPatience);
     auto done = [this](const std::vector<ModemBearer>& bearers) { explain(bearers); };
     m_bearers.start(m_host.bus(), m_choice.device.modem, done);
 }
@@ -230,7 +231,8 @@ void LinkActivation::explain(const std::vector<ModemBearer>& bearers)
         return refuse(told);
     }
     if (bearers.empty())
-        refuse(m_lastCause);
+        return refuse(m_lastCause);
+    m_deadline = Clock::now() + kReasonPause;
 }
 
 // A link that is up stays, as the interface does. The service will have other paths when it comes
