@@ -63,6 +63,19 @@ COMPLETED = {
         "vornctl profile export --output=a\\ f",
         ["profile", "export", "--output=a file"],
     ),
+    "an operator": ("vornctl operator search Auto", ["operator", "search", "Auto-Mobil"]),
+    "an operator behind its option": (
+        "vornctl profile create New --operator Про",
+        ["profile", "create", "New", "--operator", "Проба"],
+    ),
+    "a plan": (
+        "vornctl profile create New --operator Auto-Mobil --plan Con",
+        ["profile", "create", "New", "--operator", "Auto-Mobil", "--plan", "Contract"],
+    ),
+    "a field of the operators": (
+        "vornctl operator search auto --fields country-",
+        ["operator", "search", "auto", "--fields", "country-name"],
+    ),
     "a feature's value": ("vornctl feature set 431 of", ["feature", "set", "431", "off"]),
     "nothing for an unknown profile": ("vornctl profile show Zzz", ["profile", "show", "Zzz"]),
     "nothing for a password's field": ("vornctl profile set Home passw", ["profile", "set", "Home", "passw"]),

@@ -29,6 +29,12 @@ OFFERED = {
     "a type behind its equals sign": ("vornctl setting set Level 5 --type=int", ["--type=integer"]),
     "a file": ("vornctl profile import a", ["a-file"]),
     "a file behind an equals sign": ("vornctl profile export --output=a", ["--output=a-file"]),
+    "an operator of another script": ("vornctl operator search Про", ["Проба"]),
+    "a plan": ("vornctl profile create New --operator Auto-Mobil --plan Con", ["Contract"]),
+    "a plan behind its equals sign": (
+        "vornctl profile create New --operator=Auto-Mobil --plan=Con",
+        ["--plan=Contract"],
+    ),
     "nothing for an unknown profile": ("vornctl profile show Zzz", []),
 }
 

@@ -2,7 +2,8 @@
 // plays a disk that is full or mounted read-only, files that may not be opened
 // (VORN_TEST_FORBIDDEN, a part of their path), files that cannot be read (VORN_TEST_FAULTY), a user
 // whom no file belongs to (VORN_TEST_USER) and a kill before a rename (VORN_TEST_KILLED), which
-// takes no privileges, and none that have to be given up, this way.
+// takes no privileges, and none that have to be given up, this way. The SIM card is that of
+// VORN_TEST_SIM, whatever the machine has.
 #include <cerrno>
 #include <csignal>
 #include <cstdarg>
@@ -78,6 +79,18 @@ int refused(int error)
 }
 
 } // namespace
+
+namespace napihost {
+
+VORN_PLATFORM_API std::string simOperator(int timeLimitMs);
+
+std::string simOperator(int /*timeLimitMs*/)
+{
+    const char* network = std::getenv("VORN_TEST_SIM");
+    return network ? network : "";
+}
+
+} // namespace napihost
 
 extern "C" {
 

@@ -30,6 +30,7 @@ def environment(folder, vornctl, preload, disk):
         "VORN_TEST_PRELOAD": preload,
         "VORN_TEST_CALLS": str(folder / "here" / "calls"),
         "VORN_TEST_DISK": disk,
+        "VORN_OPERATORS": str(HERE / "operators.xml"),
         "PYTHONDONTWRITEBYTECODE": "1",
     }
 

@@ -69,4 +69,5 @@ def environment(folder, vornctl, root, locale="C.UTF-8"):
         "PS1": "$ ",
         "INPUTRC": "/dev/null",
         "VORN_ROOT": str(root),
+        "VORN_OPERATORS": str(pathlib.Path(__file__).resolve().parent / "operators.xml"),
     }

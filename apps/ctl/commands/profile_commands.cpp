@@ -3,6 +3,7 @@
 #include "failure.h"
 #include "line/request.h"
 #include "listing.h"
+#include "operators/operator_profile.h"
 #include "output.h"
 #include "profile/columns.h"
 #include "profile/record.h"
@@ -161,6 +162,7 @@ int profileCreate(const Request& request)
 {
     NetworkProfile record = {};
     record.storedMark = editedMark;
+    takeFromOperator(request, record);
     assign(request, record);
     takePasswords(request, record);
     createProfile("create the profile", request.name, record);

@@ -17,6 +17,7 @@ enum class Word {
     Profiles,
     ProfilesToDelete,
     Assignments,
+    SearchWords,
     File,
     Setting,
     Settings,
@@ -32,6 +33,9 @@ enum class Flag {
     ShowSecrets,
     SecretsInJson, // of a command that shows no password to people
     Passwords,
+    Operator,
+    Plan,
+    FromSim,
     OnlyNames,
     Fields,
     Terse,

@@ -1,5 +1,6 @@
 #include "line/command_table.h"
 
+#include "operators/operator_columns.h"
 #include "profile/columns.h"
 
 namespace ctl {
@@ -19,6 +20,7 @@ const std::vector<Group>& groups()
     static const std::vector<Group> table = {
         {"profile", "Network profiles: list, show and change them"},
         {"link", "Data links: open one"},
+        {"operator", "Access points of the mobile operators: search them"},
         {"setting", "Settings of the device-management tree"},
         {"feature", "Features that the device has"},
         {"doctor", "Look for damaged files below the root, and say what to do"},
@@ -35,7 +37,7 @@ const std::vector<Command>& commands()
         {"profile", "show", "Show one profile", {Word::Profile},
          {Flag::Fields, Flag::Terse, Flag::ShowSecrets, Flag::Json}, profileShow, profileColumns},
         {"profile", "create", "Store a new profile", {Word::NewProfile, Word::Assignments},
-         {Flag::Passwords, Flag::SecretsInJson, Flag::Json}, profileCreate},
+         {Flag::Operator, Flag::Plan, Flag::FromSim, Flag::Passwords, Flag::SecretsInJson, Flag::Json}, profileCreate},
         {"profile", "set", "Change fields of a stored profile", {Word::Profile, Word::Assignments},
          {Flag::Passwords, Flag::SecretsInJson, Flag::Json}, profileSet},
         {"profile", "copy", "Store a copy of a profile under another name", {Word::Profile, Word::OtherName},
@@ -50,6 +52,8 @@ const std::vector<Command>& commands()
          {Flag::NewName, Flag::Replace, Flag::RawImport, Flag::SecretsInJson, Flag::Json}, profileImport},
         {"link", "open", "Open a link, print each indication, close it", {Word::Profile},
          {Flag::Hold, Flag::Timeout, Flag::Json}, linkOpen},
+        {"operator", "search", "List access points of operators, found by words", {Word::SearchWords},
+         {Flag::Fields, Flag::Terse, Flag::Json}, operatorSearch, operatorColumns},
         {"setting", "get", "Print one setting", {Word::Setting}, {Flag::Json}, settingGet},
         {"setting", "set", "Change or add one setting", {Word::Setting, Word::SettingValue},
          {Flag::Type, Flag::Json}, settingSet},

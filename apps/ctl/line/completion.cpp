@@ -1,10 +1,12 @@
 #include "line/completion.h"
 
 #include <cstring>
+#include <set>
 
 #include "failure.h"
 #include "line/command_table.h"
 #include "line/line_failures.h"
+#include "operators/operator_search.h"
 #include "profile/store.h"
 #include "profile/values.h"
 #include "settings/settings_host.h"
@@ -51,7 +53,28 @@ struct Line
     const Option* pending = nullptr; // an option that waits for its value
     Names words = {};                // behind the command
     bool onlyWords = false;          // behind "--"
+    std::string operatorWords = {};  // the value of --operator
 };
+
+// What an option's value tells of what may follow.
+void takeValue(Line& line, const Option& option, const std::string& value)
+{
+    if (option.flag == Flag::Operator)
+        line.operatorWords = value;
+}
+
+// "--json", "--timeout", behind which a value follows, or "--timeout=5".
+void takeOption(Line& line, const std::string& word)
+{
+    const std::size_t equals = word.find('=');
+    const Option* option = findOption(word.substr(0, equals));
+    if (!option || option->on)
+        return;
+    if (equals == std::string::npos)
+        line.pending = option;
+    else
+        takeValue(line, *option, word.substr(equals + 1));
+}
 
 Line lineOf(const CLI::App& app, const Names& words)
 {
@@ -59,18 +82,17 @@ Line lineOf(const CLI::App& app, const Names& words)
     for (std::size_t i = 0; i + 1 < words.size(); ++i) {
         const CLI::App* child = childOf(*line.app, words[i]);
         const bool isOption = !line.onlyWords && words[i].size() > 1 && words[i][0] == '-';
-        if (line.pending)
+        if (line.pending) {
+            takeValue(line, *line.pending, words[i]);
             line.pending = nullptr;
-        else if (child && !line.onlyWords)
+        } else if (child && !line.onlyWords)
             line.app = child;
         else if (isOption && words[i] == "--")
             line.onlyWords = true;
         else if (isOption)
-            line.pending = findOption(words[i]);
+            takeOption(line, words[i]);
         else
             line.words.push_back(words[i]);
-        if (line.pending && line.pending->on)
-            line.pending = nullptr;
     }
     return line;
 }
@@ -100,6 +122,37 @@ Names settingValues(const std::string& name)
     const bool isBoolean = settingshost::getSetting(name, &setting).isOk() &&
                            setting.type == settingshost::Setting::Type::Boolean;
     return isBoolean ? Names{"true", "false"} : Names{};
+}
+
+std::vector<Operator> operators()
+{
+    try {
+        return readOperators();
+    } catch (const Failure&) {
+        return {};
+    }
+}
+
+Names operatorNames()
+{
+    std::set<std::string> names;
+    for (const Operator& each : operators())
+        names.insert(each.names.begin(), each.names.end());
+    return {names.begin(), names.end()};
+}
+
+// Of the operators that are named before, by their own names where they have some.
+Names planNames(const std::string& operatorWords)
+{
+    const std::vector<Operator> list = operators();
+    Operators all;
+    for (const Operator& each : list)
+        all.push_back(&each);
+    std::set<std::string> names;
+    for (const Operator* each : namedOperators(all, operatorWords))
+        for (const AccessPoint& point : each->accessPoints)
+            names.insert(point.plan.empty() ? point.apn : point.plan);
+    return {names.begin(), names.end()};
 }
 
 Names featureNumbers()
@@ -139,6 +192,8 @@ Names wordsFor(Word word, const Line& line, const std::string& current)
         return assignmentsFor(current);
     case Word::File:
         return {files};
+    case Word::SearchWords:
+        return operatorNames();
     case Word::Setting:
     case Word::Settings:
         return settingNames();
@@ -168,8 +223,13 @@ Names fieldLists(const Command* command, const std::string& current)
     return lists;
 }
 
-Names valuesOf(const Option& option, const Command* command, const std::string& current)
+Names valuesOf(const Option& option, const Line& line, const std::string& current)
 {
+    const Command* command = commandOf(*line.app);
+    if (option.flag == Flag::Operator)
+        return operatorNames();
+    if (option.flag == Flag::Plan && !line.operatorWords.empty())
+        return planNames(line.operatorWords);
     if (option.flag == Flag::Type)
         return settingTypes;
     if (option.flag == Flag::Fields)
@@ -187,8 +247,7 @@ Names optionsFor(const Line& line, const std::string& current)
     const Option* option = findOption(current.substr(0, equals));
     Names values;
     if (option && !option->on)
-        for (const std::string& value :
-             valuesOf(*option, commandOf(*line.app), current.substr(equals + 1)))
+        for (const std::string& value : valuesOf(*option, line, current.substr(equals + 1)))
             values.push_back(value == files ? value : lead + value);
     return values;
 }
@@ -217,7 +276,7 @@ std::vector<std::string> candidates(const CLI::App& app, const std::vector<std::
     const std::string& current = words.back();
     const Command* command = commandOf(*line.app);
     if (line.pending)
-        return valuesOf(*line.pending, command, current);
+        return valuesOf(*line.pending, line, current);
     if (!line.onlyWords && !current.empty() && current[0] == '-')
         return optionsFor(line, current);
     if (command)

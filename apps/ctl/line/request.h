@@ -12,13 +12,16 @@ struct Request
     std::string name;
     std::string newName;
     std::vector<std::string> names;
+    std::vector<std::string> words;       // of a search
     std::vector<std::string> assignments; // FIELD=VALUE
     std::string file;
     std::string value;
     std::string type;
     std::string passwordFile;
     std::string csdPasswordFile;
-    std::string fields;  // names with commas between them; "" for the usual ones
+    std::string fields; // names with commas between them; "" for the usual ones
+    std::string operatorWords;
+    std::string plan;
     std::string timeout; // seconds; "" waits without an end
     bool json = false;
     bool showSecrets = false;
@@ -30,6 +33,7 @@ struct Request
     bool replace = false;
     bool hold = false;
     bool terse = false;
+    bool fromSim = false;
 };
 
 // The commands. Each throws Failure when it cannot do what was asked, and returns the exit status.
@@ -43,6 +47,7 @@ int profileDelete(const Request& request);
 int profileExport(const Request& request);
 int profileImport(const Request& request);
 int linkOpen(const Request& request);
+int operatorSearch(const Request& request);
 int settingGet(const Request& request);
 int settingSet(const Request& request);
 int settingDelete(const Request& request);

@@ -16,17 +16,17 @@ struct Synonym
 };
 
 const Synonym synonyms[] = {
-    {"ls", "list"},       {"dir", "list"},      {"all", "list"},      {"add", "create"},
-    {"new", "create"},    {"make", "create"},   {"add", "set"},       {"modify", "set"},
-    {"mod", "set"},       {"edit", "set"},      {"change", "set"},    {"update", "set"},
-    {"enable", "set"},    {"disable", "set"},   {"put", "set"},       {"rm", "delete"},
-    {"remove", "delete"}, {"del", "delete"},    {"erase", "delete"},  {"unset", "delete"},
-    {"reset", "delete"},  {"cp", "copy"},       {"clone", "copy"},    {"mv", "rename"},
-    {"move", "rename"},   {"get", "show"},      {"cat", "show"},      {"info", "show"},
-    {"view", "show"},     {"show", "get"},      {"print", "get"},     {"save", "export"},
-    {"backup", "export"}, {"dump", "export"},   {"load", "import"},   {"restore", "import"},
-    {"up", "open"},       {"connect", "open"},  {"dial", "open"},     {"start", "open"},
-    {"check", "doctor"},  {"verify", "doctor"}, {"status", "doctor"},
+    {"ls", "list"},       {"dir", "list"},     {"all", "list"},      {"add", "create"},
+    {"new", "create"},    {"make", "create"},  {"add", "set"},       {"modify", "set"},
+    {"mod", "set"},       {"edit", "set"},     {"change", "set"},    {"update", "set"},
+    {"enable", "set"},    {"disable", "set"},  {"put", "set"},       {"rm", "delete"},
+    {"remove", "delete"}, {"del", "delete"},   {"erase", "delete"},  {"unset", "delete"},
+    {"reset", "delete"},  {"cp", "copy"},      {"clone", "copy"},    {"mv", "rename"},
+    {"move", "rename"},   {"get", "show"},     {"cat", "show"},      {"info", "show"},
+    {"view", "show"},     {"show", "get"},     {"print", "get"},     {"save", "export"},
+    {"backup", "export"}, {"dump", "export"},  {"load", "import"},   {"restore", "import"},
+    {"up", "open"},       {"connect", "open"}, {"dial", "open"},     {"start", "open"},
+    {"find", "search"},   {"check", "doctor"}, {"verify", "doctor"}, {"status", "doctor"},
 };
 
 // What has no command of its own.
