@@ -44,7 +44,8 @@ public:
     // Gives the address that stands in the fields; when they hold none, because one of them is
     // empty for instance, the address is 0 and its text "0.0.0.0". The text has no leading zeros.
     // `buffer` has room for 16 bytes, which the longest address needs with its NUL; null is not
-    // allowed.
+    // allowed. Where memory runs out the address is 0, too, and a QString keeps its value; no
+    // exception comes.
     void getIPAddress(unsigned long& address);
     void getIPAddress(QString& text);
     void getIPAddress(unsigned char* buffer);
@@ -52,7 +53,7 @@ public:
     // Whether the fields hold an address other than 0.0.0.0 and 255.255.255.255.
     bool isIPValid();
 
-    // Whether nothing but blanks stands in the fields.
+    // Whether nothing but blanks stands in the fields; false where memory runs out.
     bool isEmpty();
 
 private:

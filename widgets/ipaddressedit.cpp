@@ -8,6 +8,7 @@
 
 #include "ipaddressedit_validator.h"
 #include "support/ipv4.h"
+#include "support/memory.h"
 #include "support/text.h"
 #include "support/toolkitnumbers.h"
 #include "widgets/keypadinput.h"
@@ -79,27 +80,31 @@ void IPAddressEdit::setIPAddress(unsigned char* text)
     setIPAddress(static_cast<unsigned long>(addressOf(textOf(text))));
 }
 
-void IPAddressEdit::getIPAddress(unsigned long& address)
+static unsigned int addressIn(YLineEdit* const* segments)
 {
     QString text = segments[0]->text();
     for (int i = 1; i < segmentCount; ++i)
         text += "." + segments[i]->text();
-    address = addressOf(text);
+    return addressOf(text);
+}
+
+void IPAddressEdit::getIPAddress(unsigned long& address)
+{
+    address = support::withMemory([this] { return addressIn(segments); }, [] { return 0U; });
 }
 
 void IPAddressEdit::getIPAddress(QString& text)
 {
-    unsigned long address = 0;
-    getIPAddress(address);
-    text = support::ipv4ToText(static_cast<unsigned int>(address));
+    support::withMemory([this, &text] { text = support::ipv4ToText(addressIn(segments)); }, [] {});
 }
 
 void IPAddressEdit::getIPAddress(unsigned char* buffer)
 {
-    QString text;
-    getIPAddress(text);
-    const std::string bytes = support::latin1(text);
-    memcpy(buffer, bytes.c_str(), bytes.size() + 1);
+    const auto write = [this, buffer] {
+        const std::string text = support::latin1(support::ipv4ToText(addressIn(segments)));
+        memcpy(buffer, text.c_str(), text.size() + 1);
+    };
+    support::withMemory(write, [buffer] { strcpy(reinterpret_cast<char*>(buffer), "0.0.0.0"); });
 }
 
 bool IPAddressEdit::isIPValid()
@@ -111,8 +116,11 @@ bool IPAddressEdit::isIPValid()
 
 bool IPAddressEdit::isEmpty()
 {
-    for (int i = 0; i < segmentCount; ++i)
-        if (!support::trimmed(segments[i]->text()).isEmpty())
-            return false;
-    return true;
+    const auto look = [this] {
+        for (int i = 0; i < segmentCount; ++i)
+            if (!support::trimmed(segments[i]->text()).isEmpty())
+                return false;
+        return true;
+    };
+    return support::withMemory(look, [] { return false; });
 }
