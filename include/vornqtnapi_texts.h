@@ -42,7 +42,7 @@ inline const VornCode& vornResult(int result)
          "the manager is initialised already"},
         {VORN_ERR_NEGATIVE_LINK, "VORN_ERR_NEGATIVE_LINK", "a link id is never negative"},
         {-152, "NAPI_ERR_MEMORY_FULL",
-         "no room: the disk or the quota is full, or there are too many profiles"},
+         "no room: the disk, the quota or the memory is full, or there are too many profiles"},
         {-201, "NAPI_ERR_NOT_INITIALISED", "the network API is not initialised"},
         {-202, "NAPI_ERR_ARGUMENT", "a wrong argument"},
         {-203, "NAPI_ERR_NAME", "not a name that a profile can have"},
