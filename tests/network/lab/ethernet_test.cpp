@@ -214,7 +214,7 @@ TEST_F(Ethernet, OutlivesAForkedChild)
     Message message = up(receiver);
     pid_t child = ::fork();
     if (child == 0)
-        ::exit(NAPI_CloseLink(message.link) == NAPI_ERR_NOT_INITIALISED ? 0 : 1);
+        ::_exit(NAPI_CloseLink(message.link) == NAPI_ERR_NOT_INITIALISED ? 0 : 1);
     int status = 0;
     ::waitpid(child, &status, 0);
     EXPECT_EQ(status, 0) << "a child has no network API of its own yet";
