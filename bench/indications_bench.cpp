@@ -58,45 +58,45 @@ class Writer
 public:
     explicit Writer(unsigned int batch)
     {
-        require(::socketpair(AF_UNIX, SOCK_STREAM, 0, ends) == 0, "socketpair");
-        require(::pipe(start) == 0, "pipe");
-        process = ::fork();
-        require(process >= 0, "fork");
-        if (process == 0)
+        require(::socketpair(AF_UNIX, SOCK_STREAM, 0, m_ends) == 0, "socketpair");
+        require(::pipe(m_start) == 0, "pipe");
+        m_process = ::fork();
+        require(m_process >= 0, "fork");
+        if (m_process == 0)
             write(batch);
-        ::close(ends[1]);
-        ::close(start[0]);
+        ::close(m_ends[1]);
+        ::close(m_start[0]);
     }
 
     ~Writer()
     {
-        ::waitpid(process, nullptr, 0);
-        ::close(start[1]);
+        ::waitpid(m_process, nullptr, 0);
+        ::close(m_start[1]);
     }
 
-    int readEnd() const { return ends[0]; }
-    void begin() { require(::write(start[1], "b", 1) == 1, "write"); }
+    int readEnd() const { return m_ends[0]; }
+    void begin() { require(::write(m_start[1], "b", 1) == 1, "write"); }
 
 private:
     [[noreturn]] void write(unsigned int batch)
     {
-        ::close(ends[0]);
+        ::close(m_ends[0]);
         std::vector<NapiIndication> messages(batch);
         char go;
-        if (::read(start[0], &go, 1) != 1)
+        if (::read(m_start[0], &go, 1) != 1)
             ::_exit(1);
         for (unsigned int number = 0; number < total; number += batch) {
             for (unsigned int i = 0; i < batch; ++i)
                 fill(messages[i], number + i);
-            writeAll(ends[1], reinterpret_cast<const char*>(messages.data()),
+            writeAll(m_ends[1], reinterpret_cast<const char*>(messages.data()),
                      batch * sizeof(NapiIndication));
         }
         ::_exit(0);
     }
 
-    int ends[2];
-    int start[2];
-    pid_t process = -1;
+    int m_ends[2];
+    int m_start[2];
+    pid_t m_process = -1;
 };
 
 // Counts what comes and sees that nothing is missing or out of order.
@@ -174,12 +174,12 @@ void sessionManager(benchmark::State& state)
     state.SetItemsProcessed(static_cast<int64_t>(state.iterations()) * total);
 }
 
-BENCHMARK(readLoop)->Arg(1)->Arg(64)->UseRealTime()->Unit(benchmark::kMillisecond)->Iterations(1);
+BENCHMARK(readLoop)->Arg(1)->Arg(64)->UseRealTime()->Unit(benchmark::millisecond)->Iterations(1);
 BENCHMARK(sessionManager)
     ->Arg(1)
     ->Arg(64)
     ->UseRealTime()
-    ->Unit(benchmark::kMillisecond)
+    ->Unit(benchmark::millisecond)
     ->Iterations(1);
 
 } // namespace

@@ -24,12 +24,14 @@
 
 using namespace std::chrono;
 
-static long long now()
+namespace {
+
+long long now()
 {
     return duration_cast<microseconds>(system_clock::now().time_since_epoch()).count();
 }
 
-static NapiIndication next(int socket)
+NapiIndication next(int socket)
 {
     NapiIndication message = {};
     if (::read(socket, &message, sizeof message) != sizeof message)
@@ -37,14 +39,14 @@ static NapiIndication next(int socket)
     return message;
 }
 
-static long long closingTime(int link)
+long long closingTime(int link)
 {
     auto before = steady_clock::now();
     NAPI_CloseLink(link);
     return duration_cast<microseconds>(steady_clock::now() - before).count();
 }
 
-static int measureOpening(int socket, const char* profile, int rounds)
+int measureOpening(int socket, const char* profile, int rounds)
 {
     for (int round = 0; round < rounds; ++round) {
         long long begin = now();
@@ -63,7 +65,7 @@ static int measureOpening(int socket, const char* profile, int rounds)
     return 0;
 }
 
-static int measureCancel(const char* profile, int delay, int rounds)
+int measureCancel(const char* profile, int delay, int rounds)
 {
     for (int round = 0; round < rounds; ++round) {
         int link = NAPI_OpenLink(profile);
@@ -76,7 +78,7 @@ static int measureCancel(const char* profile, int delay, int rounds)
 }
 
 // The value behind a key of a file of /proc.
-static long valueOf(const std::string& path, const std::string& key)
+long valueOf(const std::string& path, const std::string& key)
 {
     std::ifstream file(path);
     for (std::string word; file >> word;) {
@@ -87,7 +89,7 @@ static long valueOf(const std::string& path, const std::string& key)
     return -1;
 }
 
-static std::string engineThread()
+std::string engineThread()
 {
     for (const auto& task : std::filesystem::directory_iterator("/proc/self/task")) {
         std::string name;
@@ -98,7 +100,7 @@ static std::string engineThread()
     return "";
 }
 
-static int hold(int socket, const char* profile)
+int hold(int socket, const char* profile)
 {
     int link = NAPI_OpenLink(profile);
     if (next(socket).type != NAPI_IND_CONNECTED)
@@ -120,6 +122,8 @@ static int hold(int socket, const char* profile)
     NAPI_CloseLink(link);
     return 0;
 }
+
+} // namespace
 
 int main(int count, char** words)
 {

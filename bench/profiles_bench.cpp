@@ -29,7 +29,7 @@ public:
         char folder[] = "/tmp/profiles-bench-XXXXXX";
         if (!::mkdtemp(folder))
             std::abort();
-        root = folder;
+        m_root = folder;
         ::setenv("VORN_ROOT", folder, 1);
         const NetworkProfile record = {};
         for (int i = 1; i <= stored; ++i)
@@ -37,10 +37,10 @@ public:
                 NAPI_OK)
                 std::abort();
     }
-    ~Store() { std::filesystem::remove_all(root); }
+    ~Store() { std::filesystem::remove_all(m_root); }
 
 private:
-    std::string root;
+    std::string m_root;
 };
 
 void listTwice(benchmark::State& state)
@@ -106,10 +106,10 @@ void selectionDialog(benchmark::State& state)
     }
 }
 
-BENCHMARK(bareListView)->UseRealTime()->Unit(benchmark::kMicrosecond);
-BENCHMARK(selectionDialog)->UseRealTime()->Unit(benchmark::kMicrosecond);
-BENCHMARK(listTwice)->UseRealTime()->Unit(benchmark::kMicrosecond);
-BENCHMARK(defaultName)->UseRealTime()->Unit(benchmark::kMicrosecond);
+BENCHMARK(bareListView)->UseRealTime()->Unit(benchmark::microsecond);
+BENCHMARK(selectionDialog)->UseRealTime()->Unit(benchmark::microsecond);
+BENCHMARK(listTwice)->UseRealTime()->Unit(benchmark::microsecond);
+BENCHMARK(defaultName)->UseRealTime()->Unit(benchmark::microsecond);
 
 } // namespace
 

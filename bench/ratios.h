@@ -46,10 +46,10 @@ public:
             if (run.aggregate_name != "median")
                 continue;
             const std::string name = run.run_name.function_name + "/" + run.run_name.args;
-            medians[name] =
+            m_medians[name] =
                 run.GetAdjustedRealTime() / benchmark::GetTimeUnitMultiplier(run.time_unit);
             for (const auto& [counter, value] : run.counters)
-                counters[name + " " + counter] = value;
+                m_counters[name + " " + counter] = value;
         }
         ConsoleReporter::ReportRuns(runs);
     }
@@ -93,8 +93,8 @@ public:
     {
         bool kept = true;
         for (const Bound& bound : bounds) {
-            const auto found = counters.find(bound.measured + " " + bound.counter);
-            if (found == counters.end())
+            const auto found = m_counters.find(bound.measured + " " + bound.counter);
+            if (found == m_counters.end())
                 continue;
             kept = kept && found->second <= bound.limit;
             std::printf("%s has a median %s of %.3f (limit %.3f): %s\n", bound.measured.c_str(),
@@ -108,14 +108,14 @@ private:
     // The median in seconds; 0 when the benchmark did not run.
     double find(const std::string& name) const
     {
-        auto found = medians.find(name);
-        if (found == medians.end())
-            found = medians.find(name + "/");
-        return found == medians.end() ? 0 : found->second;
+        auto found = m_medians.find(name);
+        if (found == m_medians.end())
+            found = m_medians.find(name + "/");
+        return found == m_medians.end() ? 0 : found->second;
     }
 
-    std::map<std::string, double> medians;  // in seconds
-    std::map<std::string, double> counters; // the medians, by "benchmark/argument counter"
+    std::map<std::string, double> m_medians;  // in seconds
+    std::map<std::string, double> m_counters; // the medians, by "benchmark/argument counter"
 };
 
 // The main function of a benchmark program: 9 repetitions in random order unless the command line

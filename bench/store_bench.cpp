@@ -227,7 +227,7 @@ void list(benchmark::State& state)
         [&] {
             unsigned int count = 0;
             require(NAPI_ListAllProfile(nullptr, &count) == 0, "count");
-            std::vector<char> names(size_t(count) * NAPI_PROFILE_NAME_SLOT);
+            std::vector<char> names(std::size_t(count) * NAPI_PROFILE_NAME_SLOT);
             require(NAPI_ListAllProfile(names.data(), &count) == 0, "list");
             require(count == state.range(0), "all profiles listed");
         },

@@ -37,23 +37,23 @@ public:
         char folder[] = "/tmp/wizard-bench-XXXXXX";
         if (!::mkdtemp(folder))
             std::abort();
-        path = folder;
+        m_path = folder;
         ::setenv("VORN_ROOT", folder, 1);
-        std::filesystem::create_directory(path + "/etc");
+        std::filesystem::create_directory(m_path + "/etc");
         write("/etc/features.json", "{\"431\": true}");
         write("/etc/settings.json", "{\"DefConnPrefer\": 0}");
     }
-    ~Root() { std::filesystem::remove_all(path); }
+    ~Root() { std::filesystem::remove_all(m_path); }
 
 private:
     void write(const std::string& name, const char* text)
     {
-        std::FILE* file = std::fopen((path + name).c_str(), "w");
+        std::FILE* file = std::fopen((m_path + name).c_str(), "w");
         if (!file || std::fputs(text, file) < 0 || std::fclose(file) != 0)
             std::abort();
     }
 
-    std::string path;
+    std::string m_path;
 };
 
 // Tells when a page has been painted for the first time. The page is painted whole, its rows after
@@ -183,9 +183,9 @@ void openWizard(benchmark::State& state)
     }
 }
 
-BENCHMARK(openBareForm)->UseManualTime()->Unit(benchmark::kMillisecond);
-BENCHMARK(openBothBareForms)->UseManualTime()->Unit(benchmark::kMillisecond);
-BENCHMARK(openWizard)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(openBareForm)->UseManualTime()->Unit(benchmark::millisecond);
+BENCHMARK(openBothBareForms)->UseManualTime()->Unit(benchmark::millisecond);
+BENCHMARK(openWizard)->UseManualTime()->Unit(benchmark::millisecond);
 
 } // namespace
 

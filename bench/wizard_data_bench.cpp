@@ -52,7 +52,7 @@ void loadFillStore(benchmark::State& state)
     }
 }
 
-BENCHMARK(loadFillStore)->UseRealTime()->Unit(benchmark::kMicrosecond);
+BENCHMARK(loadFillStore)->UseRealTime()->Unit(benchmark::microsecond);
 
 } // namespace
 

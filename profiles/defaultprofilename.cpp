@@ -12,8 +12,10 @@
 
 using support::logPrint;
 
+namespace {
+
 // The number that a name has after the base; 0, which is never the highest, when it has none.
-static int suffixOf(const QString& name, const QString& base)
+int suffixOf(const QString& name, const QString& base)
 {
     const int length = int(name.length());
     const int baseLength = int(base.length());
@@ -22,7 +24,7 @@ static int suffixOf(const QString& name, const QString& base)
     return support::toInt32(name.right(length - baseLength));
 }
 
-static int highestSuffix(const char* buffer, unsigned int count, const QString& base)
+int highestSuffix(const char* buffer, unsigned int count, const QString& base)
 {
     int highest = 0;
     for (unsigned int i = 0; i < count; ++i) {
@@ -35,25 +37,25 @@ static int highestSuffix(const char* buffer, unsigned int count, const QString& 
 
 // Null when there is no memory for so many names. Zeroed, so that no slot holds what memory held
 // before, whatever count the network API reports.
-static char* newSlots(unsigned int count)
+char* newSlots(unsigned int count)
 {
-    size_t size = 0;
+    std::size_t size = 0;
     return profiles::slotsSize(count, &size) ? new (std::nothrow) char[size]() : nullptr;
 }
 
 // Adding in unsigned numbers lets the number after the largest one wrap around, as it does on the
 // phone.
-static int following(int number)
+int following(int number)
 {
     return int(static_cast<unsigned int>(number) + 1U);
 }
 
-static void withoutMemory()
+void withoutMemory()
 {
     logPrint(support::LogError, "Can not alloc memory for profile.\n");
 }
 
-static void assignNextName(QString& name)
+void assignNextName(QString& name)
 {
     unsigned int count = 0;
     if (NAPI_ListAllProfile(nullptr, &count) < 0) {
@@ -72,6 +74,8 @@ static void assignNextName(QString& name)
     const int highest = highestSuffix(buffer.get(), count < room ? count : room, base);
     name = base + QString::number(following(highest), 10);
 }
+
+} // namespace
 
 void getDefaultProfileName(QString& name)
 {

@@ -21,19 +21,25 @@ struct Way
     const char* text;
 };
 
-static const Way ways[] = {
+namespace {
+
+const Way ways[] = {
     {CreateConnection, "TXT_RID_LIST_A_CREATE_NEW_CONNECTION", "Create New Connection"},
     {ChooseConnection, "TXT_RID_LIST_A_CHOOSE_CONNECTION", "Choose Connection"},
 };
 
+} // namespace
+
 enum { noListBox = -1, nothingChecked = -1, cancelled = 1 };
 
-static const int listWidth = 200;
+namespace {
+
+const int listWidth = 200;
 
 // The toolkit knows what the letters mean.
-static const char rowType[] = "%R%M200";
+const char rowType[] = "%R%M200";
 
-static void addRow(YListBox* list, const Way& way, const QString& text)
+void addRow(YListBox* list, const Way& way, const QString& text)
 {
     YListBoxItem* item = new YListBoxItem(list, QString());
     item->appendSubItem(toolkit::TextSubItem, text, "", nullptr, toolkit::HalfOfTheRow,
@@ -42,7 +48,7 @@ static void addRow(YListBox* list, const Way& way, const QString& text)
     list->insertItem(item, -1, true);
 }
 
-static int actOn(unsigned int code, QString& name)
+int actOn(unsigned int code, QString& name)
 {
     if (code == CreateConnection)
         return createProfilebyUser(name);
@@ -52,7 +58,7 @@ static int actOn(unsigned int code, QString& name)
     return cancelled;
 }
 
-static int askUser(QString& name)
+int askUser(QString& name)
 {
     YSingleSelectDlg dialog(translate("TXT_RID_HEADER_DATA_CONNECTION", "Data Connection"),
                             translate("TXT_RID_INSTRUCTIONALTXT_INTERNET_CONNECTION_NOT_FOUND",
@@ -71,6 +77,8 @@ static int askUser(QString& name)
     const YListBoxItem* item = dialog.getCheckedItem();
     return item ? actOn(item->getReservedData(), name) : int(nothingChecked);
 }
+
+} // namespace
 
 int getProfileIfNoFound(QString& name)
 {

@@ -3,7 +3,7 @@
 #ifndef PROFILES_NAMESLOTS_H
 #define PROFILES_NAMESLOTS_H
 
-#include <stddef.h>
+#include <cstddef>
 
 #include <napi.h>
 #include <qstring.h>
@@ -11,7 +11,7 @@
 namespace profiles {
 
 // Stores the size in bytes of a buffer for `count` names; whether a buffer can be that large.
-bool slotsSize(unsigned int count, size_t* size);
+bool slotsSize(unsigned int count, std::size_t* size);
 
 // The name in slot `index` of a buffer: up to its NUL, or the whole slot when it has none. A byte
 // that belongs to no well-formed UTF-8 sequence gives one U+FFFD.

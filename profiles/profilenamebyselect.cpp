@@ -17,8 +17,12 @@
 
 using support::logPrint;
 
+namespace {
+
 // No profile, no memory, or none chosen.
-static const int noneSelected = -100;
+const int noneSelected = -100;
+
+} // namespace
 
 struct Freeing
 {
@@ -27,9 +31,11 @@ struct Freeing
 
 typedef std::unique_ptr<char, Freeing> Buffer;
 
+namespace {
+
 // Stores in `count` how many names there are, at most as many as the network API keeps. Result: 0,
 // or the result of getProfileNamebySelect().
-static int countNames(unsigned int& count)
+int countNames(unsigned int& count)
 {
     count = 0;
     const int result = NAPI_ListAllProfile(nullptr, &count);
@@ -49,18 +55,18 @@ static int countNames(unsigned int& count)
 
 // Null when there is no memory. Each name is empty until the network API has filled its slot,
 // whatever count it reports.
-static Buffer newBuffer(unsigned int count)
+Buffer newBuffer(unsigned int count)
 {
-    size_t size = 0;
+    std::size_t size = 0;
     Buffer buffer(profiles::slotsSize(count, &size) ? static_cast<char*>(malloc(size)) : nullptr);
-    for (size_t slot = 0; buffer && slot < size; slot += NAPI_PROFILE_NAME_SLOT)
+    for (std::size_t slot = 0; buffer && slot < size; slot += NAPI_PROFILE_NAME_SLOT)
         memset(buffer.get() + slot, 0, 4);
     return buffer;
 }
 
 // Fills `buffer`, which has room for `room` names, and appends them to `names`. Result: as
 // countNames().
-static int listNames(char* buffer, unsigned int room, QStringList& names)
+int listNames(char* buffer, unsigned int room, QStringList& names)
 {
     unsigned int count = room;
     const int result = NAPI_ListAllProfile(buffer, &count);
@@ -75,7 +81,7 @@ static int listNames(char* buffer, unsigned int room, QStringList& names)
 
 // Shows the dialog until the user has decided, and deletes it. The two calls around that have it
 // painted at once, and gone from the screen before the caller goes on.
-static int runDialog(YProfileSelectDlg* newDialog, QString& name)
+int runDialog(YProfileSelectDlg* newDialog, QString& name)
 {
     int result = noneSelected;
     {
@@ -89,13 +95,13 @@ static int runDialog(YProfileSelectDlg* newDialog, QString& name)
     return result;
 }
 
-static int withoutMemory()
+int withoutMemory()
 {
     logPrint(support::LogError, "Can not malloc memory for profiles.\n");
     return noneSelected;
 }
 
-static int select(QString& name)
+int select(QString& name)
 {
     unsigned int count = 0;
     if (const int result = countNames(count))
@@ -110,6 +116,8 @@ static int select(QString& name)
     buffer.reset();
     return runDialog(dialog, name);
 }
+
+} // namespace
 
 int getProfileNamebySelect(QString& name)
 {

@@ -6,14 +6,16 @@
 
 using support::logPrint;
 
+namespace {
+
 // Whoever looks at a status in a debugger is sent to its code; the user sees neither.
-static bool hasFailed(DmtStatus status)
+bool hasFailed(DmtStatus status)
 {
     status.SetMessage("Refer error code for more information.");
     return status.GetCode() != DMT_OK;
 }
 
-static int readValue(const DmtNodeHandle& node, int& value)
+int readValue(const DmtNodeHandle& node, int& value)
 {
     DmtData data;
     if (hasFailed(node->GetValue(data))) {
@@ -33,7 +35,7 @@ static int readValue(const DmtNodeHandle& node, int& value)
     return 1;
 }
 
-static int readNode(DmtTreeHandle& tree, DmtNodeHandle& node, const char* nodeName, int& value)
+int readNode(DmtTreeHandle& tree, DmtNodeHandle& node, const char* nodeName, int& value)
 {
     DmtPrincipal principal;
     principal.SetName("localhost");
@@ -47,6 +49,8 @@ static int readNode(DmtTreeHandle& tree, DmtNodeHandle& node, const char* nodeNa
     }
     return readValue(node, value);
 }
+
+} // namespace
 
 int readDmInt(const char* nodeName, int& value)
 {

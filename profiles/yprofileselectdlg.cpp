@@ -4,16 +4,20 @@
 #include "support/text.h"
 #include "support/toolkitnumbers.h"
 
-// One mark and one text; the toolkit knows what the letters mean.
-static const char rowType[] = "%R%M240";
+namespace {
 
-static YListBoxItem* appendRow(YListBox* list, const QString& name)
+// One mark and one text; the toolkit knows what the letters mean.
+const char rowType[] = "%R%M240";
+
+YListBoxItem* appendRow(YListBox* list, const QString& name)
 {
     YListBoxItem* row = new YListBoxItem(list, rowType);
     row->appendSubItem(toolkit::TextSubItem, name, false, nullptr);
     list->insertItem(row, -1, true);
     return row;
 }
+
+} // namespace
 
 YProfileSelectDlg::YProfileSelectDlg(QStringList& names, QString current, QWidget* parent,
                                      const char* name)

@@ -1,6 +1,6 @@
 #include "session/linkindication.h"
 
-#include <stddef.h>
+#include <cstddef>
 #include <string.h>
 
 namespace session {
@@ -17,8 +17,8 @@ YLinkInfo linkInfo(const NapiIndication& message)
     info.infoWord = message.infoWord;
     info.infoByte = message.infoByte;
 
-    const size_t room = sizeof info.infoText - 1;
-    const size_t start = offsetof(NapiIndication, infoText);
+    const std::size_t room = sizeof info.infoText - 1;
+    const std::size_t start = offsetof(NapiIndication, infoText);
     static_assert(start + sizeof info.infoText - 1 <= sizeof message, "the text ends inside");
     const char* text = reinterpret_cast<const char*>(&message) + start;
     memcpy(info.infoText, text, strnlen(text, room));

@@ -16,30 +16,34 @@
 
 using support::Guarded;
 
+namespace {
+
 // Results of this class's own making.
-static const int notInitialised = -101;
-static const int alreadyInitialised = -103;
-static const int negativeLinkId = -151;
+const int notInitialised = -101;
+const int alreadyInitialised = -103;
+const int negativeLinkId = -151;
 
 // The other mode of the network API, asked for by init(true).
-static const int alternativeMode = 4;
+const int alternativeMode = 4;
 
-static const int noLink = -1;
+const int noLink = -1;
 
 // openFailed() carries it when the user has cancelled.
 static_assert(NAPI_CAUSE_CANCELLED == 13, "applications rely on the number");
 
-static int withoutMemory()
+int withoutMemory()
 {
     return NAPI_ERR_MEMORY_FULL;
 }
 
-static int openNamed(const QString& profileName)
+int openNamed(const QString& profileName)
 {
     return support::withMemory(
         [&profileName] { return NAPI_OpenLink(support::utf8(profileName).c_str()); },
         withoutMemory);
 }
+
+} // namespace
 
 YDataSessionManager::YDataSessionManager(QObject* parent, const char* name)
     : QWSSocket(parent, name), indicationSocket(-1), pendingLinkId(noLink), stateDialog(0)

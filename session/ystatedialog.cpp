@@ -6,8 +6,12 @@
 
 #include "support/toolkitnumbers.h"
 
+namespace {
+
 // How far the text begins to the right of where the popup's contents do, for the icon's sake.
-static const int textIndent = 64;
+const int textIndent = 64;
+
+} // namespace
 
 YStateDialog::YStateDialog(QWidget* parent)
     : YPopup(toolkit::UsualType, parent, 0, true, toolkit::ProgressStyle, 0)

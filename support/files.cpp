@@ -7,10 +7,14 @@
 
 namespace support {
 
-static bool isName(const std::string& path)
+namespace {
+
+bool isName(const std::string& path)
 {
     return !path.empty() && path.find('\0') == std::string::npos;
 }
+
+} // namespace
 
 bool renamePath(const QString& from, const QString& to)
 {

@@ -12,22 +12,22 @@ namespace support {
 template <class T> class Guarded
 {
 public:
-    Guarded(T* object = nullptr) : pointer(object) {}
+    Guarded(T* object = nullptr) : m_pointer(object) {}
 
     Guarded& operator=(T* object)
     {
-        pointer = object;
+        m_pointer = object;
         return *this;
     }
 
     bool isNull() const { return get() == nullptr; }
-    T* get() const { return pointer; }
+    T* get() const { return m_pointer; }
     operator T*() const { return get(); }
     T* operator->() const { return get(); }
     T& operator*() const { return *get(); }
 
 private:
-    qt::Pointer<T> pointer;
+    qt::Pointer<T> m_pointer;
 };
 
 // Owns a QObject that others may delete, too, and deletes it at the end where nobody else has.
@@ -37,19 +37,19 @@ public:
     explicit Owned(T* object)
     {
         std::unique_ptr<T> unguarded(object);
-        guarded = object;
+        m_guarded = object;
         unguarded.release();
     }
     Owned(const Owned&) = delete;
     Owned& operator=(const Owned&) = delete;
-    ~Owned() { delete guarded.get(); }
+    ~Owned() { delete m_guarded.get(); }
 
-    T* get() const { return guarded.get(); }
-    bool isNull() const { return guarded.isNull(); }
-    T* operator->() const { return guarded.get(); }
+    T* get() const { return m_guarded.get(); }
+    bool isNull() const { return m_guarded.isNull(); }
+    T* operator->() const { return m_guarded.get(); }
 
 private:
-    Guarded<T> guarded;
+    Guarded<T> m_guarded;
 };
 
 } // namespace support

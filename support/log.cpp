@@ -7,8 +7,12 @@
 
 namespace support {
 
+namespace {
+
 // The highest level that is still written.
-static const int threshold = 7;
+const int threshold = 7;
+
+} // namespace
 
 void logPrint(int level, const char* format, ...)
 {

@@ -14,41 +14,41 @@ Level* innermost = nullptr;
 class Level
 {
 public:
-    Level() : outer(innermost), isLeft(false) { innermost = this; }
+    Level() : m_outer(innermost), m_isLeft(false) { innermost = this; }
     Level(const Level&) = delete;
     Level& operator=(const Level&) = delete;
     ~Level()
     {
-        innermost = outer;
-        if (outer)
-            outer->resumeLeaving();
+        innermost = m_outer;
+        if (m_outer)
+            m_outer->resumeLeaving();
     }
 
-    void run() { loop.run(); }
+    void run() { m_loop.run(); }
 
     void resumeLeaving()
     {
-        if (isLeft)
-            loop.leave();
+        if (m_isLeft)
+            m_loop.leave();
     }
 
     // Leaves this level, or the first one further out that is not left yet.
     void leaveOne()
     {
         Level* level = this;
-        while (level && level->isLeft)
-            level = level->outer;
+        while (level && level->m_isLeft)
+            level = level->m_outer;
         if (!level)
             return;
-        level->isLeft = true;
+        level->m_isLeft = true;
         if (level == this)
-            loop.leave();
+            m_loop.leave();
     }
 
 private:
-    qt::LoopLevel loop;
-    Level* outer;
-    bool isLeft;
+    qt::LoopLevel m_loop;
+    Level* m_outer;
+    bool m_isLeft;
 };
 
 } // namespace

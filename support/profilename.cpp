@@ -10,10 +10,14 @@
 
 namespace support {
 
-static bool isRefused(char16_t unit)
+namespace {
+
+bool isRefused(char16_t unit)
 {
     return unit == u'/' || unit < 0x20 || (unit >= 0x7F && unit < 0xA0);
 }
+
+} // namespace
 
 bool isProfileName(const QString& text)
 {

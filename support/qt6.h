@@ -16,11 +16,11 @@ template <class T> using Pointer = QPointer<T>;
 class LoopLevel
 {
 public:
-    void run() { loop.exec(); }
-    void leave() { loop.quit(); }
+    void run() { m_loop.exec(); }
+    void leave() { m_loop.quit(); }
 
 private:
-    QEventLoop loop;
+    QEventLoop m_loop;
 };
 
 inline void processPending()

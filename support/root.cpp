@@ -1,14 +1,13 @@
 #include "support/root.h"
 
-#include <stddef.h>
-
+#include <cstddef>
 #include <string>
 
 #include "support/text.h"
 
 // A network API that keeps the phone's files below a folder of its own has this function. The
 // phone's has not, and then the name is null.
-extern "C" int NAPIHOST_RootFolder(char* buffer, size_t size) __attribute__((weak));
+extern "C" int NAPIHOST_RootFolder(char* buffer, std::size_t size) __attribute__((weak));
 
 namespace support {
 

@@ -25,12 +25,16 @@ QString textOf(std::u16string_view units)
     return QString(characters.data(), static_cast<unsigned int>(characters.size()));
 }
 
-static bool isBlank(char16_t unit)
+namespace {
+
+bool isBlank(char16_t unit)
 {
     return (unit >= 0x0009 && unit <= 0x000d) || unit == 0x0020 || unit == 0x00a0 ||
            unit == 0x1680 || (unit >= 0x2000 && unit <= 0x200b) || unit == 0x2028 ||
            unit == 0x2029 || unit == 0x202f || unit == 0x3000;
 }
+
+} // namespace
 
 std::u16string_view trimmedUnits(std::u16string_view units)
 {

@@ -13,13 +13,15 @@
 #include "support/toolkitnumbers.h"
 #include "widgets/keypadinput.h"
 
-static const int segmentCount = 4;
-static const int largestOctet = 255;
-static const unsigned int broadcast = 0xFFFFFFFFU;
+namespace {
 
-static const int segmentWidth = 40;
+const int segmentCount = 4;
+const int largestOctet = 255;
+const unsigned int broadcast = 0xFFFFFFFFU;
 
-static void setUpSegment(YLineEdit* segment)
+const int segmentWidth = 40;
+
+void setUpSegment(YLineEdit* segment)
 {
     segment->setMaxLength(3);
     segment->setPreferredWidth(segmentWidth);
@@ -31,7 +33,7 @@ static void setUpSegment(YLineEdit* segment)
 }
 
 // Each byte is one character, as a QString of the phone takes it.
-static QString textOf(const unsigned char* bytes)
+QString textOf(const unsigned char* bytes)
 {
     QString text;
     for (; bytes && *bytes; ++bytes)
@@ -40,12 +42,14 @@ static QString textOf(const unsigned char* bytes)
 }
 
 // 0 for a text that is no address.
-static unsigned int addressOf(const QString& text)
+unsigned int addressOf(const QString& text)
 {
     unsigned int address = 0;
     support::ipv4FromText(text, &address);
     return address;
 }
+
+} // namespace
 
 IPAddressEdit::IPAddressEdit(QWidget* parent) : YSegmentField(parent, 0, 0, toolkit::SegmentField)
 {
@@ -80,13 +84,17 @@ void IPAddressEdit::setIPAddress(unsigned char* text)
     setIPAddress(static_cast<unsigned long>(addressOf(textOf(text))));
 }
 
-static unsigned int addressIn(YLineEdit* const* segments)
+namespace {
+
+unsigned int addressIn(YLineEdit* const* segments)
 {
     QString text = segments[0]->text();
     for (int i = 1; i < segmentCount; ++i)
         text += "." + segments[i]->text();
     return addressOf(text);
 }
+
+} // namespace
 
 void IPAddressEdit::getIPAddress(unsigned long& address)
 {

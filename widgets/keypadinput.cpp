@@ -6,7 +6,11 @@
 
 namespace widgets {
 
-static const char keypadMethod[] = "{637a8c00-1098-42ca-969a-2bf163cd3c14}";
+namespace {
+
+const char keypadMethod[] = "{637a8c00-1098-42ca-969a-2bf163cd3c14}";
+
+} // namespace
 
 // The call goes to the application object, so that it may be one of its members, as on the phone,
 // or a static function, as on the host, where the object need not be a YApplication; hence the way

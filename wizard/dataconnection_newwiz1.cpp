@@ -34,43 +34,43 @@ using wizard::Text;
 DataConnection_NewWiz1::DataConnection_NewWiz1(const QString& name, bool creating, QWidget* parent,
                                                const char* objectName, unsigned int flags)
     : YKbMainWidget(parent, objectName, flags),
-      form(nullptr),
-      currentName(""),
-      additionalSettings(nullptr),
-      cellularSeparator(nullptr),
-      softKeys(nullptr),
+      m_form(nullptr),
+      m_currentName(""),
+      m_additionalSettings(nullptr),
+      m_cellularSeparator(nullptr),
+      m_softKeys(nullptr),
       reserved(nullptr),
-      isCreating(creating),
-      inModalLoop(false),
-      hasWifi(false),
-      result(ResultClosed),
-      currentPreference(wizard::WifiThenCellular),
-      defaultPreference(wizard::WifiThenCellular)
+      m_isCreating(creating),
+      m_inModalLoop(false),
+      m_hasWifi(false),
+      m_result(ResultClosed),
+      m_currentPreference(wizard::WifiThenCellular),
+      m_defaultPreference(wizard::WifiThenCellular)
 {
     setMorphMode(toolkit::FormMorph);
     const SETUP_Utility features;
-    hasWifi = features.isFeatureAvailable(SETUP_FEATURE_WIFI) != 0;
+    m_hasWifi = features.isFeatureAvailable(SETUP_FEATURE_WIFI) != 0;
 
     setTitleAndName(name);
-    form = wizard::addForm(this);
+    m_form = wizard::addForm(this);
     addRows();
-    page2.reset(new DataConnection_NewWiz2(this, nullptr, nullptr, 0));
+    m_page2.reset(new DataConnection_NewWiz2(this, nullptr, nullptr, 0));
     if (loadProfile(name))
         logPrint(support::LogProgress, "Load Profile Ok!\n");
     else
         logPrint(support::LogError, "Load profile content failed\n");
     addKeys();
-    rows.edit(Text::ProfileName)->setFocus();
-    if (hasWifi)
-        QObject::connect(rows.combo(Choice::Preference), "2activated ( int )", this,
+    m_rows.edit(Text::ProfileName)->setFocus();
+    if (m_hasWifi)
+        QObject::connect(m_rows.combo(Choice::Preference), "2activated ( int )", this,
                          "1slotPreferencChanged( int )");
-    QObject::connect(additionalSettings, SIGNAL(clicked()), this, SLOT(slotGoToNext()));
+    QObject::connect(m_additionalSettings, SIGNAL(clicked()), this, SLOT(slotGoToNext()));
 }
 
 DataConnection_NewWiz1::~DataConnection_NewWiz1()
 {
-    page2.reset();
-    record.reset();
+    m_page2.reset();
+    m_record.reset();
     DataConnection_NewWiz1::hide();
     logPrint(support::LogProgress, "Destory an object...\n ");
 }
@@ -84,20 +84,20 @@ void DataConnection_NewWiz1::DeletePage2::operator()(DataConnection_NewWiz2* pag
 
 void DataConnection_NewWiz1::losePage2()
 {
-    page2.release();
-    rows.forgetPage2();
+    m_page2.release();
+    m_rows.forgetPage2();
     hide();
 }
 
 void DataConnection_NewWiz1::setTitleAndName(const QString& name)
 {
     QString title = name;
-    if (isCreating) {
+    if (m_isCreating) {
         title = name.isEmpty() ? tr("TXT_RID_HEADER_CONNECTION_SETUP", "Connection Setup")
                                : tr("TXT_RID_HEADER_NEW_CONNECTION", "New Connection");
-        getDefaultProfileName(currentName);
+        getDefaultProfileName(m_currentName);
     } else {
-        currentName = name;
+        m_currentName = name;
     }
     setMainWidgetTitle(title);
 }
@@ -105,15 +105,16 @@ void DataConnection_NewWiz1::setTitleAndName(const QString& name)
 void DataConnection_NewWiz1::addRows()
 {
     for (const wizard::Page1Row& entry : wizard::page1Rows) {
-        if (entry.onlyWithWifi && !hasWifi)
+        if (entry.onlyWithWifi && !m_hasWifi)
             continue;
         const bool holdsName = &entry.row == &wizard::page1Rows[0].row;
-        QWidget* widget = wizard::addRow(entry.row, form, rows, holdsName ? &currentName : nullptr);
+        QWidget* widget =
+            wizard::addRow(entry.row, m_form, m_rows, holdsName ? &m_currentName : nullptr);
         if (entry.row.kind == wizard::RowKind::Separator)
-            cellularSeparator = static_cast<YSeparator*>(widget);
+            m_cellularSeparator = static_cast<YSeparator*>(widget);
         else if (entry.row.kind == wizard::RowKind::PressButton)
-            additionalSettings = static_cast<NSPressButton*>(widget);
-        else if (widget == rows.combo(Choice::Preference))
+            m_additionalSettings = static_cast<NSPressButton*>(widget);
+        else if (widget == m_rows.combo(Choice::Preference))
             chooseDefaultPreference();
     }
 }
@@ -122,11 +123,11 @@ void DataConnection_NewWiz1::addRows()
 // only a choice of the user, or a stored one, switches them.
 void DataConnection_NewWiz1::chooseDefaultPreference()
 {
-    if (!readDmInt("DefConnPrefer", defaultPreference)) {
+    if (!readDmInt("DefConnPrefer", m_defaultPreference)) {
         logPrint(support::LogError, "Get default connection preference faild\n");
-        defaultPreference = wizard::WifiThenCellular;
+        m_defaultPreference = wizard::WifiThenCellular;
     }
-    rows.setChoice(Choice::Preference, defaultPreference);
+    m_rows.setChoice(Choice::Preference, m_defaultPreference);
     logPrint(support::LogProgress, "set WiFi preference dialog ok");
 }
 
@@ -134,29 +135,29 @@ void DataConnection_NewWiz1::addKeys()
 {
     const wizard::PhoneText cancelProfile = {"TXT_RID_OPTION_CANCEL_PROFILE", "Cancel Profile"};
     const wizard::PhoneText cancelEdit = {"TXT_RID_OPTION_CANCEL_EDIT", "Cancel Edit"};
-    YOptionsMenu* menu = wizard::addOptionsMenu(this, isCreating ? cancelProfile : cancelEdit,
+    YOptionsMenu* menu = wizard::addOptionsMenu(this, m_isCreating ? cancelProfile : cancelEdit,
                                                 SLOT(slotGotoPrevious()));
-    softKeys = wizard::addSoftKeys(this, menu, SLOT(slotGotoPrevious()));
+    m_softKeys = wizard::addSoftKeys(this, menu, SLOT(slotGotoPrevious()));
 }
 
 // Non-zero when there is a record that belongs to the profile.
 int DataConnection_NewWiz1::loadProfile(const QString& name)
 {
-    record = wizard::newRecord();
-    if (!record)
+    m_record = wizard::newRecord();
+    if (!m_record)
         return 0;
     if (name.isEmpty())
         return 1;
     const std::string bytes = support::utf8(name);
-    if (NAPI_ReadProfile(bytes.c_str(), record.get(), 0, 0) != 0) {
+    if (NAPI_ReadProfile(bytes.c_str(), m_record.get(), 0, 0) != 0) {
         logPrint(support::LogError, "Read profile error.\n");
         return 0;
     }
-    wizard::fillPage1(*record, rows);
-    if (hasWifi) {
-        currentPreference = wizard::preferenceItemOf(record->flags, defaultPreference);
-        rows.setChoice(Choice::Preference, currentPreference);
-        if (currentPreference == wizard::WifiOnly)
+    wizard::fillPage1(*m_record, m_rows);
+    if (m_hasWifi) {
+        m_currentPreference = wizard::preferenceItemOf(m_record->flags, m_defaultPreference);
+        m_rows.setChoice(Choice::Preference, m_currentPreference);
+        if (m_currentPreference == wizard::WifiOnly)
             switchCellularRows(false);
     }
     logPrint(support::LogProgress, "Load Profile: %s successfully\n", bytes.c_str());
@@ -166,72 +167,72 @@ int DataConnection_NewWiz1::loadProfile(const QString& name)
 void DataConnection_NewWiz1::switchCellularRows(bool on)
 {
     for (int field = int(Text::Proxy1); field <= int(Text::GprsDns2); ++field) {
-        rows.edit(Text(field))->setEnabled(on);
-        rows.edit(Text(field))->setReadOnly(!on);
+        m_rows.edit(Text(field))->setEnabled(on);
+        m_rows.edit(Text(field))->setReadOnly(!on);
     }
-    rows.combo(Choice::QosPolicy)->setEnabled(on);
-    rows.combo(Choice::GprsTimeout)->setEnabled(on);
-    additionalSettings->setEnabled(on);
-    if (hasWifi)
-        cellularSeparator->setEnabled(on);
+    m_rows.combo(Choice::QosPolicy)->setEnabled(on);
+    m_rows.combo(Choice::GprsTimeout)->setEnabled(on);
+    m_additionalSettings->setEnabled(on);
+    if (m_hasWifi)
+        m_cellularSeparator->setEnabled(on);
 }
 
 void DataConnection_NewWiz1::slotGotoPrevious()
 {
-    result = ResultCancelled;
+    m_result = ResultCancelled;
     hide();
 }
 
 void DataConnection_NewWiz1::slotGoToNext()
 {
-    if (!page2)
+    if (!m_page2)
         return;
-    if (record)
-        wizard::fillPage2(*record, rows);
-    page2->open();
+    if (m_record)
+        wizard::fillPage2(*m_record, m_rows);
+    m_page2->open();
 }
 
 void DataConnection_NewWiz1::slotPreferencChanged(int index)
 {
     if (index == wizard::WifiOnly)
         switchCellularRows(false);
-    else if (currentPreference == wizard::WifiOnly)
+    else if (m_currentPreference == wizard::WifiOnly)
         switchCellularRows(true);
-    currentPreference = index;
+    m_currentPreference = index;
     slotContentChanged();
 }
 
 void DataConnection_NewWiz1::slotContentChanged()
 {
-    wizard::offerSave(softKeys, this, SLOT(slotSaveProfile()));
+    wizard::offerSave(m_softKeys, this, SLOT(slotSaveProfile()));
 }
 
 int DataConnection_NewWiz1::run()
 {
     show();
     connectContentSignals();
-    if (!inModalLoop) {
-        inModalLoop = true;
+    if (!m_inModalLoop) {
+        m_inModalLoop = true;
         const Guarded<DataConnection_NewWiz1> self(this);
         support::enterLoop();
         if (self.isNull())
             return ResultClosed;
     }
-    return result;
+    return m_result;
 }
 
 // Only now, so that filling the rows has not counted as a change.
 void DataConnection_NewWiz1::connectContentSignals()
 {
     static const char textChanged[] = "2textChanged (const QString &)";
-    QObject::connect(rows.edit(Text::ProfileName), textChanged, this, SLOT(slotContentChanged()));
-    QWidget* row = rows.edit(Text::Proxy1);
+    QObject::connect(m_rows.edit(Text::ProfileName), textChanged, this, SLOT(slotContentChanged()));
+    QWidget* row = m_rows.edit(Text::Proxy1);
     for (int field = int(Text::Proxy1); field <= int(Text::GprsDns2); ++field) {
         QObject::connect(row, textChanged, this, SLOT(slotContentChanged()));
-        row = form->getNextChild(row);
+        row = m_form->getNextChild(row);
     }
     for (Choice field : {Choice::QosPolicy, Choice::GprsTimeout})
-        QObject::connect(rows.combo(field), SIGNAL(activated(int)), this,
+        QObject::connect(m_rows.combo(field), SIGNAL(activated(int)), this,
                          SLOT(slotContentChanged()));
 }
 
@@ -251,25 +252,25 @@ void DataConnection_NewWiz1::hideEvent(QHideEvent* event)
 
 void DataConnection_NewWiz1::leaveLoop()
 {
-    if (inModalLoop) {
-        inModalLoop = false;
+    if (m_inModalLoop) {
+        m_inModalLoop = false;
         support::exitLoop();
     }
 }
 
 wizard::FormPurpose DataConnection_NewWiz1::purpose() const
 {
-    return {isCreating, currentName, hasWifi};
+    return {m_isCreating, m_currentName, m_hasWifi};
 }
 
 // Where the form has a fault, nothing is stored.
 int DataConnection_NewWiz1::checkAndStore(FormFault* fault)
 {
-    *fault = wizard::checkForm(rows, purpose());
+    *fault = wizard::checkForm(m_rows, purpose());
     if (*fault != FormFault::None)
         return wizard::NotStored;
-    const bool withPage2 = page2 && page2->isSaved();
-    return wizard::storeProfile(rows, purpose(), record.get(), withPage2, &currentName);
+    const bool withPage2 = m_page2 && m_page2->isSaved();
+    return wizard::storeProfile(m_rows, purpose(), m_record.get(), withPage2, &m_currentName);
 }
 
 // The page may be deleted while the user reads a message.
@@ -280,14 +281,14 @@ void DataConnection_NewWiz1::slotSaveProfile()
     const int stored = support::withMemory([this, &fault] { return checkAndStore(&fault); },
                                            wizard::notStoredWithoutMemory);
     if (fault != FormFault::None) {
-        wizard::showFault(fault, rows);
+        wizard::showFault(fault, m_rows);
         if (!self.isNull())
-            rows.focus(wizard::fieldsToCorrect(fault));
+            m_rows.focus(wizard::fieldsToCorrect(fault));
         return;
     }
     if (stored == wizard::Stored) {
-        result = ResultStored;
-        wizard::showStored(currentName);
+        m_result = ResultStored;
+        wizard::showStored(m_currentName);
     } else if (stored == NAPI_ERR_MEMORY_FULL) {
         wizard::showMemoryFull();
     } else {

@@ -46,9 +46,9 @@ public:
     void losePage2();
 
     // The name under which the profile is stored, or will be.
-    QString profileName() const { return currentName; }
+    QString profileName() const { return m_currentName; }
 
-    wizard::FormRows& formRows() { return rows; }
+    wizard::FormRows& formRows() { return m_rows; }
 
 public slots:
     void slotGotoPrevious();
@@ -78,14 +78,14 @@ private:
     wizard::FormPurpose purpose() const;
     int checkAndStore(wizard::FormFault* fault);
 
-    std::unique_ptr<DataConnection_NewWiz2, DeletePage2> page2;
-    YFormContainer* form;
-    wizard::Record record;
-    QString currentName;
-    wizard::FormRows rows;
-    NSPressButton* additionalSettings;
-    YSeparator* cellularSeparator;
-    YSoftKey* softKeys;
+    std::unique_ptr<DataConnection_NewWiz2, DeletePage2> m_page2;
+    YFormContainer* m_form;
+    wizard::Record m_record;
+    QString m_currentName;
+    wizard::FormRows m_rows;
+    NSPressButton* m_additionalSettings;
+    YSeparator* m_cellularSeparator;
+    YSoftKey* m_softKeys;
 
 public:
     // Belongs to whoever runs the page, who clears it first; the page takes no notice of it. It has
@@ -93,12 +93,12 @@ public:
     void* reserved;
 
 private:
-    bool isCreating;
-    bool inModalLoop;
-    bool hasWifi;
-    int result;
-    int currentPreference;
-    int defaultPreference;
+    bool m_isCreating;
+    bool m_inModalLoop;
+    bool m_hasWifi;
+    int m_result;
+    int m_currentPreference;
+    int m_defaultPreference;
 };
 
 #endif

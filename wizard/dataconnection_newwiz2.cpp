@@ -17,41 +17,45 @@
 using wizard::Choice;
 using wizard::Text;
 
-static const int automaticSpeed = 0;
+namespace {
+
+const int automaticSpeed = 0;
+
+} // namespace
 
 DataConnection_NewWiz2::DataConnection_NewWiz2(DataConnection_NewWiz1* firstPage, QWidget* parent,
                                                const char* objectName, unsigned int flags)
     : YKbMainWidget(parent, objectName, flags),
-      page1(firstPage),
-      form(nullptr),
-      softKeys(nullptr),
-      saved(false)
+      m_page1(firstPage),
+      m_form(nullptr),
+      m_softKeys(nullptr),
+      m_saved(false)
 {
     setMorphMode(toolkit::FormMorph);
     setMainWidgetTitle(tr("TXT_RID_HEADER_ADDITIONAL_SETTINGS", "Additional Settings"));
-    form = wizard::addForm(this);
+    m_form = wizard::addForm(this);
     for (const wizard::Row& row : wizard::page2Rows)
-        wizard::addRow(row, form, page1->formRows());
+        wizard::addRow(row, m_form, m_page1->formRows());
     YOptionsMenu* menu =
         wizard::addOptionsMenu(this, {"TXT_RID_OPTION_CANCEL", "Cancel"}, SLOT(slotGotoPrevious()));
-    softKeys = wizard::addSoftKeys(this, menu, SLOT(slotGotoPrevious()));
+    m_softKeys = wizard::addSoftKeys(this, menu, SLOT(slotGotoPrevious()));
     connectContentSignals();
 }
 
 DataConnection_NewWiz2::~DataConnection_NewWiz2()
 {
-    if (page1)
-        page1->losePage2();
+    if (m_page1)
+        m_page1->losePage2();
 }
 
 void DataConnection_NewWiz2::connectContentSignals()
 {
-    wizard::FormRows& rows = page1->formRows();
+    wizard::FormRows& rows = m_page1->formRows();
     QWidget* row = rows.edit(Text::Proxy2);
     for (int field = int(Text::Proxy2); field <= int(Text::CsdPassword); ++field) {
         QObject::connect(row, SIGNAL(textChanged(const QString&)), this,
                          SLOT(slotContentChanged(void)));
-        row = form->getNextChild(row);
+        row = m_form->getNextChild(row);
     }
     QObject::connect(rows.combo(Choice::CsdSpeed), SIGNAL(activated(int)), this,
                      SLOT(slotLineSpeedChanged(void)));
@@ -66,32 +70,32 @@ void DataConnection_NewWiz2::connectContentSignals()
 void DataConnection_NewWiz2::open()
 {
     switchLineType();
-    wizard::offerCancel(softKeys, this, SLOT(slotGotoPrevious()));
+    wizard::offerCancel(m_softKeys, this, SLOT(slotGotoPrevious()));
     show();
 }
 
 // With an automatic speed there is no line type to choose.
 void DataConnection_NewWiz2::switchLineType()
 {
-    const wizard::FormRows& rows = page1->formRows();
+    const wizard::FormRows& rows = m_page1->formRows();
     rows.combo(Choice::LineType)->setEnabled(rows.choice(Choice::CsdSpeed) != automaticSpeed);
 }
 
 void DataConnection_NewWiz2::slotGotoPrevious()
 {
-    page1->formRows().focus(Text::ProfileName);
-    page1->show();
+    m_page1->formRows().focus(Text::ProfileName);
+    m_page1->show();
     hide();
 }
 
 void DataConnection_NewWiz2::slotCancelSetup()
 {
-    page1->slotGotoPrevious();
+    m_page1->slotGotoPrevious();
 }
 
 void DataConnection_NewWiz2::slotContentChanged()
 {
-    wizard::offerSave(softKeys, this, SLOT(slotSaveProfile()));
+    wizard::offerSave(m_softKeys, this, SLOT(slotSaveProfile()));
 }
 
 void DataConnection_NewWiz2::slotLineSpeedChanged()
@@ -102,6 +106,6 @@ void DataConnection_NewWiz2::slotLineSpeedChanged()
 
 void DataConnection_NewWiz2::slotSaveProfile()
 {
-    saved = true;
-    page1->slotSaveProfile();
+    m_saved = true;
+    m_page1->slotSaveProfile();
 }

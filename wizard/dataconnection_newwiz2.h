@@ -23,10 +23,10 @@ public:
     void open();
 
     // Page 1 is deleted, or deletes this one.
-    void forgetPage1() { page1 = nullptr; }
+    void forgetPage1() { m_page1 = nullptr; }
 
     // Whether the user has asked to save from this page, successfully or not.
-    bool isSaved() const { return saved; }
+    bool isSaved() const { return m_saved; }
 
 public slots:
     void slotGotoPrevious();
@@ -39,10 +39,10 @@ private:
     void connectContentSignals();
     void switchLineType();
 
-    DataConnection_NewWiz1* page1;
-    YFormContainer* form;
-    YSoftKey* softKeys;
-    bool saved;
+    DataConnection_NewWiz1* m_page1;
+    YFormContainer* m_form;
+    YSoftKey* m_softKeys;
+    bool m_saved;
 };
 
 #endif

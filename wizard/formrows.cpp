@@ -8,23 +8,23 @@ namespace wizard {
 
 void FormRows::add(Text field, YLineEdit* edit, YFormContainer* form)
 {
-    edits[int(field)] = edit;
-    forms[int(field)] = form;
+    m_edits[int(field)] = edit;
+    m_forms[int(field)] = form;
 }
 
 void FormRows::add(Choice field, YComboBox* combo)
 {
-    combos[int(field)] = combo;
+    m_combos[int(field)] = combo;
 }
 
 void FormRows::forgetPage2()
 {
     for (int field = int(Text::Proxy2); field < textCount; ++field) {
-        edits[field] = nullptr;
-        forms[field] = nullptr;
+        m_edits[field] = nullptr;
+        m_forms[field] = nullptr;
     }
     for (int field = int(Choice::CsdSpeed); field < choiceCount; ++field)
-        combos[field] = nullptr;
+        m_combos[field] = nullptr;
 }
 
 QString FormRows::text(Text field) const
@@ -51,7 +51,7 @@ void FormRows::setChoice(Choice field, int item)
 
 void FormRows::focus(Text field)
 {
-    YFormContainer* form = forms[int(field)];
+    YFormContainer* form = m_forms[int(field)];
     if (!form)
         return;
     edit(field)->setFocus();

@@ -22,8 +22,8 @@ public:
     // The rows of page 2 are gone.
     void forgetPage2();
 
-    YLineEdit* edit(Text field) const { return edits[int(field)]; }
-    YComboBox* combo(Choice field) const { return combos[int(field)]; }
+    YLineEdit* edit(Text field) const { return m_edits[int(field)]; }
+    YComboBox* combo(Choice field) const { return m_combos[int(field)]; }
 
     QString text(Text field) const override;
     void setText(Text field, const QString& text) override;
@@ -36,9 +36,9 @@ public:
     void focus(const FaultFields& fields);
 
 private:
-    YLineEdit* edits[textCount] = {};
-    YFormContainer* forms[textCount] = {};
-    YComboBox* combos[choiceCount] = {};
+    YLineEdit* m_edits[textCount] = {};
+    YFormContainer* m_forms[textCount] = {};
+    YComboBox* m_combos[choiceCount] = {};
 };
 
 } // namespace wizard

@@ -7,14 +7,18 @@
 #include "support/toolkitnumbers.h"
 #include "wizard/boxes.h"
 
+namespace {
+
 // Whether the key is used up.
-static bool explainWifiOnly(const QKeyEvent* event)
+bool explainWifiOnly(const QKeyEvent* event)
 {
     if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter)
         return false;
     wizard::showWifiOnly();
     return true;
 }
+
+} // namespace
 
 NSEditBox::NSEditBox(QWidget* parent, const char* name)
     : YLineEdit(parent, name, toolkit::FormLineEdit)

@@ -16,7 +16,11 @@ using support::translate;
 
 namespace wizard {
 
-static const int optionsMenuWidth = 200;
+namespace {
+
+const int optionsMenuWidth = 200;
+
+} // namespace
 
 YFormContainer* addForm(YKbMainWidget* page)
 {
@@ -28,14 +32,18 @@ YFormContainer* addForm(YKbMainWidget* page)
     return form;
 }
 
+namespace {
+
 // The screen without its soft keys, from the left edge.
-static QRect optionsMenuRect()
+QRect optionsMenuRect()
 {
     const QRect home = YGlobal::getHomeR(false);
     const QRect softKeys = YGlobal::getCstR();
     const int height = (home.bottom() - home.top()) - (softKeys.bottom() - softKeys.top());
     return QRect(home.left(), home.top(), optionsMenuWidth, height);
 }
+
+} // namespace
 
 YOptionsMenu* addOptionsMenu(YKbMainWidget* page, const PhoneText& item, const char* member)
 {
@@ -46,10 +54,14 @@ YOptionsMenu* addOptionsMenu(YKbMainWidget* page, const PhoneText& item, const c
     return menu;
 }
 
-static QString cancelText()
+namespace {
+
+QString cancelText()
 {
     return translate("TXT_RID_SOFTKEY_CANCEL", "Cancel");
 }
+
+} // namespace
 
 YSoftKey* addSoftKeys(YKbMainWidget* page, YOptionsMenu* menu, const char* member)
 {

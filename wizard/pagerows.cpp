@@ -4,36 +4,40 @@
 
 namespace wizard {
 
+namespace {
+
 // The order of the items is that of the codes in codetables.h.
-static const PhoneText preferences[] = {
+const PhoneText preferences[] = {
     {"TXT_RID_COMBOBOX_WIFI_THEN_CELLULAR", "WiFi, then Cellular"},
     {"TXT_RID_COMBOBOX_WIFI_ONLY", "WiFi Only"},
     {"TXT_RID_COMBOBOX_CELLULAR_ONLY", "Cellular Only"},
 };
-static const PhoneText policies[] = {
+const PhoneText policies[] = {
     {"TXT_RID_COMBOBOX_DATA", "Data"},
     {"TXT_RID_COMBOBOX_VOICE", "Voice"},
 };
-static const PhoneText gprsTimeoutItems[] = {
+const PhoneText gprsTimeoutItems[] = {
     {"TXT_RID_COMBOBOX_OFF", "Off"},        {"TXT_RID_COMBOBOX_15_MIN", "15 min"},
     {"TXT_RID_COMBOBOX_1_HOUR", "1 hour"},  {"TXT_RID_COMBOBOX_2_HOURS", "2 hour"},
     {"TXT_RID_COMBOBOX_6_HOURS", "6 hour"}, {"TXT_RID_COMBOBOX_24_HOURS", "24 hour"},
 };
 
-static const PhoneText speeds[] = {
+const PhoneText speeds[] = {
     {"TXT_RID_COMBOBOX_AUTO", "Auto"}, {"TXT_RID_COMBOBOX_14400", "14400"},
     {"TXT_RID_COMBOBOX_9600", "9600"}, {"TXT_RID_COMBOBOX_4800", "4800"},
     {"TXT_RID_COMBOBOX_2400", "2400"},
 };
-static const PhoneText lineTypes[] = {
+const PhoneText lineTypes[] = {
     {"TXT_RID_COMBOBOX_MODEM", "Modem"},
     {"TXT_RID_COMBOBOX_ISDN", "ISDN"},
 };
-static const PhoneText csdTimeoutItems[] = {
+const PhoneText csdTimeoutItems[] = {
     {"TXT_RID_COMBOBOX_OFF", "Off"},       {"TXT_RID_COMBOBOX_1_MIN", "1 min"},
     {"TXT_RID_COMBOBOX_5_MIN", "5 min"},   {"TXT_RID_COMBOBOX_15_MIN", "15 min"},
     {"TXT_RID_COMBOBOX_30_MIN", "30 min"}, {"TXT_RID_COMBOBOX_60_MIN", "60 min"},
 };
+
+} // namespace
 
 // clang-format off
 const Page1Row page1Rows[page1RowCount] = {

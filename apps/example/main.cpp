@@ -17,29 +17,29 @@ class Fetcher : public QObject
     Q_OBJECT
 
 public:
-    Fetcher(const QUrl& page, int seconds) : url(page)
+    Fetcher(const QUrl& page, int seconds) : m_url(page)
     {
-        limit.setSingleShot(true);
-        limit.setInterval(seconds * 1000);
-        connect(&manager, SIGNAL(connected(int, YLinkInfo&)), SLOT(online(int, YLinkInfo&)));
-        connect(&manager, SIGNAL(openFailed(int, unsigned short, unsigned short)),
+        m_limit.setSingleShot(true);
+        m_limit.setInterval(seconds * 1000);
+        connect(&m_manager, SIGNAL(connected(int, YLinkInfo&)), SLOT(online(int, YLinkInfo&)));
+        connect(&m_manager, SIGNAL(openFailed(int, unsigned short, unsigned short)),
                 SLOT(failed(int, unsigned short, unsigned short)));
-        connect(&manager, SIGNAL(broken(int, YLinkInfo&)), SLOT(broken(int)));
-        connect(&socket, SIGNAL(connected()), SLOT(request()));
+        connect(&m_manager, SIGNAL(broken(int, YLinkInfo&)), SLOT(broken(int)));
+        connect(&m_socket, SIGNAL(connected()), SLOT(request()));
         // The server ends its answer by closing the connection, which a socket reports as an error.
-        connect(&socket, SIGNAL(errorOccurred(QAbstractSocket::SocketError)), SLOT(ended()));
-        connect(&limit, SIGNAL(timeout()), SLOT(tooLate()));
+        connect(&m_socket, SIGNAL(errorOccurred(QAbstractSocket::SocketError)), SLOT(ended()));
+        connect(&m_limit, SIGNAL(timeout()), SLOT(tooLate()));
     }
 
     bool start(const QString& profile)
     {
-        int result = manager.init(false);
+        int result = m_manager.init(false);
         if (result >= 0)
-            result = link = manager.openLink(profile);
+            result = m_link = m_manager.openLink(profile);
         if (result < 0)
             say(QString("cannot open a link for \"%1\": %2").arg(profile, described(result)));
         else
-            say(QString("opening link %1 for \"%2\"").arg(link).arg(profile));
+            say(QString("opening link %1 for \"%2\"").arg(m_link).arg(profile));
         return result >= 0;
     }
 
@@ -48,24 +48,24 @@ private slots:
     {
         QString device;
         unsigned long address = 0;
-        manager.getDeviceInfo(id, device, &address);
+        m_manager.getDeviceInfo(id, device, &address);
         const char* const bearers[] = {"unknown", "GPRS", "CSD", "WiFi"};
         say(QString("connected: link %1, device %2, address %3, bearer %4")
                 .arg(id)
                 .arg(device, QHostAddress(quint32(address)).toString(),
                      bearers[info.infoByte < 4 ? info.infoByte : 0]));
-        if (int result = manager.dnsResolverConfig(id); result != 0)
+        if (int result = m_manager.dnsResolverConfig(id); result != 0)
             say("the name servers could not be set: " + described(result));
 
         // A socket gets its descriptor with bind(); it must belong to the link before it connects.
-        socket.bind(QHostAddress(QHostAddress::AnyIPv4));
-        const int result = manager.bindSocket2Link(id, int(socket.socketDescriptor()));
+        m_socket.bind(QHostAddress(QHostAddress::AnyIPv4));
+        const int result = m_manager.bindSocket2Link(id, int(m_socket.socketDescriptor()));
         if (result != 0)
             return finish("the socket could not be bound: " + described(result), 1);
         say(QString("socket bound to link %1").arg(id));
-        socket.connectToHost(url.host(), quint16(url.port(80)), QIODevice::ReadWrite,
-                             QAbstractSocket::IPv4Protocol);
-        limit.start();
+        m_socket.connectToHost(m_url.host(), quint16(m_url.port(80)), QIODevice::ReadWrite,
+                               QAbstractSocket::IPv4Protocol);
+        m_limit.start();
     }
 
     void failed(int id, unsigned short cause1, unsigned short cause2)
@@ -84,31 +84,31 @@ private slots:
     {
         const QUrl::FormattingOptions pathAndQuery(QUrl::RemoveScheme | QUrl::RemoveAuthority |
                                                    QUrl::RemoveFragment);
-        const QByteArray path = url.toEncoded(pathAndQuery);
-        QByteArray host = url.host(QUrl::FullyEncoded).toLatin1();
-        if (url.port() > 0)
-            host += ':' + QByteArray::number(url.port());
-        socket.write("GET " + (path.startsWith('/') ? path : '/' + path) +
-                     " HTTP/1.0\r\nHost: " + host + "\r\n\r\n");
+        const QByteArray path = m_url.toEncoded(pathAndQuery);
+        QByteArray host = m_url.host(QUrl::FullyEncoded).toLatin1();
+        if (m_url.port() > 0)
+            host += ':' + QByteArray::number(m_url.port());
+        m_socket.write("GET " + (path.startsWith('/') ? path : '/' + path) +
+                       " HTTP/1.0\r\nHost: " + host + "\r\n\r\n");
     }
 
     void ended()
     {
-        const QByteArray answer = socket.readAll();
+        const QByteArray answer = m_socket.readAll();
         const qsizetype head = answer.indexOf("\r\n\r\n");
         const QString status = QString::fromLatin1(answer.left(answer.indexOf("\r\n")));
         if (answer.isEmpty())
-            return finish(QString("no page: %1").arg(socket.errorString()), 1);
+            return finish(QString("no page: %1").arg(m_socket.errorString()), 1);
         if (head < 0 || !status.contains(" 200 "))
             return finish(QString("no page: \"%1\"").arg(status), 1);
         const qsizetype size = answer.size() - head - 4;
         const qsizetype whole = contentLength(answer.left(head), size);
         if (size < whole)
             return finish(QString("no page: only %1 of %2 bytes came").arg(size).arg(whole), 1);
-        finish(QString("fetched %1: %2 bytes").arg(url.toString()).arg(size), 0);
+        finish(QString("fetched %1: %2 bytes").arg(m_url.toString()).arg(size), 0);
     }
 
-    void tooLate() { finish(QString("no page within %1 s").arg(limit.interval() / 1000), 1); }
+    void tooLate() { finish(QString("no page within %1 s").arg(m_limit.interval() / 1000), 1); }
 
 private:
     static qsizetype contentLength(const QByteArray& head, qsizetype unknown)
@@ -131,22 +131,22 @@ private:
     void finish(const QString& text, int status)
     {
         // Whatever ended it, nothing that is still under way may end it again.
-        for (QObject* sender : std::initializer_list<QObject*>{&manager, &socket, &limit})
+        for (QObject* sender : std::initializer_list<QObject*>{&m_manager, &m_socket, &m_limit})
             sender->disconnect(this);
         say(text);
-        const int result = manager.closeLink(link);
-        say(result == 0 ? QString("link %1 closed").arg(link)
-                        : QString("link %1 could not be closed: ").arg(link) + described(result));
+        const int result = m_manager.closeLink(m_link);
+        say(result == 0 ? QString("link %1 closed").arg(m_link)
+                        : QString("link %1 could not be closed: ").arg(m_link) + described(result));
         qApp->exit(status);
     }
 
     void say(const QString& text) { QTextStream(stdout) << text << Qt::endl; }
 
-    QUrl url;
-    YDataSessionManager manager;
-    QTcpSocket socket;
-    QTimer limit;
-    int link = -1;
+    QUrl m_url;
+    YDataSessionManager m_manager;
+    QTcpSocket m_socket;
+    QTimer m_limit;
+    int m_link = -1;
 };
 
 int main(int argc, char** argv)

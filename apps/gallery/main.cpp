@@ -40,32 +40,33 @@ public:
     void add(QPixmap picture)
     {
         picture.setDevicePixelRatio(1);
-        pictures.push_back(picture);
+        m_pictures.push_back(picture);
     }
 
     bool save(const QString& file) const
     {
         constexpr int columns = 11;
         constexpr int gap = 8;
-        if (pictures.empty())
+        if (m_pictures.empty())
             return false;
-        const QSize cell = pictures.front().size() + QSize(gap, gap);
-        const int rows = (static_cast<int>(pictures.size()) + columns - 1) / columns;
+        const QSize cell = m_pictures.front().size() + QSize(gap, gap);
+        const int rows = (static_cast<int>(m_pictures.size()) + columns - 1) / columns;
         QImage sheet(cell.width() * columns + gap, cell.height() * rows + gap,
                      QImage::Format_RGB32);
         sheet.fill(QColor(0x50, 0x56, 0x5E));
         QPainter painter(&sheet);
-        for (std::size_t i = 0; i < pictures.size(); ++i) {
+        for (std::size_t i = 0; i < m_pictures.size(); ++i) {
             const int column = static_cast<int>(i) % columns;
             const int row = static_cast<int>(i) / columns;
-            painter.drawPixmap(gap + column * cell.width(), gap + row * cell.height(), pictures[i]);
+            painter.drawPixmap(gap + column * cell.width(), gap + row * cell.height(),
+                               m_pictures[i]);
         }
         painter.end();
         return sheet.save(file);
     }
 
 private:
-    std::vector<QPixmap> pictures;
+    std::vector<QPixmap> m_pictures;
 };
 
 QPixmap render(const Scene& scene, YTheme::Scheme scheme)

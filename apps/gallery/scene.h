@@ -16,20 +16,20 @@ public:
     Stage& operator=(const Stage&) = delete;
     ~Stage()
     {
-        while (!objects.empty())
-            objects.pop_back();
+        while (!m_objects.empty())
+            m_objects.pop_back();
     }
 
     template <class T, class... Arguments> T& make(Arguments&&... arguments)
     {
         auto object = std::make_unique<T>(std::forward<Arguments>(arguments)...);
         T& made = *object;
-        objects.push_back(std::move(object));
+        m_objects.push_back(std::move(object));
         return made;
     }
 
 private:
-    std::vector<std::unique_ptr<QObject>> objects;
+    std::vector<std::unique_ptr<QObject>> m_objects;
 };
 
 struct Scene

@@ -20,10 +20,10 @@ class Tour : public QObject
     Q_OBJECT
 
 public:
-    explicit Tour(Person& user) : person(user)
+    explicit Tour(Person& user) : m_person(user)
     {
-        connect(&manager, SIGNAL(connected(int, YLinkInfo&)), SLOT(online(int, YLinkInfo&)));
-        connect(&manager, SIGNAL(openFailed(int, unsigned short, unsigned short)),
+        connect(&m_manager, SIGNAL(connected(int, YLinkInfo&)), SLOT(online(int, YLinkInfo&)));
+        connect(&m_manager, SIGNAL(openFailed(int, unsigned short, unsigned short)),
                 SLOT(failed(int, unsigned short, unsigned short)));
     }
 
@@ -35,16 +35,16 @@ public slots:
         say(QString("getProfileIfNoFound: result %1, profile \"%2\"").arg(result).arg(name));
         if (result != 0)
             return qApp->exit(1);
-        int link = manager.init(false);
+        int link = m_manager.init(false);
         if (link >= 0)
-            link = manager.openLink(name);
+            link = m_manager.openLink(name);
         if (link < 0) {
             say(QString("cannot open a link: result %1").arg(link));
             return qApp->exit(1);
         }
         say(QString("opening link %1 for \"%2\"").arg(link).arg(name));
         // The link may be up before the person has looked again.
-        person.take("connecting");
+        m_person.take("connecting");
     }
 
 private slots:
@@ -53,7 +53,7 @@ private slots:
         say(QString("connected: link %1, device %2, address %3")
                 .arg(link)
                 .arg(QString::fromUtf8(info.infoText), QHostAddress(info.infoWord).toString()));
-        const int result = manager.closeLink(link);
+        const int result = m_manager.closeLink(link);
         say(QString("closing link %1: result %2").arg(link).arg(result));
         qApp->exit(result == 0 ? 0 : 1);
     }
@@ -67,13 +67,15 @@ private slots:
 private:
     void say(const QString& text) { QTextStream(stdout) << text << Qt::endl; }
 
-    Person& person;
-    YDataSessionManager manager;
+    Person& m_person;
+    YDataSessionManager m_manager;
 };
+
+namespace {
 
 // From the name down to the access point the form has proxy, port and domain, and on a phone with
 // WiFi the connection preference. Up from the name is the last row, the button.
-static void instruct(Person& person)
+void instruct(Person& person)
 {
     const int rowsToApn = SETUP_Utility().isFeatureAvailable(SETUP_FEATURE_WIFI) ? 5 : 4;
     person.lookAt("YSingleSelectDlg", "no-connection");
@@ -92,6 +94,8 @@ static void instruct(Person& person)
     person.lookAt("YNoticeDlg", "saved");
     person.press(Qt::Key_Return);
 }
+
+} // namespace
 
 int main(int argc, char** argv)
 {

@@ -11,17 +11,23 @@
 
 #include <toolkit/yscreen.h>
 
-static const int interval = 10; // milliseconds between two looks at the screen
-static const int longest = 10000 / interval;
+namespace {
 
-Person::Person(const QDir& pictureFolder) : folder(pictureFolder) {}
+const int interval = 10; // milliseconds between two looks at the screen
+const int longest = 10000 / interval;
+
+} // namespace
+
+Person::Person(const QDir& pictureFolder) : m_folder(pictureFolder) {}
 
 void Person::add(const QString& what, std::function<bool()> tryIt)
 {
-    deeds.push_back({what, std::move(tryIt)});
+    m_deeds.push_back({what, std::move(tryIt)});
 }
 
-static bool send(int key, const QString& text)
+namespace {
+
+bool send(int key, const QString& text)
 {
     QWindow* window = YScreen::instance()->window()->windowHandle();
     if (!window)
@@ -32,6 +38,8 @@ static bool send(int key, const QString& text)
     }
     return true;
 }
+
+} // namespace
 
 void Person::press(int key, int times)
 {
@@ -60,21 +68,21 @@ void Person::look(const QString& picture)
 
 bool Person::take(const QString& picture)
 {
-    const QString name = QString("%1-%2.png").arg(taken + 1, 2, 10, QChar('0')).arg(picture);
-    const QString path = folder.filePath(name);
+    const QString name = QString("%1-%2.png").arg(m_taken + 1, 2, 10, QChar('0')).arg(picture);
+    const QString path = m_folder.filePath(name);
     if (!YScreen::instance()->grab().save(path)) {
         std::fprintf(stderr, "the picture %s cannot be written\n", qPrintable(path));
         QCoreApplication::exit(1);
         return false;
     }
     std::printf("picture %s\n", qPrintable(path));
-    ++taken;
+    ++m_taken;
     return true;
 }
 
 void Person::begin()
 {
-    if (next < deeds.size())
+    if (m_next < m_deeds.size())
         QTimer::singleShot(interval, this, SLOT(act()));
 }
 
@@ -82,17 +90,17 @@ void Person::begin()
 // the dialog's event loop, so it is asked for first.
 void Person::act()
 {
-    const Deed deed = deeds[next++];
+    const Deed deed = m_deeds[m_next++];
     begin();
     if (deed.tryIt()) {
-        waited = 0;
+        m_waited = 0;
         return;
     }
-    if (++waited > longest) {
+    if (++m_waited > longest) {
         std::fprintf(stderr, "could not %s\n", qPrintable(deed.what));
         std::exit(1);
     }
-    if (next == deeds.size())
+    if (m_next == m_deeds.size())
         QTimer::singleShot(interval, this, SLOT(act()));
-    --next;
+    --m_next;
 }

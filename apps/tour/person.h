@@ -45,11 +45,11 @@ private:
 
     void add(const QString& what, std::function<bool()> tryIt);
 
-    QDir folder;
-    std::vector<Deed> deeds;
-    std::size_t next = 0;
-    int taken = 0;
-    int waited = 0;
+    QDir m_folder;
+    std::vector<Deed> m_deeds;
+    std::size_t m_next = 0;
+    int m_taken = 0;
+    int m_waited = 0;
 };
 
 #endif

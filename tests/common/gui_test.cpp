@@ -30,23 +30,23 @@ public:
     void SetUp() override
     {
         qInstallMessageHandler(collect);
-        application = std::make_unique<YApplication>(argc, argv);
+        m_application = std::make_unique<YApplication>(m_argc, m_argv);
         // Tests open and close the screen's window all the time; that must end no event loop.
-        application->setQuitOnLastWindowClosed(false);
+        m_application->setQuitOnLastWindowClosed(false);
         YScreen::instance();
     }
 
     void TearDown() override
     {
-        application.reset();
+        m_application.reset();
         qInstallMessageHandler(nullptr);
     }
 
 private:
-    char name[5] = "test";
-    char* argv[2] = {name, nullptr};
-    int argc = 1;
-    std::unique_ptr<YApplication> application;
+    char m_name[5] = "test";
+    char* m_argv[2] = {m_name, nullptr};
+    int m_argc = 1;
+    std::unique_ptr<YApplication> m_application;
 };
 
 std::string describe(const QWidget& widget)
@@ -182,18 +182,18 @@ bool GuiTest::waitFor(const std::function<bool()>& condition)
 
 void GuiTest::expectWarning(const std::string& part)
 {
-    announced.push_back(part);
+    m_announced.push_back(part);
 }
 
 void GuiTest::allowWarnings(const std::string& part)
 {
-    allowed.push_back(part);
+    m_allowed.push_back(part);
 }
 
 void GuiTest::SetUp()
 {
     settle();
-    widgetsBefore = allWidgets();
+    m_widgetsBefore = allWidgets();
     warnings.clear();
 }
 
@@ -201,7 +201,7 @@ std::vector<std::string> GuiTest::findings() const
 {
     std::vector<std::string> found;
     std::vector<std::string> unannounced = warnings;
-    for (const std::string& part : announced) {
+    for (const std::string& part : m_announced) {
         const auto match = std::find_if(unannounced.begin(), unannounced.end(),
                                         [&part](const std::string& warning) {
                                             return warning.find(part) != std::string::npos;
@@ -226,12 +226,12 @@ std::vector<std::string> GuiTest::findings() const
 bool GuiTest::isTop(const QWidget& widget) const
 {
     const QWidget* parent = widget.parentWidget();
-    return !widgetsBefore.count(&widget) && (!parent || widgetsBefore.count(parent));
+    return !m_widgetsBefore.count(&widget) && (!parent || m_widgetsBefore.count(parent));
 }
 
 bool GuiTest::isAllowed(const std::string& warning) const
 {
-    return std::any_of(allowed.begin(), allowed.end(), [&warning](const std::string& part) {
+    return std::any_of(m_allowed.begin(), m_allowed.end(), [&warning](const std::string& part) {
         return warning.find(part) != std::string::npos;
     });
 }

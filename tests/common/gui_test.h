@@ -66,9 +66,9 @@ private:
     bool isTop(const QWidget& widget) const;
     bool isAllowed(const std::string& warning) const;
 
-    std::set<const QWidget*> widgetsBefore;
-    std::vector<std::string> announced;
-    std::vector<std::string> allowed;
+    std::set<const QWidget*> m_widgetsBefore;
+    std::vector<std::string> m_announced;
+    std::vector<std::string> m_allowed;
 };
 
 #endif

@@ -115,11 +115,11 @@ VORN_PLATFORM_API int NAPI_Fini()
     return result;
 }
 
-VORN_PLATFORM_API ssize_t write(int fd, const void* bytes, size_t count)
+VORN_PLATFORM_API ssize_t write(int fd, const void* bytes, std::size_t count)
 {
     if (fd > STDERR_FILENO && diskIs("full") && isBelowRoot(fd))
         return refused(ENOSPC);
-    return next<ssize_t (*)(int, const void*, size_t)>("write")(fd, bytes, count);
+    return next<ssize_t (*)(int, const void*, std::size_t)>("write")(fd, bytes, count);
 }
 
 VORN_PLATFORM_API int mkdirat(int folder, const char* path, mode_t mode)
@@ -207,11 +207,11 @@ VORN_PLATFORM_API uid_t geteuid() noexcept
     return user ? static_cast<uid_t>(std::atoi(user)) : next<uid_t (*)()>("geteuid")();
 }
 
-VORN_PLATFORM_API ssize_t read(int fd, void* bytes, size_t count)
+VORN_PLATFORM_API ssize_t read(int fd, void* bytes, std::size_t count)
 {
     if (std::getenv("VORN_TEST_FAULTY") && isNamed("VORN_TEST_FAULTY", pathOf(fd)))
         return refused(EIO);
-    return next<ssize_t (*)(int, void*, size_t)>("read")(fd, bytes, count);
+    return next<ssize_t (*)(int, void*, std::size_t)>("read")(fd, bytes, count);
 }
 
 } // extern "C"

@@ -23,7 +23,7 @@ namespace {
 
 using Bytes = std::vector<uint8_t>;
 
-constexpr std::size_t kLargestInput = 64U << 10;
+constexpr std::size_t largestInput = 64U << 10;
 
 const Bytes* current = nullptr;
 std::string crashFile;
@@ -76,7 +76,7 @@ public:
         Bytes bytes = anySeed();
         for (std::size_t steps = 1 + below(6); steps > 0; --steps)
             change(bytes);
-        bytes.resize(std::min(bytes.size(), kLargestInput));
+        bytes.resize(std::min(bytes.size(), largestInput));
         return bytes;
     }
 

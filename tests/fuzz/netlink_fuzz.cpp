@@ -64,22 +64,22 @@ extern "C" int bind(int descriptor, const sockaddr* address, socklen_t size) noe
                                 : static_cast<int>(::syscall(SYS_bind, descriptor, address, size));
 }
 
-extern "C" ssize_t send(int descriptor, const void* data, size_t size, int flags)
+extern "C" ssize_t send(int descriptor, const void* data, std::size_t size, int flags)
 {
     if (isKernel(descriptor))
         return static_cast<ssize_t>(size);
     return ::syscall(SYS_sendto, descriptor, data, size, flags, nullptr, 0);
 }
 
-extern "C" ssize_t recv(int descriptor, void* room, size_t size, int flags)
+extern "C" ssize_t recv(int descriptor, void* room, std::size_t size, int flags)
 {
     if (isKernel(descriptor))
         return take(room, size, nullptr, flags, nullptr);
     return ::syscall(SYS_recvfrom, descriptor, room, size, flags, nullptr, nullptr);
 }
 
-extern "C" ssize_t recvfrom(int descriptor, void* room, size_t size, int flags, sockaddr* sender,
-                            socklen_t* senderSize)
+extern "C" ssize_t recvfrom(int descriptor, void* room, std::size_t size, int flags,
+                            sockaddr* sender, socklen_t* senderSize)
 {
     if (!isKernel(descriptor))
         return ::syscall(SYS_recvfrom, descriptor, room, size, flags, sender, senderSize);

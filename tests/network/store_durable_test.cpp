@@ -83,7 +83,7 @@ TEST_F(DurableFile, FailingWriteOrSyncLeavesTheOldOneAndNothingElse)
         ++failures;
         // The last call brings the rename to the disk: only whether it stays is open when it fails.
         bool isLast = at + 1 == calls.size() && calls[at].function == "fsync";
-        ASSERT_EQ(error, isLast ? base::kNotSynced : ENOSPC) << calls[at].function;
+        ASSERT_EQ(error, isLast ? base::notSynced : ENOSPC) << calls[at].function;
         ASSERT_EQ(contentOf(path), isLast ? "new" : "old") << calls[at].function;
         ASSERT_EQ(entriesOf(world.root()), std::vector<std::string>{"file"});
         ASSERT_EQ(replace("old"), 0);

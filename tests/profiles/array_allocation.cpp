@@ -9,21 +9,25 @@
 
 namespace allocation {
 
-static bool failing = false;
+namespace {
 
-static std::set<void*>& held()
+bool failing = false;
+
+std::set<void*>& held()
 {
     static std::set<void*> all;
     return all;
 }
 
 // As if memory had held a list before.
-static void fillWithNames(char* place, std::size_t size)
+void fillWithNames(char* place, std::size_t size)
 {
     const char name[] = "Profile77";
     for (std::size_t slot = 0; slot + sizeof name <= size; slot += 64)
         std::memcpy(place + slot, name, sizeof name);
 }
+
+} // namespace
 
 void failArrays(bool fail)
 {

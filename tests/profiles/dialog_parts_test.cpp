@@ -21,7 +21,7 @@ std::vector<const void*> items;
 
 std::string row(const void* item)
 {
-    for (size_t i = 0; i < items.size(); ++i)
+    for (std::size_t i = 0; i < items.size(); ++i)
         if (items[i] == item)
             return "row " + std::to_string(i);
     return item ? "unknown row" : "no row";

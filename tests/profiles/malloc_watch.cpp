@@ -9,9 +9,9 @@
 
 // What stands behind malloc and free: the sanitizer's where there is one, else the C library's.
 extern "C" {
-void* __interceptor_malloc(size_t size) __attribute__((weak));
+void* __interceptor_malloc(std::size_t size) __attribute__((weak));
 void __interceptor_free(void* place) __attribute__((weak));
-void* __libc_malloc(size_t size);
+void* __libc_malloc(std::size_t size);
 void __libc_free(void* place);
 }
 
@@ -19,13 +19,17 @@ namespace mallocwatch {
 
 enum class Next { Pass, Watch, Fail };
 
-static thread_local Next next = Next::Pass;
-static void* held = nullptr;
+namespace {
 
-static void* allocate(size_t size)
+thread_local Next next = Next::Pass;
+void* held = nullptr;
+
+void* allocate(std::size_t size)
 {
     return __interceptor_malloc ? __interceptor_malloc(size) : __libc_malloc(size);
 }
+
+} // namespace
 
 void watchNext(bool fail)
 {
@@ -39,7 +43,7 @@ bool isHeld()
 
 } // namespace mallocwatch
 
-extern "C" __attribute__((visibility("default"))) void* malloc(size_t size) noexcept
+extern "C" __attribute__((visibility("default"))) void* malloc(std::size_t size) noexcept
 {
     using namespace mallocwatch;
     const Next now = next;

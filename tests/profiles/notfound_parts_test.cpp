@@ -225,7 +225,7 @@ TEST_F(NotFoundParts, WithACheckedRowOfAnUnknownCodeLogThatAndGiveOne)
     for (unsigned int code : {0u, 0x300u, 0x303u, 0xFFFFFFFFu}) {
         checkRow(code, 1);
         char* text = nullptr;
-        size_t size = 0;
+        std::size_t size = 0;
         FILE* log = ::open_memstream(&text, &size);
         APPLOG_ModuleStream = log;
         EXPECT_EQ(ask(), 1) << code;

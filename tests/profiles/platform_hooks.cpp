@@ -14,9 +14,13 @@
 
 namespace hooks {
 
-static bool listIsHidden = false;
-static int pretendedRow = -1;
-static bool recording = false;
+namespace {
+
+bool listIsHidden = false;
+int pretendedRow = -1;
+bool recording = false;
+
+} // namespace
 
 void hideListBox(bool hide)
 {

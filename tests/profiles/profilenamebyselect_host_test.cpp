@@ -19,14 +19,14 @@ protected:
         GuiTest::SetUp();
         char folder[] = "/tmp/profiles-test-XXXXXX";
         ASSERT_NE(::mkdtemp(folder), nullptr);
-        m_root = folder;
+        root = folder;
         ::setenv("VORN_ROOT", folder, 1);
     }
 
     void TearDown() override
     {
         ::unsetenv("VORN_ROOT");
-        std::filesystem::remove_all(m_root);
+        std::filesystem::remove_all(root);
         GuiTest::TearDown();
     }
 
@@ -36,7 +36,7 @@ protected:
         ASSERT_EQ(NAPI_CreateProfile(name, &record, 0, 0), NAPI_OK);
     }
 
-    std::string m_root;
+    std::string root;
 };
 
 TEST_F(HostProfiles, AreListedByNameAndOneIsChosen)

@@ -23,8 +23,8 @@ protected:
     void SetUp() override
     {
         GuiTest::SetUp();
-        m_napi.filled = {slot("Home"), slot("Work"), slot("Train")};
-        m_napi.afterLimit = [] { mallocwatch::watchNext(false); };
+        napi.filled = {slot("Home"), slot("Work"), slot("Train")};
+        napi.afterLimit = [] { mallocwatch::watchNext(false); };
     }
 
     void TearDown() override
@@ -39,7 +39,7 @@ protected:
     // Calls the function; a person takes the steps one after the other.
     int select(const std::vector<Step>& person)
     {
-        scripted::play(m_napi);
+        scripted::play(napi);
         std::vector<std::function<void()>> steps;
         for (const Step& step : person)
             steps.push_back([step] {
@@ -49,7 +49,7 @@ protected:
         if (!steps.empty())
             later(steps);
         calls().clear();
-        return getProfileNamebySelect(m_name);
+        return getProfileNamebySelect(name);
     }
 
     static Step key(Qt::Key which)
@@ -59,9 +59,9 @@ protected:
     static void accept(YProfileSelectDlg&) { press(Qt::Key_F1); }
     static void cancel(YProfileSelectDlg&) { press(Qt::Key_Escape); }
 
-    scripted::Napi m_napi;
-    QString m_name = "before";
-    recorder::Log m_log;
+    scripted::Napi napi;
+    QString name = "before";
+    recorder::Log log;
 };
 
 struct Way
@@ -82,9 +82,9 @@ class WayThroughTheDialog : public SelectProfile, public testing::WithParamInter
 
 TEST_P(WayThroughTheDialog, EndsAsItShould)
 {
-    m_name = "Work";
+    name = "Work";
     EXPECT_EQ(select(GetParam().steps), GetParam().result);
-    EXPECT_EQ(m_name, GetParam().chosen);
+    EXPECT_EQ(name, GetParam().chosen);
     EXPECT_EQ(shown(), nullptr);
 }
 
@@ -154,7 +154,7 @@ class GivenName : public SelectProfile, public testing::WithParamInterface<Prese
 
 TEST_P(GivenName, DecidesWhichRowIsCheckedAndIsChangedOnSuccessOnly)
 {
-    m_name = GetParam().given;
+    name = GetParam().given;
     QString checked;
     EXPECT_EQ(select({[&](YProfileSelectDlg& dialog) {
                   checked = checkedRow(dialog);
@@ -162,9 +162,9 @@ TEST_P(GivenName, DecidesWhichRowIsCheckedAndIsChangedOnSuccessOnly)
               }}),
               -100);
     EXPECT_EQ(checked, GetParam().checked);
-    EXPECT_EQ(m_name, GetParam().given);
+    EXPECT_EQ(name, GetParam().given);
     EXPECT_EQ(select({accept}), 0);
-    EXPECT_EQ(m_name, GetParam().checked);
+    EXPECT_EQ(name, GetParam().checked);
 }
 
 INSTANTIATE_TEST_SUITE_P(Names, GivenName,
@@ -177,7 +177,7 @@ INSTANTIATE_TEST_SUITE_P(Names, GivenName,
 TEST_F(SelectProfile, ShowsANameOf63BytesWhole)
 {
     const std::string longest(63, 'w');
-    m_napi.filled = {slot(longest)};
+    napi.filled = {slot(longest)};
     std::string shownText;
     EXPECT_EQ(select({[&](YProfileSelectDlg& dialog) {
                   shownText =
@@ -186,12 +186,12 @@ TEST_F(SelectProfile, ShowsANameOf63BytesWhole)
               }}),
               0);
     EXPECT_EQ(shownText, longest);
-    EXPECT_EQ(m_name.toStdString(), longest);
+    EXPECT_EQ(name.toStdString(), longest);
 }
 
 TEST_F(SelectProfile, ReadsASlotWithoutNulToItsEnd)
 {
-    m_napi.filled = {std::string(64, 'a'), slot("b"), std::string(64, 'c')};
+    napi.filled = {std::string(64, 'a'), slot("b"), std::string(64, 'c')};
     QStringList names;
     select({[&](YProfileSelectDlg& dialog) {
         names = rows(dialog);
@@ -202,16 +202,16 @@ TEST_F(SelectProfile, ReadsASlotWithoutNulToItsEnd)
 
 TEST_F(SelectProfile, ShowsBrokenUtf8WithReplacementCharacters)
 {
-    m_napi.filled = {slot("a\xff"
-                          "b\xe7\xbd"),
-                     slot("\xe7\xbd\x91")};
+    napi.filled = {slot("a\xff"
+                        "b\xe7\xbd"),
+                   slot("\xe7\xbd\x91")};
     EXPECT_EQ(select({accept}), 0);
-    EXPECT_EQ(m_name, QString("a") + QChar(0xfffd) + "b" + QChar(0xfffd) + QChar(0xfffd));
+    EXPECT_EQ(name, QString("a") + QChar(0xfffd) + "b" + QChar(0xfffd) + QChar(0xfffd));
 }
 
 TEST_F(SelectProfile, FreesTheNamesBeforeItShowsThemAndPaintsBeforeItReturns)
 {
-    m_napi.afterLimit = [] {
+    napi.afterLimit = [] {
         mallocwatch::watchNext(false);
         hooks::recordLoop(true);
     };
@@ -223,7 +223,7 @@ TEST_F(SelectProfile, FreesTheNamesBeforeItShowsThemAndPaintsBeforeItReturns)
 
 TEST_F(SelectProfile, PaintsBeforeItReturnsWhenCancelledToo)
 {
-    m_napi.afterLimit = [] { hooks::recordLoop(true); };
+    napi.afterLimit = [] { hooks::recordLoop(true); };
     EXPECT_EQ(select({cancel}), -100);
     EXPECT_EQ(calls(),
               (Calls{"list count 0", "limit 100", "list names 3", "dialog made", "wake", "exec",
@@ -248,7 +248,7 @@ class ProfileLimit : public SelectProfile, public testing::WithParamInterface<Li
 
 TEST_P(ProfileLimit, BoundsTheList)
 {
-    m_napi.limits = GetParam().answers;
+    napi.limits = GetParam().answers;
     QStringList names;
     EXPECT_EQ(select({[&](YProfileSelectDlg& dialog) {
                   names = rows(dialog);
@@ -290,7 +290,7 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST_F(SelectProfile, ShowsAsManyNamesAsTheListingHasFilled)
 {
-    m_napi.secondCount = 2;
+    napi.secondCount = 2;
     QStringList names;
     select({[&](YProfileSelectDlg& dialog) {
         names = rows(dialog);
@@ -301,7 +301,7 @@ TEST_F(SelectProfile, ShowsAsManyNamesAsTheListingHasFilled)
 
 TEST_F(SelectProfile, ShowsNoMoreNamesThanItsBufferHas)
 {
-    m_napi.secondCount = 4000;
+    napi.secondCount = 4000;
     QStringList names;
     select({[&](YProfileSelectDlg& dialog) {
         names = rows(dialog);
@@ -312,8 +312,8 @@ TEST_F(SelectProfile, ShowsNoMoreNamesThanItsBufferHas)
 
 TEST_F(SelectProfile, ShowsAnEmptyNameForASlotThatIsCountedAndNotFilled)
 {
-    m_napi.firstCount = 5;
-    m_napi.secondCount = 5;
+    napi.firstCount = 5;
+    napi.secondCount = 5;
     QStringList names;
     select({[&](YProfileSelectDlg& dialog) {
         names = rows(dialog);
@@ -330,49 +330,49 @@ TEST_F(SelectProfile, HandsOverABufferThatBeginsWithFourZeros)
 
 TEST_F(SelectProfile, ShowsAnEmptyListWhenTheListingFillsNothing)
 {
-    m_napi.secondCount = 0;
+    napi.secondCount = 0;
     EXPECT_EQ(select({cancel}), -100);
-    EXPECT_EQ(m_name, "before");
+    EXPECT_EQ(name, "before");
 }
 
 TEST_F(SelectProfile, ShowsNothingWithoutProfiles)
 {
-    m_napi.filled.clear();
+    napi.filled.clear();
     EXPECT_EQ(select({}), -100);
-    EXPECT_EQ(m_name, "before");
+    EXPECT_EQ(name, "before");
     EXPECT_EQ(calls(), (Calls{"list count 0", "log: No profile exists.\n"}));
 }
 
 TEST_F(SelectProfile, PassesOnThatTheCountFails)
 {
-    m_napi.firstResult = -209;
+    napi.firstResult = -209;
     EXPECT_EQ(select({}), -209);
-    EXPECT_EQ(m_name, "before");
+    EXPECT_EQ(name, "before");
     EXPECT_EQ(calls(), (Calls{"list count 0", "log: NAPI_ListAllProfile return error\n"}));
 }
 
 TEST_F(SelectProfile, PassesOnThatTheListingFails)
 {
-    m_napi.secondResult = -1;
+    napi.secondResult = -1;
     EXPECT_EQ(select({}), -1);
-    EXPECT_EQ(m_name, "before");
+    EXPECT_EQ(name, "before");
     EXPECT_EQ(calls(), (Calls{"list count 0", "limit 100", "malloc 192", "list names 3",
                               "log: NAPI_ListAllProfile return error\n", "free"}));
 }
 
 TEST_F(SelectProfile, TakesPositiveResultsForSuccess)
 {
-    m_napi.firstResult = 1;
-    m_napi.secondResult = 2;
+    napi.firstResult = 1;
+    napi.secondResult = 2;
     EXPECT_EQ(select({accept}), 0);
-    EXPECT_EQ(m_name, "Home");
+    EXPECT_EQ(name, "Home");
 }
 
 TEST_F(SelectProfile, SaysThatMemoryHasRunOut)
 {
-    m_napi.afterLimit = [] { mallocwatch::watchNext(true); };
+    napi.afterLimit = [] { mallocwatch::watchNext(true); };
     EXPECT_EQ(select({}), -100);
-    EXPECT_EQ(m_name, "before");
+    EXPECT_EQ(name, "before");
     EXPECT_EQ(calls(), (Calls{"list count 0", "limit 100", "malloc 192",
                               "log: Can not malloc memory for profiles.\n"}));
 }
@@ -384,7 +384,7 @@ TEST_F(SelectProfile, SelectsNothingWhenAcceptedWithoutACurrentRow)
                   dialog.accept();
               }}),
               -100);
-    EXPECT_EQ(m_name, "before");
+    EXPECT_EQ(name, "before");
 }
 
 TEST_F(SelectProfile, SelectsNothingWhenTheCurrentRowIsNone)
@@ -394,20 +394,20 @@ TEST_F(SelectProfile, SelectsNothingWhenTheCurrentRowIsNone)
                   dialog.accept();
               }}),
               -100);
-    EXPECT_EQ(m_name, "before");
+    EXPECT_EQ(name, "before");
 }
 
 TEST_F(SelectProfile, SelectsNothingFromADialogWithoutAList)
 {
-    m_napi.afterLimit = [] { hooks::hideListBox(true); };
+    napi.afterLimit = [] { hooks::hideListBox(true); };
     EXPECT_EQ(select({[](YProfileSelectDlg& dialog) { dialog.accept(); }}), -100);
-    EXPECT_EQ(m_name, "before");
+    EXPECT_EQ(name, "before");
 }
 
 TEST_F(SelectProfile, OutlivesThatItsDialogIsDeletedMeanwhile)
 {
     EXPECT_EQ(select({[](YProfileSelectDlg& dialog) { delete &dialog; }}), -100);
-    EXPECT_EQ(m_name, "before");
+    EXPECT_EQ(name, "before");
 }
 
 TEST_F(SelectProfile, MayBeCalledFromInsideItself)
@@ -419,7 +419,7 @@ TEST_F(SelectProfile, MayBeCalledFromInsideItself)
                   press(Qt::Key_F1);
               }}),
               0);
-    EXPECT_EQ(m_name, "Home");
+    EXPECT_EQ(name, "Home");
 }
 
 TEST_F(SelectProfile, LeavesNothingBehindAfterManyCalls)

@@ -30,19 +30,19 @@ protected:
         return std::string(m_text, m_size);
     }
 
-    int m_value = 99;
+    int value = 99;
 
 private:
     char* m_text = nullptr;
-    size_t m_size = 0;
+    std::size_t m_size = 0;
 };
 
 TEST_F(HostSetting, IsReadFromTheFileOnEachCall)
 {
     for (const int number : {0, 2, -5}) {
         write(settings(), "{\"DefConnPrefer\": " + std::to_string(number) + "}");
-        EXPECT_EQ(readDmInt("DefConnPrefer", m_value), 1);
-        EXPECT_EQ(m_value, number);
+        EXPECT_EQ(readDmInt("DefConnPrefer", value), 1);
+        EXPECT_EQ(value, number);
     }
     EXPECT_EQ(logged(), "");
 }
@@ -68,9 +68,9 @@ TEST_P(UnreadableHostSetting, IsLoggedAndLeavesTheValue)
     if (GetParam().text)
         write(settings(), GetParam().text);
     testing::internal::CaptureStderr();
-    EXPECT_EQ(readDmInt("DefConnPrefer", m_value), 0);
+    EXPECT_EQ(readDmInt("DefConnPrefer", value), 0);
     const std::string said = testing::internal::GetCapturedStderr();
-    EXPECT_EQ(m_value, 99);
+    EXPECT_EQ(value, 99);
     EXPECT_EQ(logged(), GetParam().logged);
     const std::string expected = *GetParam().said ? settings() + GetParam().said : "";
     EXPECT_EQ(said.substr(0, expected.size()), expected);
@@ -100,9 +100,9 @@ INSTANTIATE_TEST_SUITE_P(
 TEST_F(HostSetting, IsNotReadWhereTheRootIsNoFolder)
 {
     ::setenv("VORN_ROOT", "/dev/null", 1);
-    EXPECT_EQ(readDmInt("DefConnPrefer", m_value), 0);
+    EXPECT_EQ(readDmInt("DefConnPrefer", value), 0);
     EXPECT_EQ(logged(), "DM Tree initialization failed");
-    EXPECT_EQ(m_value, 99);
+    EXPECT_EQ(value, 99);
 }
 
 } // namespace

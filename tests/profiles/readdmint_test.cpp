@@ -207,18 +207,18 @@ protected:
         EXPECT_EQ(heldPrincipals, 0);
     }
 
-    int m_value = 99;
+    int value = 99;
 };
 
 TEST_F(ReadDmInt, StoresTheIntegerOfTheNode)
 {
-    EXPECT_EQ(readDmInt("DefConnPrefer", m_value), 1);
-    EXPECT_EQ(m_value, 7);
+    EXPECT_EQ(readDmInt("DefConnPrefer", value), 1);
+    EXPECT_EQ(value, 7);
 }
 
 TEST_F(ReadDmInt, CallsTheSettingsLibraryInOrderAndReleasesTheNodeBeforeTheTree)
 {
-    readDmInt("DefConnPrefer", m_value);
+    readDmInt("DefConnPrefer", value);
     EXPECT_EQ(calls(),
               (Calls{"Initialize", "GetTree localhost", "GetNode DefConnPrefer", "GetValue",
                      "GetInt", "release node", "release tree", "Uninitialize"}));
@@ -226,17 +226,17 @@ TEST_F(ReadDmInt, CallsTheSettingsLibraryInOrderAndReleasesTheNodeBeforeTheTree)
 
 TEST_F(ReadDmInt, PassesTheNameAsItIsGiven)
 {
-    readDmInt("./a b", m_value);
+    readDmInt("./a b", value);
     EXPECT_EQ(calls()[2], "GetNode ./a b");
 }
 
 TEST_F(ReadDmInt, StartsAndEndsTheTreeOnEachRead)
 {
-    readDmInt("DefConnPrefer", m_value);
+    readDmInt("DefConnPrefer", value);
     const Calls once = calls();
     script.integer = 8;
-    EXPECT_EQ(readDmInt("DefConnPrefer", m_value), 1);
-    EXPECT_EQ(m_value, 8);
+    EXPECT_EQ(readDmInt("DefConnPrefer", value), 1);
+    EXPECT_EQ(value, 8);
     Calls twice = once;
     twice.insert(twice.end(), once.begin(), once.end());
     EXPECT_EQ(calls(), twice);
@@ -244,7 +244,7 @@ TEST_F(ReadDmInt, StartsAndEndsTheTreeOnEachRead)
 
 TEST_F(ReadDmInt, SetsTheMessageOfEachStatus)
 {
-    readDmInt("DefConnPrefer", m_value);
+    readDmInt("DefConnPrefer", value);
     EXPECT_EQ(messages, std::vector<std::string>(5, "Refer error code for more information."));
 }
 
@@ -267,8 +267,8 @@ class FailingReadDmInt : public ReadDmInt, public testing::WithParamInterface<Fa
 TEST_P(FailingReadDmInt, LogsItAndLeavesTheValue)
 {
     script.*GetParam().call = GetParam().value;
-    EXPECT_EQ(readDmInt("N", m_value), 0);
-    EXPECT_EQ(m_value, 99);
+    EXPECT_EQ(readDmInt("N", value), 0);
+    EXPECT_EQ(value, 99);
     EXPECT_EQ(calls(), GetParam().calls);
 }
 
@@ -327,8 +327,8 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST_F(ReadDmInt, RefusesANullNameBeforeItTouchesTheTree)
 {
-    EXPECT_EQ(readDmInt(nullptr, m_value), 0);
-    EXPECT_EQ(m_value, 99);
+    EXPECT_EQ(readDmInt(nullptr, value), 0);
+    EXPECT_EQ(value, 99);
     EXPECT_EQ(calls(), Calls{"log: Node Name is NULL"});
 }
 

@@ -12,13 +12,17 @@ Calls& calls()
     return all;
 }
 
+namespace {
+
 // The stream has no buffer, so each part that it prints arrives by itself; a message is one print
 // of a format without arguments, which is one part.
-static ssize_t take(void*, const char* bytes, size_t size)
+ssize_t take(void*, const char* bytes, std::size_t size)
 {
     note("log: " + std::string(bytes, size));
     return static_cast<ssize_t>(size);
 }
+
+} // namespace
 
 Log::Log()
 {

@@ -9,8 +9,12 @@
 
 namespace scripted {
 
-static Napi current;
-static bool zerosFirst = false;
+namespace {
+
+Napi current;
+bool zerosFirst = false;
+
+} // namespace
 
 std::string slot(const std::string& name)
 {
@@ -27,21 +31,25 @@ bool beganWithZeros()
     return zerosFirst;
 }
 
-static unsigned int countOr(int scriptedCount, size_t otherwise)
+namespace {
+
+unsigned int countOr(int scriptedCount, std::size_t otherwise)
 {
     return static_cast<unsigned int>(scriptedCount == asStored ? static_cast<int>(otherwise)
                                                                : scriptedCount);
 }
 
-static void fill(char* buffer, size_t count)
+void fill(char* buffer, std::size_t count)
 {
-    for (size_t i = 0; i < count; ++i) {
+    for (std::size_t i = 0; i < count; ++i) {
         char* place = buffer + 64 * i;
         std::memset(place, '9', 64);
         std::memcpy(place, current.filled[i].data(),
-                    std::min<size_t>(64, current.filled[i].size()));
+                    std::min<std::size_t>(64, current.filled[i].size()));
     }
 }
+
+} // namespace
 
 } // namespace scripted
 
@@ -54,7 +62,7 @@ int NAPI_ListAllProfile(char* buffer, unsigned int* count)
         return current.firstResult;
     }
     recorder::note("list names " + std::to_string(*count));
-    const size_t taken = std::min<size_t>(*count, current.filled.size());
+    const std::size_t taken = std::min<std::size_t>(*count, current.filled.size());
     zerosFirst = *count > 0 && std::memcmp(buffer, "\0\0\0\0", 4) == 0;
     fill(buffer, taken);
     *count = countOr(current.secondCount, taken);

@@ -20,7 +20,9 @@
 
 #include "programs/own_operators.h"
 
-static void press(Qt::Key key)
+namespace {
+
+void press(Qt::Key key)
 {
     for (const QWidget* window : QApplication::topLevelWidgets()) {
         if (!window->isVisible())
@@ -32,7 +34,7 @@ static void press(Qt::Key key)
     }
 }
 
-static bool storeProfile(const QTemporaryDir& root)
+bool storeProfile(const QTemporaryDir& root)
 {
     qputenv("VORN_ROOT", root.path().toUtf8());
     QDir(root.path()).mkpath("etc");
@@ -44,7 +46,7 @@ static bool storeProfile(const QTemporaryDir& root)
     return NAPI_CreateProfile("A name that no text holds by itself", &profile, 0, 0) == 0;
 }
 
-static bool opensALink(QApplication& application)
+bool opensALink(QApplication& application)
 {
     auto* manager = new YDataSessionManager(&application);
     QObject::connect(manager, &YDataSessionManager::connected, manager, [&](int link) {
@@ -60,7 +62,7 @@ static bool opensALink(QApplication& application)
 }
 
 // Qt deletes what the library has allocated, and the library what Qt has.
-static bool ownsWidgets()
+bool ownsWidgets()
 {
     QWidget window;
     QString address("127.0.0.1");
@@ -75,7 +77,7 @@ static bool ownsWidgets()
     return address == "127.0.0.1";
 }
 
-static bool asksTheUser()
+bool asksTheUser()
 {
     QString name;
     QTimer::singleShot(0, [] { press(Qt::Key_F1); });
@@ -83,6 +85,8 @@ static bool asksTheUser()
     QTimer::singleShot(0, [] { press(Qt::Key_F2); });
     return isChosen && createProfilebyUser(name) == 1;
 }
+
+} // namespace
 
 int main(int argc, char** argv)
 {

@@ -36,7 +36,7 @@ class OrderCheck : public QObject
     Q_OBJECT
 
 public:
-    OrderCheck(YDataSessionManager& manager, unsigned int total) : expected(total)
+    OrderCheck(YDataSessionManager& manager, unsigned int total) : m_expected(total)
     {
         connect(&manager, SIGNAL(connected(int, YLinkInfo&)), SLOT(connected(int, YLinkInfo&)));
     }
@@ -49,23 +49,23 @@ public slots:
     void connected(int linkId, YLinkInfo& info)
     {
         inOrder = inOrder && info.infoWord == count && linkId == static_cast<int>(count % 256);
-        if (++count == expected)
+        if (++count == m_expected)
             loop.quit();
     }
 
 private:
-    const unsigned int expected;
+    const unsigned int m_expected;
 };
 
 void sendAll(int descriptor, const std::vector<NapiIndication>& messages)
 {
     const char* bytes = reinterpret_cast<const char*>(messages.data());
-    size_t left = messages.size() * sizeof(NapiIndication);
+    std::size_t left = messages.size() * sizeof(NapiIndication);
     while (left > 0) {
         const ssize_t count = ::send(descriptor, bytes, left, MSG_NOSIGNAL);
         ASSERT_GT(count, 0);
         bytes += count;
-        left -= static_cast<size_t>(count);
+        left -= static_cast<std::size_t>(count);
     }
 }
 
@@ -196,7 +196,7 @@ TEST_F(Indications, LeavesAPartialMessageBehindWholeOnes)
 TEST_F(Indications, SurvivesAMessageCutAtEveryByte)
 {
     const NapiIndication message = indication(16, 8);
-    for (size_t cut = 1; cut < sizeof message; ++cut) {
+    for (std::size_t cut = 1; cut < sizeof message; ++cut) {
         napi.sendBytes(&message, cut);
         pass();
         EXPECT_EQ(log->take(), "") << cut;
@@ -362,7 +362,7 @@ protected:
     YLinkInfo infoOf(const std::string& text)
     {
         char bytes[112] = {NAPI_IND_CONNECTED, 0, 1};
-        std::memcpy(bytes + 4, text.data(), std::min<size_t>(text.size(), sizeof bytes - 4));
+        std::memcpy(bytes + 4, text.data(), std::min<std::size_t>(text.size(), sizeof bytes - 4));
         napi.sendBytes(bytes, sizeof bytes);
         pass();
         EXPECT_EQ(log->take(), "connected(1)");
@@ -372,7 +372,7 @@ protected:
 
 TEST_F(LinkInformation, HasATextOfEveryLengthThatFits)
 {
-    for (size_t length = 0; length <= 103; ++length) {
+    for (std::size_t length = 0; length <= 103; ++length) {
         const std::string text(length, 'a');
         EXPECT_EQ(text, infoOf(text).infoText) << length;
     }
@@ -392,7 +392,7 @@ TEST_F(LinkInformation, ReadsATextWithoutNulOnIntoTheBytesThatFollow)
 
 TEST_F(LinkInformation, CutsATextThatWouldRunOverTheRecord)
 {
-    for (size_t length : {104u, 105u, 107u, 108u})
+    for (std::size_t length : {104u, 105u, 107u, 108u})
         EXPECT_EQ(std::string(103, 'c'), infoOf(std::string(length, 'c')).infoText) << length;
 }
 

@@ -28,7 +28,7 @@ void NapiRecorder::send(const NapiIndication& message)
     sendBytes(&message, sizeof message);
 }
 
-void NapiRecorder::sendBytes(const void* bytes, size_t count)
+void NapiRecorder::sendBytes(const void* bytes, std::size_t count)
 {
     ASSERT_EQ(static_cast<ssize_t>(count), ::send(writeEnd, bytes, count, MSG_NOSIGNAL));
 }
@@ -53,15 +53,19 @@ NapiIndication indication(uint16_t type, uint8_t linkId)
     return message;
 }
 
-static void note(const std::string& call)
+namespace {
+
+void note(const std::string& call)
 {
     NapiRecorder::current->calls.push_back(call);
 }
 
-static std::string number(int value)
+std::string number(int value)
 {
     return std::to_string(value);
 }
+
+} // namespace
 
 int NAPI_Init(int mode)
 {
@@ -114,7 +118,8 @@ int NAPI_GetDeviceInfo(int linkId, int item, void* buffer, int length)
     if (item == NAPI_DEVICE_NAME) {
         if (recorder.nameResult == 0)
             std::memcpy(buffer, recorder.deviceName.data(),
-                        std::min<size_t>(recorder.deviceName.size(), static_cast<size_t>(length)));
+                        std::min<std::size_t>(recorder.deviceName.size(),
+                                              static_cast<std::size_t>(length)));
         return recorder.nameResult;
     }
     if (!buffer)

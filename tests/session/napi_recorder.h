@@ -42,7 +42,7 @@ struct NapiRecorder
     std::string take();
 
     void send(const NapiIndication& message);
-    void sendBytes(const void* bytes, size_t count);
+    void sendBytes(const void* bytes, std::size_t count);
     void closeWriteEnd();
 
     // The recorder that the calls go to; made anew for each test.

@@ -40,7 +40,7 @@ protected:
 TEST_F(Quiet, LogsNothing)
 {
     char* text = nullptr;
-    size_t size = 0;
+    std::size_t size = 0;
     FILE* attached = APPLOG_ModuleStream;
     APPLOG_ModuleStream = ::open_memstream(&text, &size);
     testing::internal::CaptureStdout();

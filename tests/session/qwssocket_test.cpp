@@ -28,7 +28,7 @@ int recvCalls = 0;
 
 // Stands before the C library's own, and counts.
 extern "C" __attribute__((visibility("default"))) ssize_t recv(int descriptor, void* bytes,
-                                                               size_t count, int flags)
+                                                               std::size_t count, int flags)
 {
     ++recvCalls;
     return nextOf<decltype(&::recv)>("recv")(descriptor, bytes, count, flags);

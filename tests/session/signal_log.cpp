@@ -10,22 +10,22 @@ SignalLog::SignalLog(YDataSessionManager& manager)
 
 std::string SignalLog::take()
 {
-    std::string text = lines;
-    lines.clear();
+    std::string text = m_lines;
+    m_lines.clear();
     return text;
 }
 
 std::string SignalLog::takeFirst()
 {
-    const size_t end = lines.find(' ');
-    const std::string first = lines.substr(0, end);
-    lines.erase(0, end == std::string::npos ? end : end + 1);
+    const std::size_t end = m_lines.find(' ');
+    const std::string first = m_lines.substr(0, end);
+    m_lines.erase(0, end == std::string::npos ? end : end + 1);
     return first;
 }
 
 void SignalLog::note(const std::string& line)
 {
-    lines += (lines.empty() ? "" : " ") + line;
+    m_lines += (m_lines.empty() ? "" : " ") + line;
     if (inside)
         inside();
 }

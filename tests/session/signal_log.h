@@ -21,7 +21,7 @@ public:
 
     // The first line, taken out of the log; empty when there is none.
     std::string takeFirst();
-    bool isEmpty() const { return lines.empty(); }
+    bool isEmpty() const { return m_lines.empty(); }
     // The lines joined by blanks, and the log emptied.
     std::string take();
 
@@ -36,7 +36,7 @@ public slots:
 private:
     void note(const std::string& line);
 
-    std::string lines;
+    std::string m_lines;
 };
 
 #endif

@@ -27,7 +27,7 @@ protected:
         return printed;
     }
 
-    std::string log() const { return m_root + "/application.log"; }
+    std::string log() const { return root + "/application.log"; }
 };
 
 TEST_F(ApplicationLog, IsNotAttachedWhereNoFileIsNamed)
@@ -51,10 +51,10 @@ TEST_F(ApplicationLog, IsMadeForItsOwnerAlone)
 
 TEST_F(ApplicationLog, SaysWhyItsFileCannotBeOpened)
 {
-    EXPECT_EQ(run(m_root), "VORN_APPLOG: cannot append to " + m_root +
-                               ": Is a directory; the log is not attached\nnot attached\n");
-    EXPECT_EQ(run(m_root + "/none/log"),
-              "VORN_APPLOG: cannot append to " + m_root +
+    EXPECT_EQ(run(root), "VORN_APPLOG: cannot append to " + root +
+                             ": Is a directory; the log is not attached\nnot attached\n");
+    EXPECT_EQ(run(root + "/none/log"),
+              "VORN_APPLOG: cannot append to " + root +
                   "/none/log: No such file or directory; the log is not attached\nnot attached\n");
 }
 

@@ -112,7 +112,7 @@ TEST_F(SettingsTree, HasNoNodesWhereNoSettingWasEverStored)
 {
     DmtData data;
     EXPECT_EQ(readNode("DefConnPrefer", data), DMT_NOT_FOUND);
-    std::filesystem::remove_all(m_root);
+    std::filesystem::remove_all(root);
     EXPECT_EQ(readNode("DefConnPrefer", data), DMT_NOT_FOUND);
 }
 
@@ -407,12 +407,12 @@ TEST(SettingsFactory, NeedsAFolderForTheFileSystem)
 
 TEST_F(SettingsTree, IsRefusedWhenItsFolderHasBecomeAFile)
 {
-    std::filesystem::remove_all(m_root + "/etc");
-    write(m_root + "/etc", "");
+    std::filesystem::remove_all(root + "/etc");
+    write(root + "/etc", "");
     DmtTreeHandle tree;
     testing::internal::CaptureStderr();
     EXPECT_EQ(obtain(tree), DMT_NO_STORAGE);
-    EXPECT_EQ(testing::internal::GetCapturedStderr(), m_root + "/etc: not a folder\n");
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), root + "/etc: not a folder\n");
 }
 
 } // namespace

@@ -98,8 +98,10 @@ TEST(RemovedMemberOf, ANameOfQuotesAndBackslashesIsFound)
     EXPECT_EQ(parsed("{\"a\": 1, \"x\\\\\\\"\": 2}").withoutMember(name), "{\"a\": 1}");
 }
 
+namespace {
+
 // A random value, at most `depth` levels deep.
-static nlohmann::json randomValue(std::mt19937& random, int depth)
+nlohmann::json randomValue(std::mt19937& random, int depth)
 {
     switch (random() % (depth > 0 ? 7 : 5)) {
     case 0:
@@ -125,6 +127,8 @@ static nlohmann::json randomValue(std::mt19937& random, int depth)
             randomValue(random, depth - 1);
     return object;
 }
+
+} // namespace
 
 TEST(JsonMember, IsAllThatChangesInRandomDocuments)
 {

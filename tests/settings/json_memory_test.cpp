@@ -12,7 +12,11 @@
 
 #include <gtest/gtest.h>
 
-static std::atomic<std::size_t> held{0}, most{0};
+namespace {
+
+std::atomic<std::size_t> held{0}, most{0};
+
+} // namespace
 
 void* operator new(std::size_t size)
 {
@@ -39,12 +43,12 @@ namespace {
 
 using base::JsonDocument;
 
-constexpr std::size_t kSize = 1024 * 1024;
+constexpr std::size_t largeSize = 1024 * 1024;
 
 std::string repeated(const std::function<std::string(int)>& part)
 {
     std::string text;
-    for (int i = 0; text.size() < kSize; ++i)
+    for (int i = 0; text.size() < largeSize; ++i)
         text += (i == 0 ? "" : ",") + part(i);
     return text;
 }
@@ -64,10 +68,10 @@ std::vector<Hostile> hostileFiles()
         {"Objects", "[" + repeated([](int) { return "{}"; }) + "]"},
         {"Members", "{" + repeated([&](int i) { return "\"" + number(i) + "\":0"; }) + "}"},
         {"OneKey", "{" + repeated([](int) { return "\"a\":0"; }) + "}"},
-        {"OneText", "\"" + std::string(kSize, 'x') + "\""},
-        {"OneName", "{\"" + std::string(kSize, 'x') + "\":{\"a\":1,\"a\":2}}"},
-        {"OneNumber", "{\"a\":" + std::string(kSize, '1') + "}"},
-        {"Nested", std::string(kSize, '[')},
+        {"OneText", "\"" + std::string(largeSize, 'x') + "\""},
+        {"OneName", "{\"" + std::string(largeSize, 'x') + "\":{\"a\":1,\"a\":2}}"},
+        {"OneNumber", "{\"a\":" + std::string(largeSize, '1') + "}"},
+        {"Nested", std::string(largeSize, '[')},
         {"LongNames", "{" + repeated([&](int i) {
                           return "\"" + std::string(200, 'n') + number(i) + "\":0";
                       }) + "}"},

@@ -83,13 +83,13 @@ static void PrintTo(const WrongValue& row, std::ostream* out)
 class WrongKind : public testing::TestWithParam<WrongValue>
 {
 protected:
-    JsonDocument m_document = parsed(std::string("{\n\"a\": ") + GetParam().text + "\n}");
-    JsonValue m_value = m_document.root().at("a");
+    JsonDocument document = parsed(std::string("{\n\"a\": ") + GetParam().text + "\n}");
+    JsonValue value = document.root().at("a");
 
     void expectTold(const std::string& expected, const std::string& used) const
     {
-        EXPECT_EQ(told(m_document), Lines{"a.json:2: a: expected " + expected + ", found " +
-                                          GetParam().found + "; using " + used + " instead"});
+        EXPECT_EQ(told(document), Lines{"a.json:2: a: expected " + expected + ", found " +
+                                        GetParam().found + "; using " + used + " instead"});
     }
 };
 
@@ -100,14 +100,18 @@ using NoChoice = WrongKind;
 using NoArray = WrongKind;
 using NoObject = WrongKind;
 
-static std::string rowName(const testing::TestParamInfo<WrongValue>& row)
+namespace {
+
+std::string rowName(const testing::TestParamInfo<WrongValue>& row)
 {
     return row.param.name;
 }
 
+} // namespace
+
 TEST_P(NoInteger, GivesTheFallbackAndIsReported)
 {
-    EXPECT_EQ(m_value.integer(-5, 10, 3), 3);
+    EXPECT_EQ(value.integer(-5, 10, 3), 3);
     expectTold("an integer from -5 to 10", "3");
 }
 
@@ -127,7 +131,7 @@ INSTANTIATE_TEST_SUITE_P(Values, NoInteger,
 
 TEST_P(NoText, GivesTheFallbackAndIsReported)
 {
-    EXPECT_EQ(m_value.text("none"), "none");
+    EXPECT_EQ(value.text("none"), "none");
     expectTold("a text", "\"none\"");
 }
 
@@ -140,7 +144,7 @@ INSTANTIATE_TEST_SUITE_P(Values, NoText,
 
 TEST_P(NoBoolean, GivesTheFallbackAndIsReported)
 {
-    EXPECT_TRUE(m_value.boolean(true));
+    EXPECT_TRUE(value.boolean(true));
     expectTold("true or false", "true");
 }
 
@@ -151,7 +155,7 @@ INSTANTIATE_TEST_SUITE_P(Values, NoBoolean,
 
 TEST_P(NoChoice, GivesTheFallbackAndIsReported)
 {
-    EXPECT_EQ(m_value.choice({"machine", "scenario"}, "machine"), "machine");
+    EXPECT_EQ(value.choice({"machine", "scenario"}, "machine"), "machine");
     expectTold("one of the texts \"machine\", \"scenario\"", "\"machine\"");
 }
 
@@ -163,7 +167,7 @@ INSTANTIATE_TEST_SUITE_P(Values, NoChoice,
 
 TEST_P(NoArray, IsEmptyAndIsReported)
 {
-    EXPECT_TRUE(m_value.elements().empty());
+    EXPECT_TRUE(value.elements().empty());
     expectTold("an array", "an empty one");
 }
 
@@ -172,9 +176,9 @@ INSTANTIATE_TEST_SUITE_P(Values, NoArray, testing::Values(WrongValue{"Object", "
 
 TEST_P(NoObject, IsEmptyAndIsReportedOnce)
 {
-    EXPECT_FALSE(m_value.at("x").present());
-    EXPECT_FALSE(m_value.at("y").present());
-    EXPECT_TRUE(m_value.members().empty());
+    EXPECT_FALSE(value.at("x").present());
+    EXPECT_FALSE(value.at("y").present());
+    EXPECT_TRUE(value.members().empty());
     expectTold("an object", "an empty one");
 }
 

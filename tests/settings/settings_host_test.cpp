@@ -15,8 +15,12 @@ using settingshost::Code;
 using settingshost::Result;
 using settingshost::Setting;
 
+namespace {
+
 // The errno with which the renaming of a new file fails; 0 lets it happen.
-static int renameError = 0;
+int renameError = 0;
+
+} // namespace
 
 extern "C" __attribute__((visibility("default"))) int
 renameat(int fromFolder, const char* from, int toFolder, const char* to) noexcept
@@ -121,17 +125,17 @@ TEST_F(SettingsHost, RemovesNothingFromWhatItCannotUse)
 
 TEST_F(SettingsHost, MakesNothingToRemoveFrom)
 {
-    ::setenv("VORN_ROOT", (m_root + "/new/root").c_str(), 1);
+    ::setenv("VORN_ROOT", (root + "/new/root").c_str(), 1);
     EXPECT_EQ(settingshost::removeSetting("a").code, Code::NoNode);
     EXPECT_EQ(settingshost::removeFeature(431).code, Code::NoNode);
-    EXPECT_FALSE(std::filesystem::exists(m_root + "/new"));
+    EXPECT_FALSE(std::filesystem::exists(root + "/new"));
 }
 
 TEST_F(SettingsHost, MakesTheFoldersOnTheWay)
 {
-    ::setenv("VORN_ROOT", (m_root + "/new/root").c_str(), 1);
+    ::setenv("VORN_ROOT", (root + "/new/root").c_str(), 1);
     EXPECT_TRUE(settingshost::setFeature(431, true).isOk());
-    EXPECT_TRUE(std::filesystem::exists(m_root + "/new/root/etc/features.json"));
+    EXPECT_TRUE(std::filesystem::exists(root + "/new/root/etc/features.json"));
 }
 
 TEST_F(SettingsHost, KeepsTheModeOfAFile)
@@ -325,7 +329,7 @@ TEST_P(RefusingFileSystem, IsToldAndNothingIsLost)
     EXPECT_EQ(result.code, GetParam().code);
     EXPECT_EQ(result.message, settings() + ": " + std::strerror(GetParam().error));
     EXPECT_EQ(read(settings()), "{\"a\": 1}");
-    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(m_root + "/etc"), {}), 1);
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(root + "/etc"), {}), 1);
 }
 
 INSTANTIATE_TEST_SUITE_P(Errors, RefusingFileSystem,
@@ -372,7 +376,7 @@ TEST_F(SettingsHost, TellsAnErrorOfTheDiskAsOne)
 
 TEST_F(SettingsHost, LosesNothingOfTwoProcessesThatWriteAtOnce)
 {
-    constexpr int kEach = 60;
+    constexpr int each = 60;
     pid_t children[2];
     for (int writer = 0; writer < 2; ++writer) {
         children[writer] = ::fork();
@@ -380,7 +384,7 @@ TEST_F(SettingsHost, LosesNothingOfTwoProcessesThatWriteAtOnce)
         if (children[writer] != 0)
             continue;
         bool isGood = true;
-        for (int i = 0; i < kEach; ++i)
+        for (int i = 0; i < each; ++i)
             isGood = isGood && settingshost::setSetting(
                                    std::to_string(writer) + '/' + std::to_string(i), integer(i))
                                    .isOk();
@@ -393,7 +397,7 @@ TEST_F(SettingsHost, LosesNothingOfTwoProcessesThatWriteAtOnce)
     }
     settingshost::Settings all;
     ASSERT_TRUE(settingshost::listSettings(&all).isOk());
-    EXPECT_EQ(all.size(), 2U * kEach);
+    EXPECT_EQ(all.size(), 2U * each);
 }
 
 TEST_F(SettingsHost, IsWholeWheneverAWriterIsKilled)
@@ -415,37 +419,37 @@ TEST_F(SettingsHost, IsWholeWheneverAWriterIsKilled)
         ASSERT_EQ(kept.text, "yes");
     }
     ASSERT_TRUE(settingshost::setSetting("n", integer(-1)).isOk());
-    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(m_root + "/etc"), {}), 1);
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(root + "/etc"), {}), 1);
 }
 
 TEST_F(SettingsHost, WaitsTenSecondsForAnotherWriterThenSaysSo)
 {
     write(settings(), "{\"a\": 1}");
-    OtherWriter other(m_root);
+    OtherWriter other(root);
     const auto begin = std::chrono::steady_clock::now();
     const settingshost::Result result = settingshost::setSetting("a", integer(2));
     EXPECT_GE(std::chrono::steady_clock::now() - begin, std::chrono::seconds(10));
     EXPECT_EQ(result.code, Code::Busy);
     EXPECT_EQ(result.message,
-              m_root + "/etc: another program is writing and has not ended for 10 seconds");
+              root + "/etc: another program is writing and has not ended for 10 seconds");
     EXPECT_EQ(read(settings()), "{\"a\": 1}");
 }
 
 TEST_F(SettingsHost, IsHeldUpByNobodyWhoMayOnlyReadTheFiles)
 {
-    ASSERT_EQ(::chmod((m_root + "/etc").c_str(), 0755), 0);
-    OtherWriter reader(m_root + "/etc");
+    ASSERT_EQ(::chmod((root + "/etc").c_str(), 0755), 0);
+    OtherWriter reader(root + "/etc");
     EXPECT_TRUE(settingshost::setSetting("a", integer(2)).isOk());
 }
 
 TEST_F(SettingsHost, MakesAFolderThatEveryProgramMayRead)
 {
-    std::filesystem::remove(m_root + "/etc");
+    std::filesystem::remove(root + "/etc");
     const mode_t mask = ::umask(0777);
     const settingshost::Result result = settingshost::setSetting("a", integer(2));
     ::umask(mask);
     EXPECT_TRUE(result.isOk()) << result.message;
-    EXPECT_EQ(std::filesystem::status(m_root + "/etc").permissions(), std::filesystem::perms(0755));
+    EXPECT_EQ(std::filesystem::status(root + "/etc").permissions(), std::filesystem::perms(0755));
     EXPECT_EQ(std::filesystem::status(settings()).permissions(), std::filesystem::perms(0644));
 }
 

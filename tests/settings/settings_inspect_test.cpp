@@ -21,7 +21,7 @@ TEST_F(SettingsInspection, FindsEverythingThatIsWrongInTheOrderOfTheFiles)
     write(features(), "{\n\"431\": 1,\n\"wifi\": true\n}");
     std::vector<std::string> found;
     for (const settingshost::Finding& finding : settingshost::inspectSettings()) {
-        found.push_back(finding.path.substr(m_root.size()) + ": " + finding.problem);
+        found.push_back(finding.path.substr(root.size()) + ": " + finding.problem);
         EXPECT_EQ(finding.remedy, "correct this line, or remove it; settings-json.md in the "
                                   "documentation describes the file");
     }
@@ -74,9 +74,9 @@ TEST_F(SettingsInspection, FindsFilesAndAFolderThatOthersMayWrite)
     write(features(), "{}");
     ASSERT_EQ(::chmod(settings().c_str(), 0664), 0);
     ASSERT_EQ(::chmod(features().c_str(), 0646), 0);
-    ASSERT_EQ(::chmod((m_root + "/etc").c_str(), 0777), 0);
-    const std::string command = ": chmod go-w " + m_root;
-    EXPECT_EQ(foundBelow(m_root),
+    ASSERT_EQ(::chmod((root + "/etc").c_str(), 0777), 0);
+    const std::string command = ": chmod go-w " + root;
+    EXPECT_EQ(foundBelow(root),
               (std::vector<std::string>{"/etc: others may write it (mode 0777)" + command + "/etc",
                                         "/etc/settings.json: others may write it (mode 0664)" +
                                             command + "/etc/settings.json",
@@ -86,17 +86,17 @@ TEST_F(SettingsInspection, FindsFilesAndAFolderThatOthersMayWrite)
 
 TEST_F(SettingsInspection, FindsWhatAnEndedProgramHasLeft)
 {
-    write(m_root + "/etc/.settings.json.new", "{");
-    EXPECT_EQ(foundBelow(m_root),
+    write(root + "/etc/.settings.json.new", "{");
+    EXPECT_EQ(foundBelow(root),
               std::vector<std::string>{"/etc/.settings.json.new: left by a program that was ended "
                                        "while it wrote settings.json: rm " +
-                                       m_root + "/etc/.settings.json.new"});
+                                       root + "/etc/.settings.json.new"});
 }
 
 TEST_F(SettingsInspection, TakesAWritersWorkForNoLeftover)
 {
-    write(m_root + "/etc/.settings.json.new", "{");
-    OtherWriter other(m_root);
+    write(root + "/etc/.settings.json.new", "{");
+    OtherWriter other(root);
     EXPECT_TRUE(settingshost::inspectSettings().empty());
 }
 

@@ -22,19 +22,19 @@ protected:
     {
         char folder[] = "/tmp/settings-test-XXXXXX";
         ASSERT_NE(::mkdtemp(folder), nullptr);
-        m_root = folder;
-        std::filesystem::create_directory(m_root + "/etc");
-        ::setenv("VORN_ROOT", m_root.c_str(), 1);
+        root = folder;
+        std::filesystem::create_directory(root + "/etc");
+        ::setenv("VORN_ROOT", root.c_str(), 1);
     }
 
     void TearDown() override
     {
         ::unsetenv("VORN_ROOT");
-        std::filesystem::remove_all(m_root);
+        std::filesystem::remove_all(root);
     }
 
-    std::string settings() const { return m_root + "/etc/settings.json"; }
-    std::string features() const { return m_root + "/etc/features.json"; }
+    std::string settings() const { return root + "/etc/settings.json"; }
+    std::string features() const { return root + "/etc/features.json"; }
 
     static void write(const std::string& path, const std::string& text)
     {
@@ -60,7 +60,7 @@ protected:
         ASSERT_EQ(status, 0);
     }
 
-    std::string m_root;
+    std::string root;
 };
 
 // Holds the lock that all writers of the settings take, which lies on the root, or that of another

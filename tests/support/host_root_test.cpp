@@ -8,10 +8,14 @@
 
 #include "support/notation.h"
 
-static const char* folder = "";
-static int result = 0;
+namespace {
 
-extern "C" int NAPIHOST_RootFolder(char* buffer, size_t size)
+const char* folder = "";
+int result = 0;
+
+} // namespace
+
+extern "C" int NAPIHOST_RootFolder(char* buffer, std::size_t size)
 {
     EXPECT_LT(std::strlen(folder), size);
     std::strcpy(buffer, folder);

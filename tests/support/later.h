@@ -11,7 +11,7 @@
 class Later : public QObject
 {
 public:
-    Later(int milliseconds, std::function<void()> what) : call(std::move(what))
+    Later(int milliseconds, std::function<void()> what) : m_call(std::move(what))
     {
         startTimer(milliseconds);
     }
@@ -19,13 +19,13 @@ public:
 protected:
     void timerEvent(QTimerEvent*) override
     {
-        const std::function<void()> now = std::move(call);
+        const std::function<void()> now = std::move(m_call);
         delete this;
         now();
     }
 
 private:
-    std::function<void()> call;
+    std::function<void()> m_call;
 };
 
 // Has the event loop make the call once, after so many milliseconds.

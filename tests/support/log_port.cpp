@@ -6,11 +6,15 @@
 #include <applogport.h>
 #include <profilefunctions.h>
 
-static void say(const char* line)
+namespace {
+
+void say(const char* line)
 {
     if (write(STDOUT_FILENO, line, std::strlen(line)) < 0)
         _exit(1);
 }
+
+} // namespace
 
 int APPLOG_ClosePort(int port)
 {

@@ -39,23 +39,23 @@ public:
 class Dialog
 {
 public:
-    ~Dialog() { delete timer.get(); }
+    ~Dialog() { delete m_timer.get(); }
 
     int exec()
     {
-        loop.run();
+        m_loop.run();
         return 7;
     }
 
     // Has somebody end the dialog after so many milliseconds, if it is there by then.
     void endAfter(int milliseconds)
     {
-        timer = new Later(milliseconds, [this] { loop.leave(); });
+        m_timer = new Later(milliseconds, [this] { m_loop.leave(); });
     }
 
 private:
-    qt::LoopLevel loop;
-    Guarded<Later> timer;
+    qt::LoopLevel m_loop;
+    Guarded<Later> m_timer;
 };
 
 // Enters a level, which fails where nothing has left it after five seconds.
@@ -74,7 +74,7 @@ class ByteReader : public QSocketNotifier
 {
 public:
     ByteReader(int descriptor)
-        : QSocketNotifier(descriptor, QSocketNotifier::Read, nullptr), source(descriptor)
+        : QSocketNotifier(descriptor, QSocketNotifier::Read, nullptr), m_source(descriptor)
     {}
 
     int taken = 0;
@@ -83,13 +83,13 @@ protected:
     bool event(QEvent* event) override
     {
         char byte;
-        if (event->type() == QEvent::SockAct && read(source, &byte, 1) == 1)
+        if (event->type() == QEvent::SockAct && read(m_source, &byte, 1) == 1)
             ++taken;
         return QSocketNotifier::event(event);
     }
 
 private:
-    int source;
+    int m_source;
 };
 
 } // namespace

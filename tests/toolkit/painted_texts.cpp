@@ -12,7 +12,7 @@ namespace {
 class Notes : public QPaintEngine
 {
 public:
-    explicit Notes(std::vector<PaintedText>& found) : QPaintEngine(AllFeatures), texts(found) {}
+    explicit Notes(std::vector<PaintedText>& found) : QPaintEngine(AllFeatures), m_texts(found) {}
 
     bool begin(QPaintDevice*) override { return true; }
     bool end() override { return true; }
@@ -37,29 +37,29 @@ public:
         if (painter()->hasClipping())
             shown &= toDevice.mapRect(painter()->clipBoundingRect()).toAlignedRect();
         const QRegion seen = shown.intersected(toDevice.mapRect(letters).toAlignedRect());
-        texts.push_back(
+        m_texts.push_back(
             {item.text(), seen.boundingRect(), !QRegion(wanted).subtracted(shown).isEmpty()});
     }
 
 private:
-    std::vector<PaintedText>& texts;
+    std::vector<PaintedText>& m_texts;
 };
 
 class Paper : public QPaintDevice
 {
 public:
-    Paper(const QSize& pixels, std::vector<PaintedText>& texts) : size(pixels), engine(texts) {}
+    Paper(const QSize& pixels, std::vector<PaintedText>& texts) : m_size(pixels), m_engine(texts) {}
 
-    QPaintEngine* paintEngine() const override { return &engine; }
+    QPaintEngine* paintEngine() const override { return &m_engine; }
 
 protected:
     int metric(PaintDeviceMetric what) const override
     {
         switch (what) {
         case PdmWidth:
-            return size.width();
+            return m_size.width();
         case PdmHeight:
-            return size.height();
+            return m_size.height();
         case PdmDepth:
             return 32;
         case PdmDevicePixelRatio:
@@ -75,22 +75,22 @@ protected:
     }
 
 private:
-    QSize size;
-    mutable Notes engine;
+    QSize m_size;
+    mutable Notes m_engine;
 };
 
 } // namespace
 
 PaintedTexts::PaintedTexts(QWidget& widget)
 {
-    Paper paper(widget.size(), texts);
+    Paper paper(widget.size(), m_texts);
     widget.render(&paper);
 }
 
 QString PaintedTexts::in(const QRect& place) const
 {
     QString all;
-    for (const PaintedText& painted : texts)
+    for (const PaintedText& painted : m_texts)
         if (painted.place.intersects(place))
             all += withoutBlanks(painted.text);
     return all;
@@ -98,7 +98,7 @@ QString PaintedTexts::in(const QRect& place) const
 
 QString PaintedTexts::cutIn(const QRect& place) const
 {
-    for (const PaintedText& painted : texts)
+    for (const PaintedText& painted : m_texts)
         if (painted.place.intersects(place) &&
             (painted.cut || painted.text.endsWith(QChar(0x2026))))
             return painted.text;

@@ -29,7 +29,7 @@ public:
     QString cutIn(const QRect& place) const;
 
 private:
-    std::vector<PaintedText> texts;
+    std::vector<PaintedText> m_texts;
 };
 
 // A text without its blanks: lines are broken at them.

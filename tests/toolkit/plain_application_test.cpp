@@ -186,17 +186,17 @@ class ApplicationEnvironment : public ::testing::Environment
 public:
     void SetUp() override
     {
-        application = std::make_unique<QApplication>(argc, argv);
-        application->setQuitOnLastWindowClosed(false);
+        m_application = std::make_unique<QApplication>(m_argc, m_argv);
+        m_application->setQuitOnLastWindowClosed(false);
     }
 
-    void TearDown() override { application.reset(); }
+    void TearDown() override { m_application.reset(); }
 
 private:
-    char name[5] = "test";
-    char* argv[2] = {name, nullptr};
-    int argc = 1;
-    std::unique_ptr<QApplication> application;
+    char m_name[5] = "test";
+    char* m_argv[2] = {m_name, nullptr};
+    int m_argc = 1;
+    std::unique_ptr<QApplication> m_application;
 };
 
 } // namespace

@@ -12,7 +12,9 @@
 
 using Wizard = int (*)(QString&);
 
-static void press(QWidget* window, int key, const char* text)
+namespace {
+
+void press(QWidget* window, int key, const char* text)
 {
     for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
         QKeyEvent event(type, key, Qt::NoModifier, text);
@@ -20,12 +22,14 @@ static void press(QWidget* window, int key, const char* text)
     }
 }
 
-static void cancelTheWizard()
+void cancelTheWizard()
 {
     for (QWidget* window : QApplication::topLevelWidgets())
         if (window->isVisible())
             press(window, Qt::Key_F2, "");
 }
+
+} // namespace
 
 int main(int argc, char** argv)
 {

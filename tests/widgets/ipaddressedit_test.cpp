@@ -19,21 +19,21 @@ protected:
     void SetUp() override
     {
         GuiTest::SetUp();
-        m_popup = std::make_unique<YPopup>(0, nullptr, nullptr, true, YPopup::PlainStyle, 0);
-        m_popup->setGeometry(screen()->rect());
-        m_field = new IPAddressEdit(m_popup.get());
-        m_field->setGeometry(0, 40, 240, m_field->sizeHint().height());
-        m_popup->show();
+        popup = std::make_unique<YPopup>(0, nullptr, nullptr, true, YPopup::PlainStyle, 0);
+        popup->setGeometry(screen()->rect());
+        field = new IPAddressEdit(popup.get());
+        field->setGeometry(0, 40, 240, field->sizeHint().height());
+        popup->show();
         segment(0)->setFocus();
     }
 
     void TearDown() override
     {
-        m_popup.reset();
+        popup.reset();
         GuiTest::TearDown();
     }
 
-    YLineEdit* segment(int index) const { return m_field->getField(index); }
+    YLineEdit* segment(int index) const { return field->getField(index); }
 
     void fill(const QStringList& texts)
     {
@@ -53,14 +53,14 @@ protected:
     unsigned long number() const
     {
         unsigned long address = 99;
-        m_field->getIPAddress(address);
+        field->getIPAddress(address);
         return address;
     }
 
     std::string text() const
     {
         QString address("before");
-        m_field->getIPAddress(address);
+        field->getIPAddress(address);
         return address.toStdString();
     }
 
@@ -68,21 +68,21 @@ protected:
     {
         unsigned char address[16];
         std::memset(address, '#', sizeof address);
-        m_field->getIPAddress(address);
+        field->getIPAddress(address);
         return reinterpret_cast<const char*>(address);
     }
 
-    std::unique_ptr<YPopup> m_popup;
-    IPAddressEdit* m_field = nullptr;
+    std::unique_ptr<YPopup> popup;
+    IPAddressEdit* field = nullptr;
 };
 
 TEST_F(AddressField, IsASegmentFieldOfFourSegmentsSeparatedByDots)
 {
-    EXPECT_STREQ(m_field->metaObject()->className(), "IPAddressEdit");
-    EXPECT_STREQ(m_field->metaObject()->superClass()->className(), "YSegmentField");
-    EXPECT_EQ(m_field->numSegments(), 4);
-    EXPECT_EQ(m_field->separatorString(), ".");
-    EXPECT_EQ(m_field->objectName(), "");
+    EXPECT_STREQ(field->metaObject()->className(), "IPAddressEdit");
+    EXPECT_STREQ(field->metaObject()->superClass()->className(), "YSegmentField");
+    EXPECT_EQ(field->numSegments(), 4);
+    EXPECT_EQ(field->separatorString(), ".");
+    EXPECT_EQ(field->objectName(), "");
     EXPECT_EQ(shown(), "...");
 }
 
@@ -135,7 +135,7 @@ TEST_P(AddressText, IsShownInItsSegments)
 {
     QString text = GetParam().text;
     fill({"9", "9", "9", "9"});
-    m_field->setIPAddress(text);
+    field->setIPAddress(text);
     EXPECT_EQ(shown(), GetParam().shown);
     EXPECT_EQ(text, GetParam().text);
 }
@@ -183,7 +183,7 @@ class AddressNumber : public AddressField, public testing::WithParamInterface<Nu
 
 TEST_P(AddressNumber, IsShownWithTheFirstPartFromTheMostSignificantByte)
 {
-    m_field->setIPAddress(GetParam().number);
+    field->setIPAddress(GetParam().number);
     EXPECT_EQ(shown(), GetParam().shown);
 }
 
@@ -200,7 +200,7 @@ INSTANTIATE_TEST_SUITE_P(Addresses, AddressNumber,
 TEST_F(AddressField, ShowsAnAddressFromBytesThatAreADottedText)
 {
     unsigned char address[] = "172.16.254.3";
-    m_field->setIPAddress(address);
+    field->setIPAddress(address);
     EXPECT_EQ(shown(), "172.16.254.3");
 }
 
@@ -211,11 +211,11 @@ TEST_F(AddressField, ReadsBytesToTheirNulAndOneCharacterEach)
                             "1.2.3.5";
     unsigned char utf8[] = "\xc2\xa0"
                            "1.2.3.6";
-    m_field->setIPAddress(longer);
+    field->setIPAddress(longer);
     EXPECT_EQ(shown(), "1.2.3.4");
-    m_field->setIPAddress(blank);
+    field->setIPAddress(blank);
     EXPECT_EQ(shown(), "1.2.3.5");
-    m_field->setIPAddress(utf8);
+    field->setIPAddress(utf8);
     EXPECT_EQ(shown(), "...");
 }
 
@@ -223,8 +223,8 @@ TEST_F(AddressField, BecomesEmptyForBytesThatAreNoAddress)
 {
     unsigned char four[] = {10, 0, 0, 1, 0};
     for (unsigned char* bytes : {four, static_cast<unsigned char*>(nullptr)}) {
-        m_field->setIPAddress(0x01020304UL);
-        m_field->setIPAddress(bytes);
+        field->setIPAddress(0x01020304UL);
+        field->setIPAddress(bytes);
         EXPECT_EQ(shown(), "...");
     }
 }
@@ -253,8 +253,8 @@ TEST_P(FieldContent, IsReadInEachForm)
     EXPECT_EQ(number(), GetParam().number);
     EXPECT_EQ(text(), GetParam().text);
     EXPECT_EQ(bytes(), GetParam().text);
-    EXPECT_EQ(m_field->isIPValid(), GetParam().valid);
-    EXPECT_EQ(m_field->isEmpty(), GetParam().empty);
+    EXPECT_EQ(field->isIPValid(), GetParam().valid);
+    EXPECT_EQ(field->isEmpty(), GetParam().empty);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -304,8 +304,8 @@ TEST_F(AddressField, WritesSixteenBytesAtMost)
 {
     unsigned char address[18];
     std::memset(address, '#', sizeof address);
-    m_field->setIPAddress(0xFFFFFFFFUL);
-    m_field->getIPAddress(address);
+    field->setIPAddress(0xFFFFFFFFUL);
+    field->getIPAddress(address);
     EXPECT_EQ(address[15], 0);
     EXPECT_EQ(address[16], '#');
     EXPECT_EQ(address[17], '#');
@@ -314,7 +314,7 @@ TEST_F(AddressField, WritesSixteenBytesAtMost)
 TEST_F(AddressField, GivesBackEachAddressThatWasSet)
 {
     for (unsigned int bit = 0; bit < 32; ++bit) {
-        m_field->setIPAddress(1UL << bit);
+        field->setIPAddress(1UL << bit);
         EXPECT_EQ(number(), 1UL << bit);
     }
 }
@@ -358,7 +358,7 @@ TEST_F(AddressField, IsEmptiedByDeletingTheLastDigit)
     type("7");
     press(Qt::Key_Backspace);
     EXPECT_EQ(shown(), "...");
-    EXPECT_TRUE(m_field->isEmpty());
+    EXPECT_TRUE(field->isEmpty());
 }
 
 TEST_F(AddressField, RefusesADigitInFrontThatMakesTooMuch)
@@ -384,7 +384,7 @@ TEST_F(AddressField, IsFilledByTappingEachSegment)
 TEST_F(AddressField, IsReplacedByPassingThroughItsSegments)
 {
     QString address("10.20.30.40");
-    m_field->setIPAddress(address);
+    field->setIPAddress(address);
     tap(segment(0));
     segment(0)->selectAll();
     type("192.168.7.1");
@@ -395,8 +395,8 @@ TEST_F(AddressField, TellsWhatWasTyped)
 {
     type("192.168.0.1");
     EXPECT_EQ(number(), 0xC0A80001UL);
-    EXPECT_TRUE(m_field->isIPValid());
-    EXPECT_FALSE(m_field->isEmpty());
+    EXPECT_TRUE(field->isIPValid());
+    EXPECT_FALSE(field->isEmpty());
 }
 
 } // namespace

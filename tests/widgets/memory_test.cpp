@@ -17,13 +17,13 @@ protected:
     void SetUp() override
     {
         GuiTest::SetUp();
-        m_field = std::make_unique<IPAddressEdit>();
-        m_field->setIPAddress(0xC0A80001UL);
+        field = std::make_unique<IPAddressEdit>();
+        field->setIPAddress(0xC0A80001UL);
     }
 
     void TearDown() override
     {
-        m_field.reset();
+        field.reset();
         GuiTest::TearDown();
     }
 
@@ -35,7 +35,7 @@ protected:
         return failingmemory::stop();
     }
 
-    std::unique_ptr<IPAddressEdit> m_field;
+    std::unique_ptr<IPAddressEdit> field;
 };
 
 TEST_F(AddressMemory, ThatRunsOutMakesTheNumberZero)
@@ -43,7 +43,7 @@ TEST_F(AddressMemory, ThatRunsOutMakesTheNumberZero)
     const int allocations = forEachAllocation([this](int number) {
         unsigned long address = 7;
         const bool hasFailed =
-            readWithout(number, [this, &address] { m_field->getIPAddress(address); });
+            readWithout(number, [this, &address] { field->getIPAddress(address); });
         EXPECT_EQ(address, hasFailed ? 0 : 0xC0A80001UL) << number;
         return hasFailed;
     });
@@ -54,7 +54,7 @@ TEST_F(AddressMemory, ThatRunsOutLeavesTheText)
 {
     const int allocations = forEachAllocation([this](int number) {
         QString text("kept");
-        const bool hasFailed = readWithout(number, [this, &text] { m_field->getIPAddress(text); });
+        const bool hasFailed = readWithout(number, [this, &text] { field->getIPAddress(text); });
         EXPECT_EQ(text.toStdString(), hasFailed ? "kept" : "192.168.0.1") << number;
         return hasFailed;
     });
@@ -65,8 +65,7 @@ TEST_F(AddressMemory, ThatRunsOutMakesTheBytesThoseOfNoAddress)
 {
     const int allocations = forEachAllocation([this](int number) {
         unsigned char bytes[16] = "kept";
-        const bool hasFailed =
-            readWithout(number, [this, &bytes] { m_field->getIPAddress(bytes); });
+        const bool hasFailed = readWithout(number, [this, &bytes] { field->getIPAddress(bytes); });
         EXPECT_STREQ(reinterpret_cast<char*>(bytes), hasFailed ? "0.0.0.0" : "192.168.0.1")
             << number;
         return hasFailed;
@@ -80,10 +79,10 @@ TEST_F(AddressMemory, ThatRunsOutMakesTheFieldNeitherValidNorEmpty)
         bool isValid = false;
         bool isEmpty = true;
         const bool hasFailed =
-            readWithout(number, [this, &isValid] { isValid = m_field->isIPValid(); });
+            readWithout(number, [this, &isValid] { isValid = field->isIPValid(); });
         EXPECT_EQ(isValid, !hasFailed) << number;
         const bool hasFailedToo =
-            readWithout(number, [this, &isEmpty] { isEmpty = m_field->isEmpty(); });
+            readWithout(number, [this, &isEmpty] { isEmpty = field->isEmpty(); });
         EXPECT_FALSE(isEmpty) << number;
         return hasFailed || hasFailedToo;
     });

@@ -16,53 +16,52 @@ protected:
     void SetUp() override
     {
         GuiTest::SetUp();
-        m_popup = std::make_unique<YPopup>(0, nullptr, nullptr, true, YPopup::PlainStyle, 0);
-        m_popup->setGeometry(screen()->rect());
-        m_other = new YLineEdit(m_popup.get(), nullptr, YSkinService::FormLineEdit);
-        m_field = new ProfileEdit(m_popup.get(), "profile");
-        m_other->setGeometry(0, 0, 240, 40);
-        m_field->setGeometry(0, 50, 240, 40);
-        m_popup->show();
-        m_other->setFocus();
-        ASSERT_TRUE(waitFor([this] { return m_other->hasFocus(); }));
+        popup = std::make_unique<YPopup>(0, nullptr, nullptr, true, YPopup::PlainStyle, 0);
+        popup->setGeometry(screen()->rect());
+        other = new YLineEdit(popup.get(), nullptr, YSkinService::FormLineEdit);
+        field = new ProfileEdit(popup.get(), "profile");
+        other->setGeometry(0, 0, 240, 40);
+        field->setGeometry(0, 50, 240, 40);
+        popup->show();
+        other->setFocus();
+        ASSERT_TRUE(waitFor([this] { return other->hasFocus(); }));
     }
 
     void TearDown() override
     {
-        m_popup.reset();
+        popup.reset();
         GuiTest::TearDown();
     }
 
-    void enter() { m_field->setFocus(); }
-    void leave() { m_other->setFocus(); }
-    std::string text() const { return m_field->text().toStdString(); }
+    void enter() { field->setFocus(); }
+    void leave() { other->setFocus(); }
+    std::string text() const { return field->text().toStdString(); }
 
-    std::unique_ptr<YPopup> m_popup;
-    YLineEdit* m_other = nullptr;
-    ProfileEdit* m_field = nullptr;
+    std::unique_ptr<YPopup> popup;
+    YLineEdit* other = nullptr;
+    ProfileEdit* field = nullptr;
 };
 
 TEST_F(NameField, IsALineEditOfItsOwnClass)
 {
-    EXPECT_STREQ(m_field->metaObject()->className(), "ProfileEdit");
-    EXPECT_STREQ(m_field->metaObject()->superClass()->className(), "YLineEdit");
-    EXPECT_EQ(m_field->metaObject()->methodCount(),
-              m_field->metaObject()->superClass()->methodCount());
-    EXPECT_EQ(m_field->objectName(), "profile");
+    EXPECT_STREQ(field->metaObject()->className(), "ProfileEdit");
+    EXPECT_STREQ(field->metaObject()->superClass()->className(), "YLineEdit");
+    EXPECT_EQ(field->metaObject()->methodCount(), field->metaObject()->superClass()->methodCount());
+    EXPECT_EQ(field->objectName(), "profile");
     EXPECT_EQ(text(), "");
 }
 
 TEST_F(NameField, KeepsItsTextWhenTheDefaultNameIsSet)
 {
-    m_field->setText("Home");
-    m_field->setDefaultProfileName("Profile3");
+    field->setText("Home");
+    field->setDefaultProfileName("Profile3");
     EXPECT_EQ(text(), "Home");
 }
 
 TEST_F(NameField, EmptiesTheDefaultNameOnEnteringAndBringsItBackOnLeaving)
 {
-    m_field->setDefaultProfileName("Profile3");
-    m_field->setText("Profile3");
+    field->setDefaultProfileName("Profile3");
+    field->setText("Profile3");
     enter();
     EXPECT_EQ(text(), "");
     leave();
@@ -71,9 +70,9 @@ TEST_F(NameField, EmptiesTheDefaultNameOnEnteringAndBringsItBackOnLeaving)
 
 TEST_F(NameField, TakesATypedNameInThePlaceOfTheDefault)
 {
-    m_field->setDefaultProfileName("Profile3");
-    m_field->setText("Profile3");
-    tap(m_field);
+    field->setDefaultProfileName("Profile3");
+    field->setText("Profile3");
+    tap(field);
     type("Work");
     leave();
     EXPECT_EQ(text(), "Work");
@@ -83,7 +82,7 @@ TEST_F(NameField, TakesATypedNameInThePlaceOfTheDefault)
 
 TEST_F(NameField, EmptiesATypedTextThatEqualsTheDefaultName)
 {
-    m_field->setDefaultProfileName("Home");
+    field->setDefaultProfileName("Home");
     enter();
     type("Home");
     leave();
@@ -94,9 +93,9 @@ TEST_F(NameField, EmptiesATypedTextThatEqualsTheDefaultName)
 
 TEST_F(NameField, ComparesTheDefaultNameExactly)
 {
-    m_field->setDefaultProfileName("Home");
+    field->setDefaultProfileName("Home");
     for (const char* name : {"home", "Home ", "Hom"}) {
-        m_field->setText(name);
+        field->setText(name);
         enter();
         EXPECT_EQ(text(), name);
         leave();
@@ -106,7 +105,7 @@ TEST_F(NameField, ComparesTheDefaultNameExactly)
 
 TEST_F(NameField, KeepsABlankOnLeaving)
 {
-    m_field->setDefaultProfileName("Home");
+    field->setDefaultProfileName("Home");
     enter();
     type(" ");
     leave();
@@ -127,9 +126,9 @@ TEST_F(NameField, StaysEmptyWithoutADefaultName)
 
 TEST_F(NameField, TakesTheDefaultNameThatWasSetLast)
 {
-    m_field->setDefaultProfileName("Home");
+    field->setDefaultProfileName("Home");
     enter();
-    m_field->setDefaultProfileName("Work");
+    field->setDefaultProfileName("Work");
     leave();
     EXPECT_EQ(text(), "Work");
 }
@@ -145,7 +144,7 @@ TEST_F(NameField, CanBeEnteredAndLeftByKeysInAForm)
     name->setDefaultProfileName("Home");
     name->setText("Home");
     page.setContentWidget(&form);
-    m_popup->hide();
+    popup->hide();
     page.show();
     above->setFocus();
     press(Qt::Key_Down);
@@ -160,11 +159,11 @@ TEST_F(NameField, CanBeEnteredAndLeftByKeysInAForm)
 
 TEST_F(NameField, CanBeEnteredAndLeftByTapping)
 {
-    m_field->setDefaultProfileName("Home");
-    m_field->setText("Home");
-    tap(m_field);
+    field->setDefaultProfileName("Home");
+    field->setText("Home");
+    tap(field);
     EXPECT_EQ(text(), "");
-    tap(m_other);
+    tap(other);
     EXPECT_EQ(text(), "Home");
 }
 

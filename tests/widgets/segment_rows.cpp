@@ -6,7 +6,9 @@ template <typename... Units> static QString units(Units... list)
     return (QString() + ... + QChar(static_cast<char16_t>(list)));
 }
 
-static std::vector<SegmentRow> plainNumbers()
+namespace {
+
+std::vector<SegmentRow> plainNumbers()
 {
     return {
         {"Empty", "", 1, "..."},
@@ -32,7 +34,7 @@ static std::vector<SegmentRow> plainNumbers()
     };
 }
 
-static std::vector<SegmentRow> signsAndBlanks()
+std::vector<SegmentRow> signsAndBlanks()
 {
     return {
         {"Plus", "+", 0, "..."},
@@ -64,7 +66,7 @@ static std::vector<SegmentRow> signsAndBlanks()
     };
 }
 
-static std::vector<SegmentRow> otherCharacters()
+std::vector<SegmentRow> otherCharacters()
 {
     return {
         {"LetterBehind", "5a", 0, "5..."},
@@ -84,7 +86,7 @@ static std::vector<SegmentRow> otherCharacters()
     };
 }
 
-static std::vector<SegmentRow> overflows()
+std::vector<SegmentRow> overflows()
 {
     return {
         {"LargestOf32Bits", "2147483647", 0, "214.74.."},
@@ -99,7 +101,7 @@ static std::vector<SegmentRow> overflows()
     };
 }
 
-static std::vector<SegmentRow> otherDigits()
+std::vector<SegmentRow> otherDigits()
 {
     return {
         {"ArabicIndicDigit", units(0x665), 2, "\xd9\xa5..."},
@@ -127,6 +129,8 @@ static std::vector<SegmentRow> otherDigits()
         {"HalfOfAPair", units('5', 0xd835), 0, "5..."},
     };
 }
+
+} // namespace
 
 std::vector<SegmentRow> segmentRows()
 {

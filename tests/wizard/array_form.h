@@ -7,14 +7,14 @@
 class ArrayForm : public wizard::FormFields
 {
 public:
-    QString text(wizard::Text field) const override { return texts[int(field)]; }
-    void setText(wizard::Text field, const QString& text) override { texts[int(field)] = text; }
-    int choice(wizard::Choice field) const override { return choices[int(field)]; }
-    void setChoice(wizard::Choice field, int item) override { choices[int(field)] = item; }
+    QString text(wizard::Text field) const override { return m_texts[int(field)]; }
+    void setText(wizard::Text field, const QString& text) override { m_texts[int(field)] = text; }
+    int choice(wizard::Choice field) const override { return m_choices[int(field)]; }
+    void setChoice(wizard::Choice field, int item) override { m_choices[int(field)] = item; }
 
 private:
-    QString texts[wizard::textCount];
-    int choices[wizard::choiceCount] = {};
+    QString m_texts[wizard::textCount];
+    int m_choices[wizard::choiceCount] = {};
 };
 
 #endif

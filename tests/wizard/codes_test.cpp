@@ -42,7 +42,7 @@ protected:
         std::istringstream rows(rowsOf(wizardPage(1)));
         std::string labels;
         for (std::string row; std::getline(rows, row);) {
-            const size_t label = row.find(' ') + 1;
+            const std::size_t label = row.find(' ') + 1;
             if (row.find(" off", label) == std::string::npos)
                 labels += row.substr(label, row.find('"') - label - 1) + "|";
         }
@@ -139,8 +139,8 @@ struct CodedField
 {
     int page;
     const char* label;
-    size_t offset;
-    size_t width;
+    std::size_t offset;
+    std::size_t width;
     unsigned known;
     int item;
     unsigned unknown;
@@ -158,7 +158,7 @@ const std::array<CodedField, 5> fields = {{
 
 void put(RecordBytes& bytes, const CodedField& field, unsigned value)
 {
-    for (size_t i = 0; i < field.width; ++i)
+    for (std::size_t i = 0; i < field.width; ++i)
         bytes.byte(field.offset + i, value >> (8 * i) & 255);
 }
 
@@ -168,7 +168,7 @@ TEST_F(Codes, KnownAndUnknownInEveryCombinationDoNotTouchEachOther)
         SCOPED_TRACE("unknown: " + std::to_string(mask));
         RecordBytes before = storedRecord();
         RecordBytes expected[3] = {before, before, before};
-        for (size_t i = 0; i < fields.size(); ++i) {
+        for (std::size_t i = 0; i < fields.size(); ++i) {
             const CodedField& field = fields[i];
             const bool isKnown = !(mask >> i & 1);
             const unsigned code = isKnown ? field.known : field.unknown;
@@ -178,7 +178,7 @@ TEST_F(Codes, KnownAndUnknownInEveryCombinationDoNotTouchEachOther)
         }
         for (int page : {1, 2}) {
             const RecordBytes after = saved(before, page, [mask] {
-                for (size_t i = 0; i < fields.size(); ++i) {
+                for (std::size_t i = 0; i < fields.size(); ++i) {
                     const CodedField& field = fields[i];
                     if (field.page == 1) {
                         EXPECT_EQ(mask >> i & 1 ? field.itemOfUnknown : field.item,

@@ -14,7 +14,7 @@ using recorder::Calls;
 class FieldText : public recorder::Recording
 {};
 
-std::string stored(const QString& text, size_t width)
+std::string stored(const QString& text, std::size_t width)
 {
     std::string field(width + 1, '#');
     wizard::storeText(text, field.data(), width);

@@ -12,8 +12,12 @@
 #include "wizard/array_form.h"
 #include "wizard/form/formcheck.h"
 
-static std::set<std::string> storedNames;
-static std::string askedNames;
+namespace {
+
+std::set<std::string> storedNames;
+std::string askedNames;
+
+} // namespace
 
 int NAPI_IsProfileValid(const char* name)
 {

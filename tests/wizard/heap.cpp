@@ -9,7 +9,11 @@
 #define BEFORE_SANITIZERS __attribute__((no_sanitize("address", "undefined")))
 #define IN_THE_PLACE_OF_LIBC extern "C" __attribute__((visibility("default"))) BEFORE_SANITIZERS
 
-static volatile std::size_t failingSize;
+namespace {
+
+volatile std::size_t failingSize;
+
+} // namespace
 
 void heap::failMallocOf(std::size_t size)
 {
@@ -45,7 +49,11 @@ IN_THE_PLACE_OF_LIBC void* calloc(std::size_t count, std::size_t size)
 
 #else
 
-static std::atomic<long> live;
+namespace {
+
+std::atomic<long> live;
+
+} // namespace
 
 long heap::liveBytes()
 {
@@ -61,16 +69,20 @@ void* __libc_memalign(std::size_t alignment, std::size_t size);
 void __libc_free(void* place);
 }
 
-static long sizeOf(void* place)
+namespace {
+
+long sizeOf(void* place)
 {
     return static_cast<long>(::malloc_usable_size(place));
 }
 
-static void* counted(void* place)
+void* counted(void* place)
 {
     live += sizeOf(place);
     return place;
 }
+
+} // namespace
 
 IN_THE_PLACE_OF_LIBC void* malloc(std::size_t size)
 {

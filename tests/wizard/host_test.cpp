@@ -119,7 +119,7 @@ TEST_F(WizardOnTheHost, NotFoundCreatedAndConnected)
 TEST_F(WizardOnTheHost, AnEditedAndRenamedProfileIsStoredByteByByte)
 {
     RecordBytes bytes;
-    for (size_t i = 0; i < 1168; ++i)
+    for (std::size_t i = 0; i < 1168; ++i)
         bytes.byte(i, unsigned(i * 7 % 256));
     bytes.fill(8, 100, 0).fill(108, 100, 0).fill(208, 100, 0).fill(760, 100, 0).fill(862, 100, 0);
     bytes.text(8, "old.example").half(320, 60).byte(380, 0);

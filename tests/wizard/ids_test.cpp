@@ -19,7 +19,7 @@ std::string idsOf(const std::vector<std::string>& calls)
 {
     std::string shown;
     for (const std::string& call : calls) {
-        const size_t begin = call.find('"');
+        const std::size_t begin = call.find('"');
         if (begin == std::string::npos || call.find('=', begin) == std::string::npos)
             continue;
         for (const char* kind :

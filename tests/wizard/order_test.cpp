@@ -35,8 +35,12 @@ extern "C" __attribute__((visibility("default"))) void _ZN13YKbMainWidgetD2Ev(vo
     nextOf<void (*)(void*)>("_ZN13YKbMainWidgetD2Ev")(page);
 }
 
+namespace {
+
 // The record that a page has read, until it is freed.
-static void* volatile watched = nullptr;
+void* volatile watched = nullptr;
+
+} // namespace
 
 #ifdef __SANITIZE_ADDRESS__
 #define FREE_OF_LIBC __interceptor_free

@@ -10,11 +10,15 @@
 using interposed::Call;
 using toolkitcalls::said;
 
+namespace {
+
 // The toolkit's own questions are asked inside other calls.
-static QRect toldOr(const QRect& told, const QRect& real)
+QRect toldOr(const QRect& told, const QRect& real)
 {
     return interposed::depth > 1 || told.isEmpty() ? real : told;
 }
+
+} // namespace
 
 QRect YGlobal::getHomeR(bool withStatusArea)
 {

@@ -16,10 +16,14 @@
 #include "wizard/record_bytes.h"
 #include "wizard/recorded_napi.h"
 
-static std::string rootFolder;
+namespace {
+
+std::string rootFolder;
+
+} // namespace
 
 // Where the library finds the phone's files.
-extern "C" int NAPIHOST_RootFolder(char* buffer, size_t size)
+extern "C" int NAPIHOST_RootFolder(char* buffer, std::size_t size)
 {
     if (rootFolder.size() >= size)
         return NAPI_ERR_ARGUMENT;

@@ -17,8 +17,8 @@ namespace {
 struct TextField
 {
     const char* label;
-    size_t offset;
-    size_t width;
+    std::size_t offset;
+    std::size_t width;
     int maxLength;
 };
 
@@ -40,7 +40,7 @@ QString shownText(const RecordBytes& record, const TextField& field)
     return text.mid(1, field.maxLength);
 }
 
-std::string storedText(const QString& shown, size_t width)
+std::string storedText(const QString& shown, std::size_t width)
 {
     std::string bytes = shown.toStdString();
     bytes.resize(width, '\0');

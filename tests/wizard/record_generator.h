@@ -14,16 +14,16 @@
 class RecordGenerator
 {
 public:
-    explicit RecordGenerator(unsigned seed) : random(seed) {}
+    explicit RecordGenerator(unsigned seed) : m_random(seed) {}
 
     RecordBytes record();
 
 private:
-    unsigned below(unsigned limit) { return unsigned(random() % limit); }
+    unsigned below(unsigned limit) { return unsigned(m_random() % limit); }
     unsigned oneOf(std::initializer_list<unsigned> values);
-    std::string text(size_t width);
+    std::string text(std::size_t width);
 
-    std::mt19937 random;
+    std::mt19937 m_random;
 };
 
 // The seed to begin with, which is printed.

@@ -5,7 +5,11 @@
 #include "common/interposed.h"
 #include "profiles/recorder.h"
 
-static RecordedNapi* current = nullptr;
+namespace {
+
+RecordedNapi* current = nullptr;
+
+} // namespace
 
 RecordedNapi::RecordedNapi()
 {
@@ -17,18 +21,22 @@ RecordedNapi::~RecordedNapi()
     current = nullptr;
 }
 
-static void note(const std::string& what)
+namespace {
+
+void note(const std::string& what)
 {
     recorder::note(what);
     const interposed::Call call(what);
 }
 
-static std::string trailing(int reserved1, int reserved2)
+std::string trailing(int reserved1, int reserved2)
 {
     return reserved1 == 0 && reserved2 == 0
                ? ""
                : " with " + std::to_string(reserved1) + " and " + std::to_string(reserved2);
 }
+
+} // namespace
 
 int NAPI_ListAllProfile(char* buffer, unsigned int* count)
 {

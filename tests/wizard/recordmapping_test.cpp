@@ -20,7 +20,7 @@ RecordBytes filledRecord()
 {
     RecordBytes bytes;
     bytes.fill(0, 1168, 0xE7).word(4, 0xA5A5A25A);
-    for (size_t offset : {8, 108, 208, 760, 862, 963, 1066})
+    for (std::size_t offset : {8, 108, 208, 760, 862, 963, 1066})
         bytes.fill(offset, 100, 0);
     bytes.fill(381, 44, 0).fill(425, 64, 0).fill(489, 64, 0);
     bytes.text(8, "internet").text(108, "ann").text(208, "secret").word(312, 0x0A010203);
@@ -209,7 +209,7 @@ TEST_F(Mapping, TextsAreCutAtTheWidthOfTheirFields)
     wizard::storePage1(form, &record);
     wizard::storePage2(form, &record);
     RecordBytes expected;
-    for (size_t offset : {8, 108, 208, 760, 862, 963, 1066})
+    for (std::size_t offset : {8, 108, 208, 760, 862, 963, 1066})
         expected.fill(offset, 100, 'x');
     expected.fill(381, 44, 'x').fill(425, 64, 'x').fill(489, 64, 'x');
     EXPECT_EQ(RecordBytes(record).difference(expected), "the same");

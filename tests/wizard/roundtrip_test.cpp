@@ -14,8 +14,8 @@ namespace {
 
 struct Region
 {
-    size_t offset;
-    size_t width;
+    std::size_t offset;
+    std::size_t width;
     wizard::Text field;
 };
 
@@ -31,7 +31,7 @@ const Region page2Texts[] = {
 };
 
 // The text of a field as it is stored again: what the form showed, with NULs behind it.
-std::string storedText(const QString& shown, size_t width)
+std::string storedText(const QString& shown, std::size_t width)
 {
     std::string bytes = support::utf8(shown);
     bytes.resize(width, '\0');

@@ -65,9 +65,9 @@ protected:
 RecordBytes storedRecord()
 {
     RecordBytes bytes;
-    for (size_t i = 0; i < 1168; ++i)
+    for (std::size_t i = 0; i < 1168; ++i)
         bytes.byte(i, unsigned(i % 251 + 1));
-    for (size_t offset : {8, 108, 208, 760, 862, 963, 1066})
+    for (std::size_t offset : {8, 108, 208, 760, 862, 963, 1066})
         bytes.fill(offset, 100, 0);
     bytes.fill(381, 44, 0).fill(425, 64, 0).fill(489, 64, 0);
     bytes.byte(1, 1).word(4, 0xA5A5A25A).text(8, "internet").word(312, 0x0A010203).word(316, 0);

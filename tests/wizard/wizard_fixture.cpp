@@ -9,24 +9,28 @@
 #include <profilefunctions.h>
 #include <ykbmainwidget.h>
 
-static ssize_t takeLog(void*, const char* bytes, size_t size)
+namespace {
+
+ssize_t takeLog(void*, const char* bytes, std::size_t size)
 {
     recorder::note("log: " + std::string(bytes, size));
     return static_cast<ssize_t>(size);
 }
 
+} // namespace
+
 // A buffer that holds every message whole; it is emptied when the calls are taken.
-Wizard::Wizard() : log(::fopencookie(nullptr, "w", {nullptr, takeLog, nullptr, nullptr}))
+Wizard::Wizard() : m_log(::fopencookie(nullptr, "w", {nullptr, takeLog, nullptr, nullptr}))
 {
-    std::setvbuf(log, nullptr, _IOFBF, 65536);
-    APPLOG_ModuleStream = log;
+    std::setvbuf(m_log, nullptr, _IOFBF, 65536);
+    APPLOG_ModuleStream = m_log;
     recorder::calls().clear();
 }
 
 Wizard::~Wizard()
 {
     APPLOG_ModuleStream = nullptr;
-    std::fclose(log);
+    std::fclose(m_log);
 }
 
 void Wizard::SetUp()

@@ -46,7 +46,7 @@ protected:
     RecordedNapi napi;
 
 private:
-    FILE* log = nullptr;
+    FILE* m_log = nullptr;
 };
 
 #endif

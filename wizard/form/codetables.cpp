@@ -6,7 +6,9 @@ namespace wizard {
 
 enum { lineTypeCount = 2, speedCount = 5 };
 
-static const uint8_t speedCodes[lineTypeCount][speedCount] = {
+namespace {
+
+const uint8_t speedCodes[lineTypeCount][speedCount] = {
     {0, 14, 7, 6, 4},
     {0, 75, 71, 70, 68},
 };
@@ -14,9 +16,11 @@ static const uint8_t speedCodes[lineTypeCount][speedCount] = {
 const TimeoutTable gprsTimeouts = {{0, 15, 60, 120, 360, 1440}};
 const TimeoutTable csdTimeouts = {{0, 1, 5, 15, 30, 60}};
 
-static const uint32_t preferenceCodes[] = {NAPI_PREFER_WIFI_THEN_CELLULAR, NAPI_PREFER_WIFI_ONLY,
-                                           NAPI_PREFER_CELLULAR_ONLY};
-static const int preferenceCount = int(sizeof preferenceCodes / sizeof *preferenceCodes);
+const uint32_t preferenceCodes[] = {NAPI_PREFER_WIFI_THEN_CELLULAR, NAPI_PREFER_WIFI_ONLY,
+                                    NAPI_PREFER_CELLULAR_ONLY};
+const int preferenceCount = int(sizeof preferenceCodes / sizeof *preferenceCodes);
+
+} // namespace
 
 bool speedChoiceOf(uint8_t code, SpeedChoice* choice)
 {

@@ -10,21 +10,23 @@
 
 namespace wizard {
 
-QString textOfField(const char* field, size_t width)
+QString textOfField(const char* field, std::size_t width)
 {
     return support::fromUtf8(field, int(strnlen(field, width)));
 }
 
-void storeText(const QString& text, char* field, size_t width)
+void storeText(const QString& text, char* field, std::size_t width)
 {
     const std::string bytes = support::utf8(text);
-    const size_t length = strnlen(bytes.c_str(), width);
+    const std::size_t length = strnlen(bytes.c_str(), width);
     memcpy(field, bytes.c_str(), length);
     memset(field + length, 0, width - length);
 }
 
+namespace {
+
 // One reading of addresses for checking and for storing: what passes the check is stored.
-static bool readAddress(const QString& text, unsigned int* address)
+bool readAddress(const QString& text, unsigned int* address)
 {
     if (text.isEmpty()) {
         *address = 0;
@@ -32,6 +34,8 @@ static bool readAddress(const QString& text, unsigned int* address)
     }
     return support::ipv4FromText(text, address);
 }
+
+} // namespace
 
 void storeAddress(const QString& text, unsigned int* address)
 {

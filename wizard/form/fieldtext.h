@@ -2,17 +2,17 @@
 #ifndef WIZARD_FIELDTEXT_H
 #define WIZARD_FIELDTEXT_H
 
-#include <stddef.h>
+#include <cstddef>
 
 #include <qstring.h>
 
 namespace wizard {
 
 // The text up to the NUL, or the whole field where it has none.
-QString textOfField(const char* field, size_t width);
+QString textOfField(const char* field, std::size_t width);
 
 // Puts a text into a field: as many of its bytes as fit, up to the first NUL, and NULs behind them.
-void storeText(const QString& text, char* field, size_t width);
+void storeText(const QString& text, char* field, std::size_t width);
 
 // The number of an IPv4 address field: 0 for an empty text. What is no address is logged and leaves
 // `*address` as it was.

@@ -13,10 +13,14 @@ QString profileNameOf(const FormFields& form)
     return support::trimmed(form.text(Text::ProfileName));
 }
 
-static bool isTaken(const QString& name)
+namespace {
+
+bool isTaken(const QString& name)
 {
     return NAPI_IsProfileValid(support::utf8(name).c_str()) == NAPI_OK;
 }
+
+} // namespace
 
 FormFault checkName(const FormFields& form, const FormPurpose& purpose)
 {

@@ -10,10 +10,14 @@
 
 namespace wizard {
 
-static QString pathOf(const QString& name)
+namespace {
+
+QString pathOf(const QString& name)
 {
     return support::rootFolder() + "/vornlocal/download/appwrite/NetProfile/" + name;
 }
+
+} // namespace
 
 bool renameProfileFolder(const QString& from, const QString& to)
 {

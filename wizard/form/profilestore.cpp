@@ -15,7 +15,9 @@ using support::logPrint;
 
 namespace wizard {
 
-static void storeForm(const FormFields& form, bool hasWifi, bool withPage2, NetworkProfile* record)
+namespace {
+
+void storeForm(const FormFields& form, bool hasWifi, bool withPage2, NetworkProfile* record)
 {
     record->storedMark = 1;
     record->flags = withPreference(record->flags,
@@ -25,7 +27,7 @@ static void storeForm(const FormFields& form, bool hasWifi, bool withPage2, Netw
         storePage2(form, record);
 }
 
-static int createProfile(const std::string& name, const NetworkProfile& record)
+int createProfile(const std::string& name, const NetworkProfile& record)
 {
     const int result = NAPI_CreateProfile(name.c_str(), &record, 0, 0);
     if (result != 0)
@@ -33,7 +35,7 @@ static int createProfile(const std::string& name, const NetworkProfile& record)
     return result;
 }
 
-static int modifyProfile(const std::string& name, const NetworkProfile& record)
+int modifyProfile(const std::string& name, const NetworkProfile& record)
 {
     const int result = NAPI_ModifyProfile(name.c_str(), &record, 0, 0);
     if (result != 0)
@@ -41,10 +43,12 @@ static int modifyProfile(const std::string& name, const NetworkProfile& record)
     return result;
 }
 
-static bool isSame(const NetworkProfile* before, const NetworkProfile& record)
+bool isSame(const NetworkProfile* before, const NetworkProfile& record)
 {
     return before && memcmp(before, &record, sizeof record) == 0;
 }
+
+} // namespace
 
 int notStoredWithoutMemory()
 {

@@ -1,6 +1,6 @@
 #include "wizard/form/recordmapping.h"
 
-#include <stddef.h>
+#include <cstddef>
 
 #include "support/ipv4.h"
 #include "support/log.h"
@@ -11,12 +11,13 @@ namespace wizard {
 
 namespace {
 
-template <size_t width> void fillText(Text field, const char (&bytes)[width], FormFields& form)
+template <std::size_t width> void fillText(Text field, const char (&bytes)[width], FormFields& form)
 {
     form.setText(field, textOfField(bytes, width));
 }
 
-template <size_t width> void storeText(const FormFields& form, Text field, char (&bytes)[width])
+template <std::size_t width>
+void storeText(const FormFields& form, Text field, char (&bytes)[width])
 {
     wizard::storeText(form.text(field), bytes, width);
 }

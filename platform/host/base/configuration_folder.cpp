@@ -31,11 +31,15 @@ int ConfigurationFolder::replace(const std::string& name, std::string_view bytes
     return replaceFile(m_folder.get(), name, bytes, mode);
 }
 
-static bool isThere(const std::string& path)
+namespace {
+
+bool isThere(const std::string& path)
 {
     struct stat status;
     return ::lstat(path.c_str(), &status) == 0;
 }
+
+} // namespace
 
 std::optional<FileConcern> concernOfLeftover(const std::string& name, std::string* leftover)
 {

@@ -13,20 +13,22 @@ UniqueFd openFolder(const std::string& path)
         retried([&] { return open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC); }));
 }
 
-static std::string parentOf(const std::string& path)
+namespace {
+
+std::string parentOf(const std::string& path)
 {
-    size_t slash = path.rfind('/');
+    std::size_t slash = path.rfind('/');
     return slash == 0 ? "/" : path.substr(0, slash);
 }
 
-static int syncFolderAt(const std::string& path)
+int syncFolderAt(const std::string& path)
 {
     UniqueFd folder = openFolder(path);
     return folder.isOpen() ? syncFolder(folder.get()) : errno;
 }
 
 // The process's umask may take rights away from the owner, too, so that the folder serves nobody.
-static int makeFolder(const std::string& path, mode_t mode)
+int makeFolder(const std::string& path, mode_t mode)
 {
     struct stat status;
     if (mkdir(path.c_str(), mode) != 0)
@@ -37,6 +39,8 @@ static int makeFolder(const std::string& path, mode_t mode)
         return 0;
     return fchmodat(AT_FDCWD, path.c_str(), mode, 0) == 0 ? 0 : errno;
 }
+
+} // namespace
 
 int makeFolders(const std::string& path, mode_t mode)
 {
@@ -66,7 +70,7 @@ int writeAll(int fd, std::string_view bytes)
             return errno;
         if (written == 0)
             return EIO;
-        bytes.remove_prefix(static_cast<size_t>(written));
+        bytes.remove_prefix(static_cast<std::size_t>(written));
     }
     return 0;
 }
@@ -125,7 +129,7 @@ int replaceFile(int folder, const std::string& name, std::string_view bytes, mod
         unlinkat(folder, pending.c_str(), 0);
         return error;
     }
-    return syncFolder(folder) == 0 ? 0 : kNotSynced;
+    return syncFolder(folder) == 0 ? 0 : notSynced;
 }
 
 } // namespace base

@@ -14,7 +14,7 @@ namespace base {
 
 // What a function gives, in the place of an errno, when its change stands and everybody sees it,
 // but the disk has not confirmed its last step.
-inline constexpr int kNotSynced = -1;
+inline constexpr int notSynced = -1;
 
 // Repeats a system call that a signal has interrupted; the result of the last one.
 template <typename Call> auto retried(Call call) -> decltype(call())
@@ -55,7 +55,7 @@ int createFile(int folder, const char* name, std::string_view bytes, mode_t mode
 
 // Puts `bytes` in the place of the file `name` in the open folder, or makes it: at any instant, and
 // after a loss of power, the file is wholly the old one or wholly the new one; the new one is on
-// the disk when the call returns. kNotSynced when the new one stands and only its place in the
+// the disk when the call returns. notSynced when the new one stands and only its place in the
 // folder may not be on the disk. The caller holds the lock that all writers of the folder take.
 // What a killed writer has left behind, the file of the pending name, goes with the next call.
 int replaceFile(int folder, const std::string& name, std::string_view bytes, mode_t mode);

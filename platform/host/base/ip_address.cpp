@@ -4,7 +4,9 @@
 
 namespace base {
 
-static std::optional<uint32_t> partOf(std::string_view text)
+namespace {
+
+std::optional<uint32_t> partOf(std::string_view text)
 {
     uint32_t value = 0;
     for (const char digit : text) {
@@ -16,6 +18,8 @@ static std::optional<uint32_t> partOf(std::string_view text)
     }
     return text.empty() ? std::nullopt : std::optional(value);
 }
+
+} // namespace
 
 std::optional<uint32_t> ipv4Of(std::string_view text)
 {

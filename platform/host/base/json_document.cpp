@@ -11,17 +11,17 @@ namespace base {
 
 namespace {
 
-constexpr std::size_t kMaximumSize = 4 * 1024 * 1024;
+constexpr std::size_t maximumSize = 4 * 1024 * 1024;
 
 // What stands in the place of a file that can be read.
 std::string foundFor(int error)
 {
     switch (error) {
-    case kIsFolder:
+    case IsFolder:
         return "a folder";
-    case kIsNoRegularFile:
+    case IsNoRegularFile:
         return "something that is no regular file";
-    case kIsTooLarge:
+    case IsTooLarge:
         return "more than 4 MiB";
     default:
         return std::string("one that cannot be read (") + std::strerror(error) + ')';
@@ -72,7 +72,7 @@ JsonDocument::~JsonDocument() = default;
 JsonDocument JsonDocument::read(const std::string& path, const std::string& used)
 {
     std::string bytes;
-    const int error = readRegularFile(path, kMaximumSize, &bytes);
+    const int error = readRegularFile(path, maximumSize, &bytes);
     if (error == 0)
         return parse(std::move(bytes), path, used);
     auto tree = std::make_unique<JsonTree>();

@@ -5,14 +5,16 @@
 
 namespace base {
 
-static const char kBlanks[] = " \t\r\n";
+namespace {
+
+const char blanks[] = " \t\r\n";
 
 // What stands between the opening brace and the first member also goes before a new one, so that it
 // is laid out as the others are.
-static std::string added(const std::string& source, const JsonNode& root, const std::string& member)
+std::string added(const std::string& source, const JsonNode& root, const std::string& member)
 {
-    const std::size_t first = source.find_first_not_of(kBlanks, root.begin + 1);
-    const std::size_t last = source.find_last_not_of(kBlanks, root.end - 2);
+    const std::size_t first = source.find_first_not_of(blanks, root.begin + 1);
+    const std::size_t last = source.find_last_not_of(blanks, root.end - 2);
     if (root.first == 0)
         return source.substr(0, root.begin) + "{\n  " + member + "\n}" + source.substr(root.end);
     std::string lead = source.substr(root.begin + 1, first - root.begin - 1);
@@ -20,6 +22,8 @@ static std::string added(const std::string& source, const JsonNode& root, const 
         lead = " ";
     return source.substr(0, last + 1) + ',' + lead + member + source.substr(last + 1);
 }
+
+} // namespace
 
 std::string JsonDocument::withMember(const std::string& name, const std::string& literal) const
 {
@@ -35,16 +39,20 @@ std::string JsonDocument::withMember(const std::string& name, const std::string&
     return changed.replace(present->begin, present->end - present->begin, literal);
 }
 
+namespace {
+
 // The next member moves into the place of this one; behind the last one its comma goes.
-static std::string removed(const std::string& source, const JsonName& name, const JsonNode& value)
+std::string removed(const std::string& source, const JsonName& name, const JsonNode& value)
 {
-    const std::size_t before = source.find_last_not_of(kBlanks, name.begin - 1);
-    const std::size_t after = source.find_first_not_of(kBlanks, value.end);
+    const std::size_t before = source.find_last_not_of(blanks, name.begin - 1);
+    const std::size_t after = source.find_first_not_of(blanks, value.end);
     if (source[after] == ',')
         return source.substr(0, name.begin) +
-               source.substr(source.find_first_not_of(kBlanks, after + 1));
+               source.substr(source.find_first_not_of(blanks, after + 1));
     return source.substr(0, source[before] == ',' ? before : before + 1) + source.substr(value.end);
 }
+
+} // namespace
 
 std::string JsonDocument::withoutMember(const std::string& name) const
 {

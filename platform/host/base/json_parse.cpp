@@ -13,7 +13,7 @@ using nlohmann::json;
 namespace {
 
 // How deep arrays and objects may be nested; the tree is taken down recursively.
-constexpr std::size_t kMaximumDepth = 100;
+constexpr std::size_t maximumDepth = 100;
 
 // Counts the lines as the parser consumes the text. The parser looks one character past a number,
 // so the newline consumed last is not counted yet; no token ends in a newline.
@@ -104,7 +104,7 @@ public:
     bool key(json::string_t& name)
     {
         Open& object = m_open.back();
-        const auto begin = m_tree.source.find_first_not_of(kBetween, m_last);
+        const auto begin = m_tree.source.find_first_not_of(between, m_last);
         const JsonName place = {static_cast<uint32_t>(begin), offset()};
         m_last = place.end;
         const auto [known, isNew] = object.known.try_emplace(name, 0U);
@@ -147,7 +147,7 @@ private:
     };
 
     // What stands between two tokens.
-    static constexpr char kBetween[] = ",: \t\r\n";
+    static constexpr char between[] = ",: \t\r\n";
 
     uint32_t offset() const { return static_cast<uint32_t>(m_progress.offset()); }
 
@@ -211,7 +211,7 @@ private:
         const uint32_t index = place();
         JsonNode& node = m_tree.nodes[index];
         node.kind = kind;
-        node.begin = static_cast<uint32_t>(m_tree.source.find_first_not_of(kBetween, m_last));
+        node.begin = static_cast<uint32_t>(m_tree.source.find_first_not_of(between, m_last));
         node.end = endOf(kind, node.begin);
         node.first = 0; // where a duplicate name has had another value
         m_last = node.end;
@@ -226,8 +226,8 @@ private:
 
     bool open(JsonKind kind)
     {
-        if (m_open.size() == kMaximumDepth)
-            return fail("at most " + std::to_string(kMaximumDepth) + " levels of nesting", "more");
+        if (m_open.size() == maximumDepth)
+            return fail("at most " + std::to_string(maximumDepth) + " levels of nesting", "more");
         std::string key = openingKey();
         m_open.push_back({fill(kind), std::move(key)});
         return true;

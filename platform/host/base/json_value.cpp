@@ -26,36 +26,44 @@ std::string describe(const std::string& file, const JsonProblem& problem)
     return place(file, problem) + ": " + sentence(problem);
 }
 
-static bool isPlain(const std::string& name)
+namespace {
+
+bool isPlain(const std::string& name)
 {
     return !name.empty() && std::none_of(name.begin(), name.end(), [](unsigned char byte) {
         return byte < 0x20 || byte == 0x7f;
     });
 }
 
+} // namespace
+
 std::string memberKey(const std::string& key, const std::string& name)
 {
-    constexpr std::size_t kLongest = 255;
-    const std::string shown = isPlain(name) && name.size() <= kLongest ? name : literalOf(name);
+    constexpr std::size_t longest = 255;
+    const std::string shown = isPlain(name) && name.size() <= longest ? name : literalOf(name);
     return key.empty() ? shown : key + '.' + shown;
 }
 
 std::string literalOf(const std::string& text)
 {
-    constexpr std::size_t kLongest = 60;
+    constexpr std::size_t longest = 60;
     using Json = nlohmann::json;
-    const Json value = text.size() > kLongest ? text.substr(0, kLongest) : text;
+    const Json value = text.size() > longest ? text.substr(0, longest) : text;
     const std::string literal = value.dump(-1, ' ', false, Json::error_handler_t::ignore);
-    return text.size() > kLongest ? literal + "..." : literal;
+    return text.size() > longest ? literal + "..." : literal;
 }
 
+namespace {
+
 // A JSON text, with its quotes, as the text that it stands for.
-static std::string decoded(const std::string& literal)
+std::string decoded(const std::string& literal)
 {
     if (literal.find('\\') == std::string::npos)
         return literal.substr(1, literal.size() - 2);
     return nlohmann::json::parse(literal).get<std::string>();
 }
+
+} // namespace
 
 std::string JsonTree::nameOf(const JsonNode& member) const
 {
@@ -103,8 +111,8 @@ int JsonTree::lineAt(std::size_t place)
 void JsonTree::report(int line, std::string key, std::string expected, std::string found,
                       std::string used)
 {
-    constexpr std::size_t kMost = 100;
-    if (problems.size() == kMost)
+    constexpr std::size_t most = 100;
+    if (problems.size() == most)
         ++unreported;
     else
         problems.push_back(

@@ -67,11 +67,13 @@ private:
     LockedFolder* m_first = nullptr;
 };
 
+namespace {
+
 // The kernel's own waiting has no limit, and a signal that would end it belongs to the application.
-static int lockUntil(int fd, Clock::time_point deadline)
+int lockUntil(int fd, Clock::time_point deadline)
 {
-    constexpr milliseconds kLongestPause{8};
-    for (milliseconds pause{1};; pause = std::min(2 * pause, kLongestPause)) {
+    constexpr milliseconds longestPause{8};
+    for (milliseconds pause{1};; pause = std::min(2 * pause, longestPause)) {
         if (retried([fd] { return ::flock(fd, LOCK_EX | LOCK_NB); }) == 0)
             return 0;
         if (errno != EWOULDBLOCK)
@@ -84,12 +86,14 @@ static int lockUntil(int fd, Clock::time_point deadline)
 }
 
 // While this writer waited, the folder may have been removed or put elsewhere.
-static bool isStillAt(int fd, const std::string& path)
+bool isStillAt(int fd, const std::string& path)
 {
     struct stat mine, there;
     return ::fstat(fd, &mine) == 0 && ::stat(path.c_str(), &there) == 0 &&
            mine.st_dev == there.st_dev && mine.st_ino == there.st_ino;
 }
+
+} // namespace
 
 int LockedFolder::openOnce(const std::string& path)
 {

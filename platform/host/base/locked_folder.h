@@ -18,7 +18,7 @@ class LockedFolder
 {
 public:
     // How long a person can be kept waiting for another program that is writing.
-    static constexpr std::chrono::milliseconds kPatience{10000};
+    static constexpr std::chrono::milliseconds defaultPatience{10000};
 
     LockedFolder() = default;
     LockedFolder(const LockedFolder&) = delete;
@@ -28,7 +28,7 @@ public:
     // Opens `path`, an existing folder, and waits until no other writer holds it, `patience` at
     // the longest. Result: 0 or an errno, ETIMEDOUT when it was held all the time; the folder is
     // not open then. Call it once for an object.
-    int open(const std::string& path, std::chrono::milliseconds patience = kPatience);
+    int open(const std::string& path, std::chrono::milliseconds patience = defaultPatience);
 
     // The open folder, for the ...at system calls and for fsync; -1 when it is not open.
     int fd() const { return m_fd.get(); }

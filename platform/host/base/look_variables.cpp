@@ -6,30 +6,32 @@
 
 namespace base {
 
-static constexpr int smallestSide = 160;
-static constexpr int largestSide = 4096;
-static constexpr size_t mostShown = 40; // characters of a value that is told
+namespace {
 
-static bool isOneOf(std::string_view value, std::initializer_list<std::string_view> words)
+constexpr int smallestSide = 160;
+constexpr int largestSide = 4096;
+constexpr std::size_t mostShown = 40; // characters of a value that is told
+
+bool isOneOf(std::string_view value, std::initializer_list<std::string_view> words)
 {
     return std::find(words.begin(), words.end(), value) != words.end();
 }
 
-static bool isTheme(std::string_view value)
+bool isTheme(std::string_view value)
 {
     return isOneOf(value, {"light", "dark"});
 }
 
-static bool isKeypad(std::string_view value)
+bool isKeypad(std::string_view value)
 {
     return isOneOf(value, {"0", "1"});
 }
 
 // A locale as POSIX writes it: language, then territory or script, encoding and modifier.
-static bool isLanguage(std::string_view value)
+bool isLanguage(std::string_view value)
 {
     const std::string_view locale = value.substr(0, value.find_first_of(".@"));
-    const size_t end = locale.find_first_of("_-");
+    const std::size_t end = locale.find_first_of("_-");
     const std::string_view language = locale.substr(0, end);
     // Traditional Chinese is another script, which a reader of one may not read in the other.
     if (language == "zh")
@@ -37,12 +39,14 @@ static bool isLanguage(std::string_view value)
     return isOneOf(language, {"en", "de", "C", "POSIX"});
 }
 
-static bool isScreen(std::string_view value)
+bool isScreen(std::string_view value)
 {
     int width = 0;
     int height = 0;
     return readScreenSize(value, width, height);
 }
+
+} // namespace
 
 const std::array<LookVariable, 4> lookVariables = {{
     {"VORN_THEME", "light or dark", isTheme},
@@ -51,11 +55,15 @@ const std::array<LookVariable, 4> lookVariables = {{
     {"VORN_SCREEN", "WIDTHxHEIGHT, each 160 to 4096, for instance 240x320", isScreen},
 }};
 
-static std::string_view variable(const char* name)
+namespace {
+
+std::string_view variable(const char* name)
 {
     const char* value = std::getenv(name);
     return value ? value : "";
 }
+
+} // namespace
 
 std::string lookValue(std::string_view name)
 {
@@ -78,8 +86,10 @@ std::string lookComplaint(const LookVariable& known)
     return std::string(known.name) + "=" + shown + " is ignored; it may be " + known.known;
 }
 
+namespace {
+
 // Digits alone, at most four, so that no side overflows.
-static bool readSide(std::string_view text, int& side)
+bool readSide(std::string_view text, int& side)
 {
     const char* end = text.data() + text.size();
     const auto [stop, error] = std::from_chars(text.data(), end, side);
@@ -87,9 +97,11 @@ static bool readSide(std::string_view text, int& side)
            stop == end && side >= smallestSide && side <= largestSide;
 }
 
+} // namespace
+
 bool readScreenSize(std::string_view text, int& width, int& height)
 {
-    const size_t by = text.find('x');
+    const std::size_t by = text.find('x');
     int sides[2] = {};
     if (by == text.npos || !readSide(text.substr(0, by), sides[0]) ||
         !readSide(text.substr(by + 1), sides[1]))

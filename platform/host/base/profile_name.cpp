@@ -6,10 +6,10 @@ namespace base {
 
 NameProblem problemOfName(std::string_view name)
 {
-    constexpr std::size_t kLongest = 63;
+    constexpr std::size_t longest = 63;
     if (name.empty())
         return NameProblem::Empty;
-    if (name.size() > kLongest)
+    if (name.size() > longest)
         return NameProblem::TooLong;
     if (!isUtf8(name))
         return NameProblem::NotUtf8;

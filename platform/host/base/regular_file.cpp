@@ -10,7 +10,9 @@
 
 namespace base {
 
-static int readAll(int descriptor, std::size_t largest, std::string* bytes)
+namespace {
+
+int readAll(int descriptor, std::size_t largest, std::string* bytes)
 {
     char block[16384];
     for (;;) {
@@ -19,9 +21,11 @@ static int readAll(int descriptor, std::size_t largest, std::string* bytes)
             return got == 0 ? 0 : errno;
         bytes->append(block, static_cast<std::size_t>(got));
         if (bytes->size() > largest)
-            return kIsTooLarge;
+            return IsTooLarge;
     }
 }
+
+} // namespace
 
 int readRegularFile(const std::string& path, std::size_t largest, std::string* bytes)
 {
@@ -31,8 +35,8 @@ int readRegularFile(const std::string& path, std::size_t largest, std::string* b
     if (!file.isOpen() || ::fstat(file.get(), &status) != 0)
         return errno;
     if (S_ISDIR(status.st_mode))
-        return kIsFolder;
-    return S_ISREG(status.st_mode) ? readAll(file.get(), largest, bytes) : kIsNoRegularFile;
+        return IsFolder;
+    return S_ISREG(status.st_mode) ? readAll(file.get(), largest, bytes) : IsNoRegularFile;
 }
 
 } // namespace base

@@ -8,7 +8,7 @@
 namespace base {
 
 // What reading gives, in the place of an errno, for what no system call has refused.
-enum FileRefusal : int { kIsFolder = -1, kIsNoRegularFile = -2, kIsTooLarge = -3 };
+enum FileRefusal : int { IsFolder = -1, IsNoRegularFile = -2, IsTooLarge = -3 };
 
 // Reads the file into `bytes`, closed on exec; a pipe or a device in its place is not waited for.
 // Result: 0, an errno or a FileRefusal; `bytes` is then to be ignored.

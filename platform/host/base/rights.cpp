@@ -6,13 +6,17 @@
 
 namespace base {
 
-static const char* whatMayBeDone(mode_t open)
+namespace {
+
+const char* whatMayBeDone(mode_t open)
 {
     const bool read = (open & 0044) != 0, write = (open & 0022) != 0;
     if (read && write)
         return "read and write";
     return read ? "read" : "write";
 }
+
+} // namespace
 
 std::optional<FileConcern> concernOfRights(const std::string& path, Forbidden forbidden)
 {
@@ -32,9 +36,9 @@ std::optional<FileConcern> concernOfRights(const std::string& path, Forbidden fo
 
 std::string shellWord(const std::string& word)
 {
-    constexpr std::string_view kPlain =
+    constexpr std::string_view plain =
         "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789/._-+,:@%";
-    if (!word.empty() && word.find_first_not_of(kPlain) == std::string::npos)
+    if (!word.empty() && word.find_first_not_of(plain) == std::string::npos)
         return word;
     std::string quoted = "'";
     for (const char character : word)

@@ -4,7 +4,9 @@
 
 namespace base {
 
-static std::string variable(const char* name)
+namespace {
+
+std::string variable(const char* name)
 {
     const char* value = std::getenv(name);
     std::string text = value ? value : "";
@@ -12,6 +14,8 @@ static std::string variable(const char* name)
         text.pop_back();
     return text;
 }
+
+} // namespace
 
 std::string rootFolder()
 {

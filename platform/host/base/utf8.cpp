@@ -13,27 +13,27 @@ struct SequenceForm
     uint32_t smallest;
 };
 
-const SequenceForm kForms[] = {
+const SequenceForm forms[] = {
     {0x80, 0x00, 1, 0x0},
     {0xE0, 0xC0, 2, 0x80},
     {0xF0, 0xE0, 3, 0x800},
     {0xF8, 0xF0, 4, 0x10000},
 };
 
-} // namespace
-
-static const SequenceForm* formOf(unsigned char lead)
+const SequenceForm* formOf(unsigned char lead)
 {
-    for (const SequenceForm& form : kForms)
+    for (const SequenceForm& form : forms)
         if ((lead & form.mask) == form.lead)
             return &form;
     return nullptr;
 }
 
-static bool isScalarValue(uint32_t code)
+bool isScalarValue(uint32_t code)
 {
     return code <= 0x10FFFF && (code < 0xD800 || code > 0xDFFF);
 }
+
+} // namespace
 
 Utf8Character firstCharacter(std::string_view text)
 {

@@ -35,7 +35,7 @@ const Meaning kMeanings[] = {
     {ENOMEM, NAPI_ERR_RESOURCES},
     {ENOLCK, NAPI_ERR_RESOURCES},
     {ETIMEDOUT, NAPI_ERR_BUSY}, // base::LockedFolder
-    {base::kNotSynced, NAPI_ERR_NOT_SYNCED},
+    {base::notSynced, NAPI_ERR_NOT_SYNCED},
 };
 
 } // namespace

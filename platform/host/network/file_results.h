@@ -8,7 +8,7 @@ namespace network {
 // NAPI_ERR_ROOT.
 int checkRoot();
 
-// A call on something inside the folder of the profiles: an errno, or base::kNotSynced; 0 gives
+// A call on something inside the folder of the profiles: an errno, or base::notSynced; 0 gives
 // NAPI_OK.
 int fileResult(int error);
 

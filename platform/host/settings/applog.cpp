@@ -23,8 +23,8 @@ FILE* refused(const char* path, const char* reason)
 // O_NONBLOCK keeps a pipe in the file's place from holding up the start of the program.
 FILE* openLog(const char* path)
 {
-    constexpr int kFlags = O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC | O_NOCTTY | O_NONBLOCK;
-    const int descriptor = ::open(path, kFlags, 0600);
+    constexpr int flags = O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC | O_NOCTTY | O_NONBLOCK;
+    const int descriptor = ::open(path, flags, 0600);
     FILE* stream = descriptor >= 0 ? ::fdopen(descriptor, "a") : nullptr;
     if (!stream) {
         const int error = errno;

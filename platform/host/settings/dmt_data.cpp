@@ -3,10 +3,14 @@
 
 #include "dmt.h"
 
-static const char* orEmpty(const char* text)
+namespace {
+
+const char* orEmpty(const char* text)
 {
     return text ? text : "";
 }
+
+} // namespace
 
 struct DmtStatus::Private
 {

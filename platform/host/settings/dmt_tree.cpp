@@ -147,7 +147,11 @@ void DmtTreeHandle::Release()
         delete tree;
 }
 
-static std::atomic<int> users{0};
+namespace {
+
+std::atomic<int> users{0};
+
+} // namespace
 
 DmtStatus DmtTreeFactory::Initialize()
 {

@@ -15,7 +15,9 @@ namespace settingshost {
 
 using base::JsonDocument;
 
-static Result failed(const std::string& path, int error)
+namespace {
+
+Result failed(const std::string& path, int error)
 {
     const Code code = settingsfiles::codeOf(error);
     if (code == Code::Busy)
@@ -28,18 +30,22 @@ static Result failed(const std::string& path, int error)
 }
 
 // A file keeps its mode; a new one can be read by everybody.
-static mode_t modeOf(const std::string& path)
+mode_t modeOf(const std::string& path)
 {
     struct stat status;
     return stat(path.c_str(), &status) == 0 ? status.st_mode & 0777 : 0644;
 }
 
+} // namespace
+
 // What a file is to hold, made of what it holds; "" when there is nothing to be changed in it.
 typedef std::function<std::string(const JsonDocument&)> Edit;
 
-static Result change(const std::string& path, const Edit& edit, const Result& ifUnchanged)
+namespace {
+
+Result change(const std::string& path, const Edit& edit, const Result& ifUnchanged)
 {
-    constexpr size_t kLargest = 4 * 1024 * 1024;
+    constexpr std::size_t largest = 4 * 1024 * 1024;
     if (Result root = settingsfiles::checkRoot(); !root.isOk())
         return root;
     base::ConfigurationFolder folder;
@@ -51,13 +57,13 @@ static Result change(const std::string& path, const Edit& edit, const Result& if
     const std::string bytes = edit(document);
     if (bytes.empty())
         return ifUnchanged;
-    if (bytes.size() > kLargest)
+    if (bytes.size() > largest)
         return {Code::Full, path + ": the file would grow beyond 4 MiB"};
     const int error = folder.replace(path.substr(folder.path().size() + 1), bytes, modeOf(path));
     return error == 0 ? Result() : failed(path, error);
 }
 
-static Result put(const std::string& path, const std::string& name, const nlohmann::json& value)
+Result put(const std::string& path, const std::string& name, const nlohmann::json& value)
 {
     return change(
         path, [&](const JsonDocument& document) { return document.withMember(name, value.dump()); },
@@ -65,7 +71,7 @@ static Result put(const std::string& path, const std::string& name, const nlohma
 }
 
 // Where there is no file, none is made.
-static Result take(const std::string& path, const std::string& name, const std::string& ifMissing)
+Result take(const std::string& path, const std::string& name, const std::string& ifMissing)
 {
     const Result missing = {Code::NoNode, ifMissing + " in " + path};
     struct stat status;
@@ -77,17 +83,17 @@ static Result take(const std::string& path, const std::string& name, const std::
         path, [&](const JsonDocument& document) { return document.withoutMember(name); }, missing);
 }
 
-static Result badName()
+Result badName()
 {
     return {Code::Name, "a node name is 1 to 255 bytes of UTF-8 without control characters"};
 }
 
-static Result badNumber()
+Result badNumber()
 {
     return {Code::Number, "a feature number is 1 to 2147483647"};
 }
 
-static nlohmann::json jsonOf(const Setting& setting)
+nlohmann::json jsonOf(const Setting& setting)
 {
     switch (setting.type) {
     case Setting::Type::Integer:
@@ -99,6 +105,8 @@ static nlohmann::json jsonOf(const Setting& setting)
     }
     return {};
 }
+
+} // namespace
 
 Result setSetting(const std::string& name, const Setting& setting)
 {

@@ -35,15 +35,17 @@ Code codeOf(int error)
         return Code::Root;
     case ETIMEDOUT:
         return Code::Busy;
-    case base::kNotSynced:
+    case base::notSynced:
         return Code::NotSynced;
     default:
         return Code::Io;
     }
 }
 
+namespace {
+
 // Ok when `path` is a folder or is not there.
-static Result checkFolder(const std::string& path)
+Result checkFolder(const std::string& path)
 {
     struct stat status;
     if (stat(path.c_str(), &status) == 0)
@@ -52,6 +54,8 @@ static Result checkFolder(const std::string& path)
         return {};
     return {codeOf(errno), path + ": " + std::strerror(errno)};
 }
+
+} // namespace
 
 Result checkRoot()
 {
@@ -66,18 +70,22 @@ Result checkRoot()
     return {};
 }
 
-static std::string complaint(const JsonDocument& document, const JsonValue& value,
-                             const std::string& expected, const std::string& used)
+namespace {
+
+std::string complaint(const JsonDocument& document, const JsonValue& value,
+                      const std::string& expected, const std::string& used)
 {
     return base::describe(document.path(),
                           {value.line(), value.key(), expected, value.description(), used});
 }
 
 // A file that is there and is not one to be read, a loop of symbolic links for instance, is damage.
-static Code codeOfUnreadable(int error)
+Code codeOfUnreadable(int error)
 {
     return error == 0 || codeOf(error) == Code::Root ? Code::Broken : codeOf(error);
 }
+
+} // namespace
 
 Result checkDocument(const JsonDocument& document, const std::string& used)
 {
@@ -98,9 +106,11 @@ Result checkDocument(const JsonDocument& document, const std::string& used)
     return {Code::Broken, complaint(document, root, "an object", used)};
 }
 
+namespace {
+
 // An integer that means nothing is still read, as it is on the phone.
-static std::string ignoredValue(const JsonDocument& document, const std::string& name,
-                                const JsonValue& value, const Setting& setting)
+std::string ignoredValue(const JsonDocument& document, const std::string& name,
+                         const JsonValue& value, const Setting& setting)
 {
     const KnownNode* node = knownNode(name);
     const bool isIgnored = node && setting.type == Setting::Type::Integer &&
@@ -108,8 +118,8 @@ static std::string ignoredValue(const JsonDocument& document, const std::string&
     return isIgnored ? complaint(document, value, node->expected, node->used) : std::string();
 }
 
-static Leaf leafOf(const JsonDocument& document, const std::string& name, const JsonValue& value,
-                   const std::string& used)
+Leaf leafOf(const JsonDocument& document, const std::string& name, const JsonValue& value,
+            const std::string& used)
 {
     Leaf leaf;
     leaf.name = name;
@@ -117,10 +127,12 @@ static Leaf leafOf(const JsonDocument& document, const std::string& name, const 
         leaf.value = *setting;
         leaf.ignored = ignoredValue(document, name, value, *setting);
     } else {
-        leaf.problem = complaint(document, value, kSettingExpected, used.empty() ? "" : "no value");
+        leaf.problem = complaint(document, value, settingExpected, used.empty() ? "" : "no value");
     }
     return leaf;
 }
+
+} // namespace
 
 Result readLeaves(std::vector<Leaf>* leaves, const std::string& used)
 {
@@ -148,7 +160,7 @@ Result readFeatures(std::map<int, FeatureLine>* lines, const std::string& used)
         if (std::optional<bool> isAvailable = featureOf(value))
             (*lines)[number] = {*isAvailable, {}};
         else
-            (*lines)[number] = {false, complaint(document, value, kFeatureExpected, "false")};
+            (*lines)[number] = {false, complaint(document, value, featureExpected, "false")};
     }
     return {};
 }

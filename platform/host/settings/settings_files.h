@@ -47,8 +47,8 @@ bool isNodeText(const std::string& text);
 int featureNumber(const std::string& key);
 
 // What a value must be, for messages, and the value when it is so.
-extern const char kSettingExpected[];
-extern const char kFeatureExpected[];
+extern const char settingExpected[];
+extern const char featureExpected[];
 std::optional<settingshost::Setting> settingOf(const base::JsonValue& value);
 std::optional<bool> featureOf(const base::JsonValue& value);
 

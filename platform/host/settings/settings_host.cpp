@@ -5,11 +5,15 @@
 
 namespace settingshost {
 
-static std::string below(const char* name)
+namespace {
+
+std::string below(const char* name)
 {
     const std::string root = base::rootFolder();
     return root.empty() ? root : root + "/etc/" + name;
 }
+
+} // namespace
 
 std::string settingsFile()
 {

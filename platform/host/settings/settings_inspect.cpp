@@ -27,7 +27,7 @@ void checkSetting(const std::string& name, const JsonValue& value)
     if (!settingsfiles::isNodeName(name))
         value.reject("a name of 1 to 255 bytes without control characters", {});
     else if (!settingsfiles::settingOf(value))
-        value.reject(settingsfiles::kSettingExpected, "no value");
+        value.reject(settingsfiles::settingExpected, "no value");
     else if (const settingsfiles::KnownNode* node = settingsfiles::knownNode(name);
              node && !means(value, *node))
         value.reject(node->expected, node->used);
@@ -38,15 +38,15 @@ void checkFeature(const std::string& name, const JsonValue& value)
     if (settingsfiles::featureNumber(name) == 0)
         value.reject("a feature number as the key, for instance \"431\"", "the file without it");
     else if (!settingsfiles::featureOf(value))
-        value.reject(settingsfiles::kFeatureExpected, "false");
+        value.reject(settingsfiles::featureExpected, "false");
 }
 
-const char kGivePermission[] = "give its owner the permission to read it";
+const char givePermission[] = "give its owner the permission to read it";
 
 std::string remedyFor(const JsonDocument& document)
 {
     if (settingsfiles::codeOf(document.error()) == Code::Access)
-        return kGivePermission;
+        return givePermission;
     switch (document.state()) {
     case JsonDocument::State::Unreadable:
         return "put a readable file in its place, or remove it";

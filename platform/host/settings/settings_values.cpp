@@ -11,17 +11,21 @@ using base::JsonKind;
 using base::JsonValue;
 using settingshost::Setting;
 
-const char kSettingExpected[] =
+const char settingExpected[] =
     "an integer from -2147483648 to 2147483647, a text without NUL or a truth value";
-const char kFeatureExpected[] = "true or false";
+const char featureExpected[] = "true or false";
 
-static const KnownNode kKnownNodes[] = {
+namespace {
+
+const KnownNode knownNodes[] = {
     {"DefConnPrefer", 0, 2, "0 (WiFi, then cellular), 1 (WiFi only) or 2 (cellular only)", "0"},
 };
 
+} // namespace
+
 const KnownNode* knownNode(const std::string& name)
 {
-    for (const KnownNode& node : kKnownNodes)
+    for (const KnownNode& node : knownNodes)
         if (name == node.name)
             return &node;
     return nullptr;

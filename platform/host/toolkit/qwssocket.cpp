@@ -31,67 +31,67 @@ public:
     Buffer() = default;
     Buffer(const Buffer&) = delete;
     Buffer& operator=(const Buffer&) = delete;
-    ~Buffer() { std::free(bytes); }
+    ~Buffer() { std::free(m_bytes); }
 
-    std::size_t size() const { return end - begin; }
+    std::size_t size() const { return m_end - m_begin; }
 
     // Room for `count` bytes behind the last one.
     char* reserve(std::size_t count)
     {
-        if (capacity - end >= count)
-            return bytes + end;
-        if (begin > 0)
+        if (m_capacity - m_end >= count)
+            return m_bytes + m_end;
+        if (m_begin > 0)
             moveToFront();
-        if (capacity - end < count)
-            grow(end + count);
-        return bytes + end;
+        if (m_capacity - m_end < count)
+            grow(m_end + count);
+        return m_bytes + m_end;
     }
 
-    void added(std::size_t count) { end += count; }
+    void added(std::size_t count) { m_end += count; }
 
     std::size_t take(char* data, std::size_t maximum)
     {
         const std::size_t count = std::min(maximum, size());
         if (count > 0)
-            std::memcpy(data, bytes + begin, count);
-        begin += count;
-        if (begin == end)
+            std::memcpy(data, m_bytes + m_begin, count);
+        m_begin += count;
+        if (m_begin == m_end)
             clear();
         return count;
     }
 
     void clear()
     {
-        begin = end = 0;
-        if (capacity <= keptCapacity)
+        m_begin = m_end = 0;
+        if (m_capacity <= keptCapacity)
             return;
-        std::free(bytes);
-        bytes = nullptr;
-        capacity = 0;
+        std::free(m_bytes);
+        m_bytes = nullptr;
+        m_capacity = 0;
     }
 
 private:
     void moveToFront()
     {
-        std::memmove(bytes, bytes + begin, size());
-        end -= begin;
-        begin = 0;
+        std::memmove(m_bytes, m_bytes + m_begin, size());
+        m_end -= m_begin;
+        m_begin = 0;
     }
 
     void grow(std::size_t needed)
     {
-        const std::size_t wanted = std::max(needed, capacity * 2);
-        void* larger = std::realloc(bytes, wanted);
+        const std::size_t wanted = std::max(needed, m_capacity * 2);
+        void* larger = std::realloc(m_bytes, wanted);
         if (!larger)
             throw std::bad_alloc();
-        bytes = static_cast<char*>(larger);
-        capacity = wanted;
+        m_bytes = static_cast<char*>(larger);
+        m_capacity = wanted;
     }
 
-    char* bytes = nullptr;
-    std::size_t capacity = 0;
-    std::size_t begin = 0;
-    std::size_t end = 0;
+    char* m_bytes = nullptr;
+    std::size_t m_capacity = 0;
+    std::size_t m_begin = 0;
+    std::size_t m_end = 0;
 };
 
 struct QWSSocket::Private
@@ -116,7 +116,7 @@ struct QWSSocket::Private
     }
 };
 
-QWSSocket::QWSSocket(QObject* parent, const char* name) : QObject(parent), d(new Private)
+QWSSocket::QWSSocket(QObject* parent, const char* name) : QObject(parent), m_d(new Private)
 {
     if (name)
         setObjectName(QString::fromUtf8(name));
@@ -124,10 +124,10 @@ QWSSocket::QWSSocket(QObject* parent, const char* name) : QObject(parent), d(new
 
 QWSSocket::~QWSSocket()
 {
-    delete d->notifier;
-    d->notifier = nullptr;
-    d->end();
-    delete d;
+    delete m_d->notifier;
+    m_d->notifier = nullptr;
+    m_d->end();
+    delete m_d;
 }
 
 void QWSSocket::setSocket(int socket)
@@ -137,73 +137,73 @@ void QWSSocket::setSocket(int socket)
         return;
     ::fcntl(socket, F_SETFL, ::fcntl(socket, F_GETFL) | O_NONBLOCK);
     ::fcntl(socket, F_SETFD, FD_CLOEXEC);
-    d->descriptor = socket;
-    d->adopted = true;
-    d->notifier = new QSocketNotifier(socket, QSocketNotifier::Read, this);
-    connect(d->notifier, SIGNAL(activated(QSocketDescriptor)), this, SLOT(fetch()));
+    m_d->descriptor = socket;
+    m_d->adopted = true;
+    m_d->notifier = new QSocketNotifier(socket, QSocketNotifier::Read, this);
+    connect(m_d->notifier, SIGNAL(activated(QSocketDescriptor)), this, SLOT(fetch()));
     // A socket set from inside a slot of readyRead() is a new one: its bytes are served afterwards.
-    d->notifier->setEnabled(!d->inside);
+    m_d->notifier->setEnabled(!m_d->inside);
 }
 
 int QWSSocket::socket() const
 {
-    return d->descriptor;
+    return m_d->descriptor;
 }
 
 void QWSSocket::close()
 {
-    d->end();
-    d->adopted = false;
-    d->buffer.clear();
+    m_d->end();
+    m_d->adopted = false;
+    m_d->buffer.clear();
 }
 
 unsigned int QWSSocket::size() const
 {
     int waiting = 0;
-    if (d->descriptor >= 0 && !d->inside && ::ioctl(d->descriptor, FIONREAD, &waiting) == 0 &&
+    if (m_d->descriptor >= 0 && !m_d->inside && ::ioctl(m_d->descriptor, FIONREAD, &waiting) == 0 &&
         waiting > 0)
         const_cast<QWSSocket*>(this)->fetch();
-    return static_cast<unsigned int>(d->buffer.size());
+    return static_cast<unsigned int>(m_d->buffer.size());
 }
 
 int QWSSocket::readBlock(char* data, unsigned int maximum)
 {
-    if (!d->adopted)
+    if (!m_d->adopted)
         return -1;
-    return static_cast<int>(d->buffer.take(data, maximum));
+    return static_cast<int>(m_d->buffer.take(data, maximum));
 }
 
 // One recv(2) takes all that waits, so that a burst costs a handful of system calls, and returns to
 // the event loop afterwards, so that nothing else starves.
 void QWSSocket::fetch()
 {
-    if (d->descriptor < 0 || d->inside)
+    if (m_d->descriptor < 0 || m_d->inside)
         return;
     int waiting = 0;
-    ::ioctl(d->descriptor, FIONREAD, &waiting);
+    ::ioctl(m_d->descriptor, FIONREAD, &waiting);
     const std::size_t wanted =
         std::max(smallestFetch, static_cast<std::size_t>(std::max(waiting, 0)));
-    const ssize_t count = ::recv(d->descriptor, d->buffer.reserve(wanted), wanted, 0);
+    const ssize_t count = ::recv(m_d->descriptor, m_d->buffer.reserve(wanted), wanted, 0);
     if (count == 0) {
-        d->end();
+        m_d->end();
         emit connectionClosed();
         return;
     }
     if (count < 0) {
         if (errno == EAGAIN || errno == EINTR)
             return;
-        d->notifier->setEnabled(false);
+        m_d->notifier->setEnabled(false);
         emit error(readError);
         return;
     }
-    d->buffer.added(static_cast<std::size_t>(count));
-    d->inside = true;
-    d->notifier->setEnabled(false);
+    m_d->buffer.added(static_cast<std::size_t>(count));
+    m_d->inside = true;
+    m_d->notifier->setEnabled(false);
     QPointer<QWSSocket> self(this);
     emit readyRead();
     if (!self)
         return;
-    d->inside = false;
-    if (d->notifier)
-        d->notifier->setEnabled(true);
+    m_d->inside = false;
+    if (m_d->notifier)
+        m_d->notifier->setEnabled(true);
 }

@@ -47,7 +47,7 @@ protected:
 class Anchor : public QObject
 {
 public:
-    Anchor(QObject* owner, QWidget* layer) : QObject(owner), held(layer) {}
+    Anchor(QObject* owner, QWidget* layer) : QObject(owner), m_held(layer) {}
     ~Anchor() override { delete take(); }
     // False when the anchor itself is the one who deletes the layer.
     bool release() { return take() != nullptr; }
@@ -55,13 +55,13 @@ public:
 private:
     QWidget* take()
     {
-        QWidget* layer = held;
-        held = nullptr;
+        QWidget* layer = m_held;
+        m_held = nullptr;
         return layer;
     }
 
     // Where the screen has gone before the layer, nobody releases the anchor.
-    QPointer<QWidget> held;
+    QPointer<QWidget> m_held;
 };
 
 // What a user does first; that a key or a finger goes up again is never held back.
@@ -102,12 +102,12 @@ YScreen* YScreen::instance()
     return theScreen;
 }
 
-YScreen::YScreen() : shade(new Shade(this))
+YScreen::YScreen() : m_shade(new Shade(this))
 {
     YDress::wear(this);
     setFixedSize(YEnvironment::screenSize());
     setWindowTitle(QCoreApplication::applicationName());
-    shade->hide();
+    m_shade->hide();
     qApp->installEventFilter(this);
     connect(qApp, SIGNAL(focusChanged(QWidget*, QWidget*)), this,
             SLOT(keepFocus(QWidget*, QWidget*)));
@@ -121,8 +121,8 @@ YScreen::~YScreen()
     qRemovePostRoutine(deleteScreen);
     theScreen = nullptr;
     qApp->removeEventFilter(this);
-    stack.clear();
-    for (Layer* layer : layers) {
+    m_stack.clear();
+    for (Layer* layer : m_layers) {
         layer->widget->removeEventFilter(this);
         layer->widget->setParent(nullptr);
         delete layer;
@@ -138,7 +138,7 @@ void YScreen::addLayer(QWidget* layer, QWidget* owner, Kind kind, bool modal)
         entry->anchor = new Anchor(owner, layer);
     layer->installEventFilter(this);
     // The last step that may fail: what is on the list is a whole layer.
-    layers.push_back(entry.get());
+    m_layers.push_back(entry.get());
     entry.release();
 }
 
@@ -155,7 +155,7 @@ void YScreen::forget(QWidget* widget)
         return;
     widget->removeEventFilter(this);
     hidden(layer);
-    layers.erase(std::find(layers.begin(), layers.end(), layer));
+    m_layers.erase(std::find(m_layers.begin(), m_layers.end(), layer));
     if (layer->anchor && layer->anchor->release())
         delete layer->anchor;
     delete layer;
@@ -163,7 +163,7 @@ void YScreen::forget(QWidget* widget)
 
 QWidget* YScreen::activeLayer() const
 {
-    return stack.empty() ? nullptr : stack.back()->widget;
+    return m_stack.empty() ? nullptr : m_stack.back()->widget;
 }
 
 bool YScreen::walkFocus(QWidget* layer, bool next)
@@ -215,7 +215,7 @@ bool YScreen::eventFilter(QObject* watched, QEvent* event)
 // opened above it and for the windows that the widget around the screen belongs to.
 bool YScreen::blocked(const QObject* watched, const QEvent& event) const
 {
-    if (!isModal || !isVisible() || !byUser(event) || !watched->isWidgetType())
+    if (!m_isModal || !isVisible() || !byUser(event) || !watched->isWidgetType())
         return false;
     const QWidget* own = window();
     const QWidget* other = static_cast<const QWidget*>(watched)->window();
@@ -239,7 +239,7 @@ void YScreen::closeEvent(QCloseEvent* event)
 // the user has put aside is not hidden.
 void YScreen::hideEvent(QHideEvent* event)
 {
-    if (!event->spontaneous() && !stack.empty())
+    if (!event->spontaneous() && !m_stack.empty())
         QMetaObject::invokeMethod(this, "closeIfHidden", Qt::QueuedConnection);
 }
 
@@ -253,8 +253,8 @@ void YScreen::closeIfHidden()
 void YScreen::closeLayers()
 {
     QPointer<YScreen> self(this);
-    while (self && !stack.empty()) {
-        QPointer<QWidget> top(stack.back()->widget);
+    while (self && !m_stack.empty()) {
+        QPointer<QWidget> top(m_stack.back()->widget);
         top->close();
         if (self && top && activeLayer() == top)
             top->hide();
@@ -263,7 +263,7 @@ void YScreen::closeLayers()
 
 void YScreen::resizeEvent(QResizeEvent*)
 {
-    shade->setGeometry(rect());
+    m_shade->setGeometry(rect());
 }
 
 void YScreen::keepFocus(QWidget*, QWidget* now)
@@ -276,7 +276,7 @@ void YScreen::keepFocus(QWidget*, QWidget* now)
 
 void YScreen::closeWhenEmpty()
 {
-    if (!stack.empty() || !isWindow())
+    if (!m_stack.empty() || !isWindow())
         return;
     hide();
     // A platform without a window manager still takes a hidden window for the active one; with a
@@ -286,20 +286,20 @@ void YScreen::closeWhenEmpty()
 
 YScreen::Layer* YScreen::find(const QObject* widget) const
 {
-    const auto found = std::find_if(layers.begin(), layers.end(), [widget](const Layer* layer) {
+    const auto found = std::find_if(m_layers.begin(), m_layers.end(), [widget](const Layer* layer) {
         return layer->widget == widget;
     });
-    return found == layers.end() ? nullptr : *found;
+    return found == m_layers.end() ? nullptr : *found;
 }
 
 void YScreen::shown(Layer* layer)
 {
-    stack.erase(std::remove(stack.begin(), stack.end(), layer), stack.end());
-    auto place = stack.end();
+    m_stack.erase(std::remove(m_stack.begin(), m_stack.end(), layer), m_stack.end());
+    auto place = m_stack.end();
     if (layer->kind == Kind::Page)
-        place = std::find_if(stack.begin(), stack.end(),
+        place = std::find_if(m_stack.begin(), m_stack.end(),
                              [](const Layer* other) { return other->kind == Kind::Popup; });
-    stack.insert(place, layer);
+    m_stack.insert(place, layer);
     restack();
     if (isWindow() && !isVisible()) {
         // A modal dialog blocks every window that is opened later and not modal itself.
@@ -312,30 +312,30 @@ void YScreen::shown(Layer* layer)
 
 void YScreen::hidden(Layer* layer)
 {
-    const auto found = std::find(stack.begin(), stack.end(), layer);
-    if (found == stack.end())
+    const auto found = std::find(m_stack.begin(), m_stack.end(), layer);
+    if (found == m_stack.end())
         return;
-    stack.erase(found);
+    m_stack.erase(found);
     restack();
     focusActive();
     // One dialog often follows another at once, so that the window waits for the next pass of the
     // event loop before it goes.
-    if (stack.empty())
+    if (m_stack.empty())
         QMetaObject::invokeMethod(this, "closeWhenEmpty", Qt::QueuedConnection);
 }
 
 void YScreen::restack()
 {
     const Layer* topModal = nullptr;
-    for (const Layer* layer : stack) {
+    for (const Layer* layer : m_stack) {
         layer->widget->raise();
         if (layer->modal && layer->kind == Kind::Popup)
             topModal = layer;
     }
-    isModal = topModal;
-    shade->setVisible(isModal);
+    m_isModal = topModal;
+    m_shade->setVisible(m_isModal);
     if (topModal)
-        shade->stackUnder(topModal->widget);
+        m_shade->stackUnder(topModal->widget);
 }
 
 void YScreen::focusActive()

@@ -64,10 +64,10 @@ private:
     void restack();
     void focusActive();
 
-    std::vector<Layer*> layers;
-    std::vector<Layer*> stack; // those that are shown, the top one last
-    QWidget* shade;
-    bool isModal = false; // a modal popup is shown
+    std::vector<Layer*> m_layers;
+    std::vector<Layer*> m_stack; // those that are shown, the top one last
+    QWidget* m_shade;
+    bool m_isModal = false; // a modal popup is shown
 };
 
 #endif

@@ -15,26 +15,26 @@
 class YScrollContents : public QWidget
 {
 public:
-    explicit YScrollContents(YScrollPanel* owner) : panel(owner) {}
+    explicit YScrollContents(YScrollPanel* owner) : m_panel(owner) {}
 
 protected:
     bool event(QEvent* event) override
     {
         // A child with a new size hint asks for it, and so does one that is shown or hidden.
         if (event->type() == QEvent::LayoutRequest)
-            panel->updateContents();
+            m_panel->updateContents();
         return QWidget::event(event);
     }
-    void keyPressEvent(QKeyEvent* event) override { panel->contentsKeyPressEvent(event); }
+    void keyPressEvent(QKeyEvent* event) override { m_panel->contentsKeyPressEvent(event); }
     void childEvent(QChildEvent* event) override
     {
         if (event->removed())
-            panel->contentsChildRemoved(event->child());
+            m_panel->contentsChildRemoved(event->child());
     }
-    bool focusNextPrevChild(bool next) override { return panel->focusNextPrevChild(next); }
+    bool focusNextPrevChild(bool next) override { return m_panel->focusNextPrevChild(next); }
 
 private:
-    YScrollPanel* panel;
+    YScrollPanel* m_panel;
 };
 
 namespace {

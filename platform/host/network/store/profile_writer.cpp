@@ -127,7 +127,7 @@ int ProfileWriter::move(const char* from, const char* to)
 
 int ProfileWriter::confirm()
 {
-    return base::syncFolder(m_folder.fd()) == 0 ? 0 : base::kNotSynced;
+    return base::syncFolder(m_folder.fd()) == 0 ? 0 : base::notSynced;
 }
 
 int ProfileWriter::create(const std::string& name, const NetworkProfile& record)
@@ -139,7 +139,7 @@ int ProfileWriter::create(const std::string& name, const NetworkProfile& record)
         error = buildFolder(record);
     if (error == 0)
         error = move(kPendingName, name.c_str());
-    if (error != 0 && error != base::kNotSynced)
+    if (error != 0 && error != base::notSynced)
         discardPending();
     // ENOENT: the store itself was taken away from under this writer.
     return error == ENOENT ? int(NAPI_ERR_IO) : network::fileResult(error);
@@ -156,7 +156,7 @@ int ProfileWriter::replaceRecord(int profile, const NetworkProfile& record)
         return error;
     // The profile's own name may be newer than the disk knows, where another program has renamed
     // it; so the folder of the profiles is synced too.
-    return base::syncFolder(profile) == 0 ? confirm() : base::kNotSynced;
+    return base::syncFolder(profile) == 0 ? confirm() : base::notSynced;
 }
 
 // For a profile that is damaged so far that not even its folder is one.
@@ -185,7 +185,7 @@ int ProfileWriter::modify(const std::string& name, const NetworkProfile& record)
 
 static bool isBack(int error)
 {
-    return error == 0 || error == base::kNotSynced;
+    return error == 0 || error == base::notSynced;
 }
 
 // Where the disk has not confirmed the new name, the record stays behind it for the next writer, so

@@ -20,7 +20,7 @@ constexpr quint64 restMilliseconds = 50; // a finger that rested so long does no
 
 } // namespace
 
-YFinger::YFinger(QAbstractScrollArea* scrolled) : QObject(scrolled), area(scrolled)
+YFinger::YFinger(QAbstractScrollArea* scrolled) : QObject(scrolled), m_area(scrolled)
 {
     // The contents' own children get the finger first, so that they have to be listened to as well.
     qApp->installEventFilter(this);
@@ -28,8 +28,8 @@ YFinger::YFinger(QAbstractScrollArea* scrolled) : QObject(scrolled), area(scroll
 
 void YFinger::stop()
 {
-    flick.stop();
-    speed = 0;
+    m_flick.stop();
+    m_speed = 0;
 }
 
 bool YFinger::eventFilter(QObject* watched, QEvent* event)
@@ -37,10 +37,10 @@ bool YFinger::eventFilter(QObject* watched, QEvent* event)
     const QEvent::Type type = event->type();
     const bool ofMouse = type == QEvent::MouseButtonPress || type == QEvent::MouseMove ||
                          type == QEvent::MouseButtonRelease;
-    if (!ofMouse || sending || !watched->isWidgetType())
+    if (!ofMouse || m_sending || !watched->isWidgetType())
         return false;
     auto* widget = static_cast<QWidget*>(watched);
-    if (widget != area->viewport() && !area->viewport()->isAncestorOf(widget))
+    if (widget != m_area->viewport() && !m_area->viewport()->isAncestorOf(widget))
         return false;
     const auto& mouse = *static_cast<QMouseEvent*>(event);
     if (type == QEvent::MouseButtonPress)
@@ -51,34 +51,35 @@ bool YFinger::eventFilter(QObject* watched, QEvent* event)
 bool YFinger::pressed(QWidget* widget, const QMouseEvent& event)
 {
     // What one widget does not want goes to the next one around it; the first one counts.
-    if (state != State::Idle)
-        return withheld;
+    if (m_state != State::Idle)
+        return m_withheld;
     stop();
-    state = State::Pressed;
-    target = widget;
-    start = last = event.globalPosition().y();
-    startValue = area->verticalScrollBar()->value();
-    lastTime = event.timestamp();
-    withheld = qobject_cast<QAbstractItemView*>(area) && widget == area->viewport();
-    return withheld;
+    m_state = State::Pressed;
+    m_target = widget;
+    m_start = m_last = event.globalPosition().y();
+    m_startValue = m_area->verticalScrollBar()->value();
+    m_lastTime = event.timestamp();
+    m_withheld = qobject_cast<QAbstractItemView*>(m_area) && widget == m_area->viewport();
+    return m_withheld;
 }
 
 bool YFinger::moved(const QMouseEvent& event)
 {
-    if (state == State::Idle)
+    if (m_state == State::Idle)
         return false;
     const double now = event.globalPosition().y();
-    const bool far = std::abs(now - start) >= tapDistance;
-    if (state == State::Pressed && far && area->verticalScrollBar()->maximum() > 0)
+    const bool far = std::abs(now - m_start) >= tapDistance;
+    if (m_state == State::Pressed && far && m_area->verticalScrollBar()->maximum() > 0)
         takeOver(event);
-    if (state != State::Dragging)
-        return withheld;
-    area->verticalScrollBar()->setValue(startValue + static_cast<int>(std::lround(start - now)));
-    const quint64 elapsed = event.timestamp() - lastTime;
+    if (m_state != State::Dragging)
+        return m_withheld;
+    m_area->verticalScrollBar()->setValue(m_startValue +
+                                          static_cast<int>(std::lround(m_start - now)));
+    const quint64 elapsed = event.timestamp() - m_lastTime;
     if (elapsed > 0) {
-        speed = (last - now) / static_cast<double>(elapsed);
-        last = now;
-        lastTime = event.timestamp();
+        m_speed = (m_last - now) / static_cast<double>(elapsed);
+        m_last = now;
+        m_lastTime = event.timestamp();
     }
     return true;
 }
@@ -86,15 +87,15 @@ bool YFinger::moved(const QMouseEvent& event)
 // What was pressed is told that the finger has left it.
 void YFinger::takeOver(const QMouseEvent& event)
 {
-    if (!withheld)
+    if (!m_withheld)
         send(QEvent::MouseButtonRelease, event, QPointF(-10000, -10000));
-    state = State::Dragging;
+    m_state = State::Dragging;
 }
 
 bool YFinger::released(const QMouseEvent& event)
 {
-    const State was = std::exchange(state, State::Idle);
-    if (was == State::Pressed && withheld) {
+    const State was = std::exchange(m_state, State::Idle);
+    if (was == State::Pressed && m_withheld) {
         const QPointF local = event.position();
         send(QEvent::MouseButtonPress, event, local);
         send(QEvent::MouseButtonRelease, event, local);
@@ -102,38 +103,38 @@ bool YFinger::released(const QMouseEvent& event)
     }
     if (was != State::Dragging)
         return false;
-    const bool rested = event.timestamp() - lastTime > restMilliseconds;
-    if (!rested && std::abs(speed) > slowestSpeed) {
-        position = area->verticalScrollBar()->value();
-        flick.start(frameMilliseconds, this);
+    const bool rested = event.timestamp() - m_lastTime > restMilliseconds;
+    if (!rested && std::abs(m_speed) > slowestSpeed) {
+        m_position = m_area->verticalScrollBar()->value();
+        m_flick.start(frameMilliseconds, this);
     }
     return true;
 }
 
 void YFinger::send(QEvent::Type type, const QMouseEvent& like, const QPointF& local)
 {
-    if (!target)
+    if (!m_target)
         return;
     const Qt::MouseButtons buttons =
         type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton;
-    QMouseEvent event(type, local, target->mapToGlobal(local), Qt::LeftButton, buttons,
+    QMouseEvent event(type, local, m_target->mapToGlobal(local), Qt::LeftButton, buttons,
                       like.modifiers());
     QPointer<YFinger> self(this);
-    sending = true;
-    QCoreApplication::sendEvent(target, &event);
+    m_sending = true;
+    QCoreApplication::sendEvent(m_target, &event);
     if (self)
-        sending = false;
+        m_sending = false;
 }
 
 void YFinger::timerEvent(QTimerEvent* event)
 {
-    if (event->timerId() != flick.timerId())
+    if (event->timerId() != m_flick.timerId())
         return;
-    QScrollBar* bar = area->verticalScrollBar();
-    position += speed * frameMilliseconds;
-    speed *= keptSpeed;
-    bar->setValue(static_cast<int>(std::lround(position)));
-    const bool atEnd = position <= bar->minimum() || position >= bar->maximum();
-    if (atEnd || std::abs(speed) < slowestSpeed || !area->isVisible())
+    QScrollBar* bar = m_area->verticalScrollBar();
+    m_position += m_speed * frameMilliseconds;
+    m_speed *= keptSpeed;
+    bar->setValue(static_cast<int>(std::lround(m_position)));
+    const bool atEnd = m_position <= bar->minimum() || m_position >= bar->maximum();
+    if (atEnd || std::abs(m_speed) < slowestSpeed || !m_area->isVisible())
         stop();
 }

@@ -39,18 +39,18 @@ private:
 
     enum class State { Idle, Pressed, Dragging };
 
-    QAbstractScrollArea* area;
-    State state = State::Idle;
-    bool withheld = false; // a list must not know of the press before it is a tap
-    bool sending = false;
-    QPointer<QWidget> target; // where the finger came down
-    double start = 0;         // where on the screen it did, in pixels from the top
-    int startValue = 0;       // and how far the area was scrolled then
-    double last = 0;
-    quint64 lastTime = 0; // milliseconds
-    double speed = 0;     // of the contents, in pixels a millisecond
-    double position = 0;  // of the contents during a flick
-    QBasicTimer flick;
+    QAbstractScrollArea* m_area;
+    State m_state = State::Idle;
+    bool m_withheld = false; // a list must not know of the press before it is a tap
+    bool m_sending = false;
+    QPointer<QWidget> m_target; // where the finger came down
+    double m_start = 0;         // where on the screen it did, in pixels from the top
+    int m_startValue = 0;       // and how far the area was scrolled then
+    double m_last = 0;
+    quint64 m_lastTime = 0; // milliseconds
+    double m_speed = 0;     // of the contents, in pixels a millisecond
+    double m_position = 0;  // of the contents during a flick
+    QBasicTimer m_flick;
 };
 
 #endif

@@ -57,7 +57,7 @@ QString capitals(const QString& letters)
 
 } // namespace
 
-YMultiTap::YMultiTap(YInputField* owner) : QObject(owner), field(owner) {}
+YMultiTap::YMultiTap(YInputField* owner) : QObject(owner), m_field(owner) {}
 
 bool YMultiTap::press(const QKeyEvent& event)
 {
@@ -68,48 +68,48 @@ bool YMultiTap::press(const QKeyEvent& event)
         hold(key);
         return true;
     }
-    held = false;
+    m_held = false;
     if (key == Qt::Key_NumberSign && !givesDigitsOnly()) {
         nextMode();
         return true;
     }
     const QString letters = lettersOf(key);
-    const bool again = key == pendingKey;
+    const bool again = key == m_pendingKey;
     if (!again)
         commit();
     // Where nothing was typed, the next press is not to replace what stands there.
-    if (!chooseFrom(letters, again ? pendingIndex + 1 : 0, again) || letters.size() == 1)
+    if (!chooseFrom(letters, again ? m_pendingIndex + 1 : 0, again) || letters.size() == 1)
         return true;
-    pendingKey = key;
-    timer.start(letterMilliseconds, this);
+    m_pendingKey = key;
+    m_timer.start(letterMilliseconds, this);
     emit modeChanged();
     return true;
 }
 
 void YMultiTap::commit()
 {
-    timer.stop();
-    pendingIndex = 0;
-    if (std::exchange(pendingKey, 0))
+    m_timer.stop();
+    m_pendingIndex = 0;
+    if (std::exchange(m_pendingKey, 0))
         emit modeChanged();
 }
 
 QString YMultiTap::modeText() const
 {
-    if (pendingKey) {
-        const QString letters = lettersOf(pendingKey);
+    if (m_pendingKey) {
+        const QString letters = lettersOf(m_pendingKey);
         const auto digit = std::find_if(letters.begin(), letters.end(),
                                         [](QChar letter) { return letter.isDigit(); });
         return letters.left(std::min<qsizetype>(digit - letters.begin() + 1, mostShown));
     }
-    if (givesDigitsOnly() || mode == Letters::Digits)
+    if (givesDigitsOnly() || m_mode == Letters::Digits)
         return QStringLiteral("123");
-    return mode == Letters::Capital ? QStringLiteral("ABC") : QStringLiteral("abc");
+    return m_mode == Letters::Capital ? QStringLiteral("ABC") : QStringLiteral("abc");
 }
 
 void YMultiTap::timerEvent(QTimerEvent* event)
 {
-    if (event->timerId() == timer.timerId())
+    if (event->timerId() == m_timer.timerId())
         commit();
     else
         QObject::timerEvent(event);
@@ -117,27 +117,27 @@ void YMultiTap::timerEvent(QTimerEvent* event)
 
 bool YMultiTap::givesDigitsOnly() const
 {
-    const int input = field->inputMode();
+    const int input = m_field->inputMode();
     return input == YInputField::NumericInput || input == YInputField::DialNumberInput;
 }
 
 QString YMultiTap::lettersOf(int key) const
 {
     const KeyLetters& row = *rowOf(key);
-    if (field->inputMode() == YInputField::DialNumberInput)
+    if (m_field->inputMode() == YInputField::DialNumberInput)
         return QString::fromUtf16(row.dial);
-    if (field->inputMode() == YInputField::NumericInput || mode == Letters::Digits)
+    if (m_field->inputMode() == YInputField::NumericInput || m_mode == Letters::Digits)
         return QString::fromUtf16(row.digits);
     const QString letters = QString::fromUtf16(row.letters);
-    return mode == Letters::Capital ? capitals(letters) : letters;
+    return m_mode == Letters::Capital ? capitals(letters) : letters;
 }
 
 void YMultiTap::nextMode()
 {
     commit();
-    mode = mode == Letters::Small     ? Letters::Capital
-           : mode == Letters::Capital ? Letters::Digits
-                                      : Letters::Small;
+    m_mode = m_mode == Letters::Small     ? Letters::Capital
+             : m_mode == Letters::Capital ? Letters::Digits
+                                          : Letters::Small;
     emit modeChanged();
 }
 
@@ -148,7 +148,7 @@ bool YMultiTap::chooseFrom(const QString& letters, int first, bool replacing)
     for (int i = 0; i < count; ++i) {
         const int index = (first + i) % count;
         if (put(letters[index], replacing)) {
-            pendingIndex = index;
+            m_pendingIndex = index;
             return true;
         }
     }
@@ -157,20 +157,20 @@ bool YMultiTap::chooseFrom(const QString& letters, int first, bool replacing)
 
 bool YMultiTap::put(QChar letter, bool replacing)
 {
-    const int cursor = field->cursorPosition();
-    const QString before = field->text();
+    const int cursor = m_field->cursorPosition();
+    const QString before = m_field->text();
     if (replacing) {
         if (cursor > 0 && before[cursor - 1] == letter)
             return true;
-        field->setSelection(cursor - 1, 1);
+        m_field->setSelection(cursor - 1, 1);
     }
-    const bool selected = field->hasSelectedText();
-    field->insert(YInputMode::filtered(field->inputMode(), QString(letter)));
-    if (field->text() != before || (selected && !field->hasSelectedText()))
+    const bool selected = m_field->hasSelectedText();
+    m_field->insert(YInputMode::filtered(m_field->inputMode(), QString(letter)));
+    if (m_field->text() != before || (selected && !m_field->hasSelectedText()))
         return true;
     if (replacing) {
-        field->deselect();
-        field->setCursorPosition(cursor);
+        m_field->deselect();
+        m_field->setCursorPosition(cursor);
     }
     return false;
 }
@@ -178,12 +178,12 @@ bool YMultiTap::put(QChar letter, bool replacing)
 // A key that is held gives its digit, once.
 void YMultiTap::hold(int key)
 {
-    if (held || key == Qt::Key_Asterisk || key == Qt::Key_NumberSign)
+    if (m_held || key == Qt::Key_Asterisk || key == Qt::Key_NumberSign)
         return;
-    held = true;
-    if (field->inputMode() == YInputField::DialNumberInput && key == Qt::Key_0)
-        put('+', pendingKey == key);
-    else if (pendingKey == key)
+    m_held = true;
+    if (m_field->inputMode() == YInputField::DialNumberInput && key == Qt::Key_0)
+        put('+', m_pendingKey == key);
+    else if (m_pendingKey == key)
         put(QChar('0' + (key - Qt::Key_0)), true);
     commit();
 }

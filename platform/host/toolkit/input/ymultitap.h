@@ -42,12 +42,12 @@ private:
     bool put(QChar letter, bool replacing);
     void hold(int key);
 
-    YInputField* field;
-    Letters mode = Letters::Small;
-    int pendingKey = 0;
-    int pendingIndex = 0;
-    bool held = false;
-    QBasicTimer timer;
+    YInputField* m_field;
+    Letters m_mode = Letters::Small;
+    int m_pendingKey = 0;
+    int m_pendingIndex = 0;
+    bool m_held = false;
+    QBasicTimer m_timer;
 };
 
 #endif

@@ -103,13 +103,13 @@ void paintSubItem(QPainter& painter, const YListSubItem& subItem, const YRowFont
 } // namespace
 
 YListDelegate::YListDelegate(QObject* parent, const YListModel& rows)
-    : QStyledItemDelegate(parent), model(rows), plainFont(false), strongFont(true)
+    : QStyledItemDelegate(parent), m_model(rows), m_plainFont(false), m_strongFont(true)
 {}
 
 void YListDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                           const QModelIndex& index) const
 {
-    const YListBoxItem* item = model.item(index.row());
+    const YListBoxItem* item = m_model.item(index.row());
     if (!item)
         return;
     const YTheme& theme = YTheme::current();
@@ -126,7 +126,7 @@ void YListDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
     if (hasMark(index.row())) {
         const QRect mark(place.left(), place.top() + (place.height() - markSize) / 2, markSize,
                          markSize);
-        paintMark(*painter, mark, item == model.checked(), painter->pen().color());
+        paintMark(*painter, mark, item == m_model.checked(), painter->pen().color());
         place.setLeft(mark.right() + 1 + gap);
     }
     const auto& subItems = item->d->subItems;
@@ -148,7 +148,7 @@ QSize YListDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIn
 
 int YListDelegate::height(int row, int width) const
 {
-    const YListBoxItem* item = model.item(row);
+    const YListBoxItem* item = m_model.item(row);
     if (!item || item->d->subItems.empty())
         return YTheme::rowHeight();
     const auto& subItems = item->d->subItems;
@@ -169,11 +169,11 @@ int YListDelegate::height(int row, int width) const
 
 const YRowFont& YListDelegate::fontOf(const YListSubItem& subItem) const
 {
-    return subItem.strong ? strongFont : plainFont;
+    return subItem.strong ? m_strongFont : m_plainFont;
 }
 
 bool YListDelegate::hasMark(int row) const
 {
-    const QString own = model.item(row)->type();
+    const QString own = m_model.item(row)->type();
     return (own.isNull() ? listType : own).contains(QStringLiteral("%R"));
 }

@@ -32,9 +32,9 @@ private:
     const YRowFont& fontOf(const YListSubItem& subItem) const;
     bool hasMark(int row) const;
 
-    const YListModel& model;
-    const YRowFont plainFont;
-    const YRowFont strongFont;
+    const YListModel& m_model;
+    const YRowFont m_plainFont;
+    const YRowFont m_strongFont;
 };
 
 #endif

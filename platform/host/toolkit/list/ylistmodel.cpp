@@ -14,7 +14,7 @@ YListModel::~YListModel()
 
 int YListModel::rowCount(const QModelIndex& parent) const
 {
-    return parent.isValid() ? 0 : static_cast<int>(rows.size());
+    return parent.isValid() ? 0 : static_cast<int>(m_rows.size());
 }
 
 QVariant YListModel::data(const QModelIndex& index, int role) const
@@ -25,38 +25,38 @@ QVariant YListModel::data(const QModelIndex& index, int role) const
     if (role == Qt::DisplayRole)
         return at->d->wholeText();
     if (role == Qt::CheckStateRole)
-        return at == checkedItem ? Qt::Checked : Qt::Unchecked;
+        return at == m_checkedItem ? Qt::Checked : Qt::Unchecked;
     return QVariant();
 }
 
 YListBoxItem* YListModel::item(int row) const
 {
-    return row >= 0 && row < rowCount() ? rows[static_cast<std::size_t>(row)] : nullptr;
+    return row >= 0 && row < rowCount() ? m_rows[static_cast<std::size_t>(row)] : nullptr;
 }
 
 int YListModel::row(const YListBoxItem* item) const
 {
     // The last row is asked for most: rows are added at the end and then checked.
-    const auto found = std::find(rows.rbegin(), rows.rend(), item);
-    return found == rows.rend() ? -1 : static_cast<int>(rows.rend() - found) - 1;
+    const auto found = std::find(m_rows.rbegin(), m_rows.rend(), item);
+    return found == m_rows.rend() ? -1 : static_cast<int>(m_rows.rend() - found) - 1;
 }
 
 void YListModel::insert(int row, YListBoxItem* item)
 {
     beginInsertRows(QModelIndex(), row, row);
-    rows.insert(rows.begin() + row, item);
+    m_rows.insert(m_rows.begin() + row, item);
     item->d->inserted = true;
     endInsertRows();
 }
 
 void YListModel::take(int row)
 {
-    YListBoxItem* item = rows[static_cast<std::size_t>(row)];
+    YListBoxItem* item = m_rows[static_cast<std::size_t>(row)];
     beginRemoveRows(QModelIndex(), row, row);
-    rows.erase(rows.begin() + row);
+    m_rows.erase(m_rows.begin() + row);
     item->d->inserted = false;
-    if (checkedItem == item)
-        checkedItem = nullptr;
+    if (m_checkedItem == item)
+        m_checkedItem = nullptr;
     endRemoveRows();
 }
 
@@ -68,9 +68,9 @@ void YListModel::refresh(int row)
 void YListModel::clear()
 {
     beginResetModel();
-    rows.clear();
-    checkedItem = nullptr;
-    const std::unordered_set<YListBoxItem*> items = std::exchange(owned, {});
+    m_rows.clear();
+    m_checkedItem = nullptr;
+    const std::unordered_set<YListBoxItem*> items = std::exchange(m_owned, {});
     for (YListBoxItem* item : items) {
         item->d->list = nullptr;
         delete item;
@@ -80,10 +80,10 @@ void YListModel::clear()
 
 void YListModel::check(YListBoxItem* item)
 {
-    if (item == checkedItem)
+    if (item == m_checkedItem)
         return;
-    const int before = checkedItem ? row(checkedItem) : -1;
-    checkedItem = item;
+    const int before = m_checkedItem ? row(m_checkedItem) : -1;
+    m_checkedItem = item;
     for (const int changed : {before, item ? row(item) : -1})
         if (changed >= 0)
             refresh(changed);

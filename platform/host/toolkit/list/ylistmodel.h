@@ -31,16 +31,16 @@ public:
     // Deletes all items.
     void clear();
 
-    void adopt(YListBoxItem* item) { owned.insert(item); }
-    void disown(YListBoxItem* item) { owned.erase(item); }
+    void adopt(YListBoxItem* item) { m_owned.insert(item); }
+    void disown(YListBoxItem* item) { m_owned.erase(item); }
 
-    YListBoxItem* checked() const { return checkedItem; }
+    YListBoxItem* checked() const { return m_checkedItem; }
     void check(YListBoxItem* item);
 
 private:
-    std::vector<YListBoxItem*> rows;
-    std::unordered_set<YListBoxItem*> owned;
-    YListBoxItem* checkedItem = nullptr;
+    std::vector<YListBoxItem*> m_rows;
+    std::unordered_set<YListBoxItem*> m_owned;
+    YListBoxItem* m_checkedItem = nullptr;
 };
 
 #endif

@@ -40,18 +40,18 @@ void YBusy::paintEvent(QPaintEvent*)
     painter.drawEllipse(ring);
     painter.setPen(QPen(theme.accent, thickness, Qt::SolidLine, Qt::RoundCap));
     // Angles are sixteenths of a degree, counted against the clock from three o'clock.
-    painter.drawArc(ring, (90 - step * 360 / steps) * 16, -litDegrees * 16);
+    painter.drawArc(ring, (90 - m_step * 360 / steps) * 16, -litDegrees * 16);
 }
 
 void YBusy::showEvent(QShowEvent*)
 {
-    timer.start(stepMilliseconds, this);
+    m_timer.start(stepMilliseconds, this);
     tellBusy();
 }
 
 void YBusy::hideEvent(QHideEvent*)
 {
-    timer.stop();
+    m_timer.stop();
     tellBusy();
 }
 
@@ -64,8 +64,8 @@ void YBusy::tellBusy()
 
 void YBusy::timerEvent(QTimerEvent* event)
 {
-    if (event->timerId() != timer.timerId())
+    if (event->timerId() != m_timer.timerId())
         return QWidget::timerEvent(event);
-    step = (step + 1) % steps;
+    m_step = (m_step + 1) % steps;
     update();
 }

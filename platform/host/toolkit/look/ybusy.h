@@ -24,8 +24,8 @@ protected:
 private:
     void tellBusy();
 
-    QBasicTimer timer;
-    int step = 0;
+    QBasicTimer m_timer;
+    int m_step = 0;
 };
 
 #endif

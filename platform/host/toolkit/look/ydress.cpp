@@ -40,12 +40,12 @@ bool liesInDressed(const QWidget& widget)
 class Wardrobe : public QObject
 {
 public:
-    explicit Wardrobe(QObject* parent) : QObject(parent) { style.setParent(this); }
+    explicit Wardrobe(QObject* parent) : QObject(parent) { m_style.setParent(this); }
 
     void dress(QWidget* widget)
     {
         if (!widget->testAttribute(Qt::WA_SetStyle))
-            widget->setStyle(&style);
+            widget->setStyle(&m_style);
     }
 
     bool eventFilter(QObject* watched, QEvent* event) override
@@ -66,7 +66,7 @@ private:
             widget->setAutoFillBackground(!inside);
     }
 
-    YStyle style;
+    YStyle m_style;
 };
 
 // Made for the application object that is there, and deleted with it.

@@ -6,47 +6,47 @@
 #include "toolkit/look/ytextlabel.h"
 #include "toolkit/look/ytheme.h"
 
-YMessageText::YMessageText(QWidget* parent) : QScrollArea(parent), label(new YTextLabel(this))
+YMessageText::YMessageText(QWidget* parent) : QScrollArea(parent), m_label(new YTextLabel(this))
 {
-    label->setObjectName(QStringLiteral("text"));
-    label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-    label->setContentsMargins(YTheme::margin, YTheme::margin, YTheme::margin, YTheme::margin);
-    setWidget(label);
+    m_label->setObjectName(QStringLiteral("text"));
+    m_label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    m_label->setContentsMargins(YTheme::margin, YTheme::margin, YTheme::margin, YTheme::margin);
+    setWidget(m_label);
     setWidgetResizable(true);
     setFrameShape(NoFrame);
     setFocusPolicy(Qt::NoFocus);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     new YFinger(this);
     viewport()->setAutoFillBackground(false);
-    label->setAutoFillBackground(false);
+    m_label->setAutoFillBackground(false);
 }
 
 void YMessageText::setText(const QString& text)
 {
-    label->setText(text);
+    m_label->setText(text);
     showBarIfNeeded();
 }
 
 QString YMessageText::text() const
 {
-    return label->text();
+    return m_label->text();
 }
 
 int YMessageText::heightFor(int width) const
 {
-    return label->heightForWidth(width);
+    return m_label->heightForWidth(width);
 }
 
 int YMessageText::fit(int width, int most)
 {
     QFont letters = YTheme::bodyFont();
-    label->setFont(letters);
+    m_label->setFont(letters);
     while (heightFor(width) > most && letters.pixelSize() > YTheme::smallFont().pixelSize()) {
         letters.setPixelSize(letters.pixelSize() - 1);
-        label->setFont(letters);
+        m_label->setFont(letters);
     }
     if (heightFor(width) > most)
-        label->setFont(YTheme::bodyFont());
+        m_label->setFont(YTheme::bodyFont());
     return heightFor(width);
 }
 
@@ -54,7 +54,7 @@ bool YMessageText::scrollByKey(int key)
 {
     if (key != Qt::Key_Up && key != Qt::Key_Down)
         return false;
-    const int line = label->fontMetrics().lineSpacing();
+    const int line = m_label->fontMetrics().lineSpacing();
     QScrollBar* bar = verticalScrollBar();
     bar->setValue(bar->value() + (key == Qt::Key_Down ? line : -line));
     return true;

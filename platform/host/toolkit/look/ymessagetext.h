@@ -30,7 +30,7 @@ protected:
 private:
     void showBarIfNeeded();
 
-    YTextLabel* label;
+    YTextLabel* m_label;
 };
 
 #endif

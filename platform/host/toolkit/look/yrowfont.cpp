@@ -14,25 +14,25 @@ QFont rowFont(bool strong)
 
 } // namespace
 
-YRowFont::YRowFont(bool strong) : face(rowFont(strong)), measure(face)
+YRowFont::YRowFont(bool strong) : m_face(rowFont(strong)), m_measure(m_face)
 {
-    for (std::size_t code = 0; code < advances.size(); ++code)
-        advances[code] = measure.horizontalAdvance(QChar(static_cast<char16_t>(code)));
+    for (std::size_t code = 0; code < m_advances.size(); ++code)
+        m_advances[code] = m_measure.horizontalAdvance(QChar(static_cast<char16_t>(code)));
 }
 
 bool YRowFont::fits(const QString& text, int width) const
 {
     int sum = 0;
     for (const QChar letter : text) {
-        if (letter.unicode() >= advances.size())
-            return measure.horizontalAdvance(text) < width;
-        sum += advances[letter.unicode()];
+        if (letter.unicode() >= m_advances.size())
+            return m_measure.horizontalAdvance(text) < width;
+        sum += m_advances[letter.unicode()];
     }
     // Kerning and rounding change the sum by less than a pixel a letter.
-    return sum + text.size() <= width || measure.horizontalAdvance(text) < width;
+    return sum + text.size() <= width || m_measure.horizontalAdvance(text) < width;
 }
 
 int YRowFont::wrappedHeight(const QString& text, int width) const
 {
-    return YWrap::height(face, text, width);
+    return YWrap::height(m_face, text, width);
 }

@@ -13,8 +13,8 @@ class YRowFont
 public:
     explicit YRowFont(bool strong);
 
-    const QFont& font() const { return face; }
-    const QFontMetrics& metrics() const { return measure; }
+    const QFont& font() const { return m_face; }
+    const QFontMetrics& metrics() const { return m_measure; }
 
     // Whether the text fits `width` pixels in one line. Adding up the letters' widths answers it
     // for nearly every text, ten times quicker than laying the text out, which counts with ten
@@ -24,9 +24,9 @@ public:
     int wrappedHeight(const QString& text, int width) const;
 
 private:
-    QFont face;
-    QFontMetrics measure;
-    std::array<int, 128> advances; // of the letters of ASCII
+    QFont m_face;
+    QFontMetrics m_measure;
+    std::array<int, 128> m_advances; // of the letters of ASCII
 };
 
 #endif

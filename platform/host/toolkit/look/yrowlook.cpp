@@ -33,20 +33,20 @@ bool isLatin(const QString& text)
 
 void YRowLook::setCompact(bool isCompact)
 {
-    compact = isCompact;
-    measuredWidth = -1;
+    m_compact = isCompact;
+    m_measuredWidth = -1;
 }
 
 void YRowLook::setLabel(const QString& newText)
 {
-    text = newText;
-    lineWidth = -1;
-    measuredWidth = -1;
+    m_text = newText;
+    m_lineWidth = -1;
+    m_measuredWidth = -1;
 }
 
 void YRowLook::setBoxHeight(int height)
 {
-    box = height;
+    m_box = height;
 }
 
 int YRowLook::boxHeight()
@@ -57,24 +57,24 @@ int YRowLook::boxHeight()
 int YRowLook::heightForWidth(int width) const
 {
     const QMargins around = margins();
-    return around.top() + labelHeight(width) + box + around.bottom();
+    return around.top() + labelHeight(width) + m_box + around.bottom();
 }
 
 QRect YRowLook::boxR(const QSize& row) const
 {
     const QRect inner = QRect(QPoint(), row).marginsRemoved(margins());
-    return QRect(inner.left(), inner.bottom() + 1 - box, inner.width(), box);
+    return QRect(inner.left(), inner.bottom() + 1 - m_box, inner.width(), m_box);
 }
 
 QRect YRowLook::textR(const QSize& row) const
 {
-    const int side = compact ? YTheme::focusWidth + 1 : textMargin;
+    const int side = m_compact ? YTheme::focusWidth + 1 : textMargin;
     return boxR(row).adjusted(side, YTheme::focusWidth, -side, -YTheme::focusWidth);
 }
 
 void YRowLook::drawLabel(QPainter& painter, const QSize& row, State state) const
 {
-    if (text.isEmpty())
+    if (m_text.isEmpty())
         return;
     const YTheme& theme = YTheme::current();
     QRect line = QRect(QPoint(), row).marginsRemoved(margins());
@@ -83,7 +83,7 @@ void YRowLook::drawLabel(QPainter& painter, const QSize& row, State state) const
     painter.setPen(!state.enabled  ? theme.disabledText
                    : state.focused ? theme.accent
                                    : theme.mutedText);
-    YWrap::draw(painter, line, Qt::AlignLeft | Qt::AlignTop, text);
+    YWrap::draw(painter, line, Qt::AlignLeft | Qt::AlignTop, m_text);
 }
 
 // The surface is filled over the edge's colour: tracing a round edge takes several times as long.
@@ -131,27 +131,27 @@ void YRowLook::reveal(QWidget* row)
 
 int YRowLook::labelHeight(int width) const
 {
-    if (text.isEmpty())
+    if (m_text.isEmpty())
         return 0;
     const QFontMetrics metrics(labelFont());
-    if (lineWidth < 0) {
+    if (m_lineWidth < 0) {
         // The sum of the letters' widths is rounded.
-        lineWidth = metrics.horizontalAdvance(text) + 1;
-        lineHeight =
-            isLatin(text) ? metrics.height() : metrics.size(Qt::TextSingleLine, text).height();
+        m_lineWidth = metrics.horizontalAdvance(m_text) + 1;
+        m_lineHeight =
+            isLatin(m_text) ? metrics.height() : metrics.size(Qt::TextSingleLine, m_text).height();
     }
     const QMargins around = margins();
     const int room = width - around.left() - around.right();
-    if (lineWidth <= room)
-        return labelGap + lineHeight;
-    if (width != measuredWidth) {
-        measuredWidth = width;
-        measuredHeight = labelGap + YWrap::height(labelFont(), text, room);
+    if (m_lineWidth <= room)
+        return labelGap + m_lineHeight;
+    if (width != m_measuredWidth) {
+        m_measuredWidth = width;
+        m_measuredHeight = labelGap + YWrap::height(labelFont(), m_text, room);
     }
-    return measuredHeight;
+    return m_measuredHeight;
 }
 
 QMargins YRowLook::margins() const
 {
-    return compact ? QMargins() : rowMargins;
+    return m_compact ? QMargins() : rowMargins;
 }

@@ -22,10 +22,10 @@ public:
 
     // Whether a row keeps a distance to the edges of the form, or is a part of another row.
     void setCompact(bool compact);
-    bool isCompact() const { return compact; }
+    bool isCompact() const { return m_compact; }
 
     void setLabel(const QString& text);
-    const QString& label() const { return text; }
+    const QString& label() const { return m_text; }
 
     // A box for a text that one line has no room for is higher than the usual one.
     void setBoxHeight(int height);
@@ -52,14 +52,14 @@ private:
     int labelHeight(int width) const;
     QMargins margins() const;
 
-    QString text;
-    bool compact = false;
-    int box = boxHeight();
+    QString m_text;
+    bool m_compact = false;
+    int m_box = boxHeight();
     // What was measured of the label; forms ask for it again and again.
-    mutable int lineWidth = -1;
-    mutable int lineHeight = 0;
-    mutable int measuredWidth = -1;
-    mutable int measuredHeight = 0;
+    mutable int m_lineWidth = -1;
+    mutable int m_lineHeight = 0;
+    mutable int m_measuredWidth = -1;
+    mutable int m_measuredHeight = 0;
 };
 
 #endif

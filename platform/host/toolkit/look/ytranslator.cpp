@@ -54,7 +54,7 @@ void installTranslator()
 Q_COREAPP_STARTUP_FUNCTION(installTranslator)
 
 YTranslator::YTranslator(QObject* parent, const QString& locale)
-    : QTranslator(parent), texts(readCatalogue(catalogueOf(QLocale(locale))))
+    : QTranslator(parent), m_texts(readCatalogue(catalogueOf(QLocale(locale))))
 {}
 
 QString YTranslator::chosenLocale()
@@ -67,7 +67,7 @@ QString YTranslator::translate(const char* /*context*/, const char* id, const ch
 {
     if (!id || !isResourceId(id))
         return QString();
-    const QString text = texts.value(QByteArray::fromRawData(id, qsizetype(std::strlen(id))));
+    const QString text = m_texts.value(QByteArray::fromRawData(id, qsizetype(std::strlen(id))));
     if (!text.isEmpty())
         return text;
     return defaultText ? QString::fromUtf8(defaultText) : QString();

@@ -27,7 +27,7 @@ public:
                       int n) const override;
 
 private:
-    QHash<QByteArray, QString> texts;
+    QHash<QByteArray, QString> m_texts;
 };
 
 #endif

@@ -58,17 +58,17 @@ void YWrap::draw(QLabel& label)
 
 int YWrapHeight::at(const QFont& font, const QString& text, int width)
 {
-    if (text != measuredText || font != measuredFont) {
-        measuredText = text;
-        measuredFont = font;
-        widths[0] = widths[1] = -1;
+    if (text != m_measuredText || font != m_measuredFont) {
+        m_measuredText = text;
+        m_measuredFont = font;
+        m_widths[0] = m_widths[1] = -1;
     }
     for (int i : {0, 1})
-        if (widths[i] == width)
-            return heights[i];
-    const int place = oldest;
-    oldest = 1 - oldest;
-    widths[place] = width;
-    heights[place] = YWrap::height(font, text, width);
-    return heights[place];
+        if (m_widths[i] == width)
+            return m_heights[i];
+    const int place = m_oldest;
+    m_oldest = 1 - m_oldest;
+    m_widths[place] = width;
+    m_heights[place] = YWrap::height(font, text, width);
+    return m_heights[place];
 }

@@ -33,11 +33,11 @@ public:
     int at(const QFont& font, const QString& text, int width);
 
 private:
-    QFont measuredFont;
-    QString measuredText;
-    int widths[2] = {-1, -1};
-    int heights[2] = {0, 0};
-    int oldest = 0;
+    QFont m_measuredFont;
+    QString m_measuredText;
+    int m_widths[2] = {-1, -1};
+    int m_heights[2] = {0, 0};
+    int m_oldest = 0;
 };
 
 #endif

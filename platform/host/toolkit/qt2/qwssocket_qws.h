@@ -51,7 +51,7 @@ private Q_SLOTS:
 private:
     class Buffer;
     struct Private;
-    Private* d;
+    Private* m_d;
 };
 
 #endif
