@@ -111,9 +111,9 @@ TEST_F(AddressField, SetsEachSegmentUpForAnOctet)
 
 TEST_F(AddressField, HasItsPreferredSizeAtFirst)
 {
-    const IPAddressEdit field;
-    EXPECT_EQ(field.size(), field.sizeHint());
-    EXPECT_GE(field.width(), 4 * 40);
+    const IPAddressEdit fresh;
+    EXPECT_EQ(fresh.size(), fresh.sizeHint());
+    EXPECT_GE(fresh.width(), 4 * 40);
 }
 
 struct Text
