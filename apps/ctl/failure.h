@@ -31,6 +31,7 @@ enum class Exit : int {
     Output = 18,
     Password = 19,
     Internal = 20,
+    Service = 21,
     HungUp = 129,
     Interrupted = 130,
     Pipe = 141,

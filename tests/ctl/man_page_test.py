@@ -68,7 +68,7 @@ class ManPage(unittest.TestCase):
         self.assertEqual(done.stdout.split(), re.split(", | or ", said))
 
     def test_it_names_the_fields_that_each_list_can_show(self):
-        for leaf in (["profile", "list"], ["profile", "show"], ["setting", "list"], ["feature", "list"], ["operator", "search"]):
+        for leaf in (["profile", "list"], ["profile", "show"], ["setting", "list"], ["feature", "list"], ["operator", "search"], ["device", "list"]):
             words = [VORNCTL, "--complete", *leaf, "--fields="]
             done = subprocess.run(words, capture_output=True, text=True, check=True)
             offered = [line.split("=")[1] for line in done.stdout.split()]

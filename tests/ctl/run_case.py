@@ -26,6 +26,7 @@ def environment(folder, vornctl, preload, disk):
         "HOME": str(folder / "home"),
         "LC_ALL": "C",
         "VORN_ROOT": str(folder / "root"),
+        "DBUS_SYSTEM_BUS_ADDRESS": f"unix:path={folder / 'no-bus'}",
         "VORN_TEST_VORNCTL": vornctl,
         "VORN_TEST_PRELOAD": preload,
         "VORN_TEST_CALLS": str(folder / "here" / "calls"),

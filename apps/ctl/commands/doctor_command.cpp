@@ -1,4 +1,5 @@
-// "doctor": everything below the root that is damaged, and what a person can do about it.
+// "doctor": everything below the root that is damaged or keeps links from opening, and what a
+// person can do about it.
 #include <filesystem>
 #include <set>
 
@@ -21,6 +22,8 @@ namespace ctl {
 namespace {
 
 using napihost::Finding;
+
+constexpr int kServiceLimitMs = 5000; // for services that do not answer
 
 std::string recordPath(const std::string& name)
 {
@@ -81,14 +84,22 @@ void findInEnvironment(std::vector<Finding>& findings)
     }
 }
 
+// What a configuration means that is wrong itself, nobody can tell: it is mended first.
+void findInNetwork(std::vector<Finding>& findings)
+{
+    std::vector<Finding> found = napihost::inspectNetworkConfiguration();
+    if (found.empty())
+        found = napihost::inspectLinks(kServiceLimitMs);
+    findings.insert(findings.end(), found.begin(), found.end());
+}
+
 std::vector<Finding> findAll()
 {
     std::vector<Finding> findings = findInStore();
     for (const std::string& path : unfinishedFiles())
         findings.push_back({path, "left by an export that was killed; it may hold passwords",
                             "remove it, and export again"});
-    for (const Finding& finding : napihost::inspectNetworkConfiguration())
-        findings.push_back(finding);
+    findInNetwork(findings);
     for (const settingshost::Finding& finding : settingshost::inspectSettings())
         findings.push_back({finding.path, finding.problem, finding.remedy});
     findInEnvironment(findings);

@@ -121,6 +121,8 @@ public:
 
     int run()
     {
+        if (m_request.verbose)
+            m_session.watchSteps();
         m_link = m_session.open(m_request.name);
         try {
             report({{"event", "opening"}, {"link", m_link}, {"profile", m_request.name}});
@@ -142,6 +144,11 @@ private:
             printJsonLine(event);
         else
             print(lineOf(event));
+    }
+
+    void reportStep() const
+    {
+        report({{"event", "step"}, {"link", m_link}, {"text", m_session.step()}});
     }
 
     void close()
@@ -171,6 +178,9 @@ private:
                               "Give --timeout a longer time, or none.");
             case LinkSession::Event::Ended:
                 throw Failure(Exit::Io, "the network API ended by itself.");
+            case LinkSession::Event::Step:
+                reportStep();
+                break;
             case LinkSession::Event::Indication:
                 if (isUp(m_session.indication()))
                     return 0;
@@ -203,6 +213,9 @@ private:
                 return;
             case LinkSession::Event::Ended:
                 throw Failure(Exit::Io, "the network API ended by itself.");
+            case LinkSession::Event::Step:
+                reportStep();
+                break;
             case LinkSession::Event::Indication:
                 if (m_session.indication().type == NAPI_IND_BROKEN)
                     failBroken();

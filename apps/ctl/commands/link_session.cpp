@@ -95,8 +95,10 @@ LinkSession::Event LinkSession::wait(double seconds)
 {
     const timespec limit = timeOf(seconds < 0 ? 0 : seconds);
     while (!m_ended) {
-        pollfd events[] = {{m_signals.get(), POLLIN, 0}, {m_socket.get(), POLLIN, 0}};
-        const int ready = ::ppoll(events, 2, seconds < 0 ? nullptr : &limit, nullptr);
+        pollfd events[] = {{m_signals.get(), POLLIN, 0},
+                           {m_socket.get(), POLLIN, 0},
+                           {m_steps.descriptor(), POLLIN, 0}};
+        const int ready = ::ppoll(events, 3, seconds < 0 ? nullptr : &limit, nullptr);
         if (ready == 0)
             return Event::Timeout;
         signalfd_siginfo info;
@@ -104,6 +106,9 @@ LinkSession::Event LinkSession::wait(double seconds)
             m_signal = static_cast<int>(info.ssi_signo);
             return Event::Signal;
         }
+        // Steps are told before the outcome, so they are taken first, whichever was seen first.
+        if (m_steps.take(&m_step))
+            return Event::Step;
         if (events[1].revents && takeIndication())
             return Event::Indication;
     }

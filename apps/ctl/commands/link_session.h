@@ -8,6 +8,7 @@
 #include <string>
 
 #include "base/unique_fd.h"
+#include "commands/link_steps.h"
 #include "napi.h"
 
 namespace ctl {
@@ -16,7 +17,7 @@ class LinkSession
 {
 public:
     // What wait() has seen.
-    enum class Event { Indication, Signal, Timeout, Ended };
+    enum class Event { Indication, Step, Signal, Timeout, Ended };
 
     // Starts the network API. From here on SIGINT, SIGTERM and SIGHUP arrive as Event::Signal,
     // those that the process ignores excepted. Throws Failure.
@@ -26,6 +27,10 @@ public:
     ~LinkSession();
     LinkSession(const LinkSession&) = delete;
     LinkSession& operator=(const LinkSession&) = delete;
+
+    // From here on each step of the opening is an Event::Step, where the bearer tells any. Throws
+    // Failure.
+    void watchSteps() { m_steps.watch(); }
 
     // Begins to open the link; its id. Throws Failure.
     int open(const std::string& name);
@@ -40,6 +45,7 @@ public:
     Event wait(double seconds);
 
     const NapiIndication& indication() const { return m_indication; }
+    const std::string& step() const { return m_step; }
     int signal() const { return m_signal; }
 
 private:
@@ -47,6 +53,8 @@ private:
 
     base::UniqueFd m_signals;
     base::UniqueFd m_socket;
+    LinkSteps m_steps;
+    std::string m_step;
     std::optional<int> m_link;
     NapiIndication m_indication = {};
     std::size_t m_received = 0; // bytes of the indication that is arriving

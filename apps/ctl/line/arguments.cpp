@@ -50,6 +50,7 @@ const std::vector<WordMeaning> words = {
     {Word::Feature, "NUMBER", "Number of the feature; 431 is WiFi", &Request::name, nullptr, true},
     {Word::Features, "NUMBER", "Numbers of features", nullptr, &Request::names, true},
     {Word::FeatureValue, "VALUE", "on or off", &Request::value, nullptr, true},
+    {Word::Device, "DEVICE", "Interface or port of the device", &Request::name, nullptr, true},
 };
 
 Option flag(Flag which, const char* name, const char* help, bool Request::*on)
@@ -108,6 +109,7 @@ const std::vector<Option>& options()
              &Request::hold),
         {Flag::Timeout, "--timeout", "SECONDS", "Give up when the link is not open in time",
          nullptr, &Request::timeout, timeoutProblem},
+        flag(Flag::Verbose, "--verbose,-v", "Tell each step of the dialling", &Request::verbose),
         {Flag::Type, "--type", "TYPE", "integer, text or truth; by default the setting's own",
          nullptr, &Request::type, typeProblem},
     };

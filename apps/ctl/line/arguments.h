@@ -24,7 +24,8 @@ enum class Word {
     SettingValue,
     Feature,
     Features,
-    FeatureValue
+    FeatureValue,
+    Device
 };
 
 // A flag of the table of commands: one option, or several that belong together.
@@ -47,6 +48,7 @@ enum class Flag {
     Replace,
     Hold,
     Timeout,
+    Verbose,
     Type
 };
 

@@ -1,5 +1,6 @@
 #include "line/command_table.h"
 
+#include "commands/device_fields.h"
 #include "operators/operator_columns.h"
 #include "profile/columns.h"
 
@@ -21,9 +22,10 @@ const std::vector<Group>& groups()
         {"profile", "Network profiles: list, show and change them"},
         {"link", "Data links: open one"},
         {"operator", "Access points of the mobile operators: search them"},
+        {"device", "Devices that could carry a link: list and show them"},
         {"setting", "Settings of the device-management tree"},
         {"feature", "Features that the device has"},
-        {"doctor", "Look for damaged files below the root, and say what to do"},
+        {"doctor", "Look for what is damaged or keeps links from opening, and say what to do"},
     };
     return table;
 }
@@ -51,9 +53,13 @@ const std::vector<Command>& commands()
         {"profile", "import", "Store profiles from a file that export has written", {Word::File},
          {Flag::NewName, Flag::Replace, Flag::RawImport, Flag::SecretsInJson, Flag::Json}, profileImport},
         {"link", "open", "Open a link, print each indication, close it", {Word::Profile},
-         {Flag::Hold, Flag::Timeout, Flag::Json}, linkOpen},
+         {Flag::Hold, Flag::Timeout, Flag::Verbose, Flag::Json}, linkOpen},
         {"operator", "search", "List access points of operators, found by words", {Word::SearchWords},
          {Flag::Fields, Flag::Terse, Flag::Json}, operatorSearch, operatorColumns},
+        {"device", "list", "List the devices that could carry a link", {},
+         {Flag::Fields, Flag::Terse, Flag::Json}, deviceList, deviceFields},
+        {"device", "show", "Show one device, and why it carries no link", {Word::Device},
+         {Flag::Fields, Flag::Terse, Flag::Json}, deviceShow, deviceFields},
         {"setting", "get", "Print one setting", {Word::Setting}, {Flag::Json}, settingGet},
         {"setting", "set", "Change or add one setting", {Word::Setting, Word::SettingValue},
          {Flag::Type, Flag::Json}, settingSet},
@@ -66,7 +72,7 @@ const std::vector<Command>& commands()
         {"feature", "delete", "Remove features", {Word::Features}, {Flag::Json}, featureDelete},
         {"feature", "list", "List the features", {}, {Flag::Fields, Flag::Terse, Flag::Json},
          featureList, featureFields},
-        {"doctor", "", "Look for damage, and say what to do", {}, {Flag::Json}, doctor},
+        {"doctor", "", "Look for damage and for what keeps links from opening", {}, {Flag::Json}, doctor},
     };
     return table;
 }

@@ -3,6 +3,7 @@
 #include <cstring>
 #include <set>
 
+#include "commands/device_fields.h"
 #include "failure.h"
 #include "line/command_table.h"
 #include "line/line_failures.h"
@@ -204,6 +205,8 @@ Names wordsFor(Word word, const Line& line, const std::string& current)
         return featureNumbers();
     case Word::FeatureValue:
         return {"on", "off"};
+    case Word::Device:
+        return deviceNames();
     case Word::NewProfile:
     case Word::OtherName:
         break;

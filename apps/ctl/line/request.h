@@ -34,6 +34,7 @@ struct Request
     bool hold = false;
     bool terse = false;
     bool fromSim = false;
+    bool verbose = false;
 };
 
 // The commands. Each throws Failure when it cannot do what was asked, and returns the exit status.
@@ -48,6 +49,8 @@ int profileExport(const Request& request);
 int profileImport(const Request& request);
 int linkOpen(const Request& request);
 int operatorSearch(const Request& request);
+int deviceList(const Request& request);
+int deviceShow(const Request& request);
 int settingGet(const Request& request);
 int settingSet(const Request& request);
 int settingDelete(const Request& request);

@@ -65,6 +65,9 @@ struct LinkDevice
     std::string state;                         // "disconnected", "connected", "unavailable", ...
     int cause = 0;  // why it carries no link now: a NapiCause, or 0 when it can
     int detail = 0; // of that cause, as NapiDetail says
+    std::string
+        problem; // what keeps it from carrying one, for people: "there is no SIM card"; or ""
+    std::string remedy; // what a person can do about that
     // Of modems; "" and -1 where nothing is known.
     std::string operatorName;
     std::string operatorCode; // "26201": the country and the network
@@ -79,7 +82,8 @@ struct LinkDevice
 VORN_PLATFORM_API std::string listLinkDevices(std::vector<LinkDevice>* devices, int timeLimitMs);
 
 // What keeps packet data links from opening where etc/network.json chooses NetworkManager: a
-// service that does not run, a right that is missing, no modem, a locked SIM, no registration.
+// profile without an access point name, a service that does not run, a right that is missing, no
+// modem, a locked SIM, no registration.
 // Nothing for other bearers. Waits as long as the limit.
 VORN_PLATFORM_API std::vector<Finding> inspectLinks(int timeLimitMs);
 

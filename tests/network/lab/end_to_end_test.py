@@ -115,6 +115,24 @@ class EndToEnd(unittest.TestCase):
             self.assertIn("broken", held.stdout.read())
             self.assertNotEqual(held.wait(30), 0)
 
+    def test_vornctl_lists_the_modem_and_the_ethernet(self):
+        devices = {device["port"]: device for device in json.loads(self.ctl("device", "list", "--json").stdout)}
+        modem = devices["ttyHS0"]
+        self.assertEqual((modem["kind"], modem["state"], modem["sim"], modem["problem"]),
+                         ("modem", "disconnected", "ready", ""))
+        self.assertEqual(modem["registration"], "home")
+        self.assertEqual(devices["eth9"]["kind"], "ethernet")
+
+    def test_vornctl_tells_the_steps_of_an_opening_in_front_of_its_outcome(self):
+        done = self.ctl("link", "open", "--verbose", "--json", "Internet")
+        events = [json.loads(line)["event"] for line in done.stdout.splitlines()]
+        self.assertEqual((events[0], events[-2:]), ("opening", ["connected", "closed"]))
+        self.assertGreater(events.count("step"), 1)
+        self.assertNotIn("horse", done.stdout)
+
+    def test_vornctl_finds_nothing_that_keeps_the_link_from_opening(self):
+        self.ctl("doctor")
+
     def test_vornctl_says_why_the_network_refused(self):
         self.order("AT_OWANCALL=1,1 => +CME ERROR: 133")
         done = subprocess.run([VORNCTL, "link", "open", "Internet"], env=self.environment, text=True,

@@ -4,6 +4,7 @@
 #include <iterator>
 
 #include "network/links/networkmanager/connection_settings.h"
+#include "network/links/networkmanager/device_texts.h"
 #include "network/links/networkmanager/link_activation.h"
 #include "network/links/networkmanager/service_names.h"
 
@@ -45,7 +46,8 @@ void LinkActivation::deviceChanged(const std::string& path, uint32_t state, uint
                    m_step == Step::Addressing || m_step == Step::Up;
     if (!m_begun || !running)
         return;
-    say("device state " + std::to_string(state) + ", reason " + std::to_string(reason));
+    say(std::string("the device is ") + deviceStateText(state) + ", reason " +
+        std::to_string(reason));
     if (hasEnded(state))
         return ended(reason);
     if (m_step == Step::Up)

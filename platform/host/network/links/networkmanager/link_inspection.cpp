@@ -1,8 +1,10 @@
 // What the tools are told about the devices that could carry a link.
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <utility>
 
+#include "network/links/machine_choice.h"
 #include "network/links/networkmanager/bus_wait.h"
 #include "network/links/networkmanager/device_choice.h"
 #include "network/links/networkmanager/device_texts.h"
@@ -12,6 +14,7 @@
 #include "network/links/networkmanager/step_report.h"
 #include "network/napi_host.h"
 #include "network/network_config.h"
+#include "network/store/profile_reader.h"
 
 namespace network {
 
@@ -54,6 +57,31 @@ static void describeModem(const ServiceModem& modem, LinkDevice* told)
     told->sim = simText(modem);
 }
 
+static bool isRegistered(const ServiceModem& modem)
+{
+    constexpr int64_t kEnabled = 6;
+    constexpr uint32_t kHome = 1, kRoaming = 5;
+    return modem.state < kEnabled || modem.registration == kHome || modem.registration == kRoaming;
+}
+
+// What keeps a device from carrying a link; nothing where its problem is empty.
+static Finding inspectDevice(const ServiceDevice& device, const ServicePicture& picture)
+{
+    DeviceChoice choice = judgeDevice(kindOf(device), device, picture);
+    const ServiceModem* modem = picture.findModem(device.modem);
+    bool locked = modem && std::strcmp(simText(*modem), "pin") == 0;
+    if (choice.way == DeviceChoice::Way::None || locked) {
+        Hint hint = locked ? hintForSim(*modem) : hintFor(choice.cause);
+        return {device.interface, hint.problem, hint.remedy};
+    }
+    if (!modem || isRegistered(*modem))
+        return {device.interface, "", ""};
+    return {device.interface,
+            std::string("the modem is not registered (") + registrationText(modem->registration) +
+                ")",
+            "look for a place with reception, and ask the operator whether the SIM is active"};
+}
+
 static LinkDevice describe(const ServiceDevice& device, const ServicePicture& picture)
 {
     LinkDevice told;
@@ -69,6 +97,9 @@ static LinkDevice describe(const ServiceDevice& device, const ServicePicture& pi
         told.cause = choice.cause.cause;
         told.detail = choice.cause.detail;
     }
+    Finding found = inspectDevice(device, picture);
+    told.problem = found.problem;
+    told.remedy = found.remedy;
     return told;
 }
 
@@ -87,30 +118,6 @@ static bool mayControl(BusWait& wait)
     return told.empty() || told == "yes";
 }
 
-static bool isRegistered(const ServiceModem& modem)
-{
-    constexpr int64_t kEnabled = 6;
-    constexpr uint32_t kHome = 1, kRoaming = 5;
-    return modem.state < kEnabled || modem.registration == kHome || modem.registration == kRoaming;
-}
-
-static void inspectDevice(const ServiceDevice& device, const ServicePicture& picture,
-                          std::vector<Finding>* findings)
-{
-    DeviceChoice choice = judgeDevice(kindOf(device), device, picture);
-    const ServiceModem* modem = picture.findModem(device.modem);
-    bool locked = modem && std::strcmp(simText(*modem), "pin") == 0;
-    if (choice.way == DeviceChoice::Way::None || locked) {
-        Hint hint = locked ? hintForSim(*modem) : hintFor(choice.cause);
-        findings->push_back(finding(device.interface, hint.problem, hint.remedy));
-    } else if (modem && !isRegistered(*modem))
-        findings->push_back(finding(device.interface,
-                                    std::string("the modem is not registered (") +
-                                        registrationText(modem->registration) + ")",
-                                    "look for a place with reception, and ask the operator "
-                                    "whether the SIM is active"));
-}
-
 static void inspectModems(const ServicePicture& picture, std::vector<Finding>* findings)
 {
     bool any = false;
@@ -118,7 +125,9 @@ static void inspectModems(const ServicePicture& picture, std::vector<Finding>* f
         if (device.type != nm::Modem)
             continue;
         any = true;
-        inspectDevice(device, picture, findings);
+        Finding found = inspectDevice(device, picture);
+        if (!found.problem.empty())
+            findings->push_back(found);
     }
     if (any)
         return;
@@ -132,21 +141,42 @@ static void inspectModems(const ServicePicture& picture, std::vector<Finding>* f
                                     "ModemManager"));
 }
 
-static std::vector<Finding> inspect(BusWait& wait)
+// Without an access point name packet data cannot carry a profile, and a call cannot be dialled
+// over NetworkManager; WiFi can, where the profile takes it.
+static bool canBeCarried(const NetworkProfile& record)
 {
-    std::vector<Finding> findings;
+    std::vector<NapiBearerKind> kinds = allowedKinds(record);
+    return std::any_of(kinds.begin(), kinds.end(),
+                       [](NapiBearerKind kind) { return kind != NAPI_BEARER_CSD; });
+}
+
+static void inspectProfiles(std::vector<Finding>* findings)
+{
+    std::vector<std::string> names;
+    if (store::listProfiles(&names) != NAPI_OK)
+        return;
+    for (const std::string& name : names) {
+        NetworkProfile record;
+        if (store::readProfile(name, &record) == NAPI_OK && !canBeCarried(record))
+            findings->push_back(finding(napihost::profilesFolder() + '/' + name + "/profile",
+                                        "the profile has no access point name",
+                                        "give it one with \"vornctl profile set NAME apn=...\""));
+    }
+}
+
+static void inspectServices(BusWait& wait, std::vector<Finding>* findings)
+{
     ServiceListing listing;
     const char* problem = askServices(wait, listing);
     if (*problem) {
-        findings.push_back(finding(nm::kService, problem,
-                                   "sudo apt install network-manager; sudo systemctl enable --now "
-                                   "NetworkManager"));
-        return findings;
+        findings->push_back(finding(nm::kService, problem,
+                                    "sudo apt install network-manager; sudo systemctl enable --now "
+                                    "NetworkManager"));
+        return;
     }
     if (!mayControl(wait))
-        findings.push_back(finding(nm::kService, "this user may not open links", grantingLine()));
-    inspectModems(listing.picture(), &findings);
-    return findings;
+        findings->push_back(finding(nm::kService, "this user may not open links", grantingLine()));
+    inspectModems(listing.picture(), findings);
 }
 
 // The SIM of the first modem that has one.
@@ -191,7 +221,10 @@ std::vector<Finding> inspectLinks(int timeLimitMs)
     if (network::networkConfig()->bearer != network::BearerChoice::NetworkManager)
         return {};
     BusWait wait{std::chrono::milliseconds(timeLimitMs)};
-    return network::inspect(wait);
+    std::vector<Finding> findings;
+    network::inspectProfiles(&findings);
+    network::inspectServices(wait, &findings);
+    return findings;
 }
 
 std::string simOperator(int timeLimitMs)
