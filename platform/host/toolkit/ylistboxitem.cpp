@@ -23,8 +23,13 @@ YListBoxItem::YListBoxItem(YListBox* list, QString type) : d(new Private)
 {
     d->list = list;
     d->type = type;
-    if (list)
-        list->adopt(this);
+    try {
+        if (list)
+            list->adopt(this);
+    } catch (...) {
+        delete d;
+        throw;
+    }
 }
 
 YListBoxItem::~YListBoxItem()

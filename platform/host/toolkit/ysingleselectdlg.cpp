@@ -18,7 +18,12 @@ YSingleSelectDlg::YSingleSelectDlg(QWidget* parent, const char* name, bool modal
                                    YWidgetFlags /*flags*/)
     : YPopup(UsualType, parent, name, modal, PlainStyle, 0), d(new Private)
 {
-    build();
+    try {
+        build();
+    } catch (...) {
+        delete d;
+        throw;
+    }
 }
 
 YSingleSelectDlg::YSingleSelectDlg(const QString& title, const QString& instruction,
@@ -26,9 +31,14 @@ YSingleSelectDlg::YSingleSelectDlg(const QString& title, const QString& instruct
                                    YWidgetFlags /*flags*/, int /*reserved*/)
     : YPopup(UsualType, parent, name, modal, PlainStyle, 0), d(new Private)
 {
-    build();
-    setTitle(title);
-    setInstructText(instruction);
+    try {
+        build();
+        setTitle(title);
+        setInstructText(instruction);
+    } catch (...) {
+        delete d;
+        throw;
+    }
 }
 
 YSingleSelectDlg::~YSingleSelectDlg()

@@ -137,15 +137,20 @@ struct YSoftKey::Private
 YSoftKey::YSoftKey(const char* /*layout*/, QWidget* parent, QWidget* keyReceiver)
     : QWidget(parent), d(new Private)
 {
-    YDress::wear(this);
-    for (QPushButton*& button : d->buttons) {
-        button = new QPushButton(this);
-        button->setFlat(true);
-        button->setFocusPolicy(Qt::NoFocus);
+    try {
+        YDress::wear(this);
+        for (QPushButton*& button : d->buttons) {
+            button = new QPushButton(this);
+            button->setFlat(true);
+            button->setFocusPolicy(Qt::NoFocus);
+        }
+        if (keyReceiver)
+            keyReceiver->installEventFilter(this);
+        resize(sizeHint());
+    } catch (...) {
+        delete d;
+        throw;
     }
-    if (keyReceiver)
-        keyReceiver->installEventFilter(this);
-    resize(sizeHint());
 }
 
 YSoftKey::~YSoftKey()
