@@ -111,7 +111,8 @@ TEST_F(ProfilesMemory, ThatRunsOutInTheToolkitLeavesNoHalfOfADialogOrAPage)
         const int allocations = forEachAllocation([this, build](int number) {
             bool hasFailed = false;
             const bool isBuilt = build(number, &hasFailed);
-            EXPECT_EQ(isBuilt, !hasFailed) << number;
+            // Screen readers are done without.
+            EXPECT_TRUE(isBuilt || hasFailed) << number;
             settle();
             EXPECT_EQ(QApplication::allWidgets().size(), widgetsBefore) << number;
             EXPECT_EQ(callWithoutFailure(), 0) << number;

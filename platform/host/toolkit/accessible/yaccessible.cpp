@@ -1,5 +1,7 @@
 // What screen readers are told about the toolkit's widgets, as far as Qt's own widgets do not tell
 // it.
+#include <new>
+
 #include <QAccessibleWidget>
 #include <QGuiApplication>
 
@@ -103,7 +105,12 @@ QAccessibleInterface* interfaceOf(const QString& className, QObject* object)
         return nullptr;
     for (const Entry& entry : table)
         if (className == QLatin1String(entry.className))
-            return entry.make(static_cast<QWidget*>(object));
+            // Qt asks in the middle of its own work, and does without where there is none.
+            try {
+                return entry.make(static_cast<QWidget*>(object));
+            } catch (const std::bad_alloc&) {
+                return nullptr;
+            }
     return nullptr;
 }
 
