@@ -29,7 +29,7 @@ bool LinkSteps::take(std::string* step)
     const std::lock_guard<std::mutex> guard(m_mutex);
     if (m_steps.empty())
         return false;
-    std::uint64_t count = 0;
+    uint64_t count = 0;
     [[maybe_unused]] const ssize_t ignored = ::read(m_wake.get(), &count, sizeof count);
     *step = std::move(m_steps.front());
     m_steps.pop_front();
@@ -41,7 +41,7 @@ void LinkSteps::add(const std::string& step)
 {
     const std::lock_guard<std::mutex> guard(m_mutex);
     m_steps.push_back(step);
-    const std::uint64_t one = 1;
+    const uint64_t one = 1;
     [[maybe_unused]] const ssize_t ignored = ::write(m_wake.get(), &one, sizeof one);
 }
 
