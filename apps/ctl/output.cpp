@@ -61,8 +61,12 @@ std::size_t outputWidth()
     return ::ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 ? size.ws_col : 0;
 }
 
+namespace {
+
 // Blanks between two columns.
-static constexpr std::size_t gap = 2;
+constexpr std::size_t gap = 2;
+
+} // namespace
 
 Table::Table(std::vector<std::string> heading) : m_widths(heading.size())
 {

@@ -7,9 +7,11 @@
 
 namespace ctl {
 
+namespace {
+
 // The characters of UTF-8, with small Latin letters for capital ones; a byte that is no UTF-8
 // counts with the one before it.
-static std::vector<std::string> charactersOf(const std::string& text)
+std::vector<std::string> charactersOf(const std::string& text)
 {
     std::vector<std::string> characters;
     for (const char byte : text) {
@@ -24,7 +26,7 @@ static std::vector<std::string> charactersOf(const std::string& text)
 }
 
 // How many characters are inserted, removed or changed, or change places with the next one.
-static std::size_t distance(const std::vector<std::string>& a, const std::vector<std::string>& b)
+std::size_t distance(const std::vector<std::string>& a, const std::vector<std::string>& b)
 {
     std::vector<std::vector<std::size_t>> steps(a.size() + 1,
                                                 std::vector<std::size_t>(b.size() + 1));
@@ -40,6 +42,8 @@ static std::size_t distance(const std::vector<std::string>& a, const std::vector
     }
     return steps[a.size()][b.size()];
 }
+
+} // namespace
 
 std::string suggestion(const std::string& word, const std::vector<std::string>& candidates)
 {

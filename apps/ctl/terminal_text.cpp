@@ -103,13 +103,15 @@ std::string printableJson(std::string_view document)
     return result;
 }
 
-static std::size_t columnsOf(const base::Utf8Character& c)
+namespace {
+
+std::size_t columnsOf(const base::Utf8Character& c)
 {
     return c.code < 0x80 ? 1U : static_cast<std::size_t>(wideWidth(c.code));
 }
 
 // How many bytes of the text fit into so many columns.
-static std::size_t fitting(std::string_view text, std::size_t columns)
+std::size_t fitting(std::string_view text, std::size_t columns)
 {
     std::size_t bytes = 0;
     std::size_t width = 0;
@@ -122,6 +124,8 @@ static std::size_t fitting(std::string_view text, std::size_t columns)
     }
     return bytes;
 }
+
+} // namespace
 
 std::size_t displayWidth(std::string_view text)
 {

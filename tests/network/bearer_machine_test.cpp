@@ -83,53 +83,49 @@ NetworkProfile profile(uint32_t preference, const char* apn, const char* number)
 }
 
 constexpr uint32_t k10_1_1_1 = 0x0A010101;
-constexpr char kBoth[] = R"("wifi": "wlan9", "cellular": "wwan9")";
-const Place kWifi = {"wlan9", "10.1.1.1", false};
-const Place kCellular = {"wwan9", "10.2.2.2", false};
-constexpr int kNoDevice = 0x300 + 19, kNetDown = 0x300 + 100, kNoAddress = 0x300 + 99; // errno
+constexpr char both[] = R"("wifi": "wlan9", "cellular": "wwan9")";
+const Place wifi = {"wlan9", "10.1.1.1", false};
+const Place cellular = {"wwan9", "10.2.2.2", false};
+constexpr int noDevice = 0x300 + 19, netDown = 0x300 + 100, noAddress = 0x300 + 99; // errno
 
 const ChoiceRow choiceRows[] = {
     {"LoopbackWithoutRoute", "", profile(0, "web", ""), {}, connected(0)},
-    {"Wifi", kBoth, profile(0x100, "", ""), {kWifi}, connected(0, "wlan9", k10_1_1_1, 3)},
+    {"Wifi", both, profile(0x100, "", ""), {wifi}, connected(0, "wlan9", k10_1_1_1, 3)},
     {"Cellular",
-     kBoth,
+     both,
      profile(0x400, "web", ""),
-     {kWifi, kCellular},
+     {wifi, cellular},
      connected(0, "wwan9", 0x0A020202, 1)},
     {"NoPreferenceIsCellular",
-     kBoth,
+     both,
      profile(0, "web", ""),
-     {kWifi, kCellular},
+     {wifi, cellular},
      connected(0, "wwan9", 0x0A020202, 1)},
     {"WifiFirst",
-     kBoth,
+     both,
      profile(0x200, "web", ""),
-     {kWifi, kCellular},
+     {wifi, cellular},
      connected(0, "wlan9", k10_1_1_1, 3)},
     {"CellularAfterWifi",
-     kBoth,
+     both,
      profile(0x200, "web", ""),
-     {kCellular},
+     {cellular},
      connected(0, "wwan9", 0x0A020202, 1)},
-    {"WifiOnlyIsNotCellular",
-     kBoth,
-     profile(0x100, "web", ""),
-     {kCellular},
-     failed(0, 9, kNoDevice)},
-    {"MissingDevice", kBoth, profile(0, "web", ""), {}, failed(0, 9, kNoDevice)},
+    {"WifiOnlyIsNotCellular", both, profile(0x100, "web", ""), {cellular}, failed(0, 9, noDevice)},
+    {"MissingDevice", both, profile(0, "web", ""), {}, failed(0, 9, noDevice)},
     {"DeviceWithoutAddress",
-     kBoth,
+     both,
      profile(0, "web", ""),
      {{"wwan9", "", false}},
-     failed(0, 6, kNoAddress)},
+     failed(0, 6, noAddress)},
     {"DeviceDown",
-     kBoth,
+     both,
      profile(0, "web", ""),
      {{"wwan9", "10.2.2.2", true}},
-     failed(0, 6, kNetDown)},
+     failed(0, 6, netDown)},
     {"NoneOfTheKind", R"("cellular": "")", profile(0, "web", ""), {}, failed(0, 1, 0)},
-    {"DialledCall", kBoth, profile(0, "", "123"), {kCellular}, failed(0, 14, 0)},
-    {"NothingToDial", kBoth, profile(0, "", ""), {kCellular}, failed(0, 1, 0)},
+    {"DialledCall", both, profile(0, "", "123"), {cellular}, failed(0, 14, 0)},
+    {"NothingToDial", both, profile(0, "", ""), {cellular}, failed(0, 1, 0)},
 };
 
 class BearerChoice : public BearerTest,
@@ -188,16 +184,16 @@ protected:
     }
 };
 
-const Message kWifiBroken = broken(0, "wlan9", k10_1_1_1, 3);
-const Message kPacketBroken = broken(1, "wwan9", 0x0A020202, 1);
+const Message wifiBroken = broken(0, "wlan9", k10_1_1_1, 3);
+const Message packetBroken = broken(1, "wwan9", 0x0A020202, 1);
 
 TEST_P(BearerWatch, BreaksALinkWhoseAddressGoes)
 {
     withTwoLinks([](Machine& machine, Receiver& receiver) {
         machine.removeAddress("wlan9", "10.1.1.1");
-        EXPECT_EQ(receiver.next(), kWifiBroken);
+        EXPECT_EQ(receiver.next(), wifiBroken);
         machine.removeAddress("wwan9", "10.2.2.2");
-        EXPECT_EQ(receiver.next(), kPacketBroken);
+        EXPECT_EQ(receiver.next(), packetBroken);
     });
 }
 
@@ -205,7 +201,7 @@ TEST_P(BearerWatch, BreaksALinkWhoseDeviceIsTakenDown)
 {
     withTwoLinks([](Machine& machine, Receiver& receiver) {
         machine.setDown("wwan9");
-        EXPECT_EQ(receiver.next(), kPacketBroken);
+        EXPECT_EQ(receiver.next(), packetBroken);
         char name[16];
         EXPECT_EQ(NAPI_GetDeviceInfo(0, 0, name, 16), 0);
         EXPECT_STREQ(name, "wlan9");
@@ -217,10 +213,10 @@ TEST_P(BearerWatch, BreaksALinkWhoseDeviceGoes)
 {
     withTwoLinks([](Machine& machine, Receiver& receiver) {
         machine.remove("wlan9");
-        EXPECT_EQ(receiver.next(), kWifiBroken);
+        EXPECT_EQ(receiver.next(), wifiBroken);
         EXPECT_EQ(NAPI_CloseLink(0), 0);
         EXPECT_EQ(NAPI_OpenLink("Wifi"), 0);
-        EXPECT_EQ(receiver.next(), failed(0, 9, kNoDevice));
+        EXPECT_EQ(receiver.next(), failed(0, 9, noDevice));
     });
 }
 
@@ -231,7 +227,7 @@ TEST_P(BearerWatch, LeavesALinkAloneWhenSomethingElseChanges)
         machine.setDown("other9");
         machine.remove("other9");
         machine.removeAddress("wwan9", "10.2.2.2");
-        EXPECT_EQ(receiver.next(), kPacketBroken) << "the first message since";
+        EXPECT_EQ(receiver.next(), packetBroken) << "the first message since";
     });
 }
 
@@ -241,7 +237,7 @@ TEST_P(BearerWatch, TellsNothingOfAClosedLink)
         EXPECT_EQ(NAPI_CloseLink(0), 0);
         machine.remove("wlan9");
         machine.remove("wwan9");
-        EXPECT_EQ(receiver.next(), kPacketBroken);
+        EXPECT_EQ(receiver.next(), packetBroken);
     });
 }
 
@@ -251,7 +247,7 @@ TEST_P(BearerWatch, FindsOutWhatWentWhileNobodyListened)
         receiver.finish();
         machine.remove("wwan9");
         Receiver after;
-        EXPECT_EQ(after.next(), kPacketBroken);
+        EXPECT_EQ(after.next(), packetBroken);
         EXPECT_EQ(NAPI_CloseLink(0), 0) << "the other one stayed up";
     });
 }
@@ -270,8 +266,8 @@ protected:
     }
 };
 
-const Message kUp = connected(0, "wwan9", 0x0A020202, 1);
-const Message kGone = broken(0, "wwan9", 0x0A020202, 1);
+const Message up = connected(0, "wwan9", 0x0A020202, 1);
+const Message gone = broken(0, "wwan9", 0x0A020202, 1);
 
 TEST_F(BearerTrouble, LosesNoChangeWhenTheNetlinkSocketRunsOver)
 {
@@ -279,9 +275,9 @@ TEST_F(BearerTrouble, LosesNoChangeWhenTheNetlinkSocketRunsOver)
     machine.add("wwan9", "10.2.2.2");
     Receiver receiver;
     NAPI_OpenLink("Packet");
-    EXPECT_EQ(receiver.next(), kUp);
+    EXPECT_EQ(receiver.next(), up);
     machine.loseNews("wwan9");
-    EXPECT_EQ(receiver.next(), kGone);
+    EXPECT_EQ(receiver.next(), gone);
 }
 
 TEST_F(BearerTrouble, TakesNoNewsFromAnybodyButTheKernel)
@@ -290,12 +286,12 @@ TEST_F(BearerTrouble, TakesNoNewsFromAnybodyButTheKernel)
     machine.add("wwan9", "10.2.2.2");
     Receiver receiver;
     NAPI_OpenLink("Packet");
-    EXPECT_EQ(receiver.next(), kUp);
+    EXPECT_EQ(receiver.next(), up);
     machine.pretendNews("wwan9");
     workWhenAsleep(engineThread());
     EXPECT_FALSE(receiver.ready());
     machine.tellNews();
-    EXPECT_EQ(receiver.next(), kGone);
+    EXPECT_EQ(receiver.next(), gone);
 }
 
 TEST_F(BearerTrouble, FailsToOpenWithTheKernelsError)
@@ -313,12 +309,12 @@ TEST_F(BearerTrouble, AsksAgainWhenTheKernelDidNotAnswer)
     machine.add("wwan9", "10.2.2.2");
     Receiver receiver;
     NAPI_OpenLink("Packet");
-    EXPECT_EQ(receiver.next(), kUp);
+    EXPECT_EQ(receiver.next(), up);
     machine.refuse(EMFILE);
     machine.remove("wwan9");
     usleep(50000); // the engine has asked, and got no answer
     machine.refuse(0);
-    EXPECT_EQ(receiver.next(), kGone);
+    EXPECT_EQ(receiver.next(), gone);
 }
 
 // The interface of the best default route, as the kernel's own table tells it; "" for none.

@@ -12,7 +12,7 @@ struct ReasonRow
 };
 
 // The reasons of NMDeviceStateReason, one after the other.
-const ReasonRow kReasons[] = {
+const ReasonRow reasons[] = {
     {0, 65535},  {1, 65535},  {2, 65535},  {3, 9},      {4, 65535},  {5, 6},       {6, 6},
     {7, 5},      {8, 15},     {9, 15},     {10, 15},    {11, 15},    {12, 7},      {13, 7},
     {14, 7},     {15, 6},     {16, 6},     {17, 6},     {18, 65535}, {19, 65535},  {20, 6},
@@ -32,7 +32,7 @@ struct NameRow
     int detail;
 };
 
-const NameRow kModemErrors[] = {
+const NameRow modemErrors[] = {
     {"org.freedesktop.ModemManager1.Error.MobileEquipment.SimNotInserted", 3, 10},
     {"org.freedesktop.ModemManager1.Error.MobileEquipment.SimPin", 3, 11},
     {"org.freedesktop.ModemManager1.Error.MobileEquipment.SimPuk", 3, 12},
@@ -62,7 +62,7 @@ const NameRow kModemErrors[] = {
     {"", 65535, 0},
 };
 
-const NameRow kCallErrors[] = {
+const NameRow callErrors[] = {
     {"org.freedesktop.DBus.Error.ServiceUnknown", 10, 0},
     {"org.freedesktop.DBus.Error.NameHasNoOwner", 10, 0},
     {"org.freedesktop.DBus.Error.NoReply", 10, 0},
@@ -80,7 +80,7 @@ const NameRow kCallErrors[] = {
 
 TEST(CauseOfReason, IsToldWithTheReason)
 {
-    for (const ReasonRow& row : kReasons) {
+    for (const ReasonRow& row : reasons) {
         network::Cause cause = network::causeOfReason(row.reason);
         EXPECT_EQ(cause.cause, row.cause) << "reason " << row.reason;
         EXPECT_EQ(cause.detail, 0x100 + static_cast<int>(row.reason));
@@ -95,7 +95,7 @@ TEST(CauseOfReason, FitsTheDetailForAnAbsurdReason)
 
 TEST(CauseOfModemError, IsToldWithTheModemsCode)
 {
-    for (const NameRow& row : kModemErrors) {
+    for (const NameRow& row : modemErrors) {
         network::Cause cause = network::causeOfModemError(row.name);
         EXPECT_EQ(cause.cause, row.cause) << row.name;
         EXPECT_EQ(cause.detail, row.detail) << row.name;
@@ -104,7 +104,7 @@ TEST(CauseOfModemError, IsToldWithTheModemsCode)
 
 TEST(CauseOfCallError, IsFoundByItsLastWord)
 {
-    for (const NameRow& row : kCallErrors) {
+    for (const NameRow& row : callErrors) {
         network::Cause cause = network::causeOfCallError(row.name);
         EXPECT_EQ(cause.cause, row.cause) << row.name;
         EXPECT_EQ(cause.detail, row.detail) << row.name;

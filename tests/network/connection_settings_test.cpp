@@ -127,7 +127,7 @@ struct FaultRow
     ProfileFault fault;
 };
 
-const FaultRow kRows[] = {
+const FaultRow rows[] = {
     {"Usual", "internet.t-d1.de", "t-mobile", "tm", ProfileFault::None},
     {"WithoutUser", "a", "", "", ProfileFault::None},
     {"SignsOfAll", "a-b_c.1", "user@net/x", "p%!$&'()", ProfileFault::None},
@@ -158,5 +158,5 @@ TEST_P(FaultOf, KeepsCommandsOutOfTheModem)
     EXPECT_EQ(network::faultOf(record), GetParam().fault);
 }
 
-INSTANTIATE_TEST_SUITE_P(All, FaultOf, testing::ValuesIn(kRows),
+INSTANTIATE_TEST_SUITE_P(All, FaultOf, testing::ValuesIn(rows),
                          [](const auto& row) { return row.param.name; });

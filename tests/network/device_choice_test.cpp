@@ -12,7 +12,7 @@ using Way = DeviceChoice::Way;
 
 namespace {
 
-constexpr int kSwitchedOff = 0x384;
+constexpr int switchedOff = 0x384;
 
 ServiceDevice device(unsigned type, unsigned state, const std::string& interface)
 {
@@ -109,15 +109,15 @@ TEST(DeviceChoice, LeavesOffWhatWasSwitchedOff)
 {
     ServicePicture off = picture(device(8, 20, "cdc-wdm0"));
     off.wwan = false;
-    expectRefusal(cellular(off), 2, kSwitchedOff);
+    expectRefusal(cellular(off), 2, switchedOff);
     off = picture(device(2, 20, "wlan0"));
     off.wifi = false;
-    expectRefusal(wifi(off), 2, kSwitchedOff);
+    expectRefusal(wifi(off), 2, switchedOff);
     off = picture(device(8, 30, "cdc-wdm0"));
     off.networking = false;
-    expectRefusal(cellular(off), 2, kSwitchedOff);
-    expectRefusal(cellular(withModem(3, 1, 1)), 2, kSwitchedOff);
-    expectRefusal(cellular(withModem(3, 2, 1)), 2, kSwitchedOff);
+    expectRefusal(cellular(off), 2, switchedOff);
+    expectRefusal(cellular(withModem(3, 1, 1)), 2, switchedOff);
+    expectRefusal(cellular(withModem(3, 2, 1)), 2, switchedOff);
 }
 
 TEST(DeviceChoice, TellsWhatTheSimLacks)

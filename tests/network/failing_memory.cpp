@@ -11,11 +11,13 @@
 
 namespace linktest {
 
-static std::atomic<bool> isShort{false};
-static sem_t refusals;
-static thread_local int spared = 0;
+namespace {
 
-static void* allocate(std::size_t size) noexcept
+std::atomic<bool> isShort{false};
+sem_t refusals;
+thread_local int spared = 0;
+
+void* allocate(std::size_t size) noexcept
 {
     if (isShort && spared == 0 && gettid() != getpid()) {
         sem_post(&refusals);
@@ -23,6 +25,8 @@ static void* allocate(std::size_t size) noexcept
     }
     return std::malloc(size ? size : 1);
 }
+
+} // namespace
 
 ShortMemory::ShortMemory()
 {

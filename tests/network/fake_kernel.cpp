@@ -59,9 +59,9 @@ std::map<ifaddrs*, std::unique_ptr<Listing>> listings;
 
 using Guard = std::lock_guard<std::mutex>;
 
-constexpr char kFromTheKernel = 'k', kFromAProcess = 'p';
+constexpr char fromTheKernel = 'k', fromAProcess = 'p';
 
-void tellChange(char sender = kFromTheKernel)
+void tellChange(char sender = fromTheKernel)
 {
     if (newsEnd >= 0)
         send(newsEnd, &sender, 1, MSG_DONTWAIT | MSG_NOSIGNAL);
@@ -140,9 +140,9 @@ IN_THE_PLACE_OF_LIBC int bind(int descriptor, const sockaddr* address, socklen_t
     return real<int(int, const sockaddr*, socklen_t)>("bind")(descriptor, address, size);
 }
 
-using ReceiveFrom = ssize_t(int, void*, size_t, int, sockaddr*, socklen_t*);
+using ReceiveFrom = ssize_t(int, void*, std::size_t, int, sockaddr*, socklen_t*);
 
-IN_THE_PLACE_OF_LIBC ssize_t recvfrom(int descriptor, void* buffer, size_t size, int flags,
+IN_THE_PLACE_OF_LIBC ssize_t recvfrom(int descriptor, void* buffer, std::size_t size, int flags,
                                       sockaddr* sender, socklen_t* length)
 {
     Guard guard(mutex);
@@ -159,7 +159,7 @@ IN_THE_PLACE_OF_LIBC ssize_t recvfrom(int descriptor, void* buffer, size_t size,
     if (got > 0) {
         sockaddr_nl address = {};
         address.nl_family = AF_NETLINK;
-        address.nl_pid = *static_cast<const char*>(buffer) == kFromAProcess ? 4711 : 0;
+        address.nl_pid = *static_cast<const char*>(buffer) == fromAProcess ? 4711 : 0;
         std::memcpy(sender, &address, sizeof address);
         *length = sizeof address;
     }
@@ -219,7 +219,7 @@ void FakeKernel::pretendNews(const std::string& device)
 {
     Guard guard(mutex);
     interfaces.erase(device);
-    tellChange(kFromAProcess);
+    tellChange(fromAProcess);
 }
 
 void FakeKernel::tellNews()

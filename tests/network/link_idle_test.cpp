@@ -27,12 +27,12 @@ protected:
 };
 
 // A device that the machine does not have carries no traffic.
-constexpr char kQuietDevice[] = R"({"bearer": "scenario", "minuteMs": 40,
+constexpr char quietDevice[] = R"({"bearer": "scenario", "minuteMs": 40,
     "scenario": {"default": {"device": "quiet0"}}})";
 
 TEST_F(LinkIdle, EndsAQuietPacketLinkAfterItsMinutes)
 {
-    configure(kQuietDevice);
+    configure(quietDevice);
     NetworkProfile record = packetProfile();
     record.gprsTimeout = 5;
     record.csdTimeout = 1;
@@ -47,7 +47,7 @@ TEST_F(LinkIdle, EndsAQuietPacketLinkAfterItsMinutes)
 
 TEST_F(LinkIdle, EndsAQuietDialledLinkAfterItsOwnMinutes)
 {
-    configure(kQuietDevice);
+    configure(quietDevice);
     NetworkProfile record = dialledProfile();
     record.gprsTimeout = 1;
     record.csdTimeout = 5;
@@ -93,7 +93,7 @@ TEST_F(LinkIdle, EndsAQuietLinkWithinAQuarterOfItsPeriodMore)
 
 TEST_F(LinkIdle, LetsAWifiLinkBe)
 {
-    configure(kQuietDevice);
+    configure(quietDevice);
     NetworkProfile record = wifiProfile();
     record.gprsTimeout = 1;
     record.csdTimeout = 1;

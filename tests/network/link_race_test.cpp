@@ -12,14 +12,14 @@ namespace {
 class LinkRace : public LinkTest
 {};
 
-constexpr int kRounds = 3000;
+constexpr int rounds = 3000;
 
 // Each opening of a thread has another device than the one before, so that a message which comes
 // too late is known by its device.
 void hammer(const std::string& who, int seed, std::atomic<int>* upBeforeClose)
 {
     Receiver receiver;
-    for (int round = 0; round < kRounds; ++round) {
+    for (int round = 0; round < rounds; ++round) {
         std::string own = who + (round % 2 ? "odd" : "even");
         int link = NAPI_OpenLink(own.c_str());
         ASSERT_GE(link, 0);
@@ -51,7 +51,7 @@ TEST_F(LinkRace, NothingIsToldOfALinkAfterItsClose)
     hammer("A", 11, &upBeforeClose);
     other.join();
     EXPECT_GT(upBeforeClose, 0) << "the race was never lost";
-    EXPECT_LT(upBeforeClose, 2 * kRounds) << "the race was never won";
+    EXPECT_LT(upBeforeClose, 2 * rounds) << "the race was never won";
 }
 
 TEST_F(LinkRace, AnOpeningEndsInAFailureOrAClose)
@@ -60,7 +60,7 @@ TEST_F(LinkRace, AnOpeningEndsInAFailureOrAClose)
     store("Home");
     Receiver receiver;
     int closed = 0, failures = 0;
-    for (int round = 0; round < 2 * kRounds; ++round) {
+    for (int round = 0; round < 2 * rounds; ++round) {
         int link = NAPI_OpenLink("Home");
         ASSERT_EQ(link, 0);
         for (int pause = round % 40; pause > 0; --pause)
@@ -86,9 +86,9 @@ TEST_F(LinkRace, EveryOpeningIsAnsweredOnce)
     useScenarios();
     Receiver receiver;
     std::atomic<int> opened{0};
-    constexpr int kOpenings = 4000;
+    constexpr int openings = 4000;
     auto open = [&opened] {
-        for (int count = 0; count < kOpenings;) {
+        for (int count = 0; count < openings;) {
             int link = NAPI_OpenLink("Fail");
             ASSERT_TRUE(link >= 0 || link == -212) << link;
             count += link >= 0;
@@ -96,13 +96,13 @@ TEST_F(LinkRace, EveryOpeningIsAnsweredOnce)
         }
     };
     std::thread first(open), second(open);
-    for (int count = 0; count < 2 * kOpenings; ++count) {
+    for (int count = 0; count < 2 * openings; ++count) {
         Message message = receiver.next();
         ASSERT_EQ(message, failed(message.link, 5, 691));
     }
     first.join();
     second.join();
-    EXPECT_EQ(opened, 2 * kOpenings);
+    EXPECT_EQ(opened, 2 * openings);
     EXPECT_EQ(NAPI_OpenLink("Home"), 0) << "all ids are free again";
     EXPECT_EQ(receiver.next(), connected(0)) << "and nothing else was told";
 }

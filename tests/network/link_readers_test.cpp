@@ -20,7 +20,7 @@ namespace {
 using network::DefaultRoute;
 using network::readNameServers;
 
-constexpr uint32_t kRequest = 1;
+constexpr uint32_t requestNumber = 1;
 
 template <typename Value> std::string bytesOf(const Value& value)
 {
@@ -36,7 +36,8 @@ std::string attribute(unsigned short type, const std::string& value)
     return bytes + std::string(RTA_ALIGN(bytes.size()) - bytes.size(), '\0');
 }
 
-std::string message(unsigned short type, const std::string& content, uint32_t request = kRequest)
+std::string message(unsigned short type, const std::string& content,
+                    uint32_t request = requestNumber)
 {
     nlmsghdr header = {};
     header.nlmsg_type = type;
@@ -45,7 +46,7 @@ std::string message(unsigned short type, const std::string& content, uint32_t re
     return bytesOf(header) + content;
 }
 
-std::string route(unsigned interface, int metric, uint32_t request = kRequest)
+std::string route(unsigned interface, int metric, uint32_t request = requestNumber)
 {
     rtmsg content = {};
     content.rtm_family = AF_INET;
@@ -62,7 +63,7 @@ bool read(const std::string& bytes, DefaultRoute* best)
 {
     const std::unique_ptr<char[]> exact(new char[bytes.size()]);
     std::copy(bytes.begin(), bytes.end(), exact.get());
-    return network::readRoutes(exact.get(), bytes.size(), kRequest, best);
+    return network::readRoutes(exact.get(), bytes.size(), requestNumber, best);
 }
 
 TEST(RouteReader, TakesTheDefaultRouteWithTheLowestMetric)
@@ -85,7 +86,8 @@ TEST(RouteReader, EndsWithTheLastMessage)
 TEST(RouteReader, PassesOverAnswersToOthers)
 {
     DefaultRoute best;
-    EXPECT_TRUE(read(route(7, 1, kRequest + 1) + message(NLMSG_DONE, "", 0) + route(5, 9), &best));
+    EXPECT_TRUE(
+        read(route(7, 1, requestNumber + 1) + message(NLMSG_DONE, "", 0) + route(5, 9), &best));
     EXPECT_EQ(best.interface, 5u);
 }
 
@@ -121,7 +123,7 @@ TEST(RouteReader, RefusesLengthsThatCannotBe)
 TEST(RouteReader, ReadsNothingBeyondADatagramCutAnywhere)
 {
     const std::string whole = route(7, 600) + route(5, 100);
-    for (size_t length = 0; length < whole.size(); ++length) {
+    for (std::size_t length = 0; length < whole.size(); ++length) {
         DefaultRoute best;
         read(whole.substr(0, length), &best);
         EXPECT_TRUE(best.interface == 0 || best.interface == 7) << length;
@@ -150,7 +152,7 @@ struct Row
     Servers servers;
 };
 
-const Row kRows[] = {
+const Row rows[] = {
     {"Empty", "", {}},
     {"One", "nameserver 10.1.2.3\n", {"10.1.2.3"}},
     {"NoLineEnd", "nameserver 10.1.2.3", {"10.1.2.3"}},
@@ -173,7 +175,7 @@ const Row kRows[] = {
 
 TEST(ResolverReader, TakesAddressesAndPassesOverEverythingElse)
 {
-    for (const Row& row : kRows)
+    for (const Row& row : rows)
         EXPECT_EQ(readNameServers(row.text), row.servers) << row.label;
 }
 

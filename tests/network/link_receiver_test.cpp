@@ -14,11 +14,11 @@ class LinkReceiver : public LinkTest
 
 // Openings that fail with details of their own, all at once until there are `count`; told through a
 // receiver that reads them at once.
-std::vector<Message> failMany(Receiver& quick, size_t count)
+std::vector<Message> failMany(Receiver& quick, std::size_t count)
 {
     std::minstd_rand random(1);
     std::vector<Message> told;
-    size_t opened = 0;
+    std::size_t opened = 0;
     while (told.size() < count) {
         while (opened < count && opened < told.size() + 200) {
             std::string name = "Fail" + std::to_string(random() % 8);
@@ -46,7 +46,7 @@ TEST_F(LinkReceiver, ThatNeverReadsLosesNothingAndHoldsNobodyUp)
         store("Fail" + std::to_string(i));
     Receiver quick, never;
     std::vector<Message> told = failMany(quick, 200000);
-    for (size_t i = 0; i < told.size(); ++i)
+    for (std::size_t i = 0; i < told.size(); ++i)
         ASSERT_EQ(never.next(), told[i]) << "message " << i;
     EXPECT_FALSE(never.ready());
 }
@@ -66,7 +66,7 @@ TEST_F(LinkReceiver, ThatReadsLateIsNotToldOfClosedLinks)
     }
     std::vector<Message> after = failMany(quick, 5000);
     told.insert(told.end(), after.begin(), after.end());
-    for (size_t i = 0; i < told.size(); ++i)
+    for (std::size_t i = 0; i < told.size(); ++i)
         ASSERT_EQ(late.next(), told[i]) << "message " << i;
     EXPECT_FALSE(late.ready());
 }

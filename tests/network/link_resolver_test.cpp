@@ -17,7 +17,11 @@
 using namespace linktest;
 namespace fs = std::filesystem;
 
-static std::atomic<int> syncError{0};
+namespace {
+
+std::atomic<int> syncError{0};
+
+} // namespace
 
 // A disk that fails. The library's calls arrive here, because a program's own symbols come before
 // those of other libraries.
@@ -29,9 +33,13 @@ extern "C" __attribute__((visibility("default"))) int fsync(int descriptor)
     return -1;
 }
 
+namespace {
+
 // What stands in the place of the machine's own file, and how the library has opened it.
-static std::string machineFile;
-static int machineFlags = 0;
+std::string machineFile;
+int machineFlags = 0;
+
+} // namespace
 
 extern "C" __attribute__((visibility("default"))) int open(const char* path, int flags, ...)
 {
@@ -90,17 +98,17 @@ NetworkProfile withServers(NetworkProfile record)
     return record;
 }
 
-constexpr char kNetworkServers[] = R"({"nameServers": ["9.9.9.9", "2001:db8::53"]})";
+constexpr char networkServers[] = R"({"nameServers": ["9.9.9.9", "2001:db8::53"]})";
 
 TEST_F(LinkResolver, TakesTheProfilesServersForPacketData)
 {
-    EXPECT_EQ(configureResolver(withServers(packetProfile()), kNetworkServers), 0);
+    EXPECT_EQ(configureResolver(withServers(packetProfile()), networkServers), 0);
     EXPECT_EQ(readFile(file()), "nameserver 10.1.2.3\nnameserver 192.168.0.254\n");
 }
 
 TEST_F(LinkResolver, TakesTheProfilesServersForDialledCalls)
 {
-    EXPECT_EQ(configureResolver(withServers(dialledProfile()), kNetworkServers), 0);
+    EXPECT_EQ(configureResolver(withServers(dialledProfile()), networkServers), 0);
     EXPECT_EQ(readFile(file()), "nameserver 1.2.3.4\nnameserver 5.6.7.8\n");
 }
 
@@ -114,7 +122,7 @@ TEST_F(LinkResolver, LeavesOutAServerThatIsNone)
 
 TEST_F(LinkResolver, TakesTheNetworksServersWhenTheProfileHasNone)
 {
-    EXPECT_EQ(configureResolver(packetProfile(), kNetworkServers), 0);
+    EXPECT_EQ(configureResolver(packetProfile(), networkServers), 0);
     EXPECT_EQ(readFile(file()), "nameserver 9.9.9.9\nnameserver 2001:db8::53\n");
 }
 

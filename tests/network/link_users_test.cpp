@@ -122,7 +122,7 @@ TEST_F(LinkUsers, KeepTheirSignalsToThemselves)
 {
     Receiver receiver;
     std::string status = readFile("/proc/self/task/" + std::to_string(engineThread()) + "/status");
-    size_t at = status.find("\nSigBlk:\t");
+    std::size_t at = status.find("\nSigBlk:\t");
     ASSERT_NE(at, std::string::npos);
     unsigned long long blocked = std::stoull(status.substr(at + 9), nullptr, 16);
     for (int signal : {SIGINT, SIGTERM, SIGALRM, SIGCHLD, SIGUSR1, SIGPIPE})

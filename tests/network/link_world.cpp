@@ -16,12 +16,16 @@ namespace fs = std::filesystem;
 
 namespace linktest {
 
-constexpr int kPatienceMs = 60000;
+constexpr int patienceMs = 60000;
 
-static auto fieldsOf(const Message& m)
+namespace {
+
+auto fieldsOf(const Message& m)
 {
     return std::tie(m.type, m.link, m.kind, m.device, m.address, m.cause, m.detail);
 }
+
+} // namespace
 
 bool Message::operator==(const Message& other) const
 {
@@ -78,7 +82,7 @@ int Receiver::finish()
 Message Receiver::next()
 {
     pollfd readable = {m_socket, POLLIN, 0};
-    if (poll(&readable, 1, kPatienceMs) == 1) {
+    if (poll(&readable, 1, patienceMs) == 1) {
         if (auto message = ready())
             return *message;
     }
@@ -143,9 +147,9 @@ std::string readFile(const std::string& path)
     return text.str();
 }
 
-size_t entriesOf(const char* folder)
+std::size_t entriesOf(const char* folder)
 {
-    return static_cast<size_t>(
+    return static_cast<std::size_t>(
         std::distance(fs::directory_iterator(folder), fs::directory_iterator()));
 }
 
@@ -162,7 +166,7 @@ long sleepsOf(int thread)
 {
     static const std::string key = "\nvoluntary_ctxt_switches:";
     std::string status = readFile("/proc/self/task/" + std::to_string(thread) + "/status");
-    size_t at = status.find(key);
+    std::size_t at = status.find(key);
     return at == std::string::npos ? -1 : std::stol(status.substr(at + key.size()));
 }
 
@@ -177,7 +181,7 @@ long long workOf(int thread)
 
 long long workWhenAsleep(int thread)
 {
-    auto patience = std::chrono::steady_clock::now() + std::chrono::milliseconds(kPatienceMs);
+    auto patience = std::chrono::steady_clock::now() + std::chrono::milliseconds(patienceMs);
     for (long long before = -1; std::chrono::steady_clock::now() < patience;) {
         long long now = workOf(thread);
         if (now == before)
@@ -189,13 +193,15 @@ long long workWhenAsleep(int thread)
     return -1;
 }
 
+namespace {
+
 // A thread that has been joined may be listed for an instant more, so the list is looked at until
 // it has not changed for a while.
-static size_t lastingThreads()
+std::size_t lastingThreads()
 {
-    size_t threads = 0;
+    std::size_t threads = 0;
     for (int same = 0; same < 3; ++same) {
-        size_t now = entriesOf("/proc/self/task");
+        std::size_t now = entriesOf("/proc/self/task");
         if (now != threads)
             same = 0;
         threads = now;
@@ -203,6 +209,8 @@ static size_t lastingThreads()
     }
     return threads;
 }
+
+} // namespace
 
 void LinkTest::SetUp()
 {

@@ -86,13 +86,13 @@ protected:
 
 private:
     std::string m_root;
-    size_t m_descriptors = 0;
-    size_t m_threads = 0;
+    std::size_t m_descriptors = 0;
+    std::size_t m_threads = 0;
 };
 
 void writeFile(const std::string& path, const std::string& text);
 std::string readFile(const std::string& path);
-size_t entriesOf(const char* folder);
+std::size_t entriesOf(const char* folder);
 
 // The engine's thread, by its name; 0 when there is none.
 int engineThread();

@@ -39,9 +39,9 @@ void PrintTo(const Row& row, std::ostream* stream)
     *stream << row.name;
 }
 
-constexpr char kKeys[] =
+constexpr char keys[] =
     "bearer, interfaces, takeOver, roaming, guards, scenario, maxProfiles, minuteMs";
-constexpr char kScenarioKeys[] =
+constexpr char scenarioKeys[] =
     "outcome, afterMs, cause, detail, device, address, nameServers, breakAfterMs";
 
 const Row rows[] = {
@@ -58,7 +58,7 @@ const Row rows[] = {
       "using \"machine\" instead"}},
     {"UnknownKey",
      "{\n\n\"berer\": \"machine\"}",
-     {std::string(":3: berer: expected one of the keys ") + kKeys +
+     {std::string(":3: berer: expected one of the keys ") + keys +
       ", found an unknown key; using the file without it instead"}},
     {"TakeOverIsNoBoolean",
      "{\"takeOver\": 1}",
@@ -128,7 +128,7 @@ const Row rows[] = {
       "found the text \"maybe\"; using \"connect\" instead"}},
     {"UnknownScenarioKey",
      "{\"scenario\": {\"profiles\": {\"Home\": {\"after\": 3}}}}",
-     {std::string(":1: scenario.profiles.Home.after: expected one of the keys ") + kScenarioKeys +
+     {std::string(":1: scenario.profiles.Home.after: expected one of the keys ") + scenarioKeys +
       ", found an unknown key; using the file without it instead"}},
     {"NegativeTime",
      "{\"scenario\": {\"default\": {\"afterMs\": -1}}}",
@@ -185,7 +185,7 @@ const Row rows[] = {
       ":3: bearer: expected one of the texts \"machine\", \"scenario\", \"networkmanager\", found "
       "the number 1; using "
       "\"machine\" instead",
-      std::string(":4: more: expected one of the keys ") + kKeys +
+      std::string(":4: more: expected one of the keys ") + keys +
           ", found an unknown key; using the file without it instead"}},
 };
 
@@ -213,7 +213,7 @@ TEST_P(NetworkConfigProblem, IsFoundByTheInspection)
     configure(GetParam().json);
     std::vector<napihost::Finding> findings = napihost::inspectNetworkConfiguration();
     ASSERT_EQ(findings.size(), GetParam().lines.size());
-    for (size_t i = 0; i < findings.size(); ++i) {
+    for (std::size_t i = 0; i < findings.size(); ++i) {
         EXPECT_EQ(findings[i].path + ": " + findings[i].problem, path() + GetParam().lines[i]);
         EXPECT_EQ(findings[i].remedy,
                   "correct the file; network-json.md in the documentation describes it");

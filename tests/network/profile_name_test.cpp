@@ -16,7 +16,7 @@ void PrintTo(const NameCase& row, std::ostream* out)
     *out << row.label;
 }
 
-const NameCase kNames[] = {
+const NameCase names[] = {
     {"OneLetter", "a", true},
     {"BlankAlone", " ", true},
     {"DotInside", "a.b", true},
@@ -114,7 +114,7 @@ TEST_P(BadProfileName, IsRefusedByEveryCallAndTouchesNothing)
 std::vector<NameCase> namesThatAre(bool good)
 {
     std::vector<NameCase> rows;
-    for (const NameCase& row : kNames)
+    for (const NameCase& row : names)
         if (row.isGood == good)
             rows.push_back(row);
     return rows;

@@ -10,10 +10,14 @@
 
 namespace linktest {
 
-static void ip(const std::string& command)
+namespace {
+
+void ip(const std::string& command)
 {
     EXPECT_EQ(std::system(("ip " + command).c_str()), 0) << command;
 }
+
+} // namespace
 
 void RealKernel::add(const std::string& device, const std::string& address)
 {
@@ -44,8 +48,10 @@ void RealKernel::addDefaultRoute(const std::string& device, int metric)
     ip("route add default dev " + device + " metric " + std::to_string(metric));
 }
 
+namespace {
+
 // In a user namespace of its own a process is root, and may make network namespaces.
-static bool becomeRootOfNamespace()
+bool becomeRootOfNamespace()
 {
     std::string uid = std::to_string(geteuid()), gid = std::to_string(getegid());
     if (unshare(CLONE_NEWUSER | CLONE_NEWNET) != 0)
@@ -55,6 +61,8 @@ static bool becomeRootOfNamespace()
     std::ofstream("/proc/self/gid_map") << "0 " + gid + " 1";
     return geteuid() == 0;
 }
+
+} // namespace
 
 bool enterNetworkNamespace()
 {

@@ -85,7 +85,7 @@ TEST_F(StoreCalls, NullPointersAreRefused)
 TEST_F(StoreCalls, CreatedRecordIsStoredByteForByteBelowTheRoot)
 {
     auto* bytes = reinterpret_cast<unsigned char*>(&record);
-    for (size_t i = 0; i < sizeof record; ++i)
+    for (std::size_t i = 0; i < sizeof record; ++i)
         bytes[i] = static_cast<unsigned char>(i * 7 + i / 256);
     ASSERT_EQ(NAPI_CreateProfile("A", &record, 0, 0), NAPI_OK);
     std::string stored =

@@ -28,7 +28,7 @@ void PrintTo(const Damage& damage, std::ostream* out)
     *out << damage.label;
 }
 
-template <size_t length> void makeOfLength(StoreWorld& world)
+template <std::size_t length> void makeOfLength(StoreWorld& world)
 {
     world.putRaw("Bad", std::string(length, 'x'));
 }
@@ -49,7 +49,7 @@ void makeSocket(StoreWorld& world)
     close(fd);
 }
 
-const Damage kDamages[] = {
+const Damage damages[] = {
     {"EmptyRecord", makeOfLength<0>, "Bad/profile", "record has 0 bytes instead of 1168"},
     {"OneByteShort", makeOfLength<1167>, "Bad/profile", "record has 1167 bytes instead of 1168"},
     {"OneByteLong", makeOfLength<1169>, "Bad/profile", "record has 1169 bytes instead of 1168"},
@@ -165,7 +165,7 @@ TEST_P(DamagedProfile, CanBeRenamed)
     EXPECT_EQ(NAPI_IsProfileValid("Bad"), NAPI_ERR_NO_PROFILE);
 }
 
-INSTANTIATE_TEST_SUITE_P(Damages, DamagedProfile, testing::ValuesIn(kDamages),
+INSTANTIATE_TEST_SUITE_P(Damages, DamagedProfile, testing::ValuesIn(damages),
                          [](const auto& damage) { return std::string(damage.param.label); });
 
 class StoreInspection : public testing::Test
@@ -227,7 +227,7 @@ void PrintTo(const Concern& concern, std::ostream* out)
     *out << concern.label;
 }
 
-const Concern kConcerns[] = {
+const Concern concerns[] = {
     {"RecordThatOthersMayRead",
      [](const StoreWorld& world) { chmod(world.record("A").c_str(), 0644); },
      "ROOT/vornlocal/download/appwrite/NetProfile/A/profile", "others may read it (mode 0644)",
@@ -268,7 +268,7 @@ class StoreConcerns : public testing::TestWithParam<Concern>
 protected:
     std::string expanded(std::string text) const
     {
-        for (size_t at; (at = text.find("ROOT")) != std::string::npos;)
+        for (std::size_t at; (at = text.find("ROOT")) != std::string::npos;)
             text.replace(at, 4, world.root());
         return text;
     }
@@ -290,7 +290,7 @@ TEST_P(StoreConcerns, AreFoundWithTheCommandThatMendsThem)
     EXPECT_EQ(findings[0].remedy, expanded(GetParam().remedy));
 }
 
-INSTANTIATE_TEST_SUITE_P(Concerns, StoreConcerns, testing::ValuesIn(kConcerns),
+INSTANTIATE_TEST_SUITE_P(Concerns, StoreConcerns, testing::ValuesIn(concerns),
                          [](const auto& concern) { return std::string(concern.param.label); });
 
 TEST_F(StoreInspection, LooksAtTheRootBeforeAnythingIsStored)

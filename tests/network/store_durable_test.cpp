@@ -55,7 +55,7 @@ TEST_F(DurableFile, ReplacesAndSweepsWhatAKilledWriterLeft)
 
 TEST_F(DurableFile, IsTheOldOneWhenItsProcessEndsBeforeTheRenameAndElseTheNewOne)
 {
-    for (size_t at = 0;; ++at) {
+    for (std::size_t at = 0;; ++at) {
         ASSERT_EQ(replace("old"), 0);
         int status = inChild([&] {
             faults::begin({faults::Fault::Die, at, 0});
@@ -65,7 +65,7 @@ TEST_F(DurableFile, IsTheOldOneWhenItsProcessEndsBeforeTheRenameAndElseTheNewOne
         ASSERT_TRUE(content == "old" || content == "new") << content;
         if (status == 0)
             break;
-        ASSERT_EQ(status, faults::kDeathStatus);
+        ASSERT_EQ(status, faults::deathStatus);
     }
     EXPECT_EQ(contentOf(path), "new");
 }
@@ -74,7 +74,7 @@ TEST_F(DurableFile, FailingWriteOrSyncLeavesTheOldOneAndNothingElse)
 {
     ASSERT_EQ(replace("old"), 0);
     int failures = 0;
-    for (size_t at = 0;; ++at) {
+    for (std::size_t at = 0;; ++at) {
         faults::begin({faults::Fault::Fail, at, ENOSPC});
         int error = replace("new");
         std::vector<faults::Call> calls = faults::end();

@@ -60,7 +60,9 @@ std::vector<Call> end()
     return calls;
 }
 
-static Place placeOf(int folder, const char* name)
+namespace {
+
+Place placeOf(int folder, const char* name)
 {
     return {folder == AT_FDCWD ? 0 : inodeOf(folder), name};
 }
@@ -68,11 +70,11 @@ static Place placeOf(int folder, const char* name)
 // Carries out one watched call, or what the plan has for it. `note` completes the record of a call
 // that was carried out.
 template <typename Result, typename Real, typename Note>
-static Result watch(Call call, Real real, Note note)
+Result watch(Call call, Real real, Note note)
 {
     Pause pause;
     if (isDue(Fault::Die))
-        _exit(kDeathStatus);
+        _exit(deathStatus);
     if (isDue(Fault::Fail) || isDue(Fault::Interrupt)) {
         errno = isDue(Fault::Fail) ? plan.error : EINTR;
         call.result = -1;
@@ -88,12 +90,16 @@ static Result watch(Call call, Real real, Note note)
     return result;
 }
 
+} // namespace
+
 template <typename Result, typename Real> static Result watch(Call call, Real real)
 {
     return watch<Result>(std::move(call), real, [](Call*) {});
 }
 
-static Call callOn(const char* function, int fd)
+namespace {
+
+Call callOn(const char* function, int fd)
 {
     Pause pause;
     Call call;
@@ -102,7 +108,7 @@ static Call callOn(const char* function, int fd)
     return call;
 }
 
-static Call callAt(const char* function, int folder, const char* name, unsigned int flags = 0)
+Call callAt(const char* function, int folder, const char* name, unsigned int flags = 0)
 {
     Pause pause;
     Call call;
@@ -111,6 +117,8 @@ static Call callAt(const char* function, int folder, const char* name, unsigned 
     call.flags = flags;
     return call;
 }
+
+} // namespace
 
 } // namespace faults
 
@@ -180,15 +188,15 @@ INTERPOSED int fchmodat(int folder, const char* name, mode_t mode, int flags) no
     return isWatching ? watch<int>(callAt("fchmodat", folder, name), call) : call();
 }
 
-INTERPOSED ssize_t write(int fd, const void* bytes, size_t length)
+INTERPOSED ssize_t write(int fd, const void* bytes, std::size_t length)
 {
     REAL(write);
     if (!isWatching)
         return real(fd, bytes, length);
-    size_t asked = isDue(Fault::Short) ? length / 2 : length;
+    std::size_t asked = isDue(Fault::Short) ? length / 2 : length;
     return watch<ssize_t>(
         callOn("write", fd), [&] { return real(fd, bytes, asked); },
-        [](Call* noted) { noted->bytes = static_cast<size_t>(noted->result); });
+        [](Call* noted) { noted->bytes = static_cast<std::size_t>(noted->result); });
 }
 
 INTERPOSED int fsync(int fd)
@@ -238,14 +246,14 @@ INTERPOSED int flock(int fd, int operation) noexcept
     return isWatched ? watch<int>(callOn("flock", fd), call) : call();
 }
 
-INTERPOSED ssize_t getdents64(int fd, void* buffer, size_t length) noexcept
+INTERPOSED ssize_t getdents64(int fd, void* buffer, std::size_t length) noexcept
 {
     REAL(getdents64);
     auto call = [&] { return real(fd, buffer, length); };
     return isWatching ? watch<ssize_t>(callOn("getdents64", fd), call) : call();
 }
 
-INTERPOSED ssize_t read(int fd, void* buffer, size_t length)
+INTERPOSED ssize_t read(int fd, void* buffer, std::size_t length)
 {
     REAL(read);
     auto call = [&] { return real(fd, buffer, length); };

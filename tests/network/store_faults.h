@@ -26,7 +26,7 @@ struct Call
     unsigned int flags = 0; // of renameat2, open and unlinkat
     long result = 0;        // of the call; -1 when it failed
     ino_t made = 0;         // mkdir, openat: the inode that the name stands for afterwards
-    size_t bytes = 0;       // write: how many
+    std::size_t bytes = 0;  // write: how many
 };
 
 enum class Fault {
@@ -40,9 +40,9 @@ enum class Fault {
 struct Plan
 {
     Fault fault = Fault::None;
-    size_t at = 0; // which call, counted from 0
+    std::size_t at = 0; // which call, counted from 0
     int error = 0;
-    size_t alsoAt = SIZE_MAX; // a second call with the same fault
+    std::size_t alsoAt = SIZE_MAX; // a second call with the same fault
 };
 
 // From begin() to end(); end() gives the calls that were made.
@@ -50,7 +50,7 @@ void begin(const Plan& plan = {});
 std::vector<Call> end();
 
 // What a process ended by Fault::Die gives to its parent.
-const int kDeathStatus = 77;
+const int deathStatus = 77;
 
 } // namespace faults
 

@@ -38,7 +38,7 @@ int modify()
     return NAPI_ModifyProfile("A", &record, 0, 0);
 }
 
-const Change kChanges[] = {
+const Change changes[] = {
     {"CreateInAnEmptyRoot", {}, {{"New", 5}}, create},
     {"Create", {{"A", 1}, {"B", 2}}, {{"A", 1}, {"B", 2}, {"New", 5}}, create},
     {"Modify", {{"A", 1}, {"B", 2}}, {{"A", 5}, {"B", 2}}, modify},
@@ -55,22 +55,22 @@ struct Meaning
     int result;
 };
 
-const Meaning kMeanings[] = {
+const Meaning meanings[] = {
     {ENOSPC, NAPI_ERR_MEMORY_FULL}, {EDQUOT, NAPI_ERR_MEMORY_FULL}, {EACCES, NAPI_ERR_ACCESS},
     {EPERM, NAPI_ERR_ACCESS},       {EROFS, NAPI_ERR_ACCESS},       {EIO, NAPI_ERR_IO},
     {EMFILE, NAPI_ERR_RESOURCES},   {ENFILE, NAPI_ERR_RESOURCES},   {ENOMEM, NAPI_ERR_RESOURCES},
 };
 
-const int kStillGoing = 10000;
+const int stillGoing = 10000;
 
 class StoreFaults : public testing::TestWithParam<Change>
 {
 protected:
     // In memory, where the disk's time does not count: hundreds of changes are made.
     StoreWorld world{StoreWorld::On::Memory};
-    size_t made = 0; // calls of the last change
+    std::size_t made = 0; // calls of the last change
 
-    // Runs the change in a fresh store under the plan. kStillGoing when the plan came to nothing
+    // Runs the change in a fresh store under the plan. stillGoing when the plan came to nothing
     // since the change makes fewer calls.
     int runUnder(const Plan& plan)
     {
@@ -78,7 +78,7 @@ protected:
         faults::begin(plan);
         int result = GetParam().run();
         made = faults::end().size();
-        return plan.at < made || plan.alsoAt != SIZE_MAX ? result : kStillGoing;
+        return plan.at < made || plan.alsoAt != SIZE_MAX ? result : stillGoing;
     }
 
     static bool stands(int result) { return result == NAPI_OK || result == NAPI_ERR_NOT_SYNCED; }
@@ -104,13 +104,13 @@ TEST_P(StoreFaults, ChangeWithoutFaultIsMade)
 
 TEST_P(StoreFaults, FailingCallLeavesTheOldStateAndTheResultSaysWhy)
 {
-    for (const Meaning& meaning : kMeanings) {
+    for (const Meaning& meaning : meanings) {
         int failures = 0;
-        for (size_t at = 0;; ++at) {
+        for (std::size_t at = 0;; ++at) {
             SCOPED_TRACE("errno " + std::to_string(meaning.error) + " at call " +
                          std::to_string(at));
             int result = runUnder({Fault::Fail, at, meaning.error});
-            if (result == kStillGoing)
+            if (result == stillGoing)
                 break;
             if (!stands(result)) {
                 ++failures;
@@ -131,7 +131,7 @@ TEST_P(StoreFaults, ChangeThatTheDiskDoesNotConfirmStandsAndTheResultSaysSo)
     faults::begin();
     ASSERT_EQ(GetParam().run(), NAPI_OK);
     const std::vector<faults::Call> calls = faults::end();
-    size_t last = calls.size();
+    std::size_t last = calls.size();
     while (calls[last - 1].function != "fsync")
         --last;
     EXPECT_EQ(runUnder({Fault::Fail, last - 1, EIO}), NAPI_ERR_NOT_SYNCED);
@@ -141,9 +141,9 @@ TEST_P(StoreFaults, ChangeThatTheDiskDoesNotConfirmStandsAndTheResultSaysSo)
 
 TEST_P(StoreFaults, TwoFailingCallsLeaveTheOldOrTheNewStateAndTheResultSaysWhich)
 {
-    for (size_t first = 0;; ++first) {
+    for (std::size_t first = 0;; ++first) {
         bool isPair = false;
-        for (size_t second = first + 1;; ++second) {
+        for (std::size_t second = first + 1;; ++second) {
             SCOPED_TRACE("calls " + std::to_string(first) + " and " + std::to_string(second));
             const int result = runUnder({Fault::Fail, first, EIO, second});
             const bool isLast = made <= second;
@@ -164,7 +164,7 @@ TEST_P(StoreFaults, TwoFailingCallsLeaveTheOldOrTheNewStateAndTheResultSaysWhich
 
 TEST_P(StoreFaults, InterruptedCallIsMadeAgain)
 {
-    for (size_t at = 0;; ++at) {
+    for (std::size_t at = 0;; ++at) {
         SCOPED_TRACE("call " + std::to_string(at));
         world.reset(GetParam().before);
         faults::begin();
@@ -184,9 +184,9 @@ TEST_P(StoreFaults, InterruptedCallIsMadeAgain)
 
 TEST_P(StoreFaults, ShortWriteIsContinued)
 {
-    for (size_t at = 0;; ++at) {
+    for (std::size_t at = 0;; ++at) {
         int result = runUnder({Fault::Short, at, 0});
-        if (result == kStillGoing)
+        if (result == stillGoing)
             break;
         ASSERT_EQ(result, NAPI_OK);
         ASSERT_EQ(storedProfiles(), GetParam().after);
@@ -195,7 +195,7 @@ TEST_P(StoreFaults, ShortWriteIsContinued)
 
 TEST_P(StoreFaults, ProcessEndedBeforeAnyCallLeavesTheOldOrTheNewState)
 {
-    for (size_t at = 0;; ++at) {
+    for (std::size_t at = 0;; ++at) {
         SCOPED_TRACE("call " + std::to_string(at));
         world.reset(GetParam().before);
         int status = inChild([&] {
@@ -207,7 +207,7 @@ TEST_P(StoreFaults, ProcessEndedBeforeAnyCallLeavesTheOldOrTheNewState)
             ASSERT_EQ(stored, GetParam().after);
             break;
         }
-        ASSERT_EQ(status, faults::kDeathStatus);
+        ASSERT_EQ(status, faults::deathStatus);
         ASSERT_TRUE(stored == GetParam().before || stored == GetParam().after)
             << testing::PrintToString(stored);
         expectSweptByTheNextWrite();
@@ -216,19 +216,19 @@ TEST_P(StoreFaults, ProcessEndedBeforeAnyCallLeavesTheOldOrTheNewState)
 
 TEST_P(StoreFaults, NoDescriptorIsLeftOpen)
 {
-    for (size_t at = 0;; ++at) {
+    for (std::size_t at = 0;; ++at) {
         world.reset(GetParam().before);
-        size_t before = entriesOf("/proc/self/fd").size();
+        std::size_t before = entriesOf("/proc/self/fd").size();
         faults::begin({Fault::Fail, at, EIO});
         GetParam().run();
-        size_t count = faults::end().size();
+        std::size_t count = faults::end().size();
         ASSERT_EQ(entriesOf("/proc/self/fd").size(), before) << "call " << at;
         if (at >= count)
             break;
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Changes, StoreFaults, testing::ValuesIn(kChanges),
+INSTANTIATE_TEST_SUITE_P(Changes, StoreFaults, testing::ValuesIn(changes),
                          [](const auto& change) { return std::string(change.param.label); });
 
 // The reading calls fail with the same meanings.
@@ -242,7 +242,7 @@ TEST_P(StoreReadFaults, FailingCallIsReportedAndTheArgumentsStayAsTheyWere)
 {
     world.reset({{"A", 1}});
     int failures = 0;
-    for (size_t at = 0;; ++at) {
+    for (std::size_t at = 0;; ++at) {
         NetworkProfile record = uniformRecord(8);
         faults::begin({Fault::Fail, at, GetParam().error});
         int result = NAPI_ReadProfile("A", &record, 0, 0);
@@ -261,7 +261,7 @@ TEST_P(StoreReadFaults, FailingCallRefusesTheOpeningOfALink)
     const int socket = NAPI_Init(0);
     ASSERT_GE(socket, 0);
     int failures = 0;
-    for (size_t at = 0;; ++at) {
+    for (std::size_t at = 0;; ++at) {
         faults::begin({Fault::Fail, at, GetParam().error});
         int result = NAPI_OpenLink("A");
         bool failed = faults::end().size() > at;
@@ -281,7 +281,7 @@ TEST_P(StoreReadFaults, FailingCallRefusesTheOpeningOfALink)
 TEST_P(StoreReadFaults, FailingListLeavesTheCountAsItWas)
 {
     world.reset({{"A", 1}});
-    for (size_t at : {0, 1, 2}) { // the folder is opened and its entries are read
+    for (std::size_t at : {0, 1, 2}) { // the folder is opened and its entries are read
         unsigned int count = 4711;
         faults::begin({Fault::Fail, at, GetParam().error});
         int result = NAPI_ListAllProfile(nullptr, &count);
@@ -291,7 +291,7 @@ TEST_P(StoreReadFaults, FailingListLeavesTheCountAsItWas)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Errors, StoreReadFaults, testing::ValuesIn(kMeanings),
+INSTANTIATE_TEST_SUITE_P(Errors, StoreReadFaults, testing::ValuesIn(meanings),
                          [](const auto& row) { return std::to_string(row.param.error); });
 
 // File systems that know no flags of renameat2 say EINVAL; then a plain rename does it.
@@ -301,7 +301,7 @@ TEST_P(StoreFaults, FileSystemWithoutRenameFlagsServes)
     faults::begin();
     GetParam().run();
     std::vector<faults::Call> calls = faults::end();
-    for (size_t at = 0; at < calls.size(); ++at) {
+    for (std::size_t at = 0; at < calls.size(); ++at) {
         if (calls[at].function != "renameat2")
             continue;
         ASSERT_EQ(runUnder({Fault::Fail, at, EINVAL}), NAPI_OK);

@@ -20,7 +20,7 @@ struct Change
     int (*run)();
 };
 
-const Change kChanges[] = {
+const Change changes[] = {
     {"Create",
      [] {
          NetworkProfile record = uniformRecord(5);
@@ -43,7 +43,7 @@ TEST(StoreLock, IsWaitedForTenSecondsThenTheStoreIsBusyAndUnchanged)
     const int other = open(world.profiles().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     ASSERT_EQ(flock(other, LOCK_EX), 0);
     std::vector<std::thread> writers;
-    for (const Change& change : kChanges)
+    for (const Change& change : changes)
         writers.emplace_back([&change] {
             const auto begin = std::chrono::steady_clock::now();
             EXPECT_EQ(change.run(), NAPI_ERR_BUSY) << change.label;

@@ -67,12 +67,12 @@ public:
     // Calls `visit` with every disk that a loss of power now may leave.
     template <typename Visit> void forEachOutcome(Visit visit) const
     {
-        std::vector<size_t> open;
-        for (size_t i = 0; i < m_changes.size(); ++i)
+        std::vector<std::size_t> open;
+        for (std::size_t i = 0; i < m_changes.size(); ++i)
             if (!m_changes[i].isSafe())
                 open.push_back(i);
         ASSERT_LE(open.size(), 12u);
-        for (size_t chosen = 0; chosen < size_t(1) << open.size(); ++chosen)
+        for (std::size_t chosen = 0; chosen < std::size_t(1) << open.size(); ++chosen)
             visit(outcome(open, chosen));
     }
 
@@ -87,11 +87,11 @@ private:
         }
     }
 
-    Disk outcome(const std::vector<size_t>& open, size_t chosen) const
+    Disk outcome(const std::vector<std::size_t>& open, std::size_t chosen) const
     {
         Disk disk = m_disk;
         disk.safeFiles = m_now.safeFiles;
-        for (size_t i = 0; i < m_changes.size(); ++i) {
+        for (std::size_t i = 0; i < m_changes.size(); ++i) {
             auto at = std::find(open.begin(), open.end(), i);
             if (at == open.end() || (chosen >> (at - open.begin()) & 1))
                 apply(m_changes[i], &disk);
@@ -163,7 +163,7 @@ int modify()
     return NAPI_ModifyProfile("A", &record, 0, 0);
 }
 
-const Change kChanges[] = {
+const Change changes[] = {
     {"Create",
      create,
      {{"A", Record::Old}, {"New", Record::Absent}},
@@ -259,7 +259,7 @@ TEST_P(StorePower, LossAtAnyInstantLeavesTheOldOrTheNewStateAndNoneAfterTheCall)
 TEST_P(StorePower, EveryWaitForTheDiskIsNeeded)
 {
     int syncs = 0;
-    for (size_t i = 0; i < calls.size(); ++i) {
+    for (std::size_t i = 0; i < calls.size(); ++i) {
         if (calls[i].function != "fsync")
             continue;
         ++syncs;
@@ -270,7 +270,7 @@ TEST_P(StorePower, EveryWaitForTheDiskIsNeeded)
     EXPECT_GE(syncs, 1);
 }
 
-INSTANTIATE_TEST_SUITE_P(Changes, StorePower, testing::ValuesIn(kChanges),
+INSTANTIATE_TEST_SUITE_P(Changes, StorePower, testing::ValuesIn(changes),
                          [](const auto& change) { return std::string(change.param.label); });
 
 // The folders on the way to the profiles are as safe as the first profile in them.

@@ -32,7 +32,7 @@ std::string putFile(const std::string& path)
     return path;
 }
 
-const RootCase kUnusable[] = {
+const RootCase unusable[] = {
     {"Relative", [](const StoreWorld&) { return std::string("some/folder"); }},
     {"Dot", [](const StoreWorld&) { return std::string("."); }},
     {"File", [](const StoreWorld& world) { return putFile(world.root() + "/file"); }},
@@ -80,7 +80,7 @@ TEST_P(UnusableRoot, IsToldByEveryCall)
     EXPECT_EQ(napihost::inspectStore(&findings), NAPI_ERR_ROOT);
 }
 
-INSTANTIATE_TEST_SUITE_P(Roots, UnusableRoot, testing::ValuesIn(kUnusable),
+INSTANTIATE_TEST_SUITE_P(Roots, UnusableRoot, testing::ValuesIn(unusable),
                          [](const auto& row) { return std::string(row.param.label); });
 
 TEST(Root, MissingOneIsMadeByTheFirstWriteWithAllOnTheWay)
@@ -232,8 +232,8 @@ int useUpTheDisk(const StoreWorld& world)
     int stored;
     EXPECT_EQ(fillStore(&stored), NAPI_ERR_MEMORY_FULL);
     EXPECT_GT(stored, 3);
-    EXPECT_EQ(storedProfiles().size(), size_t(stored));
-    EXPECT_EQ(entriesOf(world.profiles()).size(), size_t(stored));
+    EXPECT_EQ(storedProfiles().size(), std::size_t(stored));
+    EXPECT_EQ(entriesOf(world.profiles()).size(), std::size_t(stored));
     for (const auto& [name, byte] : storedProfiles())
         EXPECT_EQ(byte, std::stoi(name.substr(1)) % 100);
     NetworkProfile record = uniformRecord(200);

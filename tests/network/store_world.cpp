@@ -14,7 +14,11 @@
 
 namespace fs = std::filesystem;
 
-static const uid_t kNobody = 65534;
+namespace {
+
+const uid_t nobody = 65534;
+
+} // namespace
 
 NetworkProfile uniformRecord(int byte)
 {
@@ -31,12 +35,16 @@ int byteOf(const NetworkProfile& record)
     return isUniform ? bytes[0] : -1;
 }
 
-static std::string placeFor(StoreWorld::On on)
+namespace {
+
+std::string placeFor(StoreWorld::On on)
 {
     if (on == StoreWorld::On::Memory && access("/dev/shm", W_OK) == 0)
         return "/dev/shm";
     return fs::temp_directory_path();
 }
+
+} // namespace
 
 StoreWorld::StoreWorld(On on)
 {
@@ -86,11 +94,11 @@ std::vector<std::string> listedNames()
     EXPECT_EQ(NAPI_ListAllProfile(nullptr, &count), NAPI_OK);
     // Some more slots, should another process have added profiles since.
     count += 16;
-    std::vector<char> slots(size_t(count) * NAPI_PROFILE_NAME_SLOT);
+    std::vector<char> slots(std::size_t(count) * NAPI_PROFILE_NAME_SLOT);
     EXPECT_EQ(NAPI_ListAllProfile(slots.data(), &count), NAPI_OK);
     std::vector<std::string> names;
     for (unsigned int i = 0; i < count; ++i)
-        names.push_back(&slots[size_t(i) * NAPI_PROFILE_NAME_SLOT]);
+        names.push_back(&slots[std::size_t(i) * NAPI_PROFILE_NAME_SLOT]);
     return names;
 }
 
@@ -137,11 +145,11 @@ int asOrdinaryUser(const StoreWorld& world, const std::function<int()>& body)
 {
     if (geteuid() != 0)
         return inChild(body);
-    EXPECT_EQ(chown(world.root().c_str(), kNobody, kNobody), 0);
+    EXPECT_EQ(chown(world.root().c_str(), nobody, nobody), 0);
     for (auto& entry : fs::recursive_directory_iterator(world.root()))
-        EXPECT_EQ(lchown(entry.path().c_str(), kNobody, kNobody), 0);
+        EXPECT_EQ(lchown(entry.path().c_str(), nobody, nobody), 0);
     return inChild([&] {
-        if (setresgid(kNobody, kNobody, kNobody) != 0 || setresuid(kNobody, kNobody, kNobody) != 0)
+        if (setresgid(nobody, nobody, nobody) != 0 || setresuid(nobody, nobody, nobody) != 0)
             return 126;
         return body();
     });

@@ -6,7 +6,9 @@
 
 namespace ctl {
 
-static void checkAll(const std::set<std::string>& names, const Deleting& how)
+namespace {
+
+void checkAll(const std::set<std::string>& names, const Deleting& how)
 {
     try {
         for (const std::string& name : names)
@@ -15,6 +17,8 @@ static void checkAll(const std::set<std::string>& names, const Deleting& how)
         throw Failure(failure.status(), failure.what(), "Nothing was deleted. " + failure.advice());
     }
 }
+
+} // namespace
 
 int deleteEach(const Request& request, const Deleting& how)
 {

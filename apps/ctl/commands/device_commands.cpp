@@ -14,14 +14,14 @@ namespace {
 using napihost::LinkDevice;
 
 // A service that has just been started answers within it, a dead one does not make a person wait.
-constexpr int kServiceLimitMs = 5000;
+constexpr int serviceLimitMs = 5000;
 
 const char noDevices[] = "there is no modem, no WiFi and no Ethernet that NetworkManager knows.";
 
 std::vector<LinkDevice> knownDevices(const std::string& action)
 {
     std::vector<LinkDevice> devices;
-    const std::string problem = napihost::listLinkDevices(&devices, kServiceLimitMs);
+    const std::string problem = napihost::listLinkDevices(&devices, serviceLimitMs);
     if (!problem.empty())
         throw Failure(Exit::Service, "cannot " + action + ": " + problem + '.',
                       "Devices are those of NetworkManager: sudo apt install network-manager; "

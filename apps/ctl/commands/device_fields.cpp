@@ -9,7 +9,7 @@ namespace {
 using napihost::LinkDevice;
 
 // A person who has pressed the key of the completion waits for it.
-constexpr int kCompletionLimitMs = 500;
+constexpr int completionLimitMs = 500;
 
 Cell textCell(const std::string& text)
 {
@@ -80,7 +80,7 @@ std::map<std::string, Cell> deviceCells(const LinkDevice& device)
 std::vector<std::string> deviceNames()
 {
     std::vector<LinkDevice> devices;
-    napihost::listLinkDevices(&devices, kCompletionLimitMs);
+    napihost::listLinkDevices(&devices, completionLimitMs);
     std::vector<std::string> names;
     for (const LinkDevice& device : devices)
         names.push_back(device.interface);

@@ -23,7 +23,7 @@ namespace {
 
 using napihost::Finding;
 
-constexpr int kServiceLimitMs = 5000; // for services that do not answer
+constexpr int serviceLimitMs = 5000; // for services that do not answer
 
 std::string recordPath(const std::string& name)
 {
@@ -89,7 +89,7 @@ void findInNetwork(std::vector<Finding>& findings)
 {
     std::vector<Finding> found = napihost::inspectNetworkConfiguration();
     if (found.empty())
-        found = napihost::inspectLinks(kServiceLimitMs);
+        found = napihost::inspectLinks(serviceLimitMs);
     findings.insert(findings.end(), found.begin(), found.end());
 }
 

@@ -6,15 +6,19 @@
 
 namespace ctl {
 
-static std::vector<std::string> settingFields()
+namespace {
+
+std::vector<std::string> settingFields()
 {
     return {"name", "type", "value"};
 }
 
-static std::vector<std::string> featureFields()
+std::vector<std::string> featureFields()
 {
     return {"number", "available", "meaning"};
 }
+
+} // namespace
 
 const std::vector<Group>& groups()
 {

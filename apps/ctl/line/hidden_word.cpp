@@ -4,12 +4,16 @@
 
 namespace ctl {
 
-static void replaceAll(std::string& text, const std::string& what, const std::string& with)
+namespace {
+
+void replaceAll(std::string& text, const std::string& what, const std::string& with)
 {
     for (std::size_t at = text.find(what); at != std::string::npos;
          at = text.find(what, at + with.size()))
         text.replace(at, what.size(), with);
 }
+
+} // namespace
 
 HiddenWord::HiddenWord(const std::vector<std::string>& words)
 {

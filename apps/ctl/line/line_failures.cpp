@@ -151,12 +151,14 @@ std::vector<std::string> optionNames(const CLI::App& app)
 
 using Children = std::vector<const CLI::App*>;
 
-static Children childrenOf(const CLI::App& app)
+namespace {
+
+Children childrenOf(const CLI::App& app)
 {
     return app.get_subcommands([](const CLI::App*) { return true; });
 }
 
-static Failure noCommand(const CLI::App& app, const CLI::App& at, const std::string& word)
+Failure noCommand(const CLI::App& app, const CLI::App& at, const std::string& word)
 {
     const bool isOutermost = &at == &app;
     std::vector<std::string> names;
@@ -175,6 +177,8 @@ static Failure noCommand(const CLI::App& app, const CLI::App& at, const std::str
                        (isOutermost ? "" : " of \"" + at.get_name() + '"') + '.',
                    advice);
 }
+
+} // namespace
 
 void checkCommandWords(const CLI::App& app, const std::vector<std::string>& words)
 {

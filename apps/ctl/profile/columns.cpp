@@ -8,7 +8,11 @@
 
 namespace ctl {
 
-static const char setSuffix[] = "-set";
+namespace {
+
+const char setSuffix[] = "-set";
+
+} // namespace
 
 std::vector<std::string> profileColumns()
 {

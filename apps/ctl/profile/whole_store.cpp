@@ -28,7 +28,9 @@ readEach(const std::vector<std::string>& names,
 
 using Entry = std::filesystem::directory_entry;
 
-static std::size_t countEntries(bool (*counts)(const Entry&))
+namespace {
+
+std::size_t countEntries(bool (*counts)(const Entry&))
 {
     std::size_t count = 0;
     std::error_code error;
@@ -38,6 +40,8 @@ static std::size_t countEntries(bool (*counts)(const Entry&))
             ++count;
     return count;
 }
+
+} // namespace
 
 std::size_t countProfiles()
 {

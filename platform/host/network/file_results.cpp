@@ -16,7 +16,7 @@ struct Meaning
     int result;
 };
 
-const Meaning kMeanings[] = {
+const Meaning meanings[] = {
     {0, NAPI_OK},
     {ENOSPC, NAPI_ERR_MEMORY_FULL},
     {EDQUOT, NAPI_ERR_MEMORY_FULL},
@@ -48,7 +48,7 @@ int checkRoot()
 
 int fileResult(int error)
 {
-    for (const Meaning& meaning : kMeanings)
+    for (const Meaning& meaning : meanings)
         if (meaning.error == error)
             return meaning.result;
     return NAPI_ERR_IO;

@@ -18,7 +18,7 @@ std::string profilesFolder()
 
 } // namespace napihost
 
-int NAPIHOST_RootFolder(char* buffer, size_t size)
+int NAPIHOST_RootFolder(char* buffer, std::size_t size)
 {
     const std::string root = napihost::rootFolder();
     if (!buffer || root.size() >= size)

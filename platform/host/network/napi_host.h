@@ -102,6 +102,6 @@ watchLinkSteps(std::function<void(int link, const std::string& text)> listener);
 // napihost::rootFolder() for those who know this library by its C interface only: the library for
 // the phone asks for it where it is there. Result: 0 with the folder and a NUL in `buffer`, or
 // NAPI_ERR_ARGUMENT when they do not fit into `size` bytes.
-extern "C" VORN_PLATFORM_API int NAPIHOST_RootFolder(char* buffer, size_t size);
+extern "C" VORN_PLATFORM_API int NAPIHOST_RootFolder(char* buffer, std::size_t size);
 
 #endif

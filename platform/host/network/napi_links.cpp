@@ -64,7 +64,9 @@ int NAPI_BindSocket2Link(int linkId, int socket)
     });
 }
 
-static int deviceName(const network::Device& device, void* buffer, int length)
+namespace {
+
+int deviceName(const network::Device& device, void* buffer, int length)
 {
     char name[16] = "";
     if (length < static_cast<int>(sizeof name))
@@ -74,13 +76,15 @@ static int deviceName(const network::Device& device, void* buffer, int length)
     return NAPI_OK;
 }
 
-static int deviceAddress(const network::Device& device, void* buffer, int length)
+int deviceAddress(const network::Device& device, void* buffer, int length)
 {
     if (length < static_cast<int>(sizeof device.address))
         return NAPI_ERR_ARGUMENT;
     std::memcpy(buffer, &device.address, sizeof device.address);
     return NAPI_OK;
 }
+
+} // namespace
 
 int NAPI_GetDeviceInfo(int linkId, int item, void* buffer, int length)
 {

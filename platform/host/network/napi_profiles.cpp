@@ -57,7 +57,7 @@ int NAPI_ListAllProfile(char* buffer, unsigned int* count)
         }
         *count = std::min(*count, stored);
         for (unsigned int i = 0; i < *count; ++i)
-            memcpy(buffer + size_t(i) * NAPI_PROFILE_NAME_SLOT, names[i].c_str(),
+            memcpy(buffer + std::size_t(i) * NAPI_PROFILE_NAME_SLOT, names[i].c_str(),
                    names[i].size() + 1);
         return int(NAPI_OK);
     });
@@ -68,7 +68,7 @@ unsigned int NAPI_GetMaxProfiles()
     try {
         return network::networkConfig()->maxProfiles;
     } catch (const std::bad_alloc&) {
-        return network::kDefaultMaxProfiles;
+        return network::defaultMaxProfiles;
     }
 }
 

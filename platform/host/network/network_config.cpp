@@ -14,7 +14,7 @@ namespace network {
 
 namespace {
 
-constexpr off_t kMissing = -1;
+constexpr off_t missing = -1;
 
 // Tells one state of a file from the next without reading it.
 struct FileVersion
@@ -22,7 +22,7 @@ struct FileVersion
     std::string path;
     dev_t device = 0;
     ino_t inode = 0;
-    off_t size = kMissing;
+    off_t size = missing;
     timespec modified = {};
     timespec changed = {};
 };
@@ -48,12 +48,12 @@ struct Cache
     static void unlock() { instance().mutex.unlock(); }
 };
 
-} // namespace
-
-static bool same(const timespec& a, const timespec& b)
+bool same(const timespec& a, const timespec& b)
 {
     return a.tv_sec == b.tv_sec && a.tv_nsec == b.tv_nsec;
 }
+
+} // namespace
 
 static bool operator==(const FileVersion& a, const FileVersion& b)
 {
@@ -61,25 +61,27 @@ static bool operator==(const FileVersion& a, const FileVersion& b)
            same(a.modified, b.modified) && same(a.changed, b.changed);
 }
 
+namespace {
+
 // Where the root is no folder, the call that needs it says so.
-static bool isMissing(int error)
+bool isMissing(int error)
 {
     return error == ENOENT || error == ENOTDIR;
 }
 
-static FileVersion versionOf(const std::string& path)
+FileVersion versionOf(const std::string& path)
 {
     struct stat status = {};
     bool there = !path.empty() && (::stat(path.c_str(), &status) == 0 || !isMissing(errno));
-    off_t size = there ? status.st_size : kMissing;
+    off_t size = there ? status.st_size : missing;
     return {path, status.st_dev, status.st_ino, size, status.st_mtim, status.st_ctim};
 }
 
 // A file that cannot be opened may be one that there was no descriptor for, so it is tried again
 // each time; a person hears of it once.
-static void read(const FileVersion& version, Cache* cache)
+void read(const FileVersion& version, Cache* cache)
 {
-    base::JsonDocument document = version.size == kMissing
+    base::JsonDocument document = version.size == missing
                                       ? base::JsonDocument::parse("{}", version.path)
                                       : base::JsonDocument::read(version.path);
     cache->config = std::make_shared<NetworkConfig>(readNetworkConfig(document));
@@ -92,6 +94,8 @@ static void read(const FileVersion& version, Cache* cache)
         std::fputs(text.c_str(), stderr);
     cache->told = text;
 }
+
+} // namespace
 
 std::shared_ptr<const NetworkConfig> networkConfig()
 {

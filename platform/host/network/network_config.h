@@ -17,7 +17,7 @@ namespace network {
 
 using Milliseconds = std::chrono::milliseconds;
 
-inline constexpr unsigned kDefaultMaxProfiles = 1024;
+inline constexpr unsigned defaultMaxProfiles = 1024;
 
 enum class BearerChoice { Machine, Scenario, NetworkManager };
 
@@ -57,7 +57,7 @@ struct NetworkConfig
     GuardTimes guards;
     Scenario defaultScenario;
     std::map<std::string, Scenario> scenarios; // by profile name
-    unsigned maxProfiles = kDefaultMaxProfiles;
+    unsigned maxProfiles = defaultMaxProfiles;
     Milliseconds minute{60000}; // the length of a minute of the idle time-outs
 
     const Scenario& scenarioFor(const std::string& profile) const

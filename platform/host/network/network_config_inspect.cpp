@@ -5,7 +5,9 @@
 
 namespace napihost {
 
-static void inspectContent(const std::string& path, std::vector<Finding>* findings)
+namespace {
+
+void inspectContent(const std::string& path, std::vector<Finding>* findings)
 {
     base::JsonDocument document = base::JsonDocument::read(path);
     network::readNetworkConfig(document);
@@ -18,7 +20,7 @@ static void inspectContent(const std::string& path, std::vector<Finding>* findin
 }
 
 // Everybody may read both files; who may change them decides where the phone's traffic goes.
-static void inspectFile(const std::string& name, std::vector<Finding>* findings)
+void inspectFile(const std::string& name, std::vector<Finding>* findings)
 {
     const std::string path = base::ConfigurationFolder::path() + '/' + name;
     std::string leftover;
@@ -27,6 +29,8 @@ static void inspectFile(const std::string& name, std::vector<Finding>* findings)
     if (const auto concern = base::concernOfLeftover(name, &leftover))
         findings->push_back({leftover, concern->problem, concern->remedy});
 }
+
+} // namespace
 
 std::vector<Finding> inspectNetworkConfiguration()
 {

@@ -12,15 +12,17 @@ namespace network {
 using base::JsonKind;
 using base::JsonValue;
 
-constexpr long long kDayMs = 24LL * 60 * 60 * 1000;
+constexpr long long dayMs = 24LL * 60 * 60 * 1000;
 
-static bool isDeviceName(const std::string& name)
+namespace {
+
+bool isDeviceName(const std::string& name)
 {
     return !name.empty() && name.size() < IF_NAMESIZE &&
            name.find_first_of("/: \t\n") == std::string::npos;
 }
 
-static std::string deviceName(JsonValue value, const std::string& fallback)
+std::string deviceName(JsonValue value, const std::string& fallback)
 {
     std::string name = value.text(fallback);
     if (isDeviceName(name))
@@ -29,7 +31,7 @@ static std::string deviceName(JsonValue value, const std::string& fallback)
     return fallback;
 }
 
-static std::optional<std::string> interfaceName(JsonValue value)
+std::optional<std::string> interfaceName(JsonValue value)
 {
     static const std::string usual = "the default route's interface";
     if (!value.present())
@@ -43,7 +45,7 @@ static std::optional<std::string> interfaceName(JsonValue value)
     return {};
 }
 
-static uint32_t address(JsonValue value, uint32_t fallback)
+uint32_t address(JsonValue value, uint32_t fallback)
 {
     static const char expected[] = "an IPv4 address like \"10.1.2.3\"";
     if (!value.present())
@@ -55,7 +57,7 @@ static uint32_t address(JsonValue value, uint32_t fallback)
     return fallback;
 }
 
-static std::vector<std::string> addressTexts(JsonValue list)
+std::vector<std::string> addressTexts(JsonValue list)
 {
     std::vector<std::string> texts;
     std::vector<JsonValue> wrong;
@@ -72,7 +74,7 @@ static std::vector<std::string> addressTexts(JsonValue list)
     return texts;
 }
 
-static ScenarioOutcome outcome(JsonValue value)
+ScenarioOutcome outcome(JsonValue value)
 {
     std::string text = value.choice({"connect", "fail", "never"}, "connect");
     if (text == "fail")
@@ -82,24 +84,24 @@ static ScenarioOutcome outcome(JsonValue value)
 
 // A default of zero would break the link at once, so what is no length of time is no breaking at
 // all.
-static std::optional<Milliseconds> breakAfter(JsonValue value)
+std::optional<Milliseconds> breakAfter(JsonValue value)
 {
     if (!value.present())
         return {};
     long long length = -1;
     if (value.kind() == JsonKind::Integer)
         length = value.integer(LLONG_MIN, LLONG_MAX, -1);
-    if (length >= 0 && length <= kDayMs)
+    if (length >= 0 && length <= dayMs)
         return Milliseconds(length);
-    value.reject("an integer from 0 to " + std::to_string(kDayMs), "no breaking");
+    value.reject("an integer from 0 to " + std::to_string(dayMs), "no breaking");
     return {};
 }
 
-static Scenario scenario(JsonValue value)
+Scenario scenario(JsonValue value)
 {
     Scenario read;
     read.outcome = outcome(value.at("outcome"));
-    read.after = Milliseconds(value.at("afterMs").integer(0, kDayMs, 0));
+    read.after = Milliseconds(value.at("afterMs").integer(0, dayMs, 0));
     read.cause = static_cast<uint16_t>(value.at("cause").integer(1, 65535, NAPI_CAUSE_NO_SERVICE));
     read.detail = static_cast<uint16_t>(value.at("detail").integer(0, 65535, 0));
     read.device = deviceName(value.at("device"), read.device);
@@ -109,7 +111,7 @@ static Scenario scenario(JsonValue value)
     return read;
 }
 
-static BearerChoice bearer(JsonValue value)
+BearerChoice bearer(JsonValue value)
 {
     std::string name = value.choice({"machine", "scenario", "networkmanager"}, "machine");
     if (name == "scenario")
@@ -117,15 +119,17 @@ static BearerChoice bearer(JsonValue value)
     return name == "networkmanager" ? BearerChoice::NetworkManager : BearerChoice::Machine;
 }
 
-static void readGuards(JsonValue value, GuardTimes* guards)
+void readGuards(JsonValue value, GuardTimes* guards)
 {
     const std::pair<const char*, Milliseconds*> keys[] = {{"replyMs", &guards->reply},
                                                           {"cellularMs", &guards->cellular},
                                                           {"wifiMs", &guards->wifi},
                                                           {"secretMs", &guards->secret}};
     for (const auto& [key, time] : keys)
-        *time = Milliseconds(value.at(key).integer(1, kDayMs, time->count()));
+        *time = Milliseconds(value.at(key).integer(1, dayMs, time->count()));
 }
+
+} // namespace
 
 std::string networkConfigPath()
 {

@@ -12,34 +12,34 @@ struct EndRow
     std::function<void(NetworkManager&)> end;
 };
 const EndRow endRows[] = {
-    {"DeactivatedBySomebody", [](NetworkManager& nm) { nm.breakWith(kDisconnected, 39); }},
+    {"DeactivatedBySomebody", [](NetworkManager& nm) { nm.breakWith(Disconnected, 39); }},
     {"CallDropped",
      [](NetworkManager& nm) {
-         nm.deviceState(kFailed, 25);
-         nm.activeState(kGone, 3);
+         nm.deviceState(Failed, 25);
+         nm.activeState(ActiveGone, 3);
      }},
-    {"CarrierLost", [](NetworkManager& nm) { nm.breakWith(kUnavailable, 40); }},
+    {"CarrierLost", [](NetworkManager& nm) { nm.breakWith(Unavailable, 40); }},
     {"ModemServiceGone",
      [](NetworkManager& nm) {
-         nm.breakWith(kUnmanaged, 36);
-         nm.service.remove(kModemDevice);
+         nm.breakWith(Unmanaged, 36);
+         nm.service.remove(modemDevice);
      }},
     {"DeviceUnplugged",
      [](NetworkManager& nm) {
-         nm.service.remove(kModemDevice);
-         nm.service.emit(kModemDevice, "org.freedesktop.NetworkManager.Device", "StateChanged",
+         nm.service.remove(modemDevice);
+         nm.service.emit(modemDevice, "org.freedesktop.NetworkManager.Device", "StateChanged",
                          [](sd_bus_message* message) {
                              return sd_bus_message_append(message, "uuu", 10, 100, 3);
                          });
-         nm.activeState(kGone, 3);
+         nm.activeState(ActiveGone, 3);
      }},
     {"LeaseNotRenewed",
      [](NetworkManager& nm) {
-         nm.deviceState(kFailed, 5);
-         nm.activeState(kGone, 3);
+         nm.deviceState(Failed, 5);
+         nm.activeState(ActiveGone, 3);
      }},
-    {"ReplacedByAnother", [](NetworkManager& nm) { nm.breakWith(kDisconnected, 60); }},
-    {"ConnectionDeleted", [](NetworkManager& nm) { nm.breakWith(kDisconnected, 38); }},
+    {"ReplacedByAnother", [](NetworkManager& nm) { nm.breakWith(Disconnected, 60); }},
+    {"ConnectionDeleted", [](NetworkManager& nm) { nm.breakWith(Disconnected, 38); }},
 };
 class BreakOf : public FakeTest, public testing::WithParamInterface<EndRow>
 {};
@@ -79,7 +79,7 @@ TEST_F(Broken, LinkCanBeOpenedAgain)
 {
     Receiver receiver;
     int link = up(receiver);
-    nm->breakWith(kDisconnected, 39);
+    nm->breakWith(Disconnected, 39);
     EXPECT_EQ(next(receiver), brokenHere(link));
     EXPECT_EQ(NAPI_CloseLink(link), 0);
     EXPECT_EQ(up(receiver), link);

@@ -37,7 +37,7 @@ TEST_F(Close, BeforeTheReplyTakesTheConnectionDownOnceItIsKnown)
 TEST_F(Close, AtEachStepOfADiallingSwallowsWhatTheServiceStillSays)
 {
     Receiver receiver;
-    for (uint32_t state : {kPrepare, kConfig, kNeedAuth, kIpConfig, kIpCheck, kSecondaries}) {
+    for (uint32_t state : {Prepare, Config, NeedAuth, IpConfig, IpCheck, Secondaries}) {
         SCOPED_TRACE(state);
         bool there = false;
         nm->onActivate = [&] {
@@ -57,7 +57,7 @@ TEST_F(Close, AtEachStepOfADiallingSwallowsWhatTheServiceStillSays)
 TEST_F(Close, GivesTheIdBackForTheNextOpeningAtOnce)
 {
     Receiver receiver;
-    nm->onActivate = [this] { nm->deviceState(kPrepare); };
+    nm->onActivate = [this] { nm->deviceState(Prepare); };
     EXPECT_EQ(NAPI_OpenLink("Home"), 0);
     EXPECT_TRUE(until([this] { return nm->living() == 1; }));
     EXPECT_EQ(NAPI_CloseLink(0), 0);

@@ -67,8 +67,8 @@ TEST_F(Gone, ModemManagerLeavesTheReasonOfTheDevice)
 
 TEST_F(Gone, ModemLeavesNothingToCarryPacketData)
 {
-    nm->service.remove(kModemDevice);
-    nm->service.change(kNmPath, kNm, "Devices", paths({kWiredDevice}));
+    nm->service.remove(modemDevice);
+    nm->service.change(nmPath, nmService, "Devices", paths({wiredDevice}));
     Receiver receiver;
     NAPI_OpenLink("Home");
     expectFailure(receiver, NAPI_CAUSE_NO_BEARER);
@@ -109,7 +109,7 @@ TEST_F(Gone, NetworkManagerAtEachCallOfAnOpeningFailsIt)
 TEST_F(Gone, NetworkManagerAtEachStepOfADiallingFailsIt)
 {
     Receiver receiver;
-    for (uint32_t state : {kPrepare, kConfig, kNeedAuth, kIpConfig, kIpCheck, kSecondaries}) {
+    for (uint32_t state : {Prepare, Config, NeedAuth, IpConfig, IpCheck, Secondaries}) {
         SCOPED_TRACE(state);
         restartNetworkManager();
         bool there = false;

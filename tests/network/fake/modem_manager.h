@@ -6,8 +6,8 @@
 
 namespace fakebus {
 
-inline const char* const kModem = "/org/freedesktop/ModemManager1/Modem/0";
-inline const char* const kBearer = "/org/freedesktop/ModemManager1/Bearer/0";
+inline const char* const modemPath = "/org/freedesktop/ModemManager1/Modem/0";
+inline const char* const bearerPath = "/org/freedesktop/ModemManager1/Bearer/0";
 
 class ModemManager
 {

@@ -4,33 +4,37 @@
 
 namespace fakebus {
 
-static const char* const kDevice = "org.freedesktop.NetworkManager.Device";
-static const char* const kActive = "org.freedesktop.NetworkManager.Connection.Active";
-static const char* const kIp4 = "org.freedesktop.NetworkManager.IP4Config";
-static const char* const kConnection = "org.freedesktop.NetworkManager.Settings.Connection";
-static const char* const kIpPath = "/org/freedesktop/NetworkManager/IP4Config/1";
+namespace {
 
-static const uint32_t kTypeWired = 1;
-static const uint32_t kTypeModem = 8;
+const char* const deviceInterface = "org.freedesktop.NetworkManager.Device";
+const char* const activeInterface = "org.freedesktop.NetworkManager.Connection.Active";
+const char* const ip4 = "org.freedesktop.NetworkManager.IP4Config";
+const char* const connectionInterface = "org.freedesktop.NetworkManager.Settings.Connection";
+const char* const ipPath = "/org/freedesktop/NetworkManager/IP4Config/1";
 
-NetworkManager::NetworkManager() : service(kNm, "/org/freedesktop")
+const uint32_t typeWired = 1;
+const uint32_t typeModem = 8;
+
+} // namespace
+
+NetworkManager::NetworkManager() : service(nmService, "/org/freedesktop")
 {
-    service.objects[kNmPath][kNm] = {{"Version", text("1.42.4")},
-                                     {"State", number(20)},
-                                     {"NetworkingEnabled", flag(true)},
-                                     {"WwanEnabled", flag(true)},
-                                     {"WwanHardwareEnabled", flag(true)},
-                                     {"WirelessEnabled", flag(true)},
-                                     {"WirelessHardwareEnabled", flag(true)},
-                                     {"Devices", paths({kModemDevice, kWiredDevice})},
-                                     {"AllDevices", paths({kModemDevice, kWiredDevice})},
-                                     {"ActiveConnections", paths({})}};
-    addDevice(kModemDevice, kTypeModem, "ttyHS0");
-    addDevice(kWiredDevice, kTypeWired, "eth9");
-    Interfaces& modem = service.objects[kModemDevice];
-    modem[kDevice]["Udi"] = text("/org/freedesktop/ModemManager1/Modem/0");
+    service.objects[nmPath][nmService] = {{"Version", text("1.42.4")},
+                                          {"State", number(20)},
+                                          {"NetworkingEnabled", flag(true)},
+                                          {"WwanEnabled", flag(true)},
+                                          {"WwanHardwareEnabled", flag(true)},
+                                          {"WirelessEnabled", flag(true)},
+                                          {"WirelessHardwareEnabled", flag(true)},
+                                          {"Devices", paths({modemDevice, wiredDevice})},
+                                          {"AllDevices", paths({modemDevice, wiredDevice})},
+                                          {"ActiveConnections", paths({})}};
+    addDevice(modemDevice, typeModem, "ttyHS0");
+    addDevice(wiredDevice, typeWired, "eth9");
+    Interfaces& modem = service.objects[modemDevice];
+    modem[deviceInterface]["Udi"] = text("/org/freedesktop/ModemManager1/Modem/0");
     modem["org.freedesktop.NetworkManager.Device.Modem"] = {{"Apn", text("")}};
-    service.objects[kWiredDevice]["org.freedesktop.NetworkManager.Device.Wired"] = {
+    service.objects[wiredDevice]["org.freedesktop.NetworkManager.Device.Wired"] = {
         {"Carrier", flag(true)}};
     service.on("AddAndActivateConnection2",
                [this](sd_bus_message* call) { return activate(call, true); });
@@ -49,24 +53,24 @@ NetworkManager::NetworkManager() : service(kNm, "/org/freedesktop")
 
 void NetworkManager::addDevice(const char* path, uint32_t type, const char* name)
 {
-    service.objects[path][kDevice] = {{"DeviceType", number(type)},
-                                      {"Interface", text(name)},
-                                      {"IpInterface", text("")},
-                                      {"Udi", text("")},
-                                      {"Managed", flag(true)},
-                                      {"Real", flag(true)},
-                                      {"State", number(kDisconnected)},
-                                      {"StateReason", two(kDisconnected, 0)},
-                                      {"ActiveConnection", fakebus::path("/")},
-                                      {"Ip4Config", fakebus::path("/")},
-                                      {"AvailableConnections", paths({})}};
+    service.objects[path][deviceInterface] = {{"DeviceType", number(type)},
+                                              {"Interface", text(name)},
+                                              {"IpInterface", text("")},
+                                              {"Udi", text("")},
+                                              {"Managed", flag(true)},
+                                              {"Real", flag(true)},
+                                              {"State", number(Disconnected)},
+                                              {"StateReason", two(Disconnected, 0)},
+                                              {"ActiveConnection", fakebus::path("/")},
+                                              {"Ip4Config", fakebus::path("/")},
+                                              {"AvailableConnections", paths({})}};
 }
 
-size_t NetworkManager::living() const
+std::size_t NetworkManager::living() const
 {
-    size_t count = 0;
+    std::size_t count = 0;
     for (const auto& [path, interfaces] : service.objects)
-        count += interfaces.count(kActive);
+        count += interfaces.count(activeInterface);
     return count;
 }
 
@@ -102,15 +106,15 @@ void NetworkManager::replyActivated(sd_bus_message* call, bool withOptions)
     m_applied = {{"connection", {{"type", text(m_settings["connection.type"])}}}};
     if (m_settings.count("gsm.apn"))
         m_applied["gsm"]["apn"] = text(m_settings["gsm.apn"]);
-    service.objects[m_connection][kConnection] = {{"Unsaved", flag(true)}};
-    service.objects[m_active][kActive] = {{"State", number(kActivating)},
-                                          {"Connection", path(m_connection)},
-                                          {"Devices", paths({m_device})},
-                                          {"Id", text("link")},
-                                          {"Type", text(m_settings["connection.type"])},
-                                          {"Ip4Config", path("/")}};
-    service.change(kNmPath, kNm, "ActiveConnections", paths({m_active}));
-    service.change(m_device, kDevice, "ActiveConnection", path(m_active));
+    service.objects[m_connection][connectionInterface] = {{"Unsaved", flag(true)}};
+    service.objects[m_active][activeInterface] = {{"State", number(Activating)},
+                                                  {"Connection", path(m_connection)},
+                                                  {"Devices", paths({m_device})},
+                                                  {"Id", text("link")},
+                                                  {"Type", text(m_settings["connection.type"])},
+                                                  {"Ip4Config", path("/")}};
+    service.change(nmPath, nmService, "ActiveConnections", paths({m_active}));
+    service.change(m_device, deviceInterface, "ActiveConnection", path(m_active));
     if (withOptions) {
         sd_bus_reply_method_return(call, "ooa{sv}", m_connection.c_str(), m_active.c_str(), 0);
         return;
@@ -135,10 +139,10 @@ int NetworkManager::deactivate(sd_bus_message* call)
 void NetworkManager::takeDown(const std::string& active, uint32_t reason)
 {
     if (active == m_active) {
-        breakWith(kDisconnected, reason);
+        breakWith(Disconnected, reason);
         return;
     }
-    service.change(active, kActive, "State", number(kGone));
+    service.change(active, activeInterface, "State", number(ActiveGone));
     service.remove(active);
 }
 
@@ -147,9 +151,9 @@ void NetworkManager::deviceState(uint32_t state, uint32_t reason)
     // A device may be gone from the bus already.
     if (!service.objects.count(m_device))
         return;
-    service.change(m_device, kDevice, "State", number(state));
-    service.change(m_device, kDevice, "StateReason", two(state, reason));
-    service.emit(m_device, kDevice, "StateChanged", [&](sd_bus_message* message) {
+    service.change(m_device, deviceInterface, "State", number(state));
+    service.change(m_device, deviceInterface, "StateReason", two(state, reason));
+    service.emit(m_device, deviceInterface, "StateChanged", [&](sd_bus_message* message) {
         return sd_bus_message_append(message, "uuu", state, 0, reason);
     });
 }
@@ -158,46 +162,46 @@ void NetworkManager::activeState(uint32_t state, uint32_t reason)
 {
     if (!service.objects.count(m_active))
         return;
-    service.change(m_active, kActive, "State", number(state));
-    service.emit(m_active, kActive, "StateChanged", [&](sd_bus_message* message) {
+    service.change(m_active, activeInterface, "State", number(state));
+    service.emit(m_active, activeInterface, "StateChanged", [&](sd_bus_message* message) {
         return sd_bus_message_append(message, "uu", state, reason);
     });
-    if (state == kGone)
+    if (state == ActiveGone)
         service.remove(m_active);
 }
 
 void NetworkManager::connect()
 {
-    for (uint32_t state : {kPrepare, kConfig, kIpConfig})
+    for (uint32_t state : {Prepare, Config, IpConfig})
         deviceState(state);
-    service.objects[kIpPath][kIp4] = {{"AddressData", addressData},
-                                      {"Gateway", text("10.99.0.1")},
-                                      {"NameserverData", addresses({"10.99.0.1"})}};
-    service.change(m_device, kDevice, "IpInterface", text(interface));
-    service.change(m_device, kDevice, "Ip4Config", path(kIpPath));
-    service.change(m_active, kActive, "Ip4Config", path(kIpPath));
-    for (uint32_t state : {kIpCheck, kSecondaries, kActivated})
+    service.objects[ipPath][ip4] = {{"AddressData", addressData},
+                                    {"Gateway", text("10.99.0.1")},
+                                    {"NameserverData", addresses({"10.99.0.1"})}};
+    service.change(m_device, deviceInterface, "IpInterface", text(interface));
+    service.change(m_device, deviceInterface, "Ip4Config", path(ipPath));
+    service.change(m_active, activeInterface, "Ip4Config", path(ipPath));
+    for (uint32_t state : {IpCheck, Secondaries, Activated})
         deviceState(state);
-    activeState(kUp);
+    activeState(ActiveUp);
 }
 
 void NetworkManager::fail(uint32_t reason)
 {
-    deviceState(kPrepare);
-    deviceState(kFailed, reason);
-    activeState(kGone, 3);
-    deviceState(kDisconnected);
+    deviceState(Prepare);
+    deviceState(Failed, reason);
+    activeState(ActiveGone, 3);
+    deviceState(Disconnected);
 }
 
 void NetworkManager::breakWith(uint32_t state, uint32_t reason)
 {
-    if (state == kDisconnected) {
-        deviceState(kDeactivating, reason);
-        activeState(kGoing, 3);
+    if (state == Disconnected) {
+        deviceState(Deactivating, reason);
+        activeState(ActiveGoing, 3);
     }
-    service.change(m_device, kDevice, "Ip4Config", path("/"));
+    service.change(m_device, deviceInterface, "Ip4Config", path("/"));
     deviceState(state, reason);
-    activeState(kGone, 3);
+    activeState(ActiveGone, 3);
 }
 
 } // namespace fakebus

@@ -9,27 +9,27 @@ namespace fakebus {
 
 // States of a device, as in NetworkManager's D-Bus interface.
 enum DeviceState : uint32_t {
-    kUnmanaged = 10,
-    kUnavailable = 20,
-    kDisconnected = 30,
-    kPrepare = 40,
-    kConfig = 50,
-    kNeedAuth = 60,
-    kIpConfig = 70,
-    kIpCheck = 80,
-    kSecondaries = 90,
-    kActivated = 100,
-    kDeactivating = 110,
-    kFailed = 120
+    Unmanaged = 10,
+    Unavailable = 20,
+    Disconnected = 30,
+    Prepare = 40,
+    Config = 50,
+    NeedAuth = 60,
+    IpConfig = 70,
+    IpCheck = 80,
+    Secondaries = 90,
+    Activated = 100,
+    Deactivating = 110,
+    Failed = 120
 };
 
 // States of an active connection.
-enum ActiveState : uint32_t { kActivating = 1, kUp = 2, kGoing = 3, kGone = 4 };
+enum ActiveState : uint32_t { Activating = 1, ActiveUp = 2, ActiveGoing = 3, ActiveGone = 4 };
 
-inline const char* const kNm = "org.freedesktop.NetworkManager";
-inline const char* const kNmPath = "/org/freedesktop/NetworkManager";
-inline const char* const kModemDevice = "/org/freedesktop/NetworkManager/Devices/1";
-inline const char* const kWiredDevice = "/org/freedesktop/NetworkManager/Devices/2";
+inline const char* const nmService = "org.freedesktop.NetworkManager";
+inline const char* const nmPath = "/org/freedesktop/NetworkManager";
+inline const char* const modemDevice = "/org/freedesktop/NetworkManager/Devices/1";
+inline const char* const wiredDevice = "/org/freedesktop/NetworkManager/Devices/2";
 
 class NetworkManager
 {
@@ -48,7 +48,7 @@ public:
     std::string active() const { return m_active; }
 
     // Activations that neither failed nor were taken down.
-    size_t living() const;
+    std::size_t living() const;
 
     // Signals about the last activation. A reason is a number of NMDeviceStateReason.
     void deviceState(uint32_t state, uint32_t reason = 0);
@@ -70,7 +70,7 @@ private:
     void replyActivated(sd_bus_message* call, bool withOptions);
     void takeDown(const std::string& active, uint32_t reason);
 
-    std::string m_device = kModemDevice;
+    std::string m_device = modemDevice;
     std::string m_active;
     std::string m_connection;
     Told m_settings;

@@ -58,9 +58,9 @@ void Service::refuse(const std::string& member, const std::string& error, const 
     });
 }
 
-size_t Service::countOf(const std::string& member) const
+std::size_t Service::countOf(const std::string& member) const
 {
-    return static_cast<size_t>(std::count(m_calls.begin(), m_calls.end(), member));
+    return static_cast<std::size_t>(std::count(m_calls.begin(), m_calls.end(), member));
 }
 
 int Service::received(sd_bus_message* message, void* service, sd_bus_error*)

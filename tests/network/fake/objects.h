@@ -55,7 +55,7 @@ public:
 
     // Calls that were received, in their order: member names, without the standard interfaces'.
     const std::vector<std::string>& calls() const { return m_calls; }
-    size_t countOf(const std::string& member) const;
+    std::size_t countOf(const std::string& member) const;
 
     int descriptor() const;
     void work(); // answers whatever has come

@@ -27,10 +27,10 @@ protected:
 TEST_F(Order, OfSignalsDoesNotChangeThatAFailureIsToldOnce)
 {
     std::vector<std::function<void()>> steps = {
-        [this] { nm->deviceState(kPrepare); },     [this] { nm->deviceState(kConfig); },
-        [this] { nm->deviceState(kIpConfig); },    [this] { nm->deviceState(kFailed, 5); },
-        [this] { nm->activeState(kActivating); },  [this] { nm->activeState(kGone, 3); },
-        [this] { nm->deviceState(kDisconnected); }};
+        [this] { nm->deviceState(Prepare); },     [this] { nm->deviceState(Config); },
+        [this] { nm->deviceState(IpConfig); },    [this] { nm->deviceState(Failed, 5); },
+        [this] { nm->activeState(Activating); },  [this] { nm->activeState(ActiveGone, 3); },
+        [this] { nm->deviceState(Disconnected); }};
     std::mt19937 random(20260729);
     Receiver receiver;
     for (int round = 0; round < 40; ++round) {
@@ -81,14 +81,15 @@ TEST_F(Order, IgnoresStatesThatNobodyKnows)
 TEST_F(Order, IgnoresOtherDevicesAndConnections)
 {
     nm->onActivate = [this] {
-        nm->service.emit(kWiredDevice, "org.freedesktop.NetworkManager.Device", "StateChanged",
+        nm->service.emit(wiredDevice, "org.freedesktop.NetworkManager.Device", "StateChanged",
                          [](sd_bus_message* message) {
-                             return sd_bus_message_append(message, "uuu", kFailed, kPrepare, 5);
+                             return sd_bus_message_append(message, "uuu", Failed, Prepare, 5);
                          });
-        nm->service.emit(
-            "/org/freedesktop/NetworkManager/ActiveConnection/77",
-            "org.freedesktop.NetworkManager.Connection.Active", "StateChanged",
-            [](sd_bus_message* message) { return sd_bus_message_append(message, "uu", kGone, 3); });
+        nm->service.emit("/org/freedesktop/NetworkManager/ActiveConnection/77",
+                         "org.freedesktop.NetworkManager.Connection.Active", "StateChanged",
+                         [](sd_bus_message* message) {
+                             return sd_bus_message_append(message, "uu", ActiveGone, 3);
+                         });
         nm->connect();
     };
     Receiver receiver;
@@ -102,10 +103,9 @@ TEST_F(Order, HearsASignalThatComesBeforeTheReply)
 {
     // The activation of somebody before us ends between our call and its reply.
     nm->onActivate = [this] { nm->connect(); };
-    nm->service.emit(kModemDevice, "org.freedesktop.NetworkManager.Device", "StateChanged",
+    nm->service.emit(modemDevice, "org.freedesktop.NetworkManager.Device", "StateChanged",
                      [](sd_bus_message* message) {
-                         return sd_bus_message_append(message, "uuu", kDeactivating, kActivated,
-                                                      60);
+                         return sd_bus_message_append(message, "uuu", Deactivating, Activated, 60);
                      });
     Receiver receiver;
     NAPI_OpenLink("Home");
@@ -116,12 +116,12 @@ TEST_F(Order, TellsABreakOnceHoweverOftenItIsTold)
 {
     Receiver receiver;
     up(receiver);
-    nm->activeState(kGoing, 3);
-    nm->deviceState(kDeactivating, 39);
-    nm->deviceState(kFailed, 25);
-    nm->activeState(kGone, 3);
-    nm->deviceState(kDisconnected, 39);
-    nm->service.remove(kModemDevice);
+    nm->activeState(ActiveGoing, 3);
+    nm->deviceState(Deactivating, 39);
+    nm->deviceState(Failed, 25);
+    nm->activeState(ActiveGone, 3);
+    nm->deviceState(Disconnected, 39);
+    nm->service.remove(modemDevice);
     EXPECT_EQ(next(receiver), brokenHere(0));
     rest();
     EXPECT_FALSE(receiver.ready());

@@ -123,7 +123,9 @@ int appendSettings(sd_bus_message* message, const Settings& settings)
     return result < 0 ? result : sd_bus_message_close_container(message);
 }
 
-static std::string readBasic(sd_bus_message* message, char type)
+namespace {
+
+std::string readBasic(sd_bus_message* message, char type)
 {
     union
     {
@@ -158,7 +160,7 @@ static std::string readBasic(sd_bus_message* message, char type)
 }
 
 // The next value, with blanks between the elements of a list.
-static std::string readAny(sd_bus_message* message)
+std::string readAny(sd_bus_message* message)
 {
     char type = 0;
     const char* contents = nullptr;
@@ -173,6 +175,8 @@ static std::string readAny(sd_bus_message* message)
     sd_bus_message_exit_container(message);
     return all;
 }
+
+} // namespace
 
 int readDictionary(sd_bus_message* message, const std::string& prefix, Told* told)
 {

@@ -6,7 +6,7 @@ using namespace fakebus;
 
 namespace {
 
-const char* const kDevice = "org.freedesktop.NetworkManager.Device";
+const char* const deviceInterface = "org.freedesktop.NetworkManager.Device";
 
 const Value everyType[] = {
     text(""),      text("x"),  number(7),        flag(true),
@@ -38,11 +38,11 @@ TEST_F(Wrong, TypeOfAPropertyOfTheDeviceHurtsNobody)
                                  "ActiveConnection", "Ip4Config", "StateReason"}) {
         for (const Value& value : everyType) {
             SCOPED_TRACE(std::string(property) + " is " + value.type);
-            Dictionary& properties = nm->service.objects[kModemDevice][kDevice];
+            Dictionary& properties = nm->service.objects[modemDevice][deviceInterface];
             Value right = properties[property];
             properties[property] = value;
             expectOneOutcome();
-            nm->service.objects[kModemDevice][kDevice][property] = right;
+            nm->service.objects[modemDevice][deviceInterface][property] = right;
         }
     }
 }
@@ -77,7 +77,7 @@ TEST_F(Wrong, InterfaceNameFailsTheOpening)
     NAPI_OpenLink("Home");
     for (const std::string& name : {std::string(16, 'w'), std::string(200, 'w'),
                                     std::string("hso0\n"), std::string("../hso0")}) {
-        nm->service.objects[kModemDevice][kDevice]["IpInterface"] = text(name);
+        nm->service.objects[modemDevice][deviceInterface]["IpInterface"] = text(name);
         rest(Milliseconds(60));
     }
     EXPECT_EQ(next(receiver).type, NAPI_IND_OPEN_FAILED);
@@ -131,8 +131,8 @@ TEST_F(Wrong, SignalsOfTheRightNameHurtNobody)
     up(receiver);
     for (const char* member : {"StateChanged", "PropertiesChanged"}) {
         for (const Value& value : everyType)
-            nm->service.emit(kModemDevice, kDevice, member, value.append);
-        nm->service.emit(kModemDevice, kDevice, member, [](sd_bus_message*) { return 0; });
+            nm->service.emit(modemDevice, deviceInterface, member, value.append);
+        nm->service.emit(modemDevice, deviceInterface, member, [](sd_bus_message*) { return 0; });
     }
     rest();
     EXPECT_FALSE(receiver.ready());

@@ -23,7 +23,7 @@ std::string output(const std::string& command)
     std::string all;
     FILE* pipe = ::popen(command.c_str(), "re");
     char chunk[4096];
-    for (size_t size; pipe && (size = fread(chunk, 1, sizeof chunk, pipe)) > 0;)
+    for (std::size_t size; pipe && (size = fread(chunk, 1, sizeof chunk, pipe)) > 0;)
         all.append(chunk, size);
     if (pipe)
         ::pclose(pipe);
@@ -201,7 +201,7 @@ std::vector<std::string> ModemTest::commands() const
     std::istringstream log(readFile("/run/lab/modem.log").substr(m_logged));
     std::vector<std::string> all;
     for (std::string line; std::getline(log, line);) {
-        size_t command = line.find("> ");
+        std::size_t command = line.find("> ");
         if (command != std::string::npos && line[0] != '<')
             all.push_back(line.substr(command + 2));
     }

@@ -92,7 +92,7 @@ protected:
     bool got(const std::string& command) const; // one that begins so
 
 private:
-    size_t m_logged = 0;
+    std::size_t m_logged = 0;
 };
 
 NetworkProfile fullProfile();

@@ -10,16 +10,16 @@ using namespace labtest;
 
 namespace {
 
-constexpr uint32_t kAddress = 0x0A630002; // 10.99.0.2
+constexpr uint32_t address = 0x0A630002; // 10.99.0.2
 
 Message connectedByModem(int link)
 {
-    return connected(link, "hso0", kAddress, NAPI_BEARER_GPRS);
+    return connected(link, "hso0", address, NAPI_BEARER_GPRS);
 }
 
 Message brokenModemLink(int link)
 {
-    return broken(link, "hso0", kAddress, NAPI_BEARER_GPRS);
+    return broken(link, "hso0", address, NAPI_BEARER_GPRS);
 }
 
 class PacketData : public ModemTest
@@ -160,12 +160,12 @@ TEST_F(PacketData, OfTwoAccessPointsAtOnceGoesToTheFirst)
     EXPECT_EQ(types[1], NAPI_IND_OPEN_FAILED);
 }
 
-const char* const kDialling[] = {"AT+CGDCONT=", "AT$QCPDPP=", "AT_OWANCALL=1,1", "AT_OWANDATA="};
+const char* const dialling[] = {"AT+CGDCONT=", "AT$QCPDPP=", "AT_OWANCALL=1,1", "AT_OWANDATA="};
 
 TEST_F(PacketData, MayBeCancelledAtEachCommandOfTheDialling)
 {
     Receiver receiver;
-    for (const char* command : kDialling) {
+    for (const char* command : dialling) {
         SCOPED_TRACE(command);
         modem(std::string(command) + " => silence");
         int link = NAPI_OpenLink("Home");

@@ -8,7 +8,9 @@
 
 #include <systemd/sd-bus.h>
 
-static bool refused(const std::string& file, const std::string& action)
+namespace {
+
+bool refused(const std::string& file, const std::string& action)
 {
     std::ifstream lines(file);
     for (std::string line; std::getline(lines, line);) {
@@ -18,7 +20,7 @@ static bool refused(const std::string& file, const std::string& action)
     return false;
 }
 
-static int checkAuthorization(sd_bus_message* call, void* file, sd_bus_error*)
+int checkAuthorization(sd_bus_message* call, void* file, sd_bus_error*)
 {
     const char* action = nullptr;
     int result = sd_bus_message_skip(call, "(sa{sv})");
@@ -30,11 +32,13 @@ static int checkAuthorization(sd_bus_message* call, void* file, sd_bus_error*)
     return sd_bus_reply_method_return(call, "(bba{ss})", allowed, 0, 0);
 }
 
-static const sd_bus_vtable kAuthority[] = {SD_BUS_VTABLE_START(0),
-                                           SD_BUS_METHOD("CheckAuthorization", "(sa{sv})sa{ss}us",
-                                                         "(bba{ss})", checkAuthorization,
-                                                         SD_BUS_VTABLE_UNPRIVILEGED),
-                                           SD_BUS_VTABLE_END};
+const sd_bus_vtable authority[] = {SD_BUS_VTABLE_START(0),
+                                   SD_BUS_METHOD("CheckAuthorization", "(sa{sv})sa{ss}us",
+                                                 "(bba{ss})", checkAuthorization,
+                                                 SD_BUS_VTABLE_UNPRIVILEGED),
+                                   SD_BUS_VTABLE_END};
+
+} // namespace
 
 int main(int count, char** words)
 {
@@ -43,7 +47,7 @@ int main(int count, char** words)
         return 1;
     int result =
         sd_bus_add_object_vtable(bus, nullptr, "/org/freedesktop/PolicyKit1/Authority",
-                                 "org.freedesktop.PolicyKit1.Authority", kAuthority, words[1]);
+                                 "org.freedesktop.PolicyKit1.Authority", authority, words[1]);
     if (result >= 0)
         result = sd_bus_request_name(bus, "org.freedesktop.PolicyKit1", 0);
     while (result >= 0) {

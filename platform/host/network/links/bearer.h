@@ -17,7 +17,7 @@
 namespace network {
 
 using Clock = std::chrono::steady_clock;
-inline constexpr Clock::time_point kNever = Clock::time_point::max();
+inline constexpr Clock::time_point never = Clock::time_point::max();
 
 // What a bearer is asked to open.
 struct Opening
@@ -87,7 +87,7 @@ public:
     virtual void descriptorReady() {}
 
     // When deadlinePassed is to be called next.
-    virtual Clock::time_point nextDeadline() const { return kNever; }
+    virtual Clock::time_point nextDeadline() const { return never; }
     virtual void deadlinePassed(Clock::time_point /*now*/) {}
 };
 

@@ -11,9 +11,11 @@
 
 namespace network {
 
-constexpr uint32_t kRequest = 1;
+constexpr uint32_t requestNumber = 1;
 
-static bool askForRoutes(int socket)
+namespace {
+
+bool askForRoutes(int socket)
 {
     struct
     {
@@ -23,7 +25,7 @@ static bool askForRoutes(int socket)
     request.header.nlmsg_len = sizeof request;
     request.header.nlmsg_type = RTM_GETROUTE;
     request.header.nlmsg_flags = NLM_F_REQUEST | NLM_F_DUMP;
-    request.header.nlmsg_seq = kRequest;
+    request.header.nlmsg_seq = requestNumber;
     request.route.rtm_family = AF_INET;
     return ::send(socket, &request, sizeof request, 0) == static_cast<ssize_t>(sizeof request);
 }
@@ -31,7 +33,7 @@ static bool askForRoutes(int socket)
 // The kernel puts the next part of its answer into the socket when the one before is taken, so
 // there is nothing to wait for. What is not the kernel's says nothing; a datagram that was cut ends
 // the reading, for its messages can no longer be told apart.
-static DefaultRoute readAnswer(int socket)
+DefaultRoute readAnswer(int socket)
 {
     DefaultRoute best;
     char data[32768];
@@ -40,10 +42,12 @@ static DefaultRoute readAnswer(int socket)
         if (datagram.kind == KernelDatagram::Kind::Foreign)
             continue;
         if (datagram.kind != KernelDatagram::Kind::Whole ||
-            !readRoutes(data, datagram.size, kRequest, &best))
+            !readRoutes(data, datagram.size, requestNumber, &best))
             return best;
     }
 }
+
+} // namespace
 
 std::string defaultRouteInterface()
 {

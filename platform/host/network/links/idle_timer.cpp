@@ -9,7 +9,7 @@ void IdleTimer::start(Clock::duration period, uint64_t packets, Clock::time_poin
     m_period = period;
     m_packets = packets;
     m_quietSince = now;
-    m_nextSample = period > Clock::duration::zero() ? now + period / 4 : kNever;
+    m_nextSample = period > Clock::duration::zero() ? now + period / 4 : never;
 }
 
 bool IdleTimer::sample(uint64_t packets, Clock::time_point now)

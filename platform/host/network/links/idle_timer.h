@@ -18,7 +18,7 @@ class IdleTimer
 public:
     // A period of zero or less never ends.
     void start(Clock::duration period, uint64_t packets, Clock::time_point now);
-    void stop() { m_nextSample = kNever; }
+    void stop() { m_nextSample = never; }
 
     Clock::time_point nextSample() const { return m_nextSample; }
 
@@ -32,7 +32,7 @@ private:
     Clock::duration m_period{0};
     uint64_t m_packets = 0;
     Clock::time_point m_quietSince;
-    Clock::time_point m_nextSample = kNever;
+    Clock::time_point m_nextSample = never;
 };
 
 } // namespace network

@@ -9,8 +9,8 @@ namespace network {
 
 // As many messages go with one system call, and as many calls with one flush, so that a receiver
 // that reads as fast as it is written to does not keep the other receivers waiting.
-constexpr size_t kBatchMessages = 64;
-constexpr int kBatchesPerFlush = 16;
+constexpr std::size_t batchMessages = 64;
+constexpr int batchesPerFlush = 16;
 
 void IndicationChannel::enqueue(uint64_t number, const NapiIndication& message)
 {
@@ -25,7 +25,7 @@ void IndicationChannel::withdraw(uint64_t number)
     m_queue.erase(found);
 }
 
-void IndicationChannel::drop(size_t bytes)
+void IndicationChannel::drop(std::size_t bytes)
 {
     bytes += m_begun;
     for (; bytes >= sizeof(NapiIndication); bytes -= sizeof(NapiIndication))
@@ -35,11 +35,10 @@ void IndicationChannel::drop(size_t bytes)
 
 bool IndicationChannel::flush()
 {
-    for (int batch = 0; batch < kBatchesPerFlush && !m_queue.empty(); ++batch) {
-        iovec parts[kBatchMessages];
-        size_t count = 0;
-        for (auto entry = m_queue.begin(); entry != m_queue.end() && count < kBatchMessages;
-             ++entry)
+    for (int batch = 0; batch < batchesPerFlush && !m_queue.empty(); ++batch) {
+        iovec parts[batchMessages];
+        std::size_t count = 0;
+        for (auto entry = m_queue.begin(); entry != m_queue.end() && count < batchMessages; ++entry)
             parts[count++] = {&entry->second, sizeof(NapiIndication)};
         parts[0].iov_base = reinterpret_cast<char*>(&m_queue.begin()->second) + m_begun;
         parts[0].iov_len -= m_begun;
@@ -49,7 +48,7 @@ bool IndicationChannel::flush()
         ssize_t sent = ::sendmsg(descriptor(), &header, MSG_NOSIGNAL | MSG_DONTWAIT);
         if (sent < 0)
             return errno == EAGAIN || errno == EINTR || errno == ENOBUFS || errno == ENOMEM;
-        drop(static_cast<size_t>(sent));
+        drop(static_cast<std::size_t>(sent));
     }
     return true;
 }

@@ -32,11 +32,11 @@ public:
     int descriptor() const { return m_descriptor.get(); }
 
 private:
-    void drop(size_t bytes);
+    void drop(std::size_t bytes);
 
     base::UniqueFd m_descriptor;
     std::map<uint64_t, NapiIndication> m_queue;
-    size_t m_begun = 0; // bytes of the first message that are written already
+    std::size_t m_begun = 0; // bytes of the first message that are written already
 };
 
 } // namespace network

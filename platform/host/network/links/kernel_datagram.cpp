@@ -10,13 +10,17 @@
 
 namespace network {
 
+namespace {
+
 // The kernel's own port is 0, and no process can have it.
-static bool isFromKernel(const sockaddr_nl& sender, socklen_t length)
+bool isFromKernel(const sockaddr_nl& sender, socklen_t length)
 {
     return length == sizeof sender && sender.nl_family == AF_NETLINK && sender.nl_pid == 0;
 }
 
-KernelDatagram receiveFromKernel(int socket, void* buffer, size_t size)
+} // namespace
+
+KernelDatagram receiveFromKernel(int socket, void* buffer, std::size_t size)
 {
     sockaddr_nl sender = {};
     socklen_t length = sizeof sender;
@@ -28,7 +32,7 @@ KernelDatagram receiveFromKernel(int socket, void* buffer, size_t size)
         return {errno == ENOBUFS ? KernelDatagram::Kind::Overrun : KernelDatagram::Kind::None, 0};
     if (!isFromKernel(sender, length))
         return {KernelDatagram::Kind::Foreign, 0};
-    const auto whole = static_cast<size_t>(got);
+    const auto whole = static_cast<std::size_t>(got);
     return {whole > size ? KernelDatagram::Kind::Cut : KernelDatagram::Kind::Whole,
             std::min(whole, size)};
 }

@@ -17,11 +17,11 @@ struct KernelDatagram
     };
 
     Kind kind = Kind::None;
-    size_t size = 0;
+    std::size_t size = 0;
 };
 
 // Takes one datagram off the socket, without waiting.
-KernelDatagram receiveFromKernel(int socket, void* buffer, size_t size);
+KernelDatagram receiveFromKernel(int socket, void* buffer, std::size_t size);
 
 } // namespace network
 

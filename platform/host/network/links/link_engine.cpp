@@ -40,7 +40,7 @@ int LinkEngine::start()
 void LinkEngine::addReceiver(base::UniqueFd descriptor)
 {
     Guard guard(m_mutex);
-    m_thread.reserve(LinkTable::kDescriptors + m_receivers.count() + 1);
+    m_thread.reserve(LinkTable::descriptors + m_receivers.count() + 1);
     m_receivers.add(std::move(descriptor));
     m_thread.wake();
 }
@@ -164,7 +164,7 @@ void LinkEngine::addDescriptors(std::vector<pollfd>* all) const
 // were polled are to be there still.
 void LinkEngine::react(const pollfd* begin, const pollfd* end)
 {
-    m_receivers.removeGone(begin + LinkTable::kDescriptors, end);
+    m_receivers.removeGone(begin + LinkTable::descriptors, end);
     m_links.react(begin);
 }
 

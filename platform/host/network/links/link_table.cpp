@@ -38,17 +38,17 @@ Bearer& LinkTable::bearerFor(const NetworkConfig& config)
 LinkTable::Link* LinkTable::find(int link)
 {
     bool known = link >= 0 && link < NAPI_MAX_LINKS;
-    return known ? m_links[static_cast<size_t>(link)].get() : nullptr;
+    return known ? m_links[static_cast<std::size_t>(link)].get() : nullptr;
 }
 
 void LinkTable::release(int link)
 {
-    m_links[static_cast<size_t>(link)].reset();
+    m_links[static_cast<std::size_t>(link)].reset();
 }
 
 int LinkTable::freeId() const
 {
-    for (size_t id = 0; id < m_links.size(); ++id) {
+    for (std::size_t id = 0; id < m_links.size(); ++id) {
         if (!m_links[id])
             return static_cast<int>(id);
     }
@@ -66,7 +66,7 @@ int LinkTable::open(Opening opening)
     link->opening = std::move(opening);
     link->opening.link = id;
     m_requests.push_back(id);
-    m_links[static_cast<size_t>(id)] = std::move(link);
+    m_links[static_cast<std::size_t>(id)] = std::move(link);
     return id;
 }
 
@@ -142,7 +142,7 @@ void LinkTable::work()
 
 Clock::time_point LinkTable::nextDeadline() const
 {
-    Clock::time_point next = kNever;
+    Clock::time_point next = never;
     for (const Bearer* bearer : m_bearers)
         next = std::min(next, bearer->nextDeadline());
     for (const auto& link : m_links) {
@@ -162,11 +162,11 @@ void LinkTable::addDescriptors(std::vector<pollfd>* all) const
 
 void LinkTable::react(const pollfd* entries)
 {
-    constexpr size_t kEach = std::tuple_size<BearerDescriptors>::value;
+    constexpr std::size_t each = std::tuple_size<BearerDescriptors>::value;
     for (Bearer* bearer : m_bearers) {
-        bool ready = std::any_of(entries, entries + kEach,
+        bool ready = std::any_of(entries, entries + each,
                                  [](const pollfd& entry) { return entry.revents != 0; });
-        entries += kEach;
+        entries += each;
         if (ready)
             bearer->descriptorReady();
     }
@@ -195,7 +195,9 @@ void LinkTable::handOver(int id)
     }
 }
 
-static Clock::duration idlePeriod(const Opening& opening, NapiBearerKind kind)
+namespace {
+
+Clock::duration idlePeriod(const Opening& opening, NapiBearerKind kind)
 {
     if (kind == NAPI_BEARER_GPRS)
         return opening.record.gprsTimeout * opening.config->minute;
@@ -203,6 +205,8 @@ static Clock::duration idlePeriod(const Opening& opening, NapiBearerKind kind)
         return opening.record.csdTimeout * opening.config->minute;
     return Clock::duration::zero(); // a WiFi link costs nothing while it is idle
 }
+
+} // namespace
 
 // Where the kernel does not answer the count begins at 0: the first sample then sees traffic, and
 // the link ends a quarter of the period later.
@@ -248,7 +252,9 @@ void LinkTable::sampleLink(int id, const Interfaces& interfaces, Clock::time_poi
     linkBroken(id);
 }
 
-static NapiIndication indication(NapiIndicationType type, int link)
+namespace {
+
+NapiIndication indication(NapiIndicationType type, int link)
 {
     NapiIndication message = {};
     message.type = type;
@@ -256,7 +262,7 @@ static NapiIndication indication(NapiIndicationType type, int link)
     return message;
 }
 
-static NapiIndication indication(NapiIndicationType type, int link, const Device& device)
+NapiIndication indication(NapiIndicationType type, int link, const Device& device)
 {
     NapiIndication message = indication(type, link);
     message.infoByte = static_cast<uint8_t>(device.kind);
@@ -264,6 +270,8 @@ static NapiIndication indication(NapiIndicationType type, int link, const Device
     message.infoWord = device.address;
     return message;
 }
+
+} // namespace
 
 void LinkTable::linkUp(int id, Device device)
 {

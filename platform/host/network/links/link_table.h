@@ -51,8 +51,8 @@ public:
 
     // For the thread: what is due, until when it may sleep, and what it waits for. None of them
     // throws.
-    static constexpr size_t kBearers = 3;
-    static constexpr size_t kDescriptors = kBearers * std::tuple_size<BearerDescriptors>::value;
+    static constexpr std::size_t bearers = 3;
+    static constexpr std::size_t descriptors = bearers * std::tuple_size<BearerDescriptors>::value;
     void work();
     Clock::time_point nextDeadline() const;
     void addDescriptors(std::vector<pollfd>* all) const;
@@ -92,7 +92,7 @@ private:
     MachineBearer m_machine{*this};
     ScenarioBearer m_scenario{*this};
     NetworkManagerBearer m_networkManager{*this};
-    const std::array<Bearer*, kBearers> m_bearers{&m_machine, &m_scenario, &m_networkManager};
+    const std::array<Bearer*, bearers> m_bearers{&m_machine, &m_scenario, &m_networkManager};
 };
 
 } // namespace network

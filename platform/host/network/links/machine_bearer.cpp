@@ -10,11 +10,11 @@
 namespace network {
 
 // A process that is out of descriptors cannot ask the kernel; what has changed is not told again.
-constexpr auto kRetry = std::chrono::seconds(1);
+constexpr auto retry = std::chrono::seconds(1);
 
 int MachineBearer::start()
 {
-    m_checkAt = m_up.empty() ? kNever : Clock::now();
+    m_checkAt = m_up.empty() ? never : Clock::now();
     int error = m_watch.open();
     // Where the kernel offers no netlink, other bearers still work; openings on this one will fail.
     bool exhausted = error == EMFILE || error == ENFILE || error == ENOMEM || error == ENOBUFS;
@@ -70,7 +70,9 @@ void MachineBearer::deadlinePassed(Clock::time_point now)
         checkLinks();
 }
 
-static bool stillThere(const Device& device, const Interfaces& interfaces)
+namespace {
+
+bool stillThere(const Device& device, const Interfaces& interfaces)
 {
     const Interface* interface = interfaces.find(device.name);
     if (!interface || !(interface->flags & IFF_UP))
@@ -79,11 +81,13 @@ static bool stillThere(const Device& device, const Interfaces& interfaces)
     return std::find(addresses.begin(), addresses.end(), device.address) != addresses.end();
 }
 
+} // namespace
+
 void MachineBearer::checkLinks()
 {
     Interfaces interfaces;
     bool known = interfaces.read() == 0;
-    m_checkAt = known ? kNever : Clock::now() + kRetry;
+    m_checkAt = known ? never : Clock::now() + retry;
     if (!known)
         return;
     for (auto entry = m_up.begin(); entry != m_up.end();) {

@@ -29,7 +29,7 @@ private:
 
     BearerListener& m_listener;
     NetlinkWatch m_watch;
-    Clock::time_point m_checkAt = kNever;
+    Clock::time_point m_checkAt = never;
     std::map<int, Device> m_up; // by link id
 };
 

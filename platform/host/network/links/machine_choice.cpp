@@ -6,10 +6,14 @@
 
 namespace network {
 
-static bool wantsWifi(uint32_t preference)
+namespace {
+
+bool wantsWifi(uint32_t preference)
 {
     return preference == NAPI_PREFER_WIFI_ONLY || preference == NAPI_PREFER_WIFI_THEN_CELLULAR;
 }
+
+} // namespace
 
 std::vector<NapiBearerKind> allowedKinds(const NetworkProfile& record)
 {
@@ -26,7 +30,9 @@ std::vector<NapiBearerKind> allowedKinds(const NetworkProfile& record)
     return kinds;
 }
 
-static MachineChoice refusal(NapiCause cause, int error)
+namespace {
+
+MachineChoice refusal(NapiCause cause, int error)
 {
     MachineChoice choice;
     choice.cause = cause;
@@ -34,13 +40,13 @@ static MachineChoice refusal(NapiCause cause, int error)
     return choice;
 }
 
-static const Interface* usualInterface(const Interfaces& interfaces)
+const Interface* usualInterface(const Interfaces& interfaces)
 {
     const Interface* routed = interfaces.find(defaultRouteInterface());
     return routed ? routed : interfaces.loopback();
 }
 
-static MachineChoice judge(const Interface* interface, NapiCause whenMissing, NapiBearerKind kind)
+MachineChoice judge(const Interface* interface, NapiCause whenMissing, NapiBearerKind kind)
 {
     if (!interface)
         return refusal(whenMissing, ENODEV);
@@ -55,8 +61,8 @@ static MachineChoice judge(const Interface* interface, NapiCause whenMissing, Na
     return choice;
 }
 
-static MachineChoice chooseForKind(NapiBearerKind kind, const NetworkConfig& config,
-                                   const Interfaces& interfaces)
+MachineChoice chooseForKind(NapiBearerKind kind, const NetworkConfig& config,
+                            const Interfaces& interfaces)
 {
     if (kind == NAPI_BEARER_CSD)
         return refusal(NAPI_CAUSE_NOT_SUPPORTED, 0);
@@ -67,6 +73,8 @@ static MachineChoice chooseForKind(NapiBearerKind kind, const NetworkConfig& con
         return refusal(NAPI_CAUSE_NO_BEARER, 0);
     return judge(interfaces.find(*named), NAPI_CAUSE_DEVICE_GONE, kind);
 }
+
+} // namespace
 
 MachineChoice chooseInterface(const NetworkProfile& record, const NetworkConfig& config,
                               const Interfaces& interfaces)

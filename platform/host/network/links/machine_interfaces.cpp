@@ -23,12 +23,16 @@ Interface& Interfaces::entry(const std::string& name)
     return m_all.back();
 }
 
+namespace {
+
 // An address that has a label of its own is listed under it: "eth0:1" is the device eth0.
-static std::string deviceName(const char* label)
+std::string deviceName(const char* label)
 {
     std::string name = label;
     return name.substr(0, name.find(':'));
 }
+
+} // namespace
 
 void Interfaces::take(const ifaddrs* list)
 {

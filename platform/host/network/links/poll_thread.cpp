@@ -42,9 +42,9 @@ void PollThread::wake()
 }
 
 // The thread reads what it waits for while calls are made, so the room grows beside it.
-void PollThread::reserve(size_t descriptors)
+void PollThread::reserve(std::size_t descriptors)
 {
-    size_t needed = 1 + descriptors;
+    std::size_t needed = 1 + descriptors;
     if (std::max(m_descriptors.capacity(), m_room.capacity()) < needed)
         m_room.reserve(2 * needed);
 }
@@ -79,19 +79,23 @@ void PollThread::collect()
     m_client.addDescriptors(&m_descriptors);
 }
 
-static timespec timeLeft(Clock::time_point deadline)
+namespace {
+
+timespec timeLeft(Clock::time_point deadline)
 {
     auto left = std::max(deadline - Clock::now(), Clock::duration::zero());
     auto seconds = std::chrono::duration_cast<std::chrono::seconds>(left);
     return {seconds.count(), std::chrono::nanoseconds(left - seconds).count()};
 }
 
+} // namespace
+
 // Without a deadline an idle process stays asleep.
 int PollThread::sleepUntil(Clock::time_point deadline)
 {
-    timespec timeout = deadline == kNever ? timespec{} : timeLeft(deadline);
+    timespec timeout = deadline == never ? timespec{} : timeLeft(deadline);
     return ::ppoll(m_descriptors.data(), m_descriptors.size(),
-                   deadline == kNever ? nullptr : &timeout, nullptr);
+                   deadline == never ? nullptr : &timeout, nullptr);
 }
 
 void PollThread::react()

@@ -57,7 +57,7 @@ public:
 
     // Asks for the memory that so many descriptors of the client take, for the thread itself could
     // refuse nobody. May throw std::bad_alloc, with nothing changed.
-    void reserve(size_t descriptors);
+    void reserve(std::size_t descriptors);
 
     // In a forked child, which has no such thread: releases what belongs to it.
     void forget() { m_wake.reset(); }

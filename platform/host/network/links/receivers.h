@@ -21,7 +21,7 @@ public:
     // Takes the descriptor: a connected stream socket. May throw std::bad_alloc.
     void add(base::UniqueFd descriptor) { m_channels.emplace_back(std::move(descriptor)); }
     void clear() { m_channels.clear(); }
-    size_t count() const { return m_channels.size(); }
+    std::size_t count() const { return m_channels.size(); }
 
     // Queues a message for everybody; its number. A receiver for whose message there is no memory
     // is let go: it sees the end of its stream, and never a stream with a message missing.

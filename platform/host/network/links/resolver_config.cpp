@@ -8,7 +8,9 @@
 
 namespace network {
 
-static std::vector<std::string> profileServers(const NetworkProfile& record, NapiBearerKind kind)
+namespace {
+
+std::vector<std::string> profileServers(const NetworkProfile& record, NapiBearerKind kind)
 {
     bool dialled = kind == NAPI_BEARER_CSD;
     std::vector<std::string> servers;
@@ -21,14 +23,16 @@ static std::vector<std::string> profileServers(const NetworkProfile& record, Nap
 }
 
 // A file that cannot be used names no servers.
-static std::vector<std::string> machineServers()
+std::vector<std::string> machineServers()
 {
-    constexpr size_t kLargest = 64 * 1024;
+    constexpr std::size_t largest = 64 * 1024;
     std::string text;
-    if (base::readRegularFile("/etc/resolv.conf", kLargest, &text) != 0)
+    if (base::readRegularFile("/etc/resolv.conf", largest, &text) != 0)
         return {};
     return readNameServers(text);
 }
+
+} // namespace
 
 std::vector<std::string> nameServers(const NetworkProfile& record, const Device& device)
 {
@@ -40,7 +44,9 @@ std::vector<std::string> nameServers(const NetworkProfile& record, const Device&
     return servers;
 }
 
-static int resultOf(int error)
+namespace {
+
+int resultOf(int error)
 {
     int result = fileResult(error);
     bool listed = result == NAPI_OK || result == NAPI_ERR_MEMORY_FULL ||
@@ -48,6 +54,8 @@ static int resultOf(int error)
                   result == NAPI_ERR_BUSY || result == NAPI_ERR_NOT_SYNCED;
     return listed ? result : NAPI_ERR_IO;
 }
+
+} // namespace
 
 int writeResolverConfig(const std::vector<std::string>& nameServers)
 {

@@ -15,7 +15,7 @@ namespace {
 struct Bytes
 {
     const char* at;
-    size_t left;
+    std::size_t left;
 
     template <typename Value> bool read(Value* value) const
     {
@@ -24,23 +24,21 @@ struct Bytes
         std::memcpy(value, at, sizeof *value);
         return true;
     }
-    Bytes first(size_t count) const { return {at, std::min(count, left)}; }
-    Bytes without(size_t count) const
+    Bytes first(std::size_t count) const { return {at, std::min(count, left)}; }
+    Bytes without(std::size_t count) const
     {
         count = std::min(count, left);
         return {at + count, left - count};
     }
 };
 
-} // namespace
-
-static bool isDefaultRoute(const rtmsg& route)
+bool isDefaultRoute(const rtmsg& route)
 {
     return route.rtm_family == AF_INET && route.rtm_dst_len == 0 &&
            route.rtm_table == RT_TABLE_MAIN && route.rtm_type == RTN_UNICAST;
 }
 
-static DefaultRoute readAttributes(Bytes bytes)
+DefaultRoute readAttributes(Bytes bytes)
 {
     DefaultRoute route;
     route.metric = 0; // a route without the attribute has the best metric
@@ -57,7 +55,7 @@ static DefaultRoute readAttributes(Bytes bytes)
     return route;
 }
 
-static void readRoute(Bytes bytes, DefaultRoute* best)
+void readRoute(Bytes bytes, DefaultRoute* best)
 {
     rtmsg message;
     if (!bytes.read(&message) || !isDefaultRoute(message))
@@ -67,7 +65,9 @@ static void readRoute(Bytes bytes, DefaultRoute* best)
         *best = route;
 }
 
-bool readRoutes(const char* data, size_t size, uint32_t request, DefaultRoute* best)
+} // namespace
+
+bool readRoutes(const char* data, std::size_t size, uint32_t request, DefaultRoute* best)
 {
     nlmsghdr header;
     for (Bytes bytes{data, size}; bytes.left > 0;

@@ -20,7 +20,7 @@ struct DefaultRoute
 // messages that are no routes, are too short for what they say to be, or answer somebody else are
 // passed over. False when the answer ends here, with its last message or with bytes that are no
 // messages.
-bool readRoutes(const char* data, size_t size, uint32_t request, DefaultRoute* best);
+bool readRoutes(const char* data, std::size_t size, uint32_t request, DefaultRoute* best);
 
 } // namespace network
 

@@ -27,14 +27,18 @@ void ScenarioBearer::close(int link)
     m_entries.erase(link);
 }
 
-static bool sooner(Clock::time_point a, Clock::time_point b)
+namespace {
+
+bool sooner(Clock::time_point a, Clock::time_point b)
 {
     return a < b;
 }
 
+} // namespace
+
 Clock::time_point ScenarioBearer::nextDeadline() const
 {
-    Clock::time_point next = kNever;
+    Clock::time_point next = never;
     for (const auto& [link, entry] : m_entries)
         next = std::min(next, entry.due, sooner);
     return next;
@@ -44,7 +48,7 @@ Clock::time_point ScenarioBearer::nextDeadline() const
 int ScenarioBearer::nextDue(Clock::time_point now) const
 {
     int next = -1;
-    Clock::time_point earliest = kNever;
+    Clock::time_point earliest = never;
     for (const auto& [link, entry] : m_entries) {
         if (entry.due <= now && entry.due < earliest) {
             earliest = entry.due;
@@ -64,7 +68,7 @@ void ScenarioBearer::deadlinePassed(Clock::time_point now)
 void ScenarioBearer::connect(int link, Entry& entry, Clock::time_point now)
 {
     entry.up = true;
-    entry.due = entry.scenario.breakAfter ? now + *entry.scenario.breakAfter : kNever;
+    entry.due = entry.scenario.breakAfter ? now + *entry.scenario.breakAfter : never;
     Device device;
     device.name = std::move(entry.scenario.device);
     device.address = entry.scenario.address;

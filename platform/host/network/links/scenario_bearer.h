@@ -24,7 +24,7 @@ private:
         Scenario scenario;
         NapiBearerKind kind = NAPI_BEARER_UNKNOWN;
         bool up = false;
-        Clock::time_point due = kNever;
+        Clock::time_point due = never;
     };
 
     int nextDue(Clock::time_point now) const;

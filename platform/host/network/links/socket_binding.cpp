@@ -8,7 +8,9 @@
 
 namespace network {
 
-static int resultOf(int error)
+namespace {
+
+int resultOf(int error)
 {
     switch (error) {
     case EBADF:
@@ -25,6 +27,8 @@ static int resultOf(int error)
         return NAPI_ERR_IO;
     }
 }
+
+} // namespace
 
 int bindToDevice(int socket, const std::string& device)
 {

@@ -11,7 +11,9 @@
 
 namespace store {
 
-static int moveWith(unsigned int flags, Place from, Place to)
+namespace {
+
+int moveWith(unsigned int flags, Place from, Place to)
 {
     int done =
         base::retried([&] { return renameat2(from.folder, from.name, to.folder, to.name, flags); });
@@ -19,10 +21,12 @@ static int moveWith(unsigned int flags, Place from, Place to)
 }
 
 // What renameat2 says where the file system knows no flags.
-static bool isUnsupported(int error)
+bool isUnsupported(int error)
 {
     return error == EINVAL || error == ENOSYS;
 }
+
+} // namespace
 
 int moveToFree(Place from, Place to)
 {
@@ -45,7 +49,9 @@ int swapIn(Place from, Place to)
     return error;
 }
 
-static int removeAllBut(int folder, const char* kept)
+namespace {
+
+int removeAllBut(int folder, const char* kept)
 {
     std::vector<Entry> entries;
     if (int error = readEntries(folder, &entries))
@@ -59,12 +65,14 @@ static int removeAllBut(int folder, const char* kept)
     return 0;
 }
 
-static base::UniqueFd openFolderAt(Place place)
+base::UniqueFd openFolderAt(Place place)
 {
     return base::UniqueFd(base::retried([&] {
         return openat(place.folder, place.name, O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
     }));
 }
+
+} // namespace
 
 int removeTree(Place place)
 {

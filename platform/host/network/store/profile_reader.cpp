@@ -12,37 +12,42 @@
 
 namespace store {
 
+namespace {
+
 // Other programs may rename and remove profiles while one looks; looking again finds where they
 // are now. More than a few times in a row takes a program that does nothing else.
-static const int kLooks = 64;
+const int looks = 64;
 
-static base::UniqueFd openProfile(int folder, const std::string& name)
+base::UniqueFd openProfile(int folder, const std::string& name)
 {
     return base::UniqueFd(base::retried([&] {
         return openat(folder, name.c_str(), O_PATH | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
     }));
 }
 
+} // namespace
+
 enum class Look { Usable, Unusable, Gone };
 
-static Look lookAt(int folder, const std::string& name)
+namespace {
+
+Look lookAt(int folder, const std::string& name)
 {
-    std::string path = name + "/" + kRecordName;
+    std::string path = name + "/" + recordName;
     RecordState state = recordStatus(folder, path.c_str()).state;
     if (state == RecordState::Missing) {
         // Either the folder has no record, or it has another name by now.
         base::UniqueFd profile = openProfile(folder, name);
         if (!profile.isOpen())
             return errno == ENOENT ? Look::Gone : Look::Unusable;
-        state = recordStatus(profile.get(), kRecordName).state;
+        state = recordStatus(profile.get(), recordName).state;
     }
     return state == RecordState::Usable ? Look::Usable : Look::Unusable;
 }
 
 // Gives the names of the usable profiles among the entries; false when an entry is gone already, so
 // that a profile may have taken a name that these entries do not have.
-static bool pickUsable(int folder, const std::vector<Entry>& entries,
-                       std::vector<std::string>* names)
+bool pickUsable(int folder, const std::vector<Entry>& entries, std::vector<std::string>* names)
 {
     bool areAllThere = true;
     names->clear();
@@ -57,6 +62,8 @@ static bool pickUsable(int folder, const std::vector<Entry>& entries,
     return areAllThere;
 }
 
+} // namespace
+
 int listProfiles(std::vector<std::string>* names)
 {
     base::UniqueFd folder;
@@ -64,7 +71,7 @@ int listProfiles(std::vector<std::string>* names)
     names->clear();
     if (int result = openStore(&folder); result != NAPI_OK || !folder.isOpen())
         return result;
-    for (int look = 0; look < kLooks; ++look) {
+    for (int look = 0; look < looks; ++look) {
         if (int error = readEntries(folder.get(), &entries))
             return network::fileResult(error);
         if (pickUsable(folder.get(), entries, names))
@@ -74,8 +81,10 @@ int listProfiles(std::vector<std::string>* names)
     return NAPI_OK;
 }
 
+namespace {
+
 // Tells whether `name` still stands for the folder that was opened under it.
-static bool isStillNamed(int store, const std::string& name, int profile)
+bool isStillNamed(int store, const std::string& name, int profile)
 {
     struct stat named, opened;
     return fstatat(store, name.c_str(), &named, AT_SYMLINK_NOFOLLOW) == 0 &&
@@ -84,9 +93,9 @@ static bool isStillNamed(int store, const std::string& name, int profile)
 }
 
 // NAPI_OK with the record open; NAPI_ERR_NO_PROFILE when the folder holds none.
-static int openRecordIn(int profile, base::UniqueFd* record)
+int openRecordIn(int profile, base::UniqueFd* record)
 {
-    RecordStatus status = recordStatus(profile, kRecordName);
+    RecordStatus status = recordStatus(profile, recordName);
     switch (status.state) {
     case RecordState::Missing:
         return NAPI_ERR_NO_PROFILE;
@@ -100,17 +109,17 @@ static int openRecordIn(int profile, base::UniqueFd* record)
     }
     // O_NONBLOCK: should a pipe have taken the record's place in this instant, nobody waits for it.
     *record = base::UniqueFd(base::retried([&] {
-        return openat(profile, kRecordName, O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
+        return openat(profile, recordName, O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
     }));
     return record->isOpen() ? NAPI_OK : network::fileResult(errno);
 }
 
-static int openRecord(const std::string& name, base::UniqueFd* record)
+int openRecord(const std::string& name, base::UniqueFd* record)
 {
     base::UniqueFd folder;
     if (int result = openStore(&folder))
         return result;
-    for (int look = 0; folder.isOpen() && look < kLooks; ++look) {
+    for (int look = 0; folder.isOpen() && look < looks; ++look) {
         base::UniqueFd profile(base::retried([&] {
             return openat(folder.get(), name.c_str(),
                           O_PATH | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
@@ -127,6 +136,8 @@ static int openRecord(const std::string& name, base::UniqueFd* record)
     return NAPI_ERR_NO_PROFILE;
 }
 
+} // namespace
+
 int checkProfile(const std::string& name)
 {
     base::UniqueFd record;
@@ -140,14 +151,14 @@ int readProfile(const std::string& name, NetworkProfile* out)
         return result;
     NetworkProfile whole;
     char* bytes = reinterpret_cast<char*>(&whole);
-    for (size_t have = 0; have < sizeof whole;) {
+    for (std::size_t have = 0; have < sizeof whole;) {
         ssize_t got =
             base::retried([&] { return read(record.get(), bytes + have, sizeof whole - have); });
         if (got < 0)
             return network::fileResult(errno);
         if (got == 0)
             return NAPI_ERR_DAMAGED;
-        have += static_cast<size_t>(got);
+        have += static_cast<std::size_t>(got);
     }
     *out = whole;
     return NAPI_OK;

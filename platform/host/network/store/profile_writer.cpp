@@ -16,23 +16,27 @@
 
 namespace store {
 
-static std::string_view bytesOf(const NetworkProfile& record)
+namespace {
+
+std::string_view bytesOf(const NetworkProfile& record)
 {
     return {reinterpret_cast<const char*>(&record), sizeof record};
 }
 
 // 0 when there is something of this name, else an errno.
-static int lookFor(int folder, const std::string& name)
+int lookFor(int folder, const std::string& name)
 {
     struct stat status;
     return fstatat(folder, name.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0 ? 0 : errno;
 }
 
-static base::UniqueFd openFolderIn(int folder, const char* name)
+base::UniqueFd openFolderIn(int folder, const char* name)
 {
     return base::UniqueFd(base::retried(
         [&] { return openat(folder, name, O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC); }));
 }
+
+} // namespace
 
 int ProfileWriter::open(IfMissing ifMissing)
 {
@@ -57,7 +61,7 @@ int ProfileWriter::open(IfMissing ifMissing)
 // the writers for good.
 int ProfileWriter::sweep()
 {
-    Place pending{m_folder.fd(), kPendingName};
+    Place pending{m_folder.fd(), pendingName};
     struct stat status;
     if (fstatat(pending.folder, pending.name, &status, AT_SYMLINK_NOFOLLOW) != 0)
         return errno == ENOENT ? 0 : errno;
@@ -66,14 +70,14 @@ int ProfileWriter::sweep()
     int error = removeTree(pending);
     if (network::fileResult(error) != NAPI_ERR_ACCESS)
         return error;
-    std::string aside = kAsidePrefix + std::to_string(status.st_ino);
+    std::string aside = asidePrefix + std::to_string(status.st_ino);
     return moveToFree(pending, {m_folder.fd(), aside.c_str()});
 }
 
 // Removes what this writer does not need any more; where that fails, the next writer tries again.
 void ProfileWriter::discardPending()
 {
-    removeTree({m_folder.fd(), kPendingName});
+    removeTree({m_folder.fd(), pendingName});
 }
 
 // A folder's link count tells how many folders are in it, on file systems that keep it (a count
@@ -99,19 +103,19 @@ int ProfileWriter::checkLimit() const
 // Makes the whole profile under the pending name, on the disk but for that name.
 int ProfileWriter::buildFolder(const NetworkProfile& record)
 {
-    if (mkdirat(m_folder.fd(), kPendingName, 0700) != 0)
+    if (mkdirat(m_folder.fd(), pendingName, 0700) != 0)
         return errno;
-    base::UniqueFd profile = openFolderIn(m_folder.fd(), kPendingName);
+    base::UniqueFd profile = openFolderIn(m_folder.fd(), pendingName);
     if (!profile.isOpen() && errno == EACCES) {
         // The process's umask keeps even the owner out.
-        if (fchmodat(m_folder.fd(), kPendingName, 0700, 0) == 0)
-            profile = openFolderIn(m_folder.fd(), kPendingName);
+        if (fchmodat(m_folder.fd(), pendingName, 0700, 0) == 0)
+            profile = openFolderIn(m_folder.fd(), pendingName);
     }
     if (!profile.isOpen())
         return errno;
     if (int error = base::setMode(profile.get(), 0700))
         return error;
-    if (int error = base::createFile(profile.get(), kRecordName, bytesOf(record), 0600))
+    if (int error = base::createFile(profile.get(), recordName, bytesOf(record), 0600))
         return error;
     return base::syncFolder(profile.get());
 }
@@ -138,7 +142,7 @@ int ProfileWriter::create(const std::string& name, const NetworkProfile& record)
     if ((error = checkLimit()) == 0)
         error = buildFolder(record);
     if (error == 0)
-        error = move(kPendingName, name.c_str());
+        error = move(pendingName, name.c_str());
     if (error != 0 && error != base::notSynced)
         discardPending();
     // ENOENT: the store itself was taken away from under this writer.
@@ -148,8 +152,8 @@ int ProfileWriter::create(const std::string& name, const NetworkProfile& record)
 // The open folder of the profile stays the same when another program renames it meanwhile.
 int ProfileWriter::replaceRecord(int profile, const NetworkProfile& record)
 {
-    Place pending{m_folder.fd(), kPendingName}, place{profile, kRecordName};
-    int error = base::createFile(m_folder.fd(), kPendingName, bytesOf(record), 0600);
+    Place pending{m_folder.fd(), pendingName}, place{profile, recordName};
+    int error = base::createFile(m_folder.fd(), pendingName, bytesOf(record), 0600);
     if (error != 0)
         return error;
     if ((error = swapIn(pending, place)) != 0)
@@ -162,7 +166,7 @@ int ProfileWriter::replaceRecord(int profile, const NetworkProfile& record)
 // For a profile that is damaged so far that not even its folder is one.
 int ProfileWriter::replaceFolder(const std::string& name, const NetworkProfile& record)
 {
-    Place pending{m_folder.fd(), kPendingName}, place{m_folder.fd(), name.c_str()};
+    Place pending{m_folder.fd(), pendingName}, place{m_folder.fd(), name.c_str()};
     int error = buildFolder(record);
     if (error != 0)
         return error;
@@ -183,21 +187,25 @@ int ProfileWriter::modify(const std::string& name, const NetworkProfile& record)
     return network::fileResult(error);
 }
 
-static bool isBack(int error)
+namespace {
+
+bool isBack(int error)
 {
     return error == 0 || error == base::notSynced;
 }
+
+} // namespace
 
 // Where the disk has not confirmed the new name, the record stays behind it for the next writer, so
 // that a loss of power brings back the whole profile or nothing.
 int ProfileWriter::remove(const std::string& name)
 {
-    if (int error = move(name.c_str(), kPendingName))
+    if (int error = move(name.c_str(), pendingName))
         return network::fileResult(error);
-    int error = removeFolder({m_folder.fd(), kPendingName}, kRecordName);
+    int error = removeFolder({m_folder.fd(), pendingName}, recordName);
     // A record that cannot be removed stays where people look for it: it holds passwords. Where it
     // cannot be put back either the profile is gone, and the rest is left to the next writer.
-    if (error == 0 || !isBack(move(kPendingName, name.c_str())))
+    if (error == 0 || !isBack(move(pendingName, name.c_str())))
         return NAPI_OK;
     return network::fileResult(error);
 }

@@ -21,9 +21,11 @@ int openStore(base::UniqueFd* folder)
     return folder->isOpen() || errno == ENOENT ? NAPI_OK : network::rootResult(errno);
 }
 
-static void appendEntries(const char* bytes, size_t length, std::vector<Entry>* entries)
+namespace {
+
+void appendEntries(const char* bytes, std::size_t length, std::vector<Entry>* entries)
 {
-    for (size_t at = 0; at < length;) {
+    for (std::size_t at = 0; at < length;) {
         unsigned short recordLength;
         const char* record = bytes + at;
         memcpy(&recordLength, record + offsetof(dirent64, d_reclen), sizeof recordLength);
@@ -35,10 +37,12 @@ static void appendEntries(const char* bytes, size_t length, std::vector<Entry>* 
     }
 }
 
+} // namespace
+
 int readEntries(int folder, std::vector<Entry>* entries)
 {
-    const size_t largest = size_t(16) << 20;
-    for (size_t size = size_t(128) << 10;; size *= 4) {
+    const std::size_t largest = std::size_t(16) << 20;
+    for (std::size_t size = std::size_t(128) << 10;; size *= 4) {
         std::unique_ptr<char[]> buffer(new char[size]);
         bool isFilled = false;
         ssize_t length;
@@ -46,8 +50,8 @@ int readEntries(int folder, std::vector<Entry>* entries)
         if (lseek(folder, 0, SEEK_SET) != 0)
             return errno;
         while ((length = getdents64(folder, buffer.get(), size)) > 0) {
-            appendEntries(buffer.get(), static_cast<size_t>(length), entries);
-            isFilled = isFilled || static_cast<size_t>(length) + sizeof(dirent64) > size;
+            appendEntries(buffer.get(), static_cast<std::size_t>(length), entries);
+            isFilled = isFilled || static_cast<std::size_t>(length) + sizeof(dirent64) > size;
         }
         if (length < 0)
             return errno;

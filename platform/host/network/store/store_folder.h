@@ -12,15 +12,15 @@
 namespace store {
 
 // The record, in the profile's own folder.
-inline constexpr char kRecordName[] = "profile";
+inline constexpr char recordName[] = "profile";
 
 // What a writer builds before it appears, and what it removes after it is gone. The writers' lock
 // admits one at a time, so whatever has this name when the lock is taken was left by a killed
 // writer.
-inline constexpr char kPendingName[] = ".pending";
+inline constexpr char pendingName[] = ".pending";
 
 // What a leftover that may not be removed is put aside as, a number behind it.
-inline constexpr char kAsidePrefix[] = ".unremovable-";
+inline constexpr char asidePrefix[] = ".unremovable-";
 
 // Opens the folder of the profiles for looking. Result: NAPI_OK, with `folder` not open when
 // nothing has been stored below this root yet; or NAPI_ERR_ROOT, NAPI_ERR_ACCESS,

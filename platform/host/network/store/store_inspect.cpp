@@ -17,27 +17,33 @@
 
 namespace store {
 
-static const char kRestoreOrDelete[] = "restore it from a copy, or delete the profile";
-static const char kGivePermission[] = "give its owner the permission to read it";
+namespace {
+
+const char restoreOrDelete[] = "restore it from a copy, or delete the profile";
+const char givePermission[] = "give its owner the permission to read it";
+
+} // namespace
 
 using napihost::Finding;
 
-static Finding outOfReach(const std::string& path, int error)
+namespace {
+
+Finding outOfReach(const std::string& path, int error)
 {
     return {path, std::string("cannot be read: ") + strerror(error),
-            network::fileResult(error) == NAPI_ERR_ACCESS ? kGivePermission : kRestoreOrDelete};
+            network::fileResult(error) == NAPI_ERR_ACCESS ? givePermission : restoreOrDelete};
 }
 
-static void inspectRights(const std::string& path, base::Forbidden forbidden,
-                          std::vector<Finding>* findings)
+void inspectRights(const std::string& path, base::Forbidden forbidden,
+                   std::vector<Finding>* findings)
 {
     if (const auto concern = base::concernOfRights(path, forbidden))
         findings->push_back({path, concern->problem, concern->remedy});
 }
 
 // Adds what is wrong with the record `path` ("NAME/profile"), if anything.
-static void inspectRecord(int folder, const std::string& path, const std::string& full,
-                          std::vector<Finding>* findings)
+void inspectRecord(int folder, const std::string& path, const std::string& full,
+                   std::vector<Finding>* findings)
 {
     RecordStatus status = recordStatus(folder, path.c_str());
     switch (status.state) {
@@ -47,16 +53,16 @@ static void inspectRecord(int folder, const std::string& path, const std::string
             findings->push_back(outOfReach(full, errno));
         break;
     case RecordState::Missing:
-        findings->push_back({full, "record is missing", kRestoreOrDelete});
+        findings->push_back({full, "record is missing", restoreOrDelete});
         break;
     case RecordState::NotRegular:
-        findings->push_back({full, "record is no regular file", kRestoreOrDelete});
+        findings->push_back({full, "record is no regular file", restoreOrDelete});
         break;
     case RecordState::WrongSize:
         findings->push_back({full,
                              "record has " + std::to_string(status.size) + " bytes instead of " +
                                  std::to_string(sizeof(NetworkProfile)),
-                             kRestoreOrDelete});
+                             restoreOrDelete});
         break;
     case RecordState::OutOfReach:
         findings->push_back(outOfReach(full, status.error));
@@ -66,29 +72,29 @@ static void inspectRecord(int folder, const std::string& path, const std::string
 
 // The folders from the root to the profiles. Whoever may write in one of them may put others in
 // their places; a list of their names is nobody's secret but the root's and the profiles' own.
-static void inspectWay(std::vector<Finding>* findings)
+void inspectWay(std::vector<Finding>* findings)
 {
     const std::string root = napihost::rootFolder(), store = napihost::profilesFolder();
     inspectRights(root, base::Forbidden::ReadingAndWriting, findings);
-    for (size_t end = store.find('/', root.size() + 1); end != std::string::npos;
+    for (std::size_t end = store.find('/', root.size() + 1); end != std::string::npos;
          end = store.find('/', end + 1))
         inspectRights(store.substr(0, end), base::Forbidden::Writing, findings);
     inspectRights(store, base::Forbidden::ReadingAndWriting, findings);
 }
 
-static bool isPutAside(const std::string& name)
+bool isPutAside(const std::string& name)
 {
-    const std::string_view prefix = kAsidePrefix;
+    const std::string_view prefix = asidePrefix;
     return name.compare(0, prefix.size(), prefix) == 0;
 }
 
 // While a writer holds the store, what it builds is its own business; without one, it was left.
-static void inspectPending(const std::string& path, std::vector<Finding>* findings)
+void inspectPending(const std::string& path, std::vector<Finding>* findings)
 {
     base::LockedFolder store;
     struct stat status;
     if (store.open(napihost::profilesFolder(), std::chrono::milliseconds(0)) == 0 &&
-        fstatat(store.fd(), kPendingName, &status, AT_SYMLINK_NOFOLLOW) == 0)
+        fstatat(store.fd(), pendingName, &status, AT_SYMLINK_NOFOLLOW) == 0)
         findings->push_back(
             {path,
              "left by a program that was ended while it changed a profile; it may "
@@ -96,18 +102,18 @@ static void inspectPending(const std::string& path, std::vector<Finding>* findin
              "the next change of a profile removes it, or rm -r " + base::shellWord(path)});
 }
 
-static void inspectProfile(int folder, const std::string& name, const std::string& path,
-                           std::vector<Finding>* findings)
+void inspectProfile(int folder, const std::string& name, const std::string& path,
+                    std::vector<Finding>* findings)
 {
-    const std::string record = path + "/" + kRecordName;
+    const std::string record = path + "/" + recordName;
     inspectRights(path, base::Forbidden::ReadingAndWriting, findings);
-    inspectRecord(folder, name + "/" + kRecordName, record, findings);
+    inspectRecord(folder, name + "/" + recordName, record, findings);
 }
 
-static void inspectEntry(int folder, const Entry& entry, std::vector<Finding>* findings)
+void inspectEntry(int folder, const Entry& entry, std::vector<Finding>* findings)
 {
     std::string path = napihost::profilesFolder() + "/" + entry.name;
-    if (entry.name == kPendingName)
+    if (entry.name == pendingName)
         inspectPending(path, findings);
     else if (isPutAside(entry.name))
         findings->push_back({path,
@@ -118,12 +124,12 @@ static void inspectEntry(int folder, const Entry& entry, std::vector<Finding>* f
                              "remove it, or give it a name "
                              "that a profile can have"});
     else if (!isFolder(folder, entry))
-        findings->push_back({path, "is no folder with a record in it", kRestoreOrDelete});
+        findings->push_back({path, "is no folder with a record in it", restoreOrDelete});
     else
         inspectProfile(folder, entry.name, path, findings);
 }
 
-static int inspect(std::vector<Finding>* findings)
+int inspect(std::vector<Finding>* findings)
 {
     base::UniqueFd folder;
     std::vector<Entry> entries;
@@ -140,6 +146,8 @@ static int inspect(std::vector<Finding>* findings)
         inspectEntry(folder.get(), entry, findings);
     return NAPI_OK;
 }
+
+} // namespace
 
 } // namespace store
 

@@ -16,18 +16,22 @@ bool isInterfaceName(const std::string& name)
            name.find_first_of("/: \t\n") == std::string::npos;
 }
 
+namespace {
+
 // Addresses that no host has: 0.x, loopback, multicast and beyond.
-static bool isHostAddress(uint32_t address)
+bool isHostAddress(uint32_t address)
 {
     uint32_t first = address >> 24;
     return first != 0 && first != 127 && first < 224;
 }
 
-static uint32_t parsed(const std::string& text)
+uint32_t parsed(const std::string& text)
 {
     in_addr address = {};
     return ::inet_pton(AF_INET, text.c_str(), &address) == 1 ? ntohl(address.s_addr) : 0;
 }
+
+} // namespace
 
 void readIp4Config(const BusValue& properties, ServiceAddress* address)
 {
@@ -48,8 +52,8 @@ void AddressReading::start(BusConnection& bus, const std::string& device, Done d
     m_address = {};
     m_done = std::move(done);
     m_config = BusSlot();
-    BusCall call = bus.call({nm::kService, device, kProperties, "GetAll"});
-    call.text(nm::kDevice);
+    BusCall call = bus.call({nm::service, device, propertiesInterface, "GetAll"});
+    call.text(nm::device);
     auto handler = [this, &bus](BusMessage& reply) { askConfig(bus, reply.next()); };
     if (bus.send(call, handler, &m_device) != 0)
         finish();
@@ -62,8 +66,8 @@ void AddressReading::askConfig(BusConnection& bus, const BusValue& properties)
     std::string config = objectPath(properties.at("Ip4Config"));
     if (config.empty())
         return finish();
-    BusCall call = bus.call({nm::kService, config, kProperties, "GetAll"});
-    call.text(nm::kIp4Config);
+    BusCall call = bus.call({nm::service, config, propertiesInterface, "GetAll"});
+    call.text(nm::ip4Config);
     auto handler = [this](BusMessage& reply) {
         readIp4Config(reply.next(), &m_address);
         finish();

@@ -11,11 +11,11 @@
 
 namespace network {
 
-constexpr uint64_t kNoTimeout = UINT64_MAX;
+constexpr uint64_t noTimeout = UINT64_MAX;
 
 // A bus refuses what a program asks with 128 answers outstanding, and those to calls that nobody
 // waits for any more count as well.
-constexpr int kMostPending = 64;
+constexpr int mostPending = 64;
 
 // What a connection shares with its subscriptions.
 struct BusConnection::State
@@ -53,7 +53,7 @@ struct BusSlot::Subscription
     int send(sd_bus* bus, sd_bus_message* message)
     {
         int result =
-            lib.sd_bus_call_async(bus, &slot, message, Subscription::arrived, this, kNoTimeout);
+            lib.sd_bus_call_async(bus, &slot, message, Subscription::arrived, this, noTimeout);
         pending = result >= 0;
         state->pending += pending;
         return result;
@@ -136,11 +136,11 @@ short BusConnection::events() const
 
 Clock::time_point BusConnection::nextDeadline() const
 {
-    uint64_t microseconds = kNoTimeout;
-    if (m_bus && !m_state->waiting.empty() && m_state->pending < kMostPending)
+    uint64_t microseconds = noTimeout;
+    if (m_bus && !m_state->waiting.empty() && m_state->pending < mostPending)
         return Clock::now();
-    if (!m_bus || m_lib->sd_bus_get_timeout(m_bus, &microseconds) < 0 || microseconds == kNoTimeout)
-        return kNever;
+    if (!m_bus || m_lib->sd_bus_get_timeout(m_bus, &microseconds) < 0 || microseconds == noTimeout)
+        return never;
     return Clock::time_point(std::chrono::microseconds(microseconds));
 }
 
@@ -159,7 +159,7 @@ int BusConnection::process()
 void BusConnection::sendWaiting()
 {
     auto& waiting = m_state->waiting;
-    while (m_bus && !waiting.empty() && m_state->pending < kMostPending) {
+    while (m_bus && !waiting.empty() && m_state->pending < mostPending) {
         BusSlot::Subscription* next = waiting.front();
         waiting.pop_front();
         next->send(m_bus, next->call);
@@ -176,7 +176,7 @@ int BusConnection::send(const BusCall& call, BusHandler handler, BusSlot* slot)
     if (int error = call.error())
         return error;
     std::unique_ptr<Subscription> made = subscription(std::move(handler));
-    if (m_state->pending < kMostPending) {
+    if (m_state->pending < mostPending) {
         if (int result = made->send(m_bus, call.raw()); result < 0)
             return -result;
     } else {
@@ -191,7 +191,7 @@ void BusConnection::send(const BusCall& call)
 {
     if (call.error() == 0)
         m_lib->sd_bus_call_async(m_bus, nullptr, call.raw(), Subscription::installed, nullptr,
-                                 kNoTimeout);
+                                 noTimeout);
 }
 
 int BusConnection::listen(const std::string& rule, BusHandler handler, BusSlot* slot)

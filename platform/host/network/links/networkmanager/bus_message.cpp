@@ -2,10 +2,14 @@
 
 namespace network {
 
-static std::string orEmpty(const char* text)
+namespace {
+
+std::string orEmpty(const char* text)
 {
     return text ? text : "";
 }
+
+} // namespace
 
 std::string BusMessage::errorName() const
 {
@@ -51,9 +55,10 @@ BusValue BusMessage::read(char type, const char* contents)
     return value;
 }
 
+namespace {
+
 // Each reading of a basic type goes into room for the largest of them.
-template <typename Number>
-static BusValue number(const SdBus& lib, sd_bus_message* message, char type)
+template <typename Number> BusValue number(const SdBus& lib, sd_bus_message* message, char type)
 {
     Number value = 0;
     if (lib.sd_bus_message_read_basic(message, type, &value) <= 0)
@@ -61,7 +66,7 @@ static BusValue number(const SdBus& lib, sd_bus_message* message, char type)
     return BusValue::number(static_cast<uint64_t>(value));
 }
 
-static BusValue flag(const SdBus& lib, sd_bus_message* message)
+BusValue flag(const SdBus& lib, sd_bus_message* message)
 {
     int value = 0;
     if (lib.sd_bus_message_read_basic(message, SD_BUS_TYPE_BOOLEAN, &value) <= 0)
@@ -69,13 +74,15 @@ static BusValue flag(const SdBus& lib, sd_bus_message* message)
     return BusValue::flag(value != 0);
 }
 
-static BusValue text(const SdBus& lib, sd_bus_message* message, char type)
+BusValue text(const SdBus& lib, sd_bus_message* message, char type)
 {
     const char* value = nullptr;
     if (lib.sd_bus_message_read_basic(message, type, &value) <= 0)
         return {};
     return BusValue::text(orEmpty(value));
 }
+
+} // namespace
 
 BusValue BusMessage::readBasic(char type)
 {
@@ -108,7 +115,7 @@ BusValue BusMessage::readBasic(char type)
 BusValue BusMessage::readBytes()
 {
     const void* bytes = nullptr;
-    size_t size = 0;
+    std::size_t size = 0;
     if (m_lib.sd_bus_message_read_array(m_message, SD_BUS_TYPE_BYTE, &bytes, &size) < 0)
         return {};
     return BusValue::text(std::string(static_cast<const char*>(bytes), size));

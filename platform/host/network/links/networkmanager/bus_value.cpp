@@ -4,11 +4,15 @@
 
 namespace network {
 
-static const BusValue& none()
+namespace {
+
+const BusValue& none()
 {
     static const BusValue value;
     return value;
 }
+
+} // namespace
 
 BusValue BusValue::flag(bool value)
 {
@@ -70,7 +74,7 @@ const std::string& BusValue::toText() const
     return m_kind == Kind::Text ? m_text : none().m_text;
 }
 
-const BusValue& BusValue::at(size_t index) const
+const BusValue& BusValue::at(std::size_t index) const
 {
     return index < m_elements.size() ? m_elements[index] : none();
 }
@@ -78,7 +82,8 @@ const BusValue& BusValue::at(size_t index) const
 const BusValue& BusValue::at(const char* key) const
 {
     auto found = std::find(m_keys.begin(), m_keys.end(), key);
-    return found == m_keys.end() ? none() : m_elements[static_cast<size_t>(found - m_keys.begin())];
+    return found == m_keys.end() ? none()
+                                 : m_elements[static_cast<std::size_t>(found - m_keys.begin())];
 }
 
 } // namespace network

@@ -34,7 +34,7 @@ public:
 
     // The elements of a list or the values of a dictionary; of anything else, none.
     const std::vector<BusValue>& elements() const { return m_elements; }
-    const BusValue& at(size_t index) const; // none behind the end
+    const BusValue& at(std::size_t index) const; // none behind the end
 
     // Of a dictionary: keys in the order of elements(), and the value of one key or none.
     const std::vector<std::string>& keys() const { return m_keys; }

@@ -18,7 +18,7 @@ struct ReasonRange
 };
 
 // The reasons of NMDeviceStateReason; those that are missing say nothing about the cause.
-constexpr ReasonRange kReasons[] = {
+constexpr ReasonRange reasons[] = {
     {3, 3, NAPI_CAUSE_DEVICE_GONE},         // taken out of the service's hands
     {5, 6, NAPI_CAUSE_NO_ADDRESS},          // no address in time, or it has expired
     {7, 7, NAPI_CAUSE_AUTHENTICATION},      // a password is missing
@@ -54,7 +54,7 @@ struct NamedCause
 };
 
 // Errors of calls, by the last part of their names.
-constexpr NamedCause kCallErrors[] = {
+constexpr NamedCause callErrors[] = {
     {"ServiceUnknown", NAPI_CAUSE_NO_SERVICE_DAEMON, 0},
     {"NameHasNoOwner", NAPI_CAUSE_NO_SERVICE_DAEMON, 0},
     {"NoReply", NAPI_CAUSE_NO_SERVICE_DAEMON, 0},
@@ -75,7 +75,7 @@ constexpr NamedCause kCallErrors[] = {
 };
 
 // Other errors of ModemManager than those of the modem.
-constexpr NamedCause kModemServiceErrors[] = {
+constexpr NamedCause modemServiceErrors[] = {
     {"Core.Cancelled", NAPI_CAUSE_CANCELLED, 0},
     {"Core.Aborted", NAPI_CAUSE_CANCELLED, 0},
     {"Core.Unauthorized", NAPI_CAUSE_NOT_PERMITTED, 0},
@@ -100,7 +100,7 @@ struct EquipmentError
     NapiCause cause;
 };
 
-constexpr EquipmentError kEquipmentErrors[] = {
+constexpr EquipmentError equipmentErrors[] = {
     {"PhSimPin", 5, NAPI_CAUSE_SIM},
     {"PhFsimPin", 6, NAPI_CAUSE_SIM},
     {"PhFsimPuk", 7, NAPI_CAUSE_SIM},
@@ -152,32 +152,32 @@ Cause causeOfErrno(NapiCause cause, int error)
 Cause causeOfReason(uint32_t reason)
 {
     Cause cause;
-    for (const ReasonRange& range : kReasons) {
+    for (const ReasonRange& range : reasons) {
         if (reason >= range.first && reason <= range.last)
             cause.cause = range.cause;
     }
-    constexpr uint32_t kLargest = 0xFF;
-    cause.detail = NAPI_DETAIL_REASON + static_cast<int>(std::min(reason, kLargest));
+    constexpr uint32_t largest = 0xFF;
+    cause.detail = NAPI_DETAIL_REASON + static_cast<int>(std::min(reason, largest));
     return cause;
 }
 
 Cause causeOfCallError(const std::string& name)
 {
     std::string last = name.substr(name.rfind('.') + 1);
-    const NamedCause* known = find(kCallErrors, last.c_str());
+    const NamedCause* known = find(callErrors, last.c_str());
     return known ? causeOfErrno(known->cause, known->error) : Cause();
 }
 
 Cause causeOfModemError(const std::string& name)
 {
-    constexpr size_t kPrefix = sizeof mm::kErrors - 1;
-    if (name.compare(0, kPrefix, mm::kErrors) != 0)
+    constexpr std::size_t prefix = sizeof mm::errors - 1;
+    if (name.compare(0, prefix, mm::errors) != 0)
         return {};
-    std::string kind = name.substr(kPrefix);
-    if (const NamedCause* known = find(kModemServiceErrors, kind.c_str()))
+    std::string kind = name.substr(prefix);
+    if (const NamedCause* known = find(modemServiceErrors, kind.c_str()))
         return causeOfErrno(known->cause, known->error);
     std::string last = kind.substr(kind.rfind('.') + 1);
-    if (const EquipmentError* known = find(kEquipmentErrors, last.c_str()))
+    if (const EquipmentError* known = find(equipmentErrors, last.c_str()))
         return {known->cause, NAPI_DETAIL_EQUIPMENT + known->code};
     return {};
 }

@@ -11,10 +11,10 @@ namespace network {
 
 // So high that the machine keeps the default route that it has: programs bind their sockets to the
 // link. A connection without any default route would leave those sockets without a way out.
-constexpr int64_t kRouteMetric = 20000;
+constexpr int64_t routeMetric = 20000;
 
 // Only less than 0 it would keep the servers of all other connections out of the resolver.
-constexpr int32_t kFirstPriority = 1;
+constexpr int32_t firstPriority = 1;
 
 ConnectionSettings::~ConnectionSettings()
 {
@@ -37,20 +37,24 @@ const Setting* ConnectionSettings::find(const char* section, const char* key) co
     return found == m_entries.end() ? nullptr : &*found;
 }
 
-static bool isAccessPointCharacter(char c)
+namespace {
+
+bool isAccessPointCharacter(char c)
 {
     return c > ' ' && c < 0x7F && !std::strchr("\"',;\\", c);
 }
 
-static bool isDiallingCharacter(char c)
+bool isDiallingCharacter(char c)
 {
     return (static_cast<unsigned char>(c) >= ' ') && c != 0x7F && c != '"';
 }
 
-static bool isDialled(const std::string& text)
+bool isDialled(const std::string& text)
 {
     return std::all_of(text.begin(), text.end(), isDiallingCharacter);
 }
+
+} // namespace
 
 ProfileFault faultOf(const NetworkProfile& record)
 {
@@ -62,8 +66,9 @@ ProfileFault faultOf(const NetworkProfile& record)
     return isDialled(fieldText(record.gprsPassword)) ? ProfileFault::None : ProfileFault::Password;
 }
 
-static void addText(ConnectionSettings* settings, const char* section, const char* key,
-                    std::string text)
+namespace {
+
+void addText(ConnectionSettings* settings, const char* section, const char* key, std::string text)
 {
     if (!text.empty())
         settings->add(section, key, std::move(text));
@@ -71,8 +76,8 @@ static void addText(ConnectionSettings* settings, const char* section, const cha
 
 // Nothing may come from elsewhere: what the service would fill in by itself is left out, and it
 // connects when it is told to only.
-static void addConnection(ConnectionSettings* settings, const char* type, const Opening& opening,
-                          const std::string& owner)
+void addConnection(ConnectionSettings* settings, const char* type, const Opening& opening,
+                   const std::string& owner)
 {
     settings->add("connection", "id", opening.profile);
     settings->add("connection", "type", std::string(type));
@@ -82,7 +87,7 @@ static void addConnection(ConnectionSettings* settings, const char* type, const 
 }
 
 // The service takes addresses in the byte order of the network.
-static std::vector<uint32_t> profileNameServers(const NetworkProfile& record)
+std::vector<uint32_t> profileNameServers(const NetworkProfile& record)
 {
     std::vector<uint32_t> servers;
     for (uint32_t address : {record.gprsDns1, record.gprsDns2}) {
@@ -92,10 +97,10 @@ static std::vector<uint32_t> profileNameServers(const NetworkProfile& record)
     return servers;
 }
 
-static void addAddressing(ConnectionSettings* settings, const NetworkProfile& record)
+void addAddressing(ConnectionSettings* settings, const NetworkProfile& record)
 {
     settings->add("ipv4", "method", std::string("auto"));
-    settings->add("ipv4", "route-metric", kRouteMetric);
+    settings->add("ipv4", "route-metric", routeMetric);
     std::vector<uint32_t> servers = profileNameServers(record);
     if (!servers.empty()) {
         settings->add("ipv4", "dns", std::move(servers));
@@ -103,6 +108,8 @@ static void addAddressing(ConnectionSettings* settings, const NetworkProfile& re
     }
     settings->add("ipv6", "method", std::string("disabled")); // links are told IPv4 addresses only
 }
+
+} // namespace
 
 ConnectionSettings packetDataSettings(const Opening& opening, const std::string& owner)
 {
@@ -128,7 +135,7 @@ ConnectionSettings wiredSettings(const Opening& opening, const std::string& owne
 
 Setting firstNameServers()
 {
-    return {"ipv4", "dns-priority", kFirstPriority};
+    return {"ipv4", "dns-priority", firstPriority};
 }
 
 } // namespace network

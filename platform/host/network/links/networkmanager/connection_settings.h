@@ -49,7 +49,7 @@ enum class ProfileFault { None, AccessPoint, UserName, Password };
 ProfileFault faultOf(const NetworkProfile& record);
 
 // The text of a field, which ends at its first NUL, or fills it.
-template <size_t size> std::string fieldText(const char (&field)[size])
+template <std::size_t size> std::string fieldText(const char (&field)[size])
 {
     std::string text(field, size);
     return text.substr(0, text.find('\0'));

@@ -8,24 +8,26 @@ namespace network {
 
 using Way = DeviceChoice::Way;
 
-static DeviceChoice refusal(const ServiceDevice& device, Cause cause)
+namespace {
+
+DeviceChoice refusal(const ServiceDevice& device, Cause cause)
 {
     return {Way::None, cause, device};
 }
 
 // What the user has switched off stays off.
-static Cause switchedOff()
+Cause switchedOff()
 {
     return causeOfErrno(NAPI_CAUSE_NO_SERVICE, ERFKILL);
 }
 
-static Cause equipment(int code)
+Cause equipment(int code)
 {
     return {NAPI_CAUSE_SIM, NAPI_DETAIL_EQUIPMENT + code};
 }
 
 // MMModemStateFailedReason: 2 no SIM, 3 SIM error.
-static Cause causeOfFailedModem(uint32_t reason)
+Cause causeOfFailedModem(uint32_t reason)
 {
     if (reason == 2)
         return equipment(10);
@@ -34,20 +36,20 @@ static Cause causeOfFailedModem(uint32_t reason)
 
 // What the modem itself has against dialling; no cause when nothing. A PIN may still be given by
 // somebody while the service asks for it, any other lock is beyond that.
-static Cause causeOfModem(const ServiceModem& modem)
+Cause causeOfModem(const ServiceModem& modem)
 {
-    constexpr int64_t kFailed = -1, kLocked = 2;
-    constexpr uint32_t kPuk = 4;
-    if (modem.state == kFailed)
+    constexpr int64_t failed = -1, locked = 2;
+    constexpr uint32_t puk = 4;
+    if (modem.state == failed)
         return causeOfFailedModem(modem.failedReason);
-    if (modem.state == kLocked && modem.lock != mm::LockPin)
-        return equipment(modem.lock == kPuk ? 12 : 13);
+    if (modem.state == locked && modem.lock != mm::LockPin)
+        return equipment(modem.lock == puk ? 12 : 13);
     if (modem.power == mm::PowerOff || modem.power == mm::PowerLow)
         return switchedOff();
     return {NAPI_CAUSE_NONE, 0};
 }
 
-static Cause causeOfUnavailable(const ServiceDevice& device)
+Cause causeOfUnavailable(const ServiceDevice& device)
 {
     Cause told = causeOfReason(device.reason);
     if (told.cause != NAPI_CAUSE_UNKNOWN)
@@ -60,18 +62,20 @@ static Cause causeOfUnavailable(const ServiceDevice& device)
     return told;
 }
 
-static Way wayToFreeDevice(NapiBearerKind kind, const ServiceDevice& device)
+Way wayToFreeDevice(NapiBearerKind kind, const ServiceDevice& device)
 {
     if (kind == NAPI_BEARER_GPRS || (device.type != nm::Wifi && !device.known))
         return Way::Dial;
     return device.known ? Way::Known : Way::None;
 }
 
-static bool radioOff(const ServiceDevice& device, const ServicePicture& picture)
+bool radioOff(const ServiceDevice& device, const ServicePicture& picture)
 {
     return !picture.networking || (device.type == nm::Modem && !picture.wwan) ||
            (device.type == nm::Wifi && !picture.wifi);
 }
+
+} // namespace
 
 DeviceChoice judgeDevice(NapiBearerKind kind, const ServiceDevice& device,
                          const ServicePicture& picture)
@@ -91,9 +95,11 @@ DeviceChoice judgeDevice(NapiBearerKind kind, const ServiceDevice& device,
     return {way, {NAPI_CAUSE_NO_SERVICE, 0}, device};
 }
 
+namespace {
+
 // Without a name in the configuration the type decides.
-static bool serves(NapiBearerKind kind, const std::optional<std::string>& named,
-                   const ServiceDevice& device)
+bool serves(NapiBearerKind kind, const std::optional<std::string>& named,
+            const ServiceDevice& device)
 {
     bool cellular = kind == NAPI_BEARER_GPRS;
     bool wired = device.type == nm::Ethernet || device.type == nm::Veth;
@@ -103,7 +109,7 @@ static bool serves(NapiBearerKind kind, const std::optional<std::string>& named,
     return typeFits && (device.interface == *named || device.ipInterface == *named);
 }
 
-static int rank(Way way)
+int rank(Way way)
 {
     switch (way) {
     case Way::None:
@@ -116,6 +122,8 @@ static int rank(Way way)
     }
     return 2;
 }
+
+} // namespace
 
 DeviceChoice chooseDevice(NapiBearerKind kind, const NetworkConfig& config,
                           const ServicePicture& picture)

@@ -7,16 +7,20 @@
 namespace network {
 
 // Shorter interruptions are repaired by the network; NetworkManager itself waits for six seconds.
-constexpr auto kWithoutCarrier = std::chrono::seconds(1);
+constexpr auto withoutCarrier = std::chrono::seconds(1);
 
 // Where the kernel tells no news, or does not answer, it is asked again.
-constexpr auto kRetry = std::chrono::seconds(1);
+constexpr auto retry = std::chrono::seconds(1);
 
-static bool hasCarrier(const Interfaces& interfaces, const std::string& name)
+namespace {
+
+bool hasCarrier(const Interfaces& interfaces, const std::string& name)
 {
     const Interface* interface = interfaces.find(name);
     return interface && (interface->flags & IFF_RUNNING);
 }
+
+} // namespace
 
 void InterfaceWatch::listen()
 {
@@ -29,7 +33,7 @@ void InterfaceWatch::add(int link, const Device& device)
 {
     Interfaces interfaces;
     interfaces.read();
-    m_links[link] = {device, hasCarrier(interfaces, device.name), kNever};
+    m_links[link] = {device, hasCarrier(interfaces, device.name), never};
     listen();
 }
 
@@ -43,7 +47,7 @@ void InterfaceWatch::remove(int link)
 void InterfaceWatch::pause()
 {
     m_news.close();
-    m_lookAt = kNever;
+    m_lookAt = never;
 }
 
 void InterfaceWatch::resume()
@@ -72,9 +76,9 @@ bool InterfaceWatch::isLost(Entry& entry, const Interfaces& interfaces, Clock::t
     bool carrier = (interface->flags & IFF_RUNNING) != 0;
     entry.carrier = entry.carrier || carrier;
     if (carrier || !entry.carrier)
-        entry.until = kNever;
-    else if (entry.until == kNever)
-        entry.until = now + kWithoutCarrier;
+        entry.until = never;
+    else if (entry.until == never)
+        entry.until = now + withoutCarrier;
     return entry.until <= now;
 }
 
@@ -88,7 +92,7 @@ std::vector<int> InterfaceWatch::lost(Clock::time_point now)
         return lost;
     Interfaces interfaces;
     bool known = interfaces.read() == 0;
-    m_lookAt = known && listening ? kNever : now + kRetry;
+    m_lookAt = known && listening ? never : now + retry;
     for (auto entry = m_links.begin(); known && entry != m_links.end();) {
         bool gone = isLost(entry->second, interfaces, now);
         if (gone)

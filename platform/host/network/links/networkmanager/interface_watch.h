@@ -35,14 +35,14 @@ private:
     {
         Device device;
         bool carrier = false; // it had one
-        Clock::time_point until = kNever;
+        Clock::time_point until = never;
     };
 
     void listen();
     bool isLost(Entry& entry, const Interfaces& interfaces, Clock::time_point now);
 
     NetlinkWatch m_news;
-    Clock::time_point m_lookAt = kNever;
+    Clock::time_point m_lookAt = never;
     std::map<int, Entry> m_links;
 };
 

@@ -53,11 +53,15 @@ void LinkActivation::listed(const ServicePicture& picture)
         choose();
 }
 
-static Cause withoutModem(const ServicePicture& picture, const DeviceChoice& choice)
+namespace {
+
+Cause withoutModem(const ServicePicture& picture, const DeviceChoice& choice)
 {
     bool missing = choice.device.path.empty() && choice.cause.detail != 0;
     return missing && !picture.modemService ? Cause{NAPI_CAUSE_NO_SERVICE_DAEMON, 0} : choice.cause;
 }
+
+} // namespace
 
 // Tries the kinds that are left, one after the other.
 void LinkActivation::choose()
@@ -116,8 +120,8 @@ void LinkActivation::compare()
 {
     wait(Step::Comparing, m_opening.config->guards.reply);
     say("comparing the access point that is in use");
-    BusCall call = m_host.bus().call(
-        {nm::kService, m_choice.device.connection, nm::kConnection, "GetSettings"});
+    BusCall call =
+        m_host.bus().call({nm::service, m_choice.device.connection, nm::connection, "GetSettings"});
     auto handler = [this](BusMessage& reply) { compared(reply); };
     if (m_host.bus().send(call, handler, &m_comparison) != 0)
         refuse({NAPI_CAUSE_BUSY, 0});
@@ -140,16 +144,20 @@ void LinkActivation::joinActive()
     if (m_choice.device.active.empty())
         return refuse({NAPI_CAUSE_BUSY, 0});
     say("sharing the connection that is up");
-    m_host.listen(m_choice.device.path, nm::kDevice);
+    m_host.listen(m_choice.device.path, nm::device);
     m_begun = m_begunElsewhere;
     m_takesPart = m_host.join(m_choice.device.active);
     dialled(m_choice.device.active);
 }
 
-static NapiCause causeOfFault(ProfileFault fault)
+namespace {
+
+NapiCause causeOfFault(ProfileFault fault)
 {
     return fault == ProfileFault::AccessPoint ? NAPI_CAUSE_SUBSCRIPTION : NAPI_CAUSE_AUTHENTICATION;
 }
+
+} // namespace
 
 void LinkActivation::activate()
 {
@@ -158,17 +166,17 @@ void LinkActivation::activate()
         return refuse(causeOfErrno(causeOfFault(fault), EINVAL));
     const std::string& device = m_choice.device.path;
     m_begun = false;
-    m_host.listen(device, nm::kDevice);
+    m_host.listen(device, nm::device);
     bool known = m_choice.way == Way::Known;
-    BusCall call = m_host.bus().call({nm::kService, nm::kManagerPath, nm::kManager,
+    BusCall call = m_host.bus().call({nm::service, nm::managerPath, nm::manager,
                                       known ? "ActivateConnection" : "AddAndActivateConnection2"});
     if (known) {
-        call.path(kNoObject).path(device).path(kNoObject);
+        call.path(noObject).path(device).path(noObject);
     } else {
         call.keepSecret();
         call.settings(cellular() ? packetDataSettings(m_opening, m_owner)
                                  : wiredSettings(m_opening, m_owner));
-        call.path(device).path(kNoObject).volatileOptions();
+        call.path(device).path(noObject).volatileOptions();
     }
     auto handler = [this](BusMessage& reply) { answered(reply); };
     if (int error = m_host.bus().send(call, handler, &m_request))
@@ -222,9 +230,9 @@ void LinkActivation::dialled(const std::string& active)
 {
     m_active = active;
     guard(Step::Dialling);
-    m_host.listen(active, nm::kActive);
-    BusCall call = m_host.bus().call({nm::kService, active, kProperties, "Get"});
-    call.text(nm::kActive).text("State");
+    m_host.listen(active, nm::active);
+    BusCall call = m_host.bus().call({nm::service, active, propertiesInterface, "Get"});
+    call.text(nm::active).text("State");
     auto handler = [this](BusMessage& reply) {
         if (causeOfCallError(reply.errorName()).cause == NAPI_CAUSE_NO_SERVICE_DAEMON)
             return serviceGone();

@@ -117,8 +117,8 @@ private:
     const Opening m_opening;
     const std::string m_owner;
     Step m_step = Step::Listing;
-    Clock::time_point m_deadline = kNever;
-    Clock::time_point m_guard = kNever;  // of the kind that is being tried
+    Clock::time_point m_deadline = never;
+    Clock::time_point m_guard = never;   // of the kind that is being tried
     std::vector<NapiBearerKind> m_kinds; // those that are left to try
     NapiBearerKind m_kind = NAPI_BEARER_UNKNOWN;
     Cause m_cause = {NAPI_CAUSE_NO_BEARER, 0}; // of the last kind tried
@@ -133,7 +133,7 @@ private:
     bool m_checked = false; // the access point is the profile's
     bool m_needsSecret = false;
     int m_replacements = 0; // of our activation by somebody else's
-    Clock::time_point m_askUntil = kNever;
+    Clock::time_point m_askUntil = never;
     uint32_t m_reason = 1; // of the device's last state; 1 is unknown
     Cause m_lastCause;
     Device m_device;

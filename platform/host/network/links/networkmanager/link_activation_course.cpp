@@ -11,29 +11,33 @@
 namespace network {
 
 // Addresses follow the activation within milliseconds, if at all.
-constexpr auto kAddressPatience = std::chrono::seconds(1);
-constexpr auto kAddressPause = std::chrono::milliseconds(50);
+constexpr auto addressPatience = std::chrono::seconds(1);
+constexpr auto addressPause = std::chrono::milliseconds(50);
 
 // The modem's reason may follow the failure.
-constexpr auto kReasonPatience = std::chrono::milliseconds(50);
-constexpr auto kReasonPause = std::chrono::milliseconds(10);
-constexpr auto kAnswerPatience = std::chrono::seconds(1); // of a machine that is busy
+constexpr auto reasonPatience = std::chrono::milliseconds(50);
+constexpr auto reasonPause = std::chrono::milliseconds(10);
+constexpr auto answerPatience = std::chrono::seconds(1); // of a machine that is busy
 
 // How long an activation that nobody wants any more may still be answered.
-constexpr auto kLinger = std::chrono::seconds(60);
+constexpr auto linger = std::chrono::seconds(60);
 
-constexpr uint32_t kNewActivation = 60;
+constexpr uint32_t newActivation = 60;
 
 // Somebody who wants the device again and again gets it.
-constexpr int kReplacements = 3;
+constexpr int replacements = 3;
+
+namespace {
 
 // States that nobody knows say nothing.
-static bool hasEnded(uint32_t state)
+bool hasEnded(uint32_t state)
 {
-    constexpr uint32_t kEnds[] = {nm::Unmanaged, nm::Unavailable, nm::Disconnected,
-                                  nm::Deactivating, nm::Failed};
-    return std::find(std::begin(kEnds), std::end(kEnds), state) != std::end(kEnds);
+    constexpr uint32_t ends[] = {nm::Unmanaged, nm::Unavailable, nm::Disconnected, nm::Deactivating,
+                                 nm::Failed};
+    return std::find(std::begin(ends), std::end(ends), state) != std::end(ends);
 }
+
+} // namespace
 
 void LinkActivation::deviceChanged(const std::string& path, uint32_t state, uint32_t old,
                                    uint32_t reason)
@@ -80,7 +84,7 @@ void LinkActivation::activeChanged(const std::string& path, uint32_t state)
     if (state != nm::ActiveUp || m_activated)
         return;
     m_activated = true;
-    m_guard = std::min(m_guard, Clock::now() + kAddressPatience);
+    m_guard = std::min(m_guard, Clock::now() + addressPatience);
     guard(Step::Addressing);
     if (cellular() && !m_checked && !m_checking)
         readBearers();
@@ -111,9 +115,9 @@ void LinkActivation::checkBearers(const std::vector<ModemBearer>& bearers)
     }
     if (m_step == Step::Done)
         return;
-    constexpr uint32_t kAccessPointFailed = 29;
+    constexpr uint32_t accessPointFailed = 29;
     if (!m_checked)
-        return lose({NAPI_CAUSE_SUBSCRIPTION, causeOfReason(kAccessPointFailed).detail});
+        return lose({NAPI_CAUSE_SUBSCRIPTION, causeOfReason(accessPointFailed).detail});
     comeUp();
 }
 
@@ -133,7 +137,7 @@ void LinkActivation::addressRead(const ServiceAddress& address)
         return comeUp();
     }
     if (m_step == Step::Addressing)
-        m_deadline = std::min(m_guard, Clock::now() + kAddressPause);
+        m_deadline = std::min(m_guard, Clock::now() + addressPause);
 }
 
 // The three answers come in any order.
@@ -143,14 +147,14 @@ void LinkActivation::comeUp()
     if (m_step != Step::Addressing || m_device.address == 0 || !checked)
         return;
     m_step = Step::Up;
-    m_deadline = kNever;
+    m_deadline = never;
     m_listing.clear();
     m_host.opened(m_opening.link, m_device);
 }
 
 void LinkActivation::deadlinePassed()
 {
-    m_deadline = kNever;
+    m_deadline = never;
     bool addressing = m_step == Step::Addressing;
     if (addressing && Clock::now() < m_guard)
         return readAddress();
@@ -166,9 +170,9 @@ void LinkActivation::deadlinePassed()
         return giveUp();
     if (m_step == Step::Up) // closed, and the service has not found it again
         return finish();
-    constexpr uint32_t kNoSecrets = 7, kPinRequired = 46;
+    constexpr uint32_t noSecrets = 7, pinRequired = 46;
     if (m_step == Step::Dialling && m_needsSecret && Clock::now() < m_guard)
-        return refuse(causeOfReason(cellular() ? kPinRequired : kNoSecrets));
+        return refuse(causeOfReason(cellular() ? pinRequired : noSecrets));
     refuse({NAPI_CAUSE_TIMEOUT, 0});
 }
 
@@ -183,19 +187,19 @@ void LinkActivation::giveUp()
 
 void LinkActivation::ended(uint32_t reason)
 {
-    if (reason > nm::kUnknownReason)
+    if (reason > nm::unknownReason)
         m_reason = reason;
     if (m_step == Step::Requested)
         return; // the answer to the request is still to come, and the state is asked for then
     if (m_step == Step::Up)
         return interfaceGone();
-    if (m_reason == kNewActivation)
+    if (m_reason == newActivation)
         return replaced();
     m_lastCause = causeOfReason(m_reason);
     bool vague = m_lastCause.cause == NAPI_CAUSE_UNKNOWN || m_lastCause.cause == NAPI_CAUSE_MODEM;
     if (!cellular() || !vague)
         return refuse(m_lastCause);
-    m_askUntil = Clock::now() + kReasonPatience;
+    m_askUntil = Clock::now() + reasonPatience;
     askWhy();
 }
 
@@ -204,7 +208,7 @@ void LinkActivation::replaced()
 {
     say("another activation has taken the device");
     m_cause = causeOfReason(m_reason);
-    if (++m_replacements > kReplacements)
+    if (++m_replacements > replacements)
         return refuse(m_cause);
     detach();
     list();
@@ -212,7 +216,7 @@ void LinkActivation::replaced()
 
 void LinkActivation::askWhy()
 {
-    wait(Step::Asking, kAnswerPatience);
+    wait(Step::Asking, answerPatience);
     auto done = [this](const std::vector<ModemBearer>& bearers) { explain(bearers); };
     m_bearers.start(m_host.bus(), m_choice.device.modem, done);
 }
@@ -234,7 +238,7 @@ void LinkActivation::explain(const std::vector<ModemBearer>& bearers)
     }
     if (bearers.empty())
         return refuse(m_lastCause);
-    m_deadline = Clock::now() + kReasonPause;
+    m_deadline = Clock::now() + reasonPause;
 }
 
 // A link that is up stays, as the interface does. The service will have other paths when it comes
@@ -275,7 +279,7 @@ void LinkActivation::close()
     m_closed = true;
     bool ours = m_takesPart && m_host.bus().isOpen();
     if (m_step == Step::Requested || (isLost() && ours))
-        wait(m_step, kLinger);
+        wait(m_step, linger);
     else
         finish();
 }
@@ -284,7 +288,7 @@ void LinkActivation::finish()
 {
     detach();
     m_step = Step::Done;
-    m_deadline = kNever;
+    m_deadline = never;
 }
 
 void LinkActivation::preferNameServers()
@@ -307,8 +311,8 @@ void LinkActivation::found(const ServicePicture& picture)
             continue;
         m_choice.device = device;
         m_active = device.active;
-        m_host.listen(device.path, nm::kDevice);
-        m_host.listen(device.active, nm::kActive);
+        m_host.listen(device.path, nm::device);
+        m_host.listen(device.active, nm::active);
         if (m_takesPart)
             m_host.own({device.active, device.path, fieldText(m_opening.record.gprsApn)});
     }
@@ -325,8 +329,8 @@ void LinkActivation::hangUp(const ServicePicture& picture)
     for (const ServiceDevice& device : picture.devices) {
         if (modem.empty() || device.modem != modem || device.state != nm::Disconnected)
             continue;
-        BusCall call = m_host.bus().call({mm::kService, modem, mm::kSimple, "Disconnect"});
-        m_host.bus().send(call.path(kNoObject));
+        BusCall call = m_host.bus().call({mm::service, modem, mm::simple, "Disconnect"});
+        m_host.bus().send(call.path(noObject));
         return finish();
     }
 }
@@ -345,7 +349,7 @@ void LinkActivation::detach()
     m_checking = false;
     m_needsSecret = false;
     m_begun = false;
-    m_reason = nm::kUnknownReason;
+    m_reason = nm::unknownReason;
     m_device = {};
     m_nameServers.cancel();
     m_request = BusSlot();

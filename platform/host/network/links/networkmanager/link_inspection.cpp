@@ -21,33 +21,35 @@ namespace network {
 using napihost::Finding;
 using napihost::LinkDevice;
 
-static const char* const kNoBus = "the machine's bus does not answer";
-static const char* const kNoService = "NetworkManager does not run";
+namespace {
+
+const char* const noBus = "the machine's bus does not answer";
+const char* const noService = "NetworkManager does not run";
 
 // Result: "", or why the services could not be asked.
-static const char* askServices(BusWait& wait, ServiceListing& listing)
+const char* askServices(BusWait& wait, ServiceListing& listing)
 {
     bool done = false;
     auto answered = [&done](const ServicePicture&) { done = true; };
     if (wait.open() != 0 || listing.start(wait.bus(), true, answered) != 0)
-        return kNoBus;
+        return noBus;
     if (int error = wait.until(done))
-        return error == ETIMEDOUT ? "NetworkManager does not answer" : kNoBus;
-    return listing.picture().unreachable.cause == NAPI_CAUSE_NONE ? "" : kNoService;
+        return error == ETIMEDOUT ? "NetworkManager does not answer" : noBus;
+    return listing.picture().unreachable.cause == NAPI_CAUSE_NONE ? "" : noService;
 }
 
-static NapiBearerKind kindOf(const ServiceDevice& device)
+NapiBearerKind kindOf(const ServiceDevice& device)
 {
     return device.type == nm::Modem ? NAPI_BEARER_GPRS : NAPI_BEARER_WIFI;
 }
 
-static bool couldCarry(const ServiceDevice& device)
+bool couldCarry(const ServiceDevice& device)
 {
     return device.type == nm::Modem || device.type == nm::Wifi || device.type == nm::Ethernet ||
            device.type == nm::Veth;
 }
 
-static void describeModem(const ServiceModem& modem, LinkDevice* told)
+void describeModem(const ServiceModem& modem, LinkDevice* told)
 {
     told->operatorName = modem.operatorName;
     told->operatorCode = modem.operatorCode;
@@ -57,15 +59,15 @@ static void describeModem(const ServiceModem& modem, LinkDevice* told)
     told->sim = simText(modem);
 }
 
-static bool isRegistered(const ServiceModem& modem)
+bool isRegistered(const ServiceModem& modem)
 {
-    constexpr int64_t kEnabled = 6;
-    constexpr uint32_t kHome = 1, kRoaming = 5;
-    return modem.state < kEnabled || modem.registration == kHome || modem.registration == kRoaming;
+    constexpr int64_t enabled = 6;
+    constexpr uint32_t home = 1, roaming = 5;
+    return modem.state < enabled || modem.registration == home || modem.registration == roaming;
 }
 
 // What keeps a device from carrying a link; nothing where its problem is empty.
-static Finding inspectDevice(const ServiceDevice& device, const ServicePicture& picture)
+Finding inspectDevice(const ServiceDevice& device, const ServicePicture& picture)
 {
     DeviceChoice choice = judgeDevice(kindOf(device), device, picture);
     const ServiceModem* modem = picture.findModem(device.modem);
@@ -82,7 +84,7 @@ static Finding inspectDevice(const ServiceDevice& device, const ServicePicture& 
             "look for a place with reception, and ask the operator whether the SIM is active"};
 }
 
-static LinkDevice describe(const ServiceDevice& device, const ServicePicture& picture)
+LinkDevice describe(const ServiceDevice& device, const ServicePicture& picture)
 {
     LinkDevice told;
     told.kind = kindOf(device);
@@ -103,22 +105,21 @@ static LinkDevice describe(const ServiceDevice& device, const ServicePicture& pi
     return told;
 }
 
-static Finding finding(const std::string& what, const std::string& problem,
-                       const std::string& remedy)
+Finding finding(const std::string& what, const std::string& problem, const std::string& remedy)
 {
     return {what, problem, remedy};
 }
 
 // The right to control the network without being asked for a password.
-static bool mayControl(BusWait& wait)
+bool mayControl(BusWait& wait)
 {
     BusValue rights =
-        wait.ask(wait.bus().call({nm::kService, nm::kManagerPath, nm::kManager, "GetPermissions"}));
+        wait.ask(wait.bus().call({nm::service, nm::managerPath, nm::manager, "GetPermissions"}));
     std::string told = rights.at("org.freedesktop.NetworkManager.network-control").toText();
     return told.empty() || told == "yes";
 }
 
-static void inspectModems(const ServicePicture& picture, std::vector<Finding>* findings)
+void inspectModems(const ServicePicture& picture, std::vector<Finding>* findings)
 {
     bool any = false;
     for (const ServiceDevice& device : picture.devices) {
@@ -136,21 +137,21 @@ static void inspectModems(const ServicePicture& picture, std::vector<Finding>* f
                                     "plug one in; \"mmcli --list-modems\" shows those that are "
                                     "known"));
     else
-        findings->push_back(finding(mm::kService, "ModemManager does not run",
+        findings->push_back(finding(mm::service, "ModemManager does not run",
                                     "sudo apt install modemmanager; sudo systemctl enable --now "
                                     "ModemManager"));
 }
 
 // Without an access point name packet data cannot carry a profile, and a call cannot be dialled
 // over NetworkManager; WiFi can, where the profile takes it.
-static bool canBeCarried(const NetworkProfile& record)
+bool canBeCarried(const NetworkProfile& record)
 {
     std::vector<NapiBearerKind> kinds = allowedKinds(record);
     return std::any_of(kinds.begin(), kinds.end(),
                        [](NapiBearerKind kind) { return kind != NAPI_BEARER_CSD; });
 }
 
-static void inspectProfiles(std::vector<Finding>* findings)
+void inspectProfiles(std::vector<Finding>* findings)
 {
     std::vector<std::string> names;
     if (store::listProfiles(&names) != NAPI_OK)
@@ -164,38 +165,40 @@ static void inspectProfiles(std::vector<Finding>* findings)
     }
 }
 
-static void inspectServices(BusWait& wait, std::vector<Finding>* findings)
+void inspectServices(BusWait& wait, std::vector<Finding>* findings)
 {
     ServiceListing listing;
     const char* problem = askServices(wait, listing);
     if (*problem) {
-        findings->push_back(finding(nm::kService, problem,
+        findings->push_back(finding(nm::service, problem,
                                     "sudo apt install network-manager; sudo systemctl enable --now "
                                     "NetworkManager"));
         return;
     }
     if (!mayControl(wait))
-        findings->push_back(finding(nm::kService, "this user may not open links", grantingLine()));
+        findings->push_back(finding(nm::service, "this user may not open links", grantingLine()));
     inspectModems(listing.picture(), findings);
 }
 
 // The SIM of the first modem that has one.
-static std::string operatorOfSim(BusWait& wait, const ServicePicture& picture)
+std::string operatorOfSim(BusWait& wait, const ServicePicture& picture)
 {
     for (const ServiceModem& modem : picture.modems) {
-        BusCall question = wait.bus().call({mm::kService, modem.path, kProperties, "Get"});
-        question.text(mm::kModem).text("Sim");
+        BusCall question = wait.bus().call({mm::service, modem.path, propertiesInterface, "Get"});
+        question.text(mm::modem).text("Sim");
         std::string sim = objectPath(wait.ask(question));
         if (sim.empty())
             continue;
-        BusCall facts = wait.bus().call({mm::kService, sim, kProperties, "Get"});
-        facts.text(mm::kSim).text("OperatorIdentifier");
+        BusCall facts = wait.bus().call({mm::service, sim, propertiesInterface, "Get"});
+        facts.text(mm::sim).text("OperatorIdentifier");
         std::string code = wait.ask(facts).toText();
         if (!code.empty())
             return code;
     }
     return "";
 }
+
+} // namespace
 
 } // namespace network
 

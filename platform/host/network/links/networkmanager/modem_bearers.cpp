@@ -14,20 +14,24 @@ ModemBearer readBearer(const BusValue& properties)
     bearer.connected = properties.at("Connected").toFlag();
     bearer.interface = properties.at("Interface").toText();
     bearer.apn = properties.at("Properties").at("apn").toText();
-    bearer.error = properties.at("ConnectionError").at(size_t{0}).toText();
+    bearer.error = properties.at("ConnectionError").at(std::size_t{0}).toText();
     return bearer;
 }
 
-static std::string withoutOperator(const std::string& apn)
+namespace {
+
+std::string withoutOperator(const std::string& apn)
 {
-    constexpr char kOperator[] = ".mnc";
-    constexpr size_t kLength = sizeof kOperator - 1;
-    for (size_t at = 0; at + kLength <= apn.size(); ++at) {
-        if (::strncasecmp(apn.c_str() + at, kOperator, kLength) == 0)
+    constexpr char operatorPart[] = ".mnc";
+    constexpr std::size_t length = sizeof operatorPart - 1;
+    for (std::size_t at = 0; at + length <= apn.size(); ++at) {
+        if (::strncasecmp(apn.c_str() + at, operatorPart, length) == 0)
             return apn.substr(0, at);
     }
     return apn;
 }
+
+} // namespace
 
 bool sameAccessPoint(const std::string& a, const std::string& b)
 {
@@ -40,8 +44,8 @@ void ModemBearers::start(BusConnection& bus, const std::string& modem, Done done
     m_questions.clear();
     m_done = std::move(done);
     m_pending = 1;
-    BusCall call = bus.call({mm::kService, modem, kProperties, "Get"});
-    call.text(mm::kModem).text("Bearers");
+    BusCall call = bus.call({mm::service, modem, propertiesInterface, "Get"});
+    call.text(mm::modem).text("Bearers");
     auto handler = [this, &bus](BusMessage& reply) {
         BusValue bearers = reply.next();
         for (const BusValue& bearer : bearers.elements())
@@ -54,8 +58,8 @@ void ModemBearers::start(BusConnection& bus, const std::string& modem, Done done
 
 void ModemBearers::ask(BusConnection& bus, const std::string& bearer)
 {
-    BusCall call = bus.call({mm::kService, bearer, kProperties, "GetAll"});
-    call.text(mm::kBearer);
+    BusCall call = bus.call({mm::service, bearer, propertiesInterface, "GetAll"});
+    call.text(mm::bearer);
     auto handler = [this](BusMessage& reply) {
         if (!reply.isError())
             m_bearers.push_back(readBearer(reply.next()));

@@ -40,7 +40,7 @@ private:
 
     Done m_done;
     std::vector<ModemBearer> m_bearers;
-    size_t m_pending = 0;
+    std::size_t m_pending = 0;
     BusSlot m_list;
     std::vector<BusSlot> m_questions;
 };

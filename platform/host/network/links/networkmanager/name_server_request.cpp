@@ -9,7 +9,7 @@ void NameServerRequest::start(BusConnection& bus, const std::string& device)
 {
     if (m_asked || !bus.isOpen())
         return;
-    BusCall call = bus.call({nm::kService, device, nm::kDevice, "GetAppliedConnection"});
+    BusCall call = bus.call({nm::service, device, nm::device, "GetAppliedConnection"});
     call.number(0);
     auto handler = [this, &bus, device](BusMessage& applied) { reapply(bus, device, applied); };
     m_asked = bus.send(call, handler, &m_question) == 0;
@@ -26,7 +26,7 @@ void NameServerRequest::reapply(BusConnection& bus, const std::string& device, B
 {
     if (applied.isError())
         return;
-    BusCall call = bus.call({nm::kService, device, nm::kDevice, "Reapply"});
+    BusCall call = bus.call({nm::service, device, nm::device, "Reapply"});
     call.keepSecret();
     call.copyOf(applied, firstNameServers());
     call.number64(applied.next().toNumber()).number(0);

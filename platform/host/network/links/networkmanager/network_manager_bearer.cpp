@@ -11,8 +11,8 @@
 namespace network {
 
 // A service that has come back finds its devices one after the other.
-constexpr auto kSearchPause = std::chrono::seconds(1);
-constexpr int kSearches = 10;
+constexpr auto searchPause = std::chrono::seconds(1);
+constexpr int searches = 10;
 
 NetworkManagerBearer::NetworkManagerBearer(BearerListener& listener)
     : m_listener(listener),
@@ -59,12 +59,12 @@ int NetworkManagerBearer::connect()
         return 0;
     if (int error = m_bus.open())
         return error;
-    m_searches = kSearches; // for links that are up since another connection
-    m_findAgainAt = m_links.empty() ? kNever : Clock::now();
+    m_searches = searches; // for links that are up since another connection
+    m_findAgainAt = m_links.empty() ? never : Clock::now();
     std::string rule = std::string("type='signal',sender='org.freedesktop.DBus',"
                                    "path='/org/freedesktop/DBus',member='NameOwnerChanged',"
                                    "arg0='") +
-                       nm::kService + "'";
+                       nm::service + "'";
     auto handler = [this](BusMessage& signal) { ownerChanged(signal); };
     return m_bus.listen(rule, handler, &m_ownerWatch);
 }
@@ -146,7 +146,7 @@ template <typename Call> void NetworkManagerBearer::forEach(Call call)
 
 void NetworkManagerBearer::work()
 {
-    m_lookAt = kNever;
+    m_lookAt = never;
     int error = m_bus.process();
     Clock::time_point now = Clock::now();
     try {
@@ -197,7 +197,7 @@ void NetworkManagerBearer::ownerChanged(BusMessage& signal)
         serviceGone();
     if (!after)
         return;
-    m_searches = kSearches;
+    m_searches = searches;
     m_findAgainAt = Clock::now();
 }
 
@@ -225,7 +225,7 @@ void NetworkManagerBearer::findLinksAgain(Clock::time_point now)
         lost = lost || link.isLost();
     });
     bool again = lost && --m_searches > 0;
-    m_findAgainAt = again ? now + kSearchPause : kNever;
+    m_findAgainAt = again ? now + searchPause : never;
 }
 
 bool NetworkManagerBearer::isTaken(const std::string& device) const
@@ -261,7 +261,7 @@ bool NetworkManagerBearer::join(const std::string& active)
 
 void NetworkManagerBearer::leave(const std::string& active)
 {
-    listen(active, nm::kActive);
+    listen(active, nm::active);
     m_owned.leave(m_bus, active);
 }
 

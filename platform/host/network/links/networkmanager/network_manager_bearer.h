@@ -75,9 +75,9 @@ private:
     SignalWatch m_signals;
     BusSlot m_ownerWatch;
     InterfaceWatch m_interfaces;
-    Clock::time_point m_findAgainAt = kNever;
+    Clock::time_point m_findAgainAt = never;
     int m_searches = 0; // that are left
-    Clock::time_point m_lookAt = kNever;
+    Clock::time_point m_lookAt = never;
 };
 
 } // namespace network

@@ -7,7 +7,7 @@
 namespace network {
 
 // A modem that is dialling may take its time to stop. After that its device is tried again.
-constexpr auto kPatience = std::chrono::seconds(10);
+constexpr auto patience = std::chrono::seconds(10);
 
 void OwnedActivations::own(const OwnActivation& activation)
 {
@@ -43,11 +43,11 @@ void OwnedActivations::leave(BusConnection& bus, const std::string& active)
         m_all.erase(found);
         return;
     }
-    BusCall call = bus.call({nm::kService, nm::kManagerPath, nm::kManager, "DeactivateConnection"});
+    BusCall call = bus.call({nm::service, nm::managerPath, nm::manager, "DeactivateConnection"});
     call.path(active);
     // An activation that is not there any more is down.
     Activation& entry = found->second;
-    entry.until = Clock::now() + kPatience;
+    entry.until = Clock::now() + patience;
     auto handler = [&entry](BusMessage& reply) {
         if (reply.isError())
             entry.until = Clock::time_point::min();
@@ -74,7 +74,7 @@ bool OwnedActivations::activeChanged(const std::string& active, uint32_t state)
 
 bool OwnedActivations::deadlinePassed(Clock::time_point now)
 {
-    size_t before = m_all.size();
+    std::size_t before = m_all.size();
     for (auto entry = m_all.begin(); entry != m_all.end();)
         entry = entry->second.until <= now ? m_all.erase(entry) : std::next(entry);
     return m_all.size() < before;
@@ -82,7 +82,7 @@ bool OwnedActivations::deadlinePassed(Clock::time_point now)
 
 Clock::time_point OwnedActivations::nextDeadline() const
 {
-    Clock::time_point next = kNever;
+    Clock::time_point next = never;
     for (const auto& [active, entry] : m_all)
         next = std::min(next, entry.until);
     return next;

@@ -38,7 +38,7 @@ private:
     {
         OwnActivation facts;
         int links = 0;
-        Clock::time_point until = kNever; // while it goes down
+        Clock::time_point until = never; // while it goes down
         BusSlot request;
     };
 

@@ -8,7 +8,9 @@
 
 namespace network {
 
-static std::string readUser()
+namespace {
+
+std::string readUser()
 {
     char buffer[4096];
     passwd entry = {};
@@ -18,11 +20,13 @@ static std::string readUser()
     return entry.pw_name;
 }
 
-static const std::string& user()
+const std::string& user()
 {
     static const std::string name = readUser();
     return name;
 }
+
+} // namespace
 
 const std::string& connectionOwner()
 {

@@ -10,8 +10,10 @@ template <typename Function> static bool find(void* library, const char* name, F
     return *function != nullptr;
 }
 
+namespace {
+
 // The library is never unloaded: a connection may live as long as the process.
-static const SdBus* load()
+const SdBus* load()
 {
     static SdBus functions;
     void* library = ::dlopen("libsystemd.so.0", RTLD_NOW | RTLD_LOCAL);
@@ -23,6 +25,8 @@ static const SdBus* load()
 #undef NETWORK_SD_BUS_FIND
     return complete ? &functions : nullptr;
 }
+
+} // namespace
 
 const SdBus* sdBus()
 {

@@ -13,10 +13,10 @@ int ServiceListing::start(BusConnection& bus, bool modems, Done done)
     clear();
     m_pending = 0;
     auto devices = [this](BusMessage& reply) { readDevices(reply); };
-    if (int error = ask(bus, nm::kService, nm::kRoot, devices, &m_devices))
+    if (int error = ask(bus, nm::service, nm::root, devices, &m_devices))
         return error;
     auto ofModems = [this](BusMessage& reply) { readModems(reply); };
-    return modems ? ask(bus, mm::kService, mm::kRoot, ofModems, &m_modems) : 0;
+    return modems ? ask(bus, mm::service, mm::root, ofModems, &m_modems) : 0;
 }
 
 void ServiceListing::clear()
@@ -27,7 +27,7 @@ void ServiceListing::clear()
 int ServiceListing::ask(BusConnection& bus, const char* service, const char* root,
                         BusHandler handler, BusSlot* slot)
 {
-    BusCall call = bus.call({service, root, kObjectManager, "GetManagedObjects"});
+    BusCall call = bus.call({service, root, objectManager, "GetManagedObjects"});
     int error = bus.send(call, std::move(handler), slot);
     m_pending += error == 0;
     return error;

@@ -6,20 +6,20 @@
 
 namespace network {
 
-inline constexpr char kProperties[] = "org.freedesktop.DBus.Properties";
-inline constexpr char kObjectManager[] = "org.freedesktop.DBus.ObjectManager";
-inline constexpr char kNoObject[] = "/";
+inline constexpr char propertiesInterface[] = "org.freedesktop.DBus.Properties";
+inline constexpr char objectManager[] = "org.freedesktop.DBus.ObjectManager";
+inline constexpr char noObject[] = "/";
 
 namespace nm {
 
-inline constexpr char kService[] = "org.freedesktop.NetworkManager";
-inline constexpr char kRoot[] = "/org/freedesktop";
-inline constexpr char kManagerPath[] = "/org/freedesktop/NetworkManager";
-inline constexpr char kManager[] = "org.freedesktop.NetworkManager";
-inline constexpr char kDevice[] = "org.freedesktop.NetworkManager.Device";
-inline constexpr char kActive[] = "org.freedesktop.NetworkManager.Connection.Active";
-inline constexpr char kConnection[] = "org.freedesktop.NetworkManager.Settings.Connection";
-inline constexpr char kIp4Config[] = "org.freedesktop.NetworkManager.IP4Config";
+inline constexpr char service[] = "org.freedesktop.NetworkManager";
+inline constexpr char root[] = "/org/freedesktop";
+inline constexpr char managerPath[] = "/org/freedesktop/NetworkManager";
+inline constexpr char manager[] = "org.freedesktop.NetworkManager";
+inline constexpr char device[] = "org.freedesktop.NetworkManager.Device";
+inline constexpr char active[] = "org.freedesktop.NetworkManager.Connection.Active";
+inline constexpr char connection[] = "org.freedesktop.NetworkManager.Settings.Connection";
+inline constexpr char ip4Config[] = "org.freedesktop.NetworkManager.IP4Config";
 
 enum DeviceType : uint32_t { Ethernet = 1, Wifi = 2, Modem = 8, Veth = 20 };
 
@@ -37,7 +37,7 @@ enum DeviceState : uint32_t {
 };
 
 // A reason that says no more than that something went wrong.
-inline constexpr uint32_t kUnknownReason = 1;
+inline constexpr uint32_t unknownReason = 1;
 
 enum ActiveState : uint32_t { ActiveUp = 2, ActiveGone = 4 };
 
@@ -45,14 +45,14 @@ enum ActiveState : uint32_t { ActiveUp = 2, ActiveGone = 4 };
 
 namespace mm {
 
-inline constexpr char kService[] = "org.freedesktop.ModemManager1";
-inline constexpr char kRoot[] = "/org/freedesktop/ModemManager1";
-inline constexpr char kModem[] = "org.freedesktop.ModemManager1.Modem";
-inline constexpr char kModem3gpp[] = "org.freedesktop.ModemManager1.Modem.Modem3gpp";
-inline constexpr char kSimple[] = "org.freedesktop.ModemManager1.Modem.Simple";
-inline constexpr char kSim[] = "org.freedesktop.ModemManager1.Sim";
-inline constexpr char kBearer[] = "org.freedesktop.ModemManager1.Bearer";
-inline constexpr char kErrors[] = "org.freedesktop.ModemManager1.Error.";
+inline constexpr char service[] = "org.freedesktop.ModemManager1";
+inline constexpr char root[] = "/org/freedesktop/ModemManager1";
+inline constexpr char modem[] = "org.freedesktop.ModemManager1.Modem";
+inline constexpr char modem3gpp[] = "org.freedesktop.ModemManager1.Modem.Modem3gpp";
+inline constexpr char simple[] = "org.freedesktop.ModemManager1.Modem.Simple";
+inline constexpr char sim[] = "org.freedesktop.ModemManager1.Sim";
+inline constexpr char bearer[] = "org.freedesktop.ModemManager1.Bearer";
+inline constexpr char errors[] = "org.freedesktop.ModemManager1.Error.";
 
 enum Lock : uint32_t { LockUnknown = 0, LockNone = 1, LockPin = 2 };
 

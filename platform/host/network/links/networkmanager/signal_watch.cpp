@@ -8,7 +8,7 @@ void SignalWatch::listen(BusConnection& bus, const std::string& path, const char
 {
     if (m_slots.count(path) != 0)
         return;
-    std::string rule = std::string("type='signal',sender='") + nm::kService + "',path='" + path +
+    std::string rule = std::string("type='signal',sender='") + nm::service + "',path='" + path +
                        "',interface='" + interface + "',member='StateChanged'";
     auto handler = [this, path](BusMessage& signal) { m_handler(path, signal); };
     BusSlot slot;
