@@ -148,9 +148,9 @@ void plainRowsBare(benchmark::State& state)
     opens(state, makePlainRowsBare);
 }
 
-BENCHMARK(form)->UseRealTime()->Unit(benchmark::millisecond);
-BENCHMARK(sameRowsBare)->UseRealTime()->Unit(benchmark::millisecond);
-BENCHMARK(plainRowsBare)->UseRealTime()->Unit(benchmark::millisecond);
+BENCHMARK(form)->UseRealTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(sameRowsBare)->UseRealTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(plainRowsBare)->UseRealTime()->Unit(benchmark::kMillisecond);
 
 } // namespace
 

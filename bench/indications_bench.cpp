@@ -123,6 +123,18 @@ public slots:
     }
 };
 
+// A message that was sent in pieces is read in pieces.
+void readWhole(int descriptor, NapiIndication* message)
+{
+    std::size_t got = 0;
+    while (got < sizeof *message) {
+        const ssize_t n =
+            ::read(descriptor, reinterpret_cast<char*>(message) + got, sizeof *message - got);
+        require(n > 0, "read");
+        got += static_cast<std::size_t>(n);
+    }
+}
+
 void readLoop(benchmark::State& state)
 {
     for (auto _ : state) {
@@ -133,14 +145,7 @@ void readLoop(benchmark::State& state)
         state.ResumeTiming();
         writer.begin();
         for (unsigned int count = 0; count < total; ++count) {
-            // A message that was sent in pieces is read in pieces.
-            std::size_t got = 0;
-            while (got < sizeof message) {
-                const ssize_t n = ::read(writer.readEnd(), reinterpret_cast<char*>(&message) + got,
-                                         sizeof message - got);
-                require(n > 0, "read");
-                got += static_cast<std::size_t>(n);
-            }
+            readWhole(writer.readEnd(), &message);
             inOrder = inOrder && message.infoWord == count;
         }
         state.PauseTiming();
@@ -174,12 +179,12 @@ void sessionManager(benchmark::State& state)
     state.SetItemsProcessed(static_cast<int64_t>(state.iterations()) * total);
 }
 
-BENCHMARK(readLoop)->Arg(1)->Arg(64)->UseRealTime()->Unit(benchmark::millisecond)->Iterations(1);
+BENCHMARK(readLoop)->Arg(1)->Arg(64)->UseRealTime()->Unit(benchmark::kMillisecond)->Iterations(1);
 BENCHMARK(sessionManager)
     ->Arg(1)
     ->Arg(64)
     ->UseRealTime()
-    ->Unit(benchmark::millisecond)
+    ->Unit(benchmark::kMillisecond)
     ->Iterations(1);
 
 } // namespace

@@ -106,10 +106,10 @@ void selectionDialog(benchmark::State& state)
     }
 }
 
-BENCHMARK(bareListView)->UseRealTime()->Unit(benchmark::microsecond);
-BENCHMARK(selectionDialog)->UseRealTime()->Unit(benchmark::microsecond);
-BENCHMARK(listTwice)->UseRealTime()->Unit(benchmark::microsecond);
-BENCHMARK(defaultName)->UseRealTime()->Unit(benchmark::microsecond);
+BENCHMARK(bareListView)->UseRealTime()->Unit(benchmark::kMicrosecond);
+BENCHMARK(selectionDialog)->UseRealTime()->Unit(benchmark::kMicrosecond);
+BENCHMARK(listTwice)->UseRealTime()->Unit(benchmark::kMicrosecond);
+BENCHMARK(defaultName)->UseRealTime()->Unit(benchmark::kMicrosecond);
 
 } // namespace
 

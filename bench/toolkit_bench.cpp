@@ -67,8 +67,8 @@ void selectionDialog(benchmark::State& state)
     }
 }
 
-BENCHMARK(bareListView)->UseRealTime()->Unit(benchmark::millisecond);
-BENCHMARK(selectionDialog)->UseRealTime()->Unit(benchmark::millisecond);
+BENCHMARK(bareListView)->UseRealTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(selectionDialog)->UseRealTime()->Unit(benchmark::kMillisecond);
 
 } // namespace
 

@@ -183,9 +183,9 @@ void openWizard(benchmark::State& state)
     }
 }
 
-BENCHMARK(openBareForm)->UseManualTime()->Unit(benchmark::millisecond);
-BENCHMARK(openBothBareForms)->UseManualTime()->Unit(benchmark::millisecond);
-BENCHMARK(openWizard)->UseManualTime()->Unit(benchmark::millisecond);
+BENCHMARK(openBareForm)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(openBothBareForms)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(openWizard)->UseManualTime()->Unit(benchmark::kMillisecond);
 
 } // namespace
 

@@ -52,7 +52,7 @@ void loadFillStore(benchmark::State& state)
     }
 }
 
-BENCHMARK(loadFillStore)->UseRealTime()->Unit(benchmark::microsecond);
+BENCHMARK(loadFillStore)->UseRealTime()->Unit(benchmark::kMicrosecond);
 
 } // namespace
 
