@@ -43,6 +43,21 @@ int openNamed(const QString& profileName)
         withoutMemory);
 }
 
+int getDeviceName(int linkId, QString& name)
+{
+    const int nameSize = 16;
+    char buffer[nameSize + 1] = {};
+    const int result = NAPI_GetDeviceInfo(linkId, NAPI_DEVICE_NAME, buffer, nameSize);
+    if (result != 0)
+        return result;
+    return support::withMemory(
+        [&name, &buffer] {
+            name = support::fromUtf8(buffer, -1);
+            return 0;
+        },
+        withoutMemory);
+}
+
 } // namespace
 
 YDataSessionManager::YDataSessionManager(QObject* parent, const char* name)
@@ -147,17 +162,7 @@ int YDataSessionManager::bindSocket2Link(int linkId, int socket)
 
 int YDataSessionManager::getDeviceInfo(int linkId, QString& name, unsigned long* value)
 {
-    const int nameSize = 16;
-    char buffer[nameSize + 1] = {};
-    int result = NAPI_GetDeviceInfo(linkId, NAPI_DEVICE_NAME, buffer, nameSize);
-    if (result != 0)
-        return result;
-    result = support::withMemory(
-        [&name, &buffer] {
-            name = support::fromUtf8(buffer, -1);
-            return 0;
-        },
-        withoutMemory);
+    int result = getDeviceName(linkId, name);
     if (result != 0)
         return result;
 

@@ -18,17 +18,21 @@ std::string errorText(int error)
     return std::strerror(error);
 }
 
+std::string shownName(const std::string& path, const std::string& called)
+{
+    if (path == "-")
+        return "the standard input";
+    return called.empty() ? inQuotes(path) : called;
+}
+
 } // namespace
 
 std::string readFile(const std::string& path, std::size_t limit, Exit status,
                      const std::string& called)
 {
-    const bool standardInput = path == "-";
-    const std::string shown = standardInput    ? "the standard input"
-                              : called.empty() ? inQuotes(path)
-                                               : called;
-    base::UniqueFd file(standardInput ? ::dup(STDIN_FILENO)
-                                      : ::open(path.c_str(), O_RDONLY | O_CLOEXEC));
+    const std::string shown = shownName(path, called);
+    base::UniqueFd file(path == "-" ? ::dup(STDIN_FILENO)
+                                    : ::open(path.c_str(), O_RDONLY | O_CLOEXEC));
     if (!file.isOpen())
         throw Failure(status, "cannot read " + shown + ": " + errorText(errno) + ".");
     std::string bytes;

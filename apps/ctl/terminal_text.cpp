@@ -53,6 +53,14 @@ int wideWidth(uint32_t code)
     return width < 0 ? 1 : width;
 }
 
+// A character of the first plane, as JSON writes what is not to be shown.
+std::string jsonEscape(const base::Utf8Character& c)
+{
+    char escaped[8];
+    std::snprintf(escaped, sizeof escaped, "\\u%04X", static_cast<unsigned>(c.code) & 0xFFFFU);
+    return escaped;
+}
+
 } // namespace
 
 std::string printable(std::string_view text)
@@ -92,10 +100,8 @@ std::string printableJson(std::string_view document)
             break;
         const base::Utf8Character c = base::firstCharacter(document);
         const std::size_t length = std::max<std::size_t>(c.length, 1);
-        char escaped[8];
-        std::snprintf(escaped, sizeof escaped, "\\u%04X", static_cast<unsigned>(c.code) & 0xFFFFU);
         if (c.length != 0 && (base::isControl(c.code) || turnsText(c.code)))
-            result += escaped;
+            result += jsonEscape(c);
         else
             result += document.substr(0, length);
         document.remove_prefix(length);

@@ -98,6 +98,32 @@ int renderAll(const std::vector<Scene>& scenes, const QDir& folder, const QStrin
     return written;
 }
 
+std::vector<Scene> scenesNamed(const QString& name)
+{
+    std::vector<Scene> scenes = allScenes();
+    scenes.erase(std::remove_if(scenes.begin(), scenes.end(),
+                                [&name](const Scene& scene) { return name != scene.name; }),
+                 scenes.end());
+    return scenes;
+}
+
+// Result: the status with which the program ends.
+int render(const std::vector<Scene>& scenes, const QDir& folder, const QString& suffix)
+{
+    if (scenes.empty()) {
+        std::fprintf(stderr, "gallery: there is no scene of this name\n");
+        return 2;
+    }
+    const int written = renderAll(scenes, folder, suffix);
+    if (written < 0) {
+        std::fprintf(stderr, "gallery: the pictures cannot be written to %s\n",
+                     qPrintable(folder.path()));
+        return 1;
+    }
+    std::printf("%d pictures in %s\n", written, qPrintable(folder.absolutePath()));
+    return 0;
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -119,22 +145,7 @@ int main(int argc, char** argv)
         std::fprintf(stderr, "gallery: there is no folder %s\n", qPrintable(folder.path()));
         return 2;
     }
-    std::vector<Scene> scenes = allScenes();
-    if (options.isSet(only))
-        scenes.erase(
-            std::remove_if(scenes.begin(), scenes.end(),
-                           [&](const Scene& scene) { return options.value(only) != scene.name; }),
-            scenes.end());
-    if (scenes.empty()) {
-        std::fprintf(stderr, "gallery: there is no scene of this name\n");
-        return 2;
-    }
-    const int written = renderAll(scenes, folder, options.value(suffix));
-    if (written < 0) {
-        std::fprintf(stderr, "gallery: the pictures cannot be written to %s\n",
-                     qPrintable(folder.path()));
-        return 1;
-    }
-    std::printf("%d pictures in %s\n", written, qPrintable(folder.absolutePath()));
-    return 0;
+    const std::vector<Scene> scenes =
+        options.isSet(only) ? scenesNamed(options.value(only)) : allScenes();
+    return render(scenes, folder, options.value(suffix));
 }

@@ -102,6 +102,16 @@ struct QWSSocket::Private
     QSocketNotifier* notifier = nullptr;
     Buffer buffer;
 
+    // The result of recv(2), for all that waits; what came is not yet added to the buffer.
+    ssize_t receive()
+    {
+        int waiting = 0;
+        ::ioctl(descriptor, FIONREAD, &waiting);
+        const std::size_t wanted =
+            std::max(smallestFetch, static_cast<std::size_t>(std::max(waiting, 0)));
+        return ::recv(descriptor, buffer.reserve(wanted), wanted, 0);
+    }
+
     // The notifier may be the caller of the running slot, so that it must outlive it.
     void end()
     {
@@ -116,7 +126,7 @@ struct QWSSocket::Private
     }
 };
 
-QWSSocket::QWSSocket(QObject* parent, const char* name) : QObject(parent), m_d(new Private)
+QWSSocket::QWSSocket(QObject* parent, const char* name) : QObject(parent), d(new Private)
 {
     if (name)
         setObjectName(QString::fromUtf8(name));
@@ -124,10 +134,10 @@ QWSSocket::QWSSocket(QObject* parent, const char* name) : QObject(parent), m_d(n
 
 QWSSocket::~QWSSocket()
 {
-    delete m_d->notifier;
-    m_d->notifier = nullptr;
-    m_d->end();
-    delete m_d;
+    delete d->notifier;
+    d->notifier = nullptr;
+    d->end();
+    delete d;
 }
 
 void QWSSocket::setSocket(int socket)
@@ -137,73 +147,69 @@ void QWSSocket::setSocket(int socket)
         return;
     ::fcntl(socket, F_SETFL, ::fcntl(socket, F_GETFL) | O_NONBLOCK);
     ::fcntl(socket, F_SETFD, FD_CLOEXEC);
-    m_d->descriptor = socket;
-    m_d->adopted = true;
-    m_d->notifier = new QSocketNotifier(socket, QSocketNotifier::Read, this);
-    connect(m_d->notifier, SIGNAL(activated(QSocketDescriptor)), this, SLOT(fetch()));
+    d->descriptor = socket;
+    d->adopted = true;
+    d->notifier = new QSocketNotifier(socket, QSocketNotifier::Read, this);
+    connect(d->notifier, SIGNAL(activated(QSocketDescriptor)), this, SLOT(fetch()));
     // A socket set from inside a slot of readyRead() is a new one: its bytes are served afterwards.
-    m_d->notifier->setEnabled(!m_d->inside);
+    d->notifier->setEnabled(!d->inside);
 }
 
 int QWSSocket::socket() const
 {
-    return m_d->descriptor;
+    return d->descriptor;
 }
 
 void QWSSocket::close()
 {
-    m_d->end();
-    m_d->adopted = false;
-    m_d->buffer.clear();
+    d->end();
+    d->adopted = false;
+    d->buffer.clear();
 }
 
 unsigned int QWSSocket::size() const
 {
     int waiting = 0;
-    if (m_d->descriptor >= 0 && !m_d->inside && ::ioctl(m_d->descriptor, FIONREAD, &waiting) == 0 &&
+    if (d->descriptor >= 0 && !d->inside && ::ioctl(d->descriptor, FIONREAD, &waiting) == 0 &&
         waiting > 0)
         const_cast<QWSSocket*>(this)->fetch();
-    return static_cast<unsigned int>(m_d->buffer.size());
+    return static_cast<unsigned int>(d->buffer.size());
 }
 
 int QWSSocket::readBlock(char* data, unsigned int maximum)
 {
-    if (!m_d->adopted)
+    if (!d->adopted)
         return -1;
-    return static_cast<int>(m_d->buffer.take(data, maximum));
+    return static_cast<int>(d->buffer.take(data, maximum));
 }
 
 // One recv(2) takes all that waits, so that a burst costs a handful of system calls, and returns to
 // the event loop afterwards, so that nothing else starves.
 void QWSSocket::fetch()
 {
-    if (m_d->descriptor < 0 || m_d->inside)
+    if (d->descriptor < 0 || d->inside)
         return;
-    int waiting = 0;
-    ::ioctl(m_d->descriptor, FIONREAD, &waiting);
-    const std::size_t wanted =
-        std::max(smallestFetch, static_cast<std::size_t>(std::max(waiting, 0)));
-    const ssize_t count = ::recv(m_d->descriptor, m_d->buffer.reserve(wanted), wanted, 0);
+    const ssize_t count = d->receive();
     if (count == 0) {
-        m_d->end();
+        d->end();
         emit connectionClosed();
         return;
     }
     if (count < 0) {
         if (errno == EAGAIN || errno == EINTR)
             return;
-        m_d->notifier->setEnabled(false);
+        d->notifier->setEnabled(false);
         emit error(readError);
         return;
     }
-    m_d->buffer.added(static_cast<std::size_t>(count));
-    m_d->inside = true;
-    m_d->notifier->setEnabled(false);
+    d->buffer.added(static_cast<std::size_t>(count));
+    d->inside = true;
+    d->notifier->setEnabled(false);
     QPointer<QWSSocket> self(this);
     emit readyRead();
     if (!self)
         return;
-    m_d->inside = false;
-    if (m_d->notifier)
-        m_d->notifier->setEnabled(true);
+    d->inside = false;
+    if (d->notifier)
+        d->notifier->setEnabled(true);
 }

@@ -181,6 +181,15 @@ bool YScreen::walkFocus(QWidget* layer, bool next)
     return false;
 }
 
+// A widget below the active layer may be given the focus for later; it hears of it only when its
+// layer is active again.
+bool YScreen::isBelowActive(const QWidget* widget) const
+{
+    const QWidget* active = activeLayer();
+    return widget && active && isAncestorOf(widget) && widget != active &&
+           !active->isAncestorOf(widget);
+}
+
 bool YScreen::eventFilter(QObject* watched, QEvent* event)
 {
     if (blocked(watched, *event)) {
@@ -197,14 +206,8 @@ bool YScreen::eventFilter(QObject* watched, QEvent* event)
         if (Layer* layer = find(watched))
             hidden(layer);
         break;
-    case QEvent::FocusIn: {
-        // A widget below the active layer may be given the focus for later; it hears of it only
-        // when its layer is active again.
-        auto* widget = qobject_cast<QWidget*>(watched);
-        QWidget* active = activeLayer();
-        return widget && active && isAncestorOf(widget) && widget != active &&
-               !active->isAncestorOf(widget);
-    }
+    case QEvent::FocusIn:
+        return isBelowActive(qobject_cast<QWidget*>(watched));
     default:
         break;
     }

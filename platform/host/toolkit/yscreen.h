@@ -58,6 +58,7 @@ private:
     void closeLayers();
     void forget(QWidget* layer);
     Layer* find(const QObject* widget) const;
+    bool isBelowActive(const QWidget* widget) const;
     bool blocked(const QObject* watched, const QEvent& event) const;
     void shown(Layer* layer);
     void hidden(Layer* layer);

@@ -100,6 +100,20 @@ void paintSubItem(QPainter& painter, const YListSubItem& subItem, const YRowFont
                      metrics.elidedText(subItem.second, Qt::ElideRight, widths.second));
 }
 
+// Where a row's mark and texts are, beside the room of the indicator.
+QRect placeIn(const QStyleOptionViewItem& option)
+{
+    QRect place = option.rect;
+    place.setWidth(option.widget ? option.widget->width() - YTheme::indicatorWidth : place.width());
+    return place.adjusted(gap, 0, -gap, 0);
+}
+
+// The mark's place at the left edge of a row's.
+QRect markIn(const QRect& place)
+{
+    return QRect(place.left(), place.top() + (place.height() - markSize) / 2, markSize, markSize);
+}
+
 } // namespace
 
 YListDelegate::YListDelegate(QObject* parent, const YListModel& rows)
@@ -120,23 +134,25 @@ void YListDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
         painter->fillRect(option.rect, theme.accent);
     painter->setPen(current ? theme.onAccent : enabled ? theme.text : theme.disabledText);
 
-    QRect place = option.rect;
-    place.setWidth(option.widget ? option.widget->width() - YTheme::indicatorWidth : place.width());
-    place.adjust(gap, 0, -gap, 0);
+    QRect place = placeIn(option);
     if (hasMark(index.row())) {
-        const QRect mark(place.left(), place.top() + (place.height() - markSize) / 2, markSize,
-                         markSize);
+        const QRect mark = markIn(place);
         paintMark(*painter, mark, item == m_model.checked(), painter->pen().color());
         place.setLeft(mark.right() + 1 + gap);
     }
-    const auto& subItems = item->d->subItems;
+    paintSubItems(*painter, *item, place);
+    painter->restore();
+}
+
+void YListDelegate::paintSubItems(QPainter& painter, const YListBoxItem& item, QRect place) const
+{
+    const auto& subItems = item.d->subItems;
     if (!subItems.empty())
         place.setWidth(place.width() / static_cast<int>(subItems.size()));
     for (const auto& [number, subItem] : subItems) {
-        paintSubItem(*painter, subItem, fontOf(subItem), place);
+        paintSubItem(painter, subItem, fontOf(subItem), place);
         place.translate(place.width(), 0);
     }
-    painter->restore();
 }
 
 QSize YListDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const

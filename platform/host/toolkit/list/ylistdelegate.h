@@ -6,6 +6,7 @@
 
 #include "toolkit/look/yrowfont.h"
 
+class YListBoxItem;
 class YListModel;
 struct YListSubItem;
 
@@ -31,6 +32,7 @@ public:
 private:
     const YRowFont& fontOf(const YListSubItem& subItem) const;
     bool hasMark(int row) const;
+    void paintSubItems(QPainter& painter, const YListBoxItem& item, QRect place) const;
 
     const YListModel& m_model;
     const YRowFont m_plainFont;

@@ -39,6 +39,21 @@ void drawMark(QPainter* painter, const QPointF& middle)
     painter->drawPath(mark);
 }
 
+void drawSelection(QPainter& painter, const QRect& place)
+{
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(YTheme::current().accent);
+    painter.drawRoundedRect(place, radius, radius);
+}
+
+// Result: the place that is left beside the icon.
+QRect drawIcon(QPainter& painter, const QIcon& icon, const QRect& place)
+{
+    icon.paint(&painter,
+               QRect(place.left(), place.center().y() - pictureSize / 2, pictureSize, pictureSize));
+    return place.adjusted(pictureSize + textMargin, 0, 0, 0);
+}
+
 class ItemDelegate : public QStyledItemDelegate
 {
 public:
@@ -53,20 +68,14 @@ public:
         const QVariant mark = index.data(Qt::CheckStateRole);
         painter->save();
         painter->setRenderHint(QPainter::Antialiasing);
-        if (current) {
-            painter->setPen(Qt::NoPen);
-            painter->setBrush(theme.accent);
-            painter->drawRoundedRect(option.rect, radius, radius);
-        }
+        if (current)
+            drawSelection(*painter, option.rect);
         painter->setBrush(Qt::NoBrush);
         painter->setPen(current ? theme.onAccent : enabled ? theme.text : theme.disabledText);
         QRect place = textR(option.rect, mark.isValid());
         const auto icon = index.data(Qt::DecorationRole).value<QIcon>();
-        if (!icon.isNull()) {
-            icon.paint(painter, QRect(place.left(), place.center().y() - pictureSize / 2,
-                                      pictureSize, pictureSize));
-            place.setLeft(place.left() + pictureSize + textMargin);
-        }
+        if (!icon.isNull())
+            place = drawIcon(*painter, icon, place);
         YWrap::draw(*painter, place, Qt::AlignVCenter | Qt::AlignLeft, index.data().toString());
         if (mark.toInt() == Qt::Checked)
             drawMark(painter,

@@ -51,7 +51,7 @@ private Q_SLOTS:
 private:
     class Buffer;
     struct Private;
-    Private* m_d;
+    Private* d;
 };
 
 #endif
