@@ -1,6 +1,7 @@
 """Checks what clang-format does not: one way to write what can be written in several.
 
-Usage: dialect.py [--mend] ROOT. Prints each place that is written otherwise; with --mend it is rewritten.
+Usage: dialect.py [--mend] ROOT. Prints each place that is written otherwise; with --mend it is rewritten
+where a script can.
 """
 
 import pathlib
@@ -18,6 +19,18 @@ LITERAL = re.compile(r"""-?\d[\w.']*$|(?:u8|u|L)?"(?:[^"\\]|\\.)*"(?:\s*"(?:[^"\
 
 # The types of a fixed size, as the headers for the phone write them.
 QUALIFIED = re.compile(r"\bstd::(?=u?int(?:8|16|32|64)_t\b)")
+
+# The type of a size, as most sources write it.
+BARE_SIZE = re.compile(r"(?<![\w:])(?=size_t\b)")
+
+# A constant is named as a variable is; those of Google Benchmark have names of their own.
+PREFIXED = re.compile(r"(?<![\w\"])(?<!benchmark::)k[A-Z][a-z]\w*")
+
+# What one source has for itself stands in an unnamed namespace, but for what is found beside its type only.
+STATIC = re.compile(r"^static (?![^;{=]*\b(?:PrintTo|operator *[^\w\s(]+)\()", re.MULTILINE)
+
+# Declarations as Qt 2.3 has them, and samples of what is refused: written as others write.
+OTHERS = "tests/guard"
 
 
 def arguments_at(text, begin):
@@ -60,7 +73,7 @@ def mended(text):
     while turned := list(turned_comparisons(text)):
         _, places, pair = turned[-1]
         text = text[:places[0][0]] + pair + text[places[1][1]:]
-    return QUALIFIED.sub("", text)
+    return BARE_SIZE.sub("std::", QUALIFIED.sub("", text))
 
 
 def faults_of(text):
@@ -68,6 +81,15 @@ def faults_of(text):
         yield text.count("\n", 0, begin) + 1, f"what came stands first: ({turned})"
     for match in QUALIFIED.finditer(text):
         yield text.count("\n", 0, match.start()) + 1, "types of a fixed size stand without std::"
+    for match in BARE_SIZE.finditer(text):
+        yield text.count("\n", 0, match.start()) + 1, "it is std::size_t"
+    for match in PREFIXED.finditer(text):
+        yield text.count("\n", 0, match.start()) + 1, f"a constant is named as a variable is: {match.group()}"
+
+
+def static_faults_of(text):
+    for match in STATIC.finditer(text):
+        yield text.count("\n", 0, match.start()) + 1, "what one source has for itself stands in an unnamed namespace"
 
 
 def main(*arguments):
@@ -82,7 +104,11 @@ def main(*arguments):
             if mend and mended(text) != text:
                 path.write_text(mended(text), encoding="utf-8")
             elif not mend:
-                found += [f"{path.relative_to(root)}:{line}: {fault}" for line, fault in faults_of(text)]
+                place = path.relative_to(root).as_posix()
+                faults = list(faults_of(text))
+                if path.suffix == ".cpp" and not place.startswith(OTHERS):
+                    faults += static_faults_of(text)
+                found += [f"{place}:{line}: {fault}" for line, fault in faults]
     print("\n".join(found) or "one dialect")
     return 1 if found else 0
 
