@@ -13,14 +13,14 @@ const uint8_t speedCodes[lineTypeCount][speedCount] = {
     {0, 75, 71, 70, 68},
 };
 
-const TimeoutTable gprsTimeouts = {{0, 15, 60, 120, 360, 1440}};
-const TimeoutTable csdTimeouts = {{0, 1, 5, 15, 30, 60}};
-
 const uint32_t preferenceCodes[] = {NAPI_PREFER_WIFI_THEN_CELLULAR, NAPI_PREFER_WIFI_ONLY,
                                     NAPI_PREFER_CELLULAR_ONLY};
 const int preferenceCount = int(sizeof preferenceCodes / sizeof *preferenceCodes);
 
 } // namespace
+
+const TimeoutTable gprsTimeouts = {{0, 15, 60, 120, 360, 1440}};
+const TimeoutTable csdTimeouts = {{0, 1, 5, 15, 30, 60}};
 
 bool speedChoiceOf(uint8_t code, SpeedChoice* choice)
 {

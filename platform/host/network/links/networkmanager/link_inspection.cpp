@@ -1,20 +1,17 @@
 // What the tools are told about the devices that could carry a link.
-#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <utility>
 
-#include "network/links/machine_choice.h"
 #include "network/links/networkmanager/bus_wait.h"
 #include "network/links/networkmanager/device_choice.h"
 #include "network/links/networkmanager/device_texts.h"
+#include "network/links/networkmanager/link_inspection.h"
 #include "network/links/networkmanager/rights.h"
 #include "network/links/networkmanager/service_listing.h"
 #include "network/links/networkmanager/service_names.h"
 #include "network/links/networkmanager/step_report.h"
 #include "network/napi_host.h"
-#include "network/network_config.h"
-#include "network/store/profile_reader.h"
 
 namespace network {
 
@@ -142,44 +139,6 @@ void inspectModems(const ServicePicture& picture, std::vector<Finding>* findings
                                     "ModemManager"));
 }
 
-// Without an access point name packet data cannot carry a profile, and a call cannot be dialled
-// over NetworkManager; WiFi can, where the profile takes it.
-bool canBeCarried(const NetworkProfile& record)
-{
-    std::vector<NapiBearerKind> kinds = allowedKinds(record);
-    return std::any_of(kinds.begin(), kinds.end(),
-                       [](NapiBearerKind kind) { return kind != NAPI_BEARER_CSD; });
-}
-
-void inspectProfiles(std::vector<Finding>* findings)
-{
-    std::vector<std::string> names;
-    if (store::listProfiles(&names) != NAPI_OK)
-        return;
-    for (const std::string& name : names) {
-        NetworkProfile record;
-        if (store::readProfile(name, &record) == NAPI_OK && !canBeCarried(record))
-            findings->push_back(finding(napihost::profilesFolder() + '/' + name + "/profile",
-                                        "the profile has no access point name",
-                                        "give it one with \"vornctl profile set NAME apn=...\""));
-    }
-}
-
-void inspectServices(BusWait& wait, std::vector<Finding>* findings)
-{
-    ServiceListing listing;
-    const char* problem = askServices(wait, listing);
-    if (*problem) {
-        findings->push_back(finding(nm::service, problem,
-                                    "sudo apt install network-manager; sudo systemctl enable --now "
-                                    "NetworkManager"));
-        return;
-    }
-    if (!mayControl(wait))
-        findings->push_back(finding(nm::service, "this user may not open links", grantingLine()));
-    inspectModems(listing.picture(), findings);
-}
-
 // The SIM of the first modem that has one.
 std::string operatorOfSim(BusWait& wait, const ServicePicture& picture)
 {
@@ -200,6 +159,22 @@ std::string operatorOfSim(BusWait& wait, const ServicePicture& picture)
 
 } // namespace
 
+void inspectServices(int timeLimitMs, std::vector<Finding>* findings)
+{
+    BusWait wait{std::chrono::milliseconds(timeLimitMs)};
+    ServiceListing listing;
+    const char* problem = askServices(wait, listing);
+    if (*problem) {
+        findings->push_back(finding(nm::service, problem,
+                                    "sudo apt install network-manager; sudo systemctl enable --now "
+                                    "NetworkManager"));
+        return;
+    }
+    if (!mayControl(wait))
+        findings->push_back(finding(nm::service, "this user may not open links", grantingLine()));
+    inspectModems(listing.picture(), findings);
+}
+
 } // namespace network
 
 namespace napihost {
@@ -217,17 +192,6 @@ std::string listLinkDevices(std::vector<LinkDevice>* devices, int timeLimitMs)
             devices->push_back(network::describe(device, listing.picture()));
     }
     return problem;
-}
-
-std::vector<Finding> inspectLinks(int timeLimitMs)
-{
-    if (network::networkConfig()->bearer != network::BearerChoice::NetworkManager)
-        return {};
-    BusWait wait{std::chrono::milliseconds(timeLimitMs)};
-    std::vector<Finding> findings;
-    network::inspectProfiles(&findings);
-    network::inspectServices(wait, &findings);
-    return findings;
 }
 
 std::string simOperator(int timeLimitMs)
