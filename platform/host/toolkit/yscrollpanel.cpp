@@ -211,8 +211,11 @@ void YScrollPanel::applyPosition()
     d->bar()->setValue(target);
 }
 
+// A row that is touched stays below the finger; it comes in sight whole when it is let go.
 void YScrollPanel::followFocus(QWidget* now)
 {
+    if (QApplication::mouseButtons() != Qt::NoButton)
+        return;
     if (!now || now == d->contents || !isVisible() || !d->contents->isAncestorOf(now))
         return;
     QWidget* child = now;
