@@ -15,6 +15,8 @@
 #include "network/links/resolver_reader.h"
 #include "network/links/route_reader.h"
 
+using namespace std::string_literals;
+
 namespace {
 
 using network::DefaultRoute;
@@ -169,7 +171,7 @@ const Row rows[] = {
     {"OddScopes",
      "nameserver fe80::1%\nnameserver fe80::1%a/b\nnameserver fe80::1%0123456789abcdef\n",
      {}},
-    {"Nul", std::string("nameserver 1.2.3.4\0x\nnameserver 5.6.7.8\n", 42), {"5.6.7.8"}},
+    {"Nul", "nameserver 1.2.3.4\0x\nnameserver 5.6.7.8\n"s, {"5.6.7.8"}},
     {"LongLine", "nameserver " + std::string(100000, '1') + "\nnameserver 5.6.7.8\n", {"5.6.7.8"}},
 };
 
