@@ -147,6 +147,16 @@ void operator delete[](void* place) noexcept
     std::free(place);
 }
 
+void operator delete(void* place, const std::nothrow_t&) noexcept
+{
+    std::free(place);
+}
+
+void operator delete[](void* place, const std::nothrow_t&) noexcept
+{
+    std::free(place);
+}
+
 void operator delete(void* place, std::size_t) noexcept
 {
     std::free(place);

@@ -1,6 +1,7 @@
 #include "programs/own_operators.h"
 
 #include <atomic>
+#include <cstddef>
 #include <cstdio>
 #include <cstdlib>
 #include <new>
@@ -8,7 +9,7 @@
 namespace {
 
 // Stands before each allocation, so that its address is none that free() takes.
-struct alignas(64) Mark
+struct alignas(std::max_align_t) Mark
 {
     const void* owner;
 };

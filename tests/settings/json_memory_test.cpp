@@ -18,13 +18,21 @@ std::atomic<std::size_t> held{0}, most{0};
 
 } // namespace
 
-void* operator new(std::size_t size)
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept
 {
     void* memory = std::malloc(size);
     if (!memory)
-        throw std::bad_alloc();
+        return nullptr;
     const std::size_t now = held += ::malloc_usable_size(memory);
     most = std::max(most.load(), now);
+    return memory;
+}
+
+void* operator new(std::size_t size)
+{
+    void* memory = operator new(size, std::nothrow);
+    if (!memory)
+        throw std::bad_alloc();
     return memory;
 }
 
@@ -35,6 +43,11 @@ void operator delete(void* memory) noexcept
 }
 
 void operator delete(void* memory, std::size_t) noexcept
+{
+    operator delete(memory);
+}
+
+void operator delete(void* memory, const std::nothrow_t&) noexcept
 {
     operator delete(memory);
 }
