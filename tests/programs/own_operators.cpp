@@ -23,14 +23,22 @@ long ownoperators::living()
     return count;
 }
 
-void* operator new(std::size_t size)
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept
 {
     auto* mark = static_cast<Mark*>(std::malloc(sizeof(Mark) + size));
     if (!mark)
-        throw std::bad_alloc();
+        return nullptr;
     mark->owner = &count;
     ++count;
     return mark + 1;
+}
+
+void* operator new(std::size_t size)
+{
+    void* place = operator new(size, std::nothrow);
+    if (!place)
+        throw std::bad_alloc();
+    return place;
 }
 
 void operator delete(void* place) noexcept
@@ -48,6 +56,11 @@ void operator delete(void* place) noexcept
 }
 
 void operator delete(void* place, std::size_t) noexcept
+{
+    operator delete(place);
+}
+
+void operator delete(void* place, const std::nothrow_t&) noexcept
 {
     operator delete(place);
 }
