@@ -1,7 +1,7 @@
 // Which causes programs are told for what the services say. Every number is written out here.
 #include <gtest/gtest.h>
 
-#include "network/links/networkmanager/cause_tables.h"
+#include "network/links/networkmanager/services/cause_tables.h"
 
 namespace {
 

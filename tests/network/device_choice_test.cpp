@@ -1,7 +1,7 @@
 // Which device carries a link, by what the services say; replies of wrong types included.
 #include <gtest/gtest.h>
 
-#include "network/links/networkmanager/device_choice.h"
+#include "network/links/networkmanager/services/device_choice.h"
 
 using network::BusValue;
 using network::DeviceChoice;

@@ -20,6 +20,9 @@ ALLOWED = {
 # the device, the read of which belongs to profiles/; it knows no dialog, so that no circle closes.
 ALLOWED_HEADERS = {"wizard": {"profiles/readdmint.h"}}
 
+NETWORK_MANAGER_HEADERS = "network/links/networkmanager"
+NETWORK_MANAGER = f"platform/host/{NETWORK_MANAGER_HEADERS}"
+
 # Rooms of the host -> those that they stand without, by which their includes would begin.
 APART = {
     "platform/host/base": ("network/", "settings/", "toolkit/"),
@@ -27,6 +30,8 @@ APART = {
     "platform/host/network": ("settings/", "toolkit/"),
     "platform/host/network/store": ("network/links/",),
     "platform/host/network/links": ("network/store/",),
+    f"{NETWORK_MANAGER}/bus": (f"{NETWORK_MANAGER_HEADERS}/services/", f"{NETWORK_MANAGER_HEADERS}/opening/"),
+    f"{NETWORK_MANAGER}/services": (f"{NETWORK_MANAGER_HEADERS}/opening/",),
 }
 
 # Headers that the phone's own Qt has under the same name.

@@ -49,6 +49,9 @@ BAD = {
         ("platform/host/network/store/folder.h", '#include "network/links/engine.h"\n'),
     "the links look into the store":
         ("platform/host/network/links/engine.h", '#include "network/store/folder.h"\n'),
+    "a room looks into the one that stands on it":
+        ("platform/host/network/links/networkmanager/bus/wire.h",
+         '#include "network/links/networkmanager/services/names.h"\n'),
     "the base of the host looks above itself":
         ("platform/host/base/root.h", '#include "settings/files.h"\n'),
     "the host knows the library": ("platform/host/toolkit/ypopup.cpp", '#include "support/text.h"\n'),

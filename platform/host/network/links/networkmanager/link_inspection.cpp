@@ -3,13 +3,13 @@
 #include <cstring>
 #include <utility>
 
-#include "network/links/networkmanager/bus_wait.h"
-#include "network/links/networkmanager/device_choice.h"
-#include "network/links/networkmanager/device_texts.h"
+#include "network/links/networkmanager/bus/bus_wait.h"
 #include "network/links/networkmanager/link_inspection.h"
 #include "network/links/networkmanager/rights.h"
-#include "network/links/networkmanager/service_listing.h"
-#include "network/links/networkmanager/service_names.h"
+#include "network/links/networkmanager/services/device_choice.h"
+#include "network/links/networkmanager/services/device_texts.h"
+#include "network/links/networkmanager/services/service_listing.h"
+#include "network/links/networkmanager/services/service_names.h"
 #include "network/links/networkmanager/step_report.h"
 #include "network/napi_host.h"
 

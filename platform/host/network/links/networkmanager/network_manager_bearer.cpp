@@ -5,7 +5,7 @@
 #include <new>
 
 #include "network/links/networkmanager/rights.h"
-#include "network/links/networkmanager/service_names.h"
+#include "network/links/networkmanager/services/service_names.h"
 #include "network/links/networkmanager/step_report.h"
 
 namespace network {

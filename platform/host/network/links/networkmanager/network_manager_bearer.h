@@ -8,10 +8,10 @@
 #include <string>
 #include <vector>
 
-#include "network/links/networkmanager/interface_watch.h"
-#include "network/links/networkmanager/link_activation.h"
-#include "network/links/networkmanager/owned_activations.h"
-#include "network/links/networkmanager/signal_watch.h"
+#include "network/links/networkmanager/opening/interface_watch.h"
+#include "network/links/networkmanager/opening/link_activation.h"
+#include "network/links/networkmanager/opening/owned_activations.h"
+#include "network/links/networkmanager/services/signal_watch.h"
 
 namespace network {
 
