@@ -2,6 +2,8 @@
 #ifndef YAPPINFOAREA_H
 #define YAPPINFOAREA_H
 
+#include <memory>
+
 #include <qstring.h>
 #include <qwidget.h>
 
@@ -34,7 +36,7 @@ protected:
 
 private:
     struct Private;
-    Private* d;
+    std::unique_ptr<Private> d;
 };
 
 #endif

@@ -2,6 +2,8 @@
 #ifndef YBUTTON_H
 #define YBUTTON_H
 
+#include <memory>
+
 #include <qpushbutton.h>
 #include <qstring.h>
 
@@ -47,7 +49,7 @@ protected:
 
 private:
     struct Private;
-    Private* d;
+    std::unique_ptr<Private> d;
 };
 
 #include "ykeywords_end.h"

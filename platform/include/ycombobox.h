@@ -2,6 +2,8 @@
 #ifndef YCOMBOBOX_H
 #define YCOMBOBOX_H
 
+#include <memory>
+
 #include <qstring.h>
 
 #include "platform_export.h"
@@ -70,7 +72,7 @@ private:
     void changed();
 
     struct Private;
-    Private* d;
+    std::unique_ptr<Private> d;
 };
 
 #include "ykeywords_end.h"

@@ -2,6 +2,8 @@
 #ifndef YFORMCONTAINER_H
 #define YFORMCONTAINER_H
 
+#include <memory>
+
 #include "platform_export.h"
 #include "yscrollpanel.h"
 
@@ -42,7 +44,7 @@ private:
     bool walk(int step, bool around);
 
     struct Private;
-    Private* d;
+    std::unique_ptr<Private> d;
 };
 
 #endif

@@ -2,6 +2,8 @@
 #ifndef YINPUTFIELD_H
 #define YINPUTFIELD_H
 
+#include <memory>
+
 #include <qlineedit.h>
 
 #include "platform_export.h"
@@ -61,7 +63,7 @@ private:
     bool pasteKey(QKeyEvent* event);
 
     struct Private;
-    Private* d;
+    std::unique_ptr<Private> d;
 };
 
 #include "ykeywords_end.h"

@@ -2,6 +2,8 @@
 #ifndef YKBMAINWIDGET_H
 #define YKBMAINWIDGET_H
 
+#include <memory>
+
 #include <qstring.h>
 #include <qwidget.h>
 
@@ -67,7 +69,7 @@ private:
     void layoutParts();
 
     struct Private;
-    Private* d;
+    std::unique_ptr<Private> d;
 };
 
 #include "ykeywords_end.h"

@@ -2,6 +2,8 @@
 #ifndef YLABEL_H
 #define YLABEL_H
 
+#include <memory>
+
 #include <qlabel.h>
 
 #include "platform_export.h"
@@ -32,7 +34,7 @@ private:
     bool isPlain() const;
 
     struct Private;
-    Private* d;
+    std::unique_ptr<Private> d;
 };
 
 #endif

@@ -2,6 +2,8 @@
 #ifndef YLINEEDIT_H
 #define YLINEEDIT_H
 
+#include <memory>
+
 #include <qlineedit.h>
 #include <qstring.h>
 #include <qwidget.h>
@@ -111,7 +113,7 @@ private:
     void refresh();
 
     struct Private;
-    Private* d;
+    std::unique_ptr<Private> d;
 };
 
 #include "ykeywords_end.h"

@@ -2,6 +2,8 @@
 #ifndef YLISTBOX_H
 #define YLISTBOX_H
 
+#include <memory>
+
 #include <qstring.h>
 #include <qwidget.h>
 
@@ -81,7 +83,7 @@ private:
     void changed(YListBoxItem* item);
 
     struct Private;
-    Private* d;
+    std::unique_ptr<Private> d;
 };
 
 #include "ykeywords_end.h"

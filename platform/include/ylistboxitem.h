@@ -2,6 +2,8 @@
 #ifndef YLISTBOXITEM_H
 #define YLISTBOXITEM_H
 
+#include <memory>
+
 #include <qstring.h>
 
 #include "platform_export.h"
@@ -53,7 +55,7 @@ private:
     friend class YListModel;
     friend class YListDelegate;
     struct Private;
-    Private* d;
+    std::unique_ptr<Private> d;
 };
 
 #endif

@@ -2,6 +2,8 @@
 #ifndef YMESSAGEDLG_H
 #define YMESSAGEDLG_H
 
+#include <memory>
+
 #include "platform_export.h"
 #include "ypopup.h"
 #include "ytypes.h"
@@ -29,7 +31,7 @@ protected:
 
 private:
     struct Private;
-    Private* d;
+    std::unique_ptr<Private> d;
 };
 
 #endif

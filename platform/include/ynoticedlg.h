@@ -2,6 +2,8 @@
 #ifndef YNOTICEDLG_H
 #define YNOTICEDLG_H
 
+#include <memory>
+
 #include "platform_export.h"
 #include "ypopup.h"
 #include "ytypes.h"
@@ -36,7 +38,7 @@ protected:
 
 private:
     struct Private;
-    Private* d;
+    std::unique_ptr<Private> d;
 };
 
 #endif

@@ -2,6 +2,8 @@
 #ifndef YOPTIONSMENU_H
 #define YOPTIONSMENU_H
 
+#include <memory>
+
 #include <qrect.h>
 #include <qstring.h>
 
@@ -68,7 +70,7 @@ private slots:
 
 private:
     struct Private;
-    Private* d;
+    std::unique_ptr<Private> d;
 };
 
 #include "ykeywords_end.h"

@@ -2,6 +2,8 @@
 #ifndef YPOPUP_H
 #define YPOPUP_H
 
+#include <memory>
+
 #include <qstring.h>
 #include <qwidget.h>
 
@@ -100,7 +102,7 @@ private:
     void layoutParts();
 
     struct Private;
-    Private* d;
+    std::unique_ptr<Private> d;
 };
 
 #include "ykeywords_end.h"

@@ -2,6 +2,8 @@
 #ifndef YSCROLLPANEL_H
 #define YSCROLLPANEL_H
 
+#include <memory>
+
 #include <qwidget.h>
 
 #include "platform_export.h"
@@ -77,7 +79,7 @@ private:
     void followFocus(QWidget* now);
 
     struct Private;
-    Private* d;
+    std::unique_ptr<Private> d;
 };
 
 #include "ykeywords_end.h"

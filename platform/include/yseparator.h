@@ -2,6 +2,8 @@
 #ifndef YSEPARATOR_H
 #define YSEPARATOR_H
 
+#include <memory>
+
 #include <qwidget.h>
 
 #include "platform_export.h"
@@ -49,7 +51,7 @@ private:
     void refresh();
 
     struct Private;
-    Private* d;
+    std::unique_ptr<Private> d;
 };
 
 #include "ykeywords_end.h"

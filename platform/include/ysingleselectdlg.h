@@ -2,6 +2,8 @@
 #ifndef YSINGLESELECTDLG_H
 #define YSINGLESELECTDLG_H
 
+#include <memory>
+
 #include "platform_export.h"
 #include "ylistbox.h"
 #include "ypopup.h"
@@ -41,7 +43,7 @@ private:
     void build();
 
     struct Private;
-    Private* d;
+    std::unique_ptr<Private> d;
 };
 
 #include "ykeywords_end.h"

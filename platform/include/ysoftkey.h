@@ -2,6 +2,8 @@
 #ifndef YSOFTKEY_H
 #define YSOFTKEY_H
 
+#include <memory>
+
 #include <qstring.h>
 #include <qwidget.h>
 
@@ -59,7 +61,7 @@ protected:
 
 private:
     struct Private;
-    Private* d;
+    std::unique_ptr<Private> d;
 };
 
 #endif

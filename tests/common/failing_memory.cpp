@@ -3,6 +3,7 @@
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
+#include <iostream>
 #include <new>
 
 #include <dlfcn.h>
@@ -114,6 +115,7 @@ int failingmemory::forEachAllocation(const std::function<bool(int)>& attempt)
     int number = 0;
     while (!testing::Test::HasFailure() && attempt(number))
         ++number;
+    std::cout << number << " failing allocations\n";
     return number;
 }
 

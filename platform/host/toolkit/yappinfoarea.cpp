@@ -28,10 +28,7 @@ YAppInfoArea::YAppInfoArea(QWidget* parent, const char* /*layout*/, const char* 
         setObjectName(QString::fromUtf8(name));
 }
 
-YAppInfoArea::~YAppInfoArea()
-{
-    delete d;
-}
+YAppInfoArea::~YAppInfoArea() = default;
 
 void YAppInfoArea::appendText(int area, const QString& text, const QString& second)
 {

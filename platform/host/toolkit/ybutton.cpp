@@ -51,10 +51,7 @@ YButton::YButton(QWidget* parent, const char* name, int /*widgetClassId*/)
     setSizePolicy(policy);
 }
 
-YButton::~YButton()
-{
-    delete d;
-}
+YButton::~YButton() = default;
 
 bool YButton::isYEnabled() const
 {

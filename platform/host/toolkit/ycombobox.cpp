@@ -100,10 +100,7 @@ YComboBox::YComboBox(QWidget* parent, const char* name, bool titled)
     connect(this, SIGNAL(clicked()), this, SLOT(choose()));
 }
 
-YComboBox::~YComboBox()
-{
-    delete d;
-}
+YComboBox::~YComboBox() = default;
 
 void YComboBox::setTitle(const QString& title)
 {

@@ -91,8 +91,7 @@ YFormContainer::YFormContainer(QWidget* parent, const char* name, int widgetClas
 YFormContainer::~YFormContainer()
 {
     // Rows that go with the form are no longer told to it.
-    delete d;
-    d = nullptr;
+    d.reset();
 }
 
 void YFormContainer::addChild(QWidget* child, bool /*stretch*/, QWidget* before)

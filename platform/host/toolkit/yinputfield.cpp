@@ -43,10 +43,7 @@ YInputField::YInputField(QWidget* parent) : QLineEdit(parent), d(new Private)
     setAcceptDrops(false);
 }
 
-YInputField::~YInputField()
-{
-    delete d;
-}
+YInputField::~YInputField() = default;
 
 void YInputField::setInputMode(int mode)
 {

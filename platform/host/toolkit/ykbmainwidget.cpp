@@ -34,7 +34,6 @@ YKbMainWidget::YKbMainWidget(QWidget* parent, const char* name, YWidgetFlags /*f
         setAutoFillBackground(true);
     } catch (...) {
         YScreen::removeLayer(this);
-        delete d;
         throw;
     }
 }
@@ -42,7 +41,6 @@ YKbMainWidget::YKbMainWidget(QWidget* parent, const char* name, YWidgetFlags /*f
 YKbMainWidget::~YKbMainWidget()
 {
     YScreen::removeLayer(this);
-    delete d;
 }
 
 void YKbMainWidget::setMorphMode(int mode)

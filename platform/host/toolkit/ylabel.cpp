@@ -18,10 +18,7 @@ YLabel::YLabel(QWidget* parent, const char* name, YWidgetFlags /*flags*/, int /*
     setWordWrap(true);
 }
 
-YLabel::~YLabel()
-{
-    delete d;
-}
+YLabel::~YLabel() = default;
 
 void YLabel::setAutoResize(bool enable)
 {

@@ -71,10 +71,7 @@ YLineEdit::YLineEdit(QWidget* parent, const char* name, int widgetClassId)
     refresh();
 }
 
-YLineEdit::~YLineEdit()
-{
-    delete d;
-}
+YLineEdit::~YLineEdit() = default;
 
 void YLineEdit::setLabel(const QString& label)
 {

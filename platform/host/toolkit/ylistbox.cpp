@@ -24,35 +24,29 @@ struct YListBox::Private
 YListBox::YListBox(QWidget* parent, const char* name, YWidgetFlags /*flags*/)
     : QWidget(parent), d(new Private)
 {
-    try {
-        if (name)
-            setObjectName(QString::fromUtf8(name));
-        YDress::wear(this);
-        d->model = new YListModel(this);
-        d->delegate = new YListDelegate(this, *d->model);
-        d->view = new QListView(this);
-        d->view->setModel(d->model);
-        d->view->setItemDelegate(d->delegate);
-        d->view->setFrameShape(QFrame::NoFrame);
-        d->view->setEditTriggers(QAbstractItemView::NoEditTriggers);
-        d->view->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-        d->view->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
-        d->finger = new YFinger(d->view);
-        setFocusProxy(d->view);
-        connect(d->view, SIGNAL(activated(QModelIndex)), this, SLOT(choose(QModelIndex)));
-        connect(d->view->selectionModel(), SIGNAL(currentChanged(QModelIndex, QModelIndex)), this,
-                SLOT(moved(QModelIndex)));
-    } catch (...) {
-        delete d;
-        throw;
-    }
+    if (name)
+        setObjectName(QString::fromUtf8(name));
+    YDress::wear(this);
+    d->model = new YListModel(this);
+    d->delegate = new YListDelegate(this, *d->model);
+    d->view = new QListView(this);
+    d->view->setModel(d->model);
+    d->view->setItemDelegate(d->delegate);
+    d->view->setFrameShape(QFrame::NoFrame);
+    d->view->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    d->view->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    d->view->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+    d->finger = new YFinger(d->view);
+    setFocusProxy(d->view);
+    connect(d->view, SIGNAL(activated(QModelIndex)), this, SLOT(choose(QModelIndex)));
+    connect(d->view->selectionModel(), SIGNAL(currentChanged(QModelIndex, QModelIndex)), this,
+            SLOT(moved(QModelIndex)));
 }
 
 YListBox::~YListBox()
 {
     delete d->view;
     delete d->model;
-    delete d;
 }
 
 void YListBox::setItemType(QString type)

@@ -23,20 +23,14 @@ YListBoxItem::YListBoxItem(YListBox* list, QString type) : d(new Private)
 {
     d->list = list;
     d->type = type;
-    try {
-        if (list)
-            list->adopt(this);
-    } catch (...) {
-        delete d;
-        throw;
-    }
+    if (list)
+        list->adopt(this);
 }
 
 YListBoxItem::~YListBoxItem()
 {
     if (d->list)
         d->list->release(this);
-    delete d;
 }
 
 void YListBoxItem::appendSubItem(int number, QString text, bool strong, const QPixmap* picture)

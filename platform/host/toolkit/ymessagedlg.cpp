@@ -36,10 +36,7 @@ YMessageDlg::YMessageDlg(const QString& title, const QString& text, int messageT
     }
 }
 
-YMessageDlg::~YMessageDlg()
-{
-    delete d;
-}
+YMessageDlg::~YMessageDlg() = default;
 
 QString YMessageDlg::text() const
 {

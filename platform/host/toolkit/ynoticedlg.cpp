@@ -67,10 +67,7 @@ YNoticeDlg::YNoticeDlg(int noticeType, const QString& title, const QString& text
     keys->setClickedSlot(YSoftKey::Right, this, SLOT(accept()));
 }
 
-YNoticeDlg::~YNoticeDlg()
-{
-    delete d;
-}
+YNoticeDlg::~YNoticeDlg() = default;
 
 QString YNoticeDlg::text() const
 {

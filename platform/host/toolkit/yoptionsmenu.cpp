@@ -103,10 +103,7 @@ YOptionsMenu::YOptionsMenu(const QRect& rect, QWidget* parent, const char* name,
     setAccessibleName(tr("TXT_RID_SOFTKEY_OPTIONS", "Options"));
 }
 
-YOptionsMenu::~YOptionsMenu()
-{
-    delete d;
-}
+YOptionsMenu::~YOptionsMenu() = default;
 
 int YOptionsMenu::insertItem(const QString& text, const QPixmap* picture, QObject* receiver,
                              const char* member, bool enabled, bool checkable, bool checked, int id,

@@ -132,7 +132,6 @@ YPopup::YPopup(int /*type*/, QWidget* parent, const char* name, bool modal, int 
         setGeometry(YGlobal::getDlgSmallR());
     } catch (...) {
         YScreen::removeLayer(this);
-        delete d;
         throw;
     }
 }
@@ -144,7 +143,6 @@ YPopup::~YPopup()
     YScreen::removeLayer(this);
     if (d->loop)
         d->loop->exit();
-    delete d;
 }
 
 int YPopup::exec()

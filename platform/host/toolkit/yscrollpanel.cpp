@@ -81,7 +81,6 @@ YScrollPanel::~YScrollPanel()
 {
     // The children go with the panel; none of them is to ask it for anything now.
     delete d->area;
-    delete d;
 }
 
 QWidget* YScrollPanel::viewport() const

@@ -89,10 +89,7 @@ YSegmentField::YSegmentField(QWidget* parent, const char* name, YWidgetFlags /*f
     setSizePolicy(policy);
 }
 
-YSegmentField::~YSegmentField()
-{
-    delete d;
-}
+YSegmentField::~YSegmentField() = default;
 
 void YSegmentField::setNumSegments(int count)
 {

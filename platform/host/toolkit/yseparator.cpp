@@ -42,10 +42,7 @@ YSeparator::YSeparator(QWidget* parent, const char* name, YWidgetFlags /*flags*/
     setSizePolicy(policy);
 }
 
-YSeparator::~YSeparator()
-{
-    delete d;
-}
+YSeparator::~YSeparator() = default;
 
 void YSeparator::setLabel(YLabel* label)
 {

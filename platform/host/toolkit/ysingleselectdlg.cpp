@@ -18,12 +18,7 @@ YSingleSelectDlg::YSingleSelectDlg(QWidget* parent, const char* name, bool modal
                                    YWidgetFlags /*flags*/)
     : YPopup(UsualType, parent, name, modal, PlainStyle, 0), d(new Private)
 {
-    try {
-        build();
-    } catch (...) {
-        delete d;
-        throw;
-    }
+    build();
 }
 
 YSingleSelectDlg::YSingleSelectDlg(const QString& title, const QString& instruction,
@@ -31,20 +26,12 @@ YSingleSelectDlg::YSingleSelectDlg(const QString& title, const QString& instruct
                                    YWidgetFlags /*flags*/, int /*reserved*/)
     : YPopup(UsualType, parent, name, modal, PlainStyle, 0), d(new Private)
 {
-    try {
-        build();
-        setTitle(title);
-        setInstructText(instruction);
-    } catch (...) {
-        delete d;
-        throw;
-    }
+    build();
+    setTitle(title);
+    setInstructText(instruction);
 }
 
-YSingleSelectDlg::~YSingleSelectDlg()
-{
-    delete d;
-}
+YSingleSelectDlg::~YSingleSelectDlg() = default;
 
 void YSingleSelectDlg::build()
 {

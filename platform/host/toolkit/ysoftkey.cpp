@@ -137,26 +137,18 @@ struct YSoftKey::Private
 YSoftKey::YSoftKey(const char* /*layout*/, QWidget* parent, QWidget* keyReceiver)
     : QWidget(parent), d(new Private)
 {
-    try {
-        YDress::wear(this);
-        for (QPushButton*& button : d->buttons) {
-            button = new QPushButton(this);
-            button->setFlat(true);
-            button->setFocusPolicy(Qt::NoFocus);
-        }
-        if (keyReceiver)
-            keyReceiver->installEventFilter(this);
-        resize(sizeHint());
-    } catch (...) {
-        delete d;
-        throw;
+    YDress::wear(this);
+    for (QPushButton*& button : d->buttons) {
+        button = new QPushButton(this);
+        button->setFlat(true);
+        button->setFocusPolicy(Qt::NoFocus);
     }
+    if (keyReceiver)
+        keyReceiver->installEventFilter(this);
+    resize(sizeHint());
 }
 
-YSoftKey::~YSoftKey()
-{
-    delete d;
-}
+YSoftKey::~YSoftKey() = default;
 
 void YSoftKey::showButton(int button, bool visible)
 {
