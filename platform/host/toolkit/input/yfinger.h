@@ -7,6 +7,8 @@
 #include <QObject>
 #include <QPointer>
 
+#include "platform_export.h"
+
 class QAbstractScrollArea;
 class QMouseEvent;
 class QWidget;
@@ -14,7 +16,7 @@ class QWidget;
 // A finger moves the contents of a scroll area as it goes; a flick lets them run on, but never past
 // their ends. A finger that does not move taps, as without this. Qt's own QScroller does the same,
 // but keeps some memory for every area that ever had one.
-class YFinger : public QObject
+class VORN_PLATFORM_API YFinger : public QObject
 {
     Q_OBJECT
 

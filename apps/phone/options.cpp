@@ -1,0 +1,32 @@
+#include "options.h"
+
+#include <cstdio>
+
+#include <CLI/App.hpp>
+#include <CLI/Config.hpp>
+#include <CLI/Formatter.hpp>
+
+namespace phone {
+
+bool Options::read(int argc, char** argv, int* status)
+{
+    CLI::App app("The phone's program for connections: make, change and open them.", "vornphone");
+    app.set_version_flag("--version", "vornphone " VORN_VERSION, "Print the version and end");
+    addBodyOptions(app, body);
+    try {
+        app.parse(argc, argv);
+        return true;
+    } catch (const CLI::CallForHelp&) {
+        std::fputs(app.help().c_str(), stdout);
+        *status = 0;
+    } catch (const CLI::CallForVersion& version) {
+        std::printf("%s\n", version.what());
+        *status = 0;
+    } catch (const CLI::ParseError& error) {
+        std::fprintf(stderr, "vornphone: %s\n  \"vornphone --help\" tells more.\n", error.what());
+        *status = 2;
+    }
+    return false;
+}
+
+} // namespace phone
