@@ -3,7 +3,7 @@
 #include <cstring>
 
 #include "ratios.h"
-#include "wizard/array_form.h"
+#include "wizard/form/array_form.h"
 #include "wizard/form/record.h"
 #include "wizard/form/recordmapping.h"
 

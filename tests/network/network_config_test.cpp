@@ -1,5 +1,5 @@
 // etc/network.json: what is wrong in it is told with its line, and its default is used.
-#include "network/link_world.h"
+#include "network/links/link_world.h"
 
 #include <filesystem>
 

@@ -10,7 +10,7 @@
 #include <yprofileselectdlg.h>
 
 #include "common/failing_memory.h"
-#include "wizard/wizard_fixture.h"
+#include "wizard/world/wizard_fixture.h"
 
 namespace {
 

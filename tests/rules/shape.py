@@ -1,4 +1,4 @@
-"""Checks that functions and sources stay small, and that the members of classes are named in one way.
+"""Checks that functions, sources and folders stay small, and that the members of classes are named in one way.
 
 Usage: shape.py ROOT. Needs Universal Ctags, which knows where a function ends and who may reach a member.
 """
@@ -15,6 +15,12 @@ HOST = ("apps", "bench", "platform")
 LONGEST_USUAL = 24
 LONGEST_FUNCTION = 85
 LONGEST_SOURCE = {"the library": 299, "the host": 399}
+
+# A unit is a class or whatever else has a header, a source, or one of each.
+MOST_UNITS = 20
+
+# One header for each class, as the phone has them; applications name them without a folder.
+FLAT = {"platform/include"}
 
 # Functions that are a table of cases and nothing else.
 TABLES = {"nameOf", "otherDigits", "plainNumbers", "signsAndBlanks"}
@@ -68,6 +74,15 @@ def too_large(root, paths):
             yield f"{path}: {lines} lines; a source of {part_of(path)} has at most {most}"
 
 
+def too_full(paths):
+    units = {}
+    for path in map(pathlib.PurePosixPath, paths):
+        units.setdefault(path.parent.as_posix(), set()).add(path.stem)
+    for folder, names in units.items():
+        if len(names) > MOST_UNITS and folder not in FLAT:
+            yield f"{folder}: {len(names)} units stand side by side; with more than {MOST_UNITS} a folder needs rooms"
+
+
 def misnamed(root, tags):
     for tag in tags:
         path, name = tag["path"], tag["name"]
@@ -83,7 +98,7 @@ def misnamed(root, tags):
 def faults_of(root):
     paths = list(sources_below(root))
     tags = tags_of(root, paths)
-    return [*too_long(tags), *too_large(root, paths), *misnamed(root, tags)]
+    return [*too_long(tags), *too_large(root, paths), *too_full(paths), *misnamed(root, tags)]
 
 
 if __name__ == "__main__":

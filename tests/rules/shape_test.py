@@ -19,7 +19,7 @@ class Shape(unittest.TestCase):
             for name, text in sources.items():
                 path = pathlib.Path(folder, name.replace("__", "/"))
                 path.parent.mkdir(parents=True, exist_ok=True)
-                path.with_suffix(".cpp").write_text(text, encoding="utf-8")
+                path.with_suffix(path.suffix or ".cpp").write_text(text, encoding="utf-8")
             return shape.faults_of(pathlib.Path(folder))
 
     def test_one_function_in_a_hundred_may_be_longer(self):
@@ -40,6 +40,13 @@ class Shape(unittest.TestCase):
     def test_a_source_of_the_library_has_less_than_300_lines_and_one_of_the_host_less_than_400(self):
         self.assertEqual(self.faults(wizard__a="\n" * 299, platform__a="\n" * 399, tests__a="\n" * 500), [])
         self.assertEqual(len(self.faults(wizard__a="\n" * 300, platform__a="\n" * 400)), 2)
+
+    def test_a_folder_has_at_most_20_units_and_a_header_is_one_with_its_source(self):
+        units = {f"apps__unit{number}": "" for number in range(20)}
+        self.assertEqual(self.faults(**units, **{"apps__unit7.h": "", "apps__room__unit20": ""}), [])
+        self.assertEqual(self.faults(**units, apps__unit20=""),
+                         ["apps: 21 units stand side by side; with more than 20 a folder needs rooms"])
+        self.assertEqual(self.faults(**{f"platform__include__unit{number}": "" for number in range(21)}), [])
 
     def test_private_data_members_are_told_from_all_others(self):
         good = "class A\n{\npublic:\n    int shown;\n\nprivate:\n    static const int count = 1;\n    int m_own;\n};\n"

@@ -16,8 +16,8 @@
 #include <ylineedit.h>
 
 #include "session/signal_log.h"
-#include "wizard/record_bytes.h"
-#include "wizard/wizard_driver.h"
+#include "wizard/world/record_bytes.h"
+#include "wizard/world/wizard_driver.h"
 
 namespace {
 

@@ -13,8 +13,8 @@
 #include <ylineedit.h>
 
 #include "common/failing_memory.h"
-#include "wizard/record_bytes.h"
-#include "wizard/wizard_fixture.h"
+#include "wizard/world/record_bytes.h"
+#include "wizard/world/wizard_fixture.h"
 
 namespace {
 

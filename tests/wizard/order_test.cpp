@@ -12,9 +12,9 @@
 #include "common/interposed.h"
 #include "support/log.h"
 #include "wizard/dataconnection_newwiz1.h"
-#include "wizard/record_bytes.h"
-#include "wizard/toolkit_words.h"
-#include "wizard/wizard_fixture.h"
+#include "wizard/world/record_bytes.h"
+#include "wizard/world/toolkit_words.h"
+#include "wizard/world/wizard_fixture.h"
 
 using interposed::Call;
 

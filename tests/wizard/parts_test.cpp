@@ -8,9 +8,9 @@
 #include <ylineedit.h>
 
 #include "common/interposed.h"
-#include "wizard/record_bytes.h"
-#include "wizard/toolkit_calls.h"
-#include "wizard/wizard_fixture.h"
+#include "wizard/world/record_bytes.h"
+#include "wizard/world/toolkit_calls.h"
+#include "wizard/world/wizard_fixture.h"
 
 namespace {
 

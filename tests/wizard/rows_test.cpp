@@ -13,8 +13,8 @@
 #include <ykbmainwidget.h>
 #include <ylineedit.h>
 
-#include "wizard/record_bytes.h"
-#include "wizard/wizard_fixture.h"
+#include "wizard/world/record_bytes.h"
+#include "wizard/world/wizard_fixture.h"
 
 namespace {
 

@@ -10,8 +10,8 @@
 #include <ylineedit.h>
 
 #include "support/log.h"
-#include "wizard/record_bytes.h"
-#include "wizard/wizard_fixture.h"
+#include "wizard/world/record_bytes.h"
+#include "wizard/world/wizard_fixture.h"
 
 namespace {
 

@@ -8,8 +8,8 @@
 #include "network/fake/modem_manager.h"
 #include "network/fake/network_manager.h"
 #include "network/fake/private_bus.h"
-#include "network/fake_kernel.h"
-#include "network/link_world.h"
+#include "network/links/fake_kernel.h"
+#include "network/links/link_world.h"
 
 namespace fakebus {
 

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "network/link_world.h"
+#include "network/links/link_world.h"
 
 namespace labtest {
 

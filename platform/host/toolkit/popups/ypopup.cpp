@@ -1,0 +1,313 @@
+#include <ypopup.h>
+
+#include <algorithm>
+
+#include <QCloseEvent>
+#include <QEventLoop>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QPainterPath>
+#include <QPointer>
+
+#include <yglobal.h>
+#include <ylabel.h>
+#include <ysoftkey.h>
+
+#include "toolkit/accessible/ytell.h"
+#include "toolkit/look/ybusy.h"
+#include "toolkit/look/ytextlabel.h"
+#include "toolkit/look/ytheme.h"
+#include "toolkit/look/ytitle.h"
+#include "toolkit/yscreen.h"
+
+namespace {
+
+YTextLabel* makeLine(QWidget* parent, const QFont& font)
+{
+    auto* line = new YTextLabel(parent);
+    line->setFont(font);
+    line->hide();
+    return line;
+}
+
+// The corners at the top are round; at the bottom the popup ends with the screen.
+QPainterPath outline(const QRect& rect)
+{
+    QPainterPath path;
+    path.addRoundedRect(QRectF(rect).adjusted(0, 0, 0, YTheme::radius), YTheme::radius,
+                        YTheme::radius);
+    return path;
+}
+
+// Screen readers are told of a popup by what it is to them.
+void tellOf(YPopup* popup, bool shown)
+{
+    if (!QAccessible::isActive())
+        return;
+    const QAccessible::Role role = QAccessible::queryAccessibleInterface(popup)->role();
+    if (role == QAccessible::PopupMenu)
+        YTell::event(popup, shown ? QAccessible::PopupMenuStart : QAccessible::PopupMenuEnd);
+    else if (role != QAccessible::AlertMessage)
+        YTell::event(popup, shown ? QAccessible::DialogStart : QAccessible::DialogEnd);
+    else if (shown)
+        YTell::event(popup, QAccessible::Alert);
+}
+
+// Above and below title and instruction.
+int linePadding()
+{
+    return YTheme::isSmall() ? 3 : 6;
+}
+
+// Sets the line's place below `top` and returns its lower edge.
+int placeLine(YTextLabel* line, int top, int width)
+{
+    if (line->isHidden())
+        return top;
+    const int inner = width - 2 * YTheme::margin;
+    const int height = line->heightForWidth(inner);
+    line->setGeometry(YTheme::margin, top + linePadding(), inner, height);
+    return top + height + 2 * linePadding();
+}
+
+// Where the activity ring goes: the icon's place when there is a text to stand beside.
+QRect busyPlace(const QWidget& popup, const QRect& contents)
+{
+    for (const YLabel* label : popup.findChildren<YLabel*>(Qt::FindDirectChildrenOnly))
+        if (!label->text().isEmpty())
+            return QRect(YTheme::margin, contents.top() + YTheme::iconTop, YTheme::iconSize,
+                         YTheme::iconSize);
+    return contents;
+}
+
+// A picture from the program takes the place of the ring.
+bool hasPicture(const QWidget& popup)
+{
+    const auto labels = popup.findChildren<YLabel*>(Qt::FindDirectChildrenOnly);
+    return std::any_of(labels.begin(), labels.end(), [](const YLabel* label) {
+        return !label->pixmap(Qt::ReturnByValue).isNull();
+    });
+}
+
+} // namespace
+
+struct YPopup::Private
+{
+    YTextLabel* title = nullptr;
+    YTextLabel* instruction = nullptr;
+    YSoftKey* softKey = nullptr;
+    YBusy* busy = nullptr;
+    QEventLoop* loop = nullptr;
+    int result = Cancelled;
+    int headerBottom = 0;
+    bool modal = false;
+
+    // Lays out title and instruction.
+    int headerHeight(int width) const
+    {
+        const QFont letters = YTitle::font(title->text(), width - 2 * YTheme::margin);
+        if (title->font().pixelSize() != letters.pixelSize())
+            title->setFont(letters);
+        return placeLine(instruction, placeLine(title, 0, width), width);
+    }
+};
+
+YPopup::YPopup(int /*type*/, QWidget* parent, const char* name, bool modal, int style,
+               int /*reserved*/)
+    : QWidget(YScreen::instance()), d(new Private)
+{
+    // The destructor takes back only what is whole; the screen must not keep a layer that is not.
+    try {
+        if (name)
+            setObjectName(QString::fromUtf8(name));
+        d->modal = modal;
+        YScreen::instance()->addLayer(this, parent, YScreen::Kind::Popup, modal);
+        d->title = makeLine(this, YTheme::titleFont());
+        d->instruction = makeLine(this, YTheme::bodyFont());
+        d->softKey = new YSoftKey("CST_2A", this, this);
+        d->softKey->setClickedSlot(YSoftKey::Left, this, SLOT(accept()));
+        d->softKey->setClickedSlot(YSoftKey::Right, this, SLOT(reject()));
+        if (style == ProgressStyle)
+            d->busy = new YBusy(this);
+        setGeometry(YGlobal::getDlgSmallR());
+    } catch (...) {
+        YScreen::removeLayer(this);
+        throw;
+    }
+}
+
+YPopup::~YPopup()
+{
+    if (isVisible())
+        tellOf(this, false);
+    YScreen::removeLayer(this);
+    if (d->loop)
+        d->loop->exit();
+}
+
+int YPopup::exec()
+{
+    if (d->loop)
+        return Cancelled;
+    QEventLoop loop;
+    QPointer<YPopup> self(this);
+    d->loop = &loop;
+    d->result = Cancelled;
+    show();
+    loop.exec();
+    if (!self)
+        return Cancelled;
+    d->loop = nullptr;
+    // The application may have quit with the popup still on the screen.
+    hide();
+    return self ? d->result : Cancelled;
+}
+
+bool YPopup::isModalPopup() const
+{
+    return d->modal;
+}
+
+void YPopup::setTitle(const QString& title)
+{
+    d->title->setText(title);
+    d->title->setHidden(title.isEmpty());
+    setAccessibleName(title);
+    layoutParts();
+}
+
+QString YPopup::title() const
+{
+    return d->title->text();
+}
+
+void YPopup::setInstructText(const QString& text)
+{
+    d->instruction->setText(text);
+    d->instruction->setHidden(text.isEmpty());
+    setAccessibleDescription(text);
+    layoutParts();
+}
+
+QString YPopup::instructText() const
+{
+    return d->instruction->text();
+}
+
+YSoftKey* YPopup::getSoftKey() const
+{
+    return d->softKey;
+}
+
+QRect YPopup::contentsR() const
+{
+    return rect().adjusted(0, d->headerBottom, 0, -YTheme::softKeyHeight());
+}
+
+void YPopup::accept()
+{
+    done(Accepted);
+}
+
+void YPopup::reject()
+{
+    done(Cancelled);
+}
+
+void YPopup::done(int result)
+{
+    d->result = result;
+    hide();
+}
+
+int YPopup::contentsHint(int /*width*/, int /*most*/) const
+{
+    return -1;
+}
+
+void YPopup::layoutContents() {}
+
+bool YPopup::event(QEvent* event)
+{
+    // A label with a new text or picture asks for it.
+    if (event->type() == QEvent::LayoutRequest) {
+        layoutParts();
+        if (isVisible() && d->title->text().isEmpty())
+            YTell::event(this, QAccessible::NameChanged);
+    }
+    return QWidget::event(event);
+}
+
+void YPopup::showEvent(QShowEvent* event)
+{
+    fit();
+    QWidget::showEvent(event);
+    tellOf(this, true);
+}
+
+void YPopup::hideEvent(QHideEvent* event)
+{
+    QWidget::hideEvent(event);
+    tellOf(this, false);
+    if (d->loop)
+        d->loop->exit();
+}
+
+void YPopup::closeEvent(QCloseEvent* event)
+{
+    event->accept();
+    reject();
+}
+
+void YPopup::keyPressEvent(QKeyEvent* event)
+{
+    // No key reaches what lies below.
+    event->accept();
+}
+
+void YPopup::mousePressEvent(QMouseEvent*) {}
+
+void YPopup::paintEvent(QPaintEvent*)
+{
+    const YTheme& theme = YTheme::current();
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.fillPath(outline(rect()), theme.surface);
+    if (d->title->isHidden())
+        return;
+    painter.fillRect(0, d->headerBottom - 1, width(), 1, theme.border);
+}
+
+void YPopup::resizeEvent(QResizeEvent*)
+{
+    layoutParts();
+}
+
+bool YPopup::focusNextPrevChild(bool next)
+{
+    YScreen::walkFocus(this, next);
+    return true;
+}
+
+void YPopup::fit()
+{
+    const QRect largest = YGlobal::getDlgLargeR();
+    const int header = d->headerHeight(largest.width());
+    const int around = header + YTheme::softKeyHeight();
+    const int contents = contentsHint(largest.width(), largest.height() - around);
+    if (contents >= 0)
+        setGeometry(largest.adjusted(0, largest.height() - around - contents, 0, 0));
+    layoutParts();
+}
+
+void YPopup::layoutParts()
+{
+    d->softKey->setGeometry(0, height() - YTheme::softKeyHeight(), width(),
+                            YTheme::softKeyHeight());
+    d->headerBottom = d->headerHeight(width());
+    if (d->busy) {
+        d->busy->move(busyPlace(*this, contentsR()).center() - d->busy->rect().center());
+        d->busy->setHidden(hasPicture(*this));
+    }
+    layoutContents();
+}
