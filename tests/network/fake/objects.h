@@ -57,6 +57,9 @@ public:
     const std::vector<std::string>& calls() const { return m_calls; }
     std::size_t countOf(const std::string& member) const;
 
+    // The answer to "GetManagedObjects", for a handler that counts.
+    int answerManaged(sd_bus_message* call);
+
     int descriptor() const;
     void work(); // answers whatever has come
 
@@ -65,7 +68,6 @@ private:
     int answer(sd_bus_message* call);
     int answerGet(sd_bus_message* call);
     int answerGetAll(sd_bus_message* call);
-    int answerManaged(sd_bus_message* call);
 
     std::string m_name;
     std::string m_manager;

@@ -1,4 +1,6 @@
 // Which causes programs are told for what the services say. Every number is written out here.
+#include <cerrno>
+
 #include <gtest/gtest.h>
 
 #include "network/links/networkmanager/services/cause_tables.h"
@@ -75,6 +77,22 @@ const NameRow callErrors[] = {
     {"org.example.Whatever", 65535, 0},
     {"", 65535, 0},
 };
+
+TEST(CauseOfSending, IsTheBusThatHasGone)
+{
+    for (int error : {ENOTCONN, ECONNRESET, EPIPE, ESHUTDOWN}) {
+        network::Cause cause = network::causeOfSending(NAPI_CAUSE_UNKNOWN, error);
+        EXPECT_EQ(cause.cause, 10);
+        EXPECT_EQ(cause.detail, 0x300 + error);
+    }
+}
+
+TEST(CauseOfSending, IsTheOtherOneWhereTheCallItselfWasNoGood)
+{
+    network::Cause cause = network::causeOfSending(NAPI_CAUSE_AUTHENTICATION, EINVAL);
+    EXPECT_EQ(cause.cause, 5);
+    EXPECT_EQ(cause.detail, 0x300 + EINVAL);
+}
 
 } // namespace
 

@@ -14,6 +14,9 @@ namespace network {
 constexpr auto searchPause = std::chrono::seconds(1);
 constexpr int searches = 10;
 
+// A program that has closed its last link often opens the next one soon.
+constexpr auto stay = std::chrono::seconds(30);
+
 NetworkManagerBearer::NetworkManagerBearer(BearerListener& listener)
     : m_listener(listener),
       m_signals([this](const std::string& path, BusMessage& signal) { signalled(path, signal); })
@@ -49,7 +52,9 @@ void NetworkManagerBearer::disconnect()
     m_owned.clear();
     m_taken.clear();
     m_signals.clear();
+    m_watches.clear();
     m_ownerWatch = BusSlot();
+    m_leaveAt = never;
     m_bus.close();
 }
 
@@ -69,8 +74,11 @@ int NetworkManagerBearer::connect()
     return m_bus.listen(rule, handler, &m_ownerWatch);
 }
 
+// What the services have said already is heard before a device is chosen.
 void NetworkManagerBearer::open(const Opening& opening)
 {
+    if (m_bus.isOpen())
+        work();
     if (int error = connect())
         return m_listener.linkFailed(opening.link, NAPI_CAUSE_NO_SERVICE_DAEMON,
                                      NAPI_DETAIL_ERRNO + error);
@@ -121,8 +129,9 @@ void NetworkManagerBearer::descriptorReady()
 
 Clock::time_point NetworkManagerBearer::nextDeadline() const
 {
-    Clock::time_point next = std::min({m_bus.nextDeadline(), m_owned.nextDeadline(),
-                                       m_interfaces.nextDeadline(), m_findAgainAt, m_lookAt});
+    Clock::time_point next =
+        std::min({m_bus.nextDeadline(), m_owned.nextDeadline(), m_interfaces.nextDeadline(),
+                  m_findAgainAt, m_lookAt, m_leaveAt});
     for (const auto& [id, link] : m_links)
         next = std::min(next, link->deadline());
     for (const auto& link : m_lingering)
@@ -158,6 +167,8 @@ void NetworkManagerBearer::work()
         m_deviceFreed = m_owned.deadlinePassed(now) || m_deviceFreed;
         if (m_findAgainAt <= now)
             findLinksAgain(now);
+        if (m_leaveAt <= now && isIdle())
+            disconnect();
         goOn();
     } catch (const std::bad_alloc&) {
         error = ENOMEM;
@@ -207,6 +218,7 @@ void NetworkManagerBearer::serviceGone()
     forEach([](LinkActivation& link) { link.serviceGone(); });
     m_owned.clear();
     m_taken.clear();
+    m_watches.clear();
     m_deviceFreed = true;
 }
 
@@ -265,6 +277,34 @@ void NetworkManagerBearer::leave(const std::string& active)
     m_owned.leave(m_bus, active);
 }
 
+DeviceWatch& NetworkManagerBearer::watch(const ServiceDevice& device)
+{
+    auto& watch = m_watches[device.path];
+    if (!watch)
+        watch = std::make_unique<DeviceWatch>(m_bus, device,
+                                              [this, path = device.path] { deviceTold(path); });
+    m_lastDevice = device.path;
+    return *watch;
+}
+
+void NetworkManagerBearer::deviceTold(const std::string& path)
+{
+    forEach([&path](LinkActivation& link) {
+        if (link.devicePath() == path)
+            link.deviceTold();
+    });
+}
+
+ServicePicture NetworkManagerBearer::freeDevices() const
+{
+    ServicePicture picture;
+    for (const auto& [path, watch] : m_watches) {
+        if (watch->isFree())
+            picture.devices.push_back(watch->device());
+    }
+    return picture;
+}
+
 void NetworkManagerBearer::listen(const std::string& path, const char* interface)
 {
     if (m_bus.isOpen())
@@ -273,8 +313,8 @@ void NetworkManagerBearer::listen(const std::string& path, const char* interface
 
 void NetworkManagerBearer::opened(int link, const Device& device)
 {
-    m_interfaces.add(link, device);
     m_listener.linkUp(link, device);
+    m_interfaces.add(link, device);
 }
 
 void NetworkManagerBearer::failed(int link, const Cause& cause)
@@ -318,7 +358,12 @@ bool NetworkManagerBearer::isNamed(const std::string& path) const
                        [&](const auto& link) { return names(*link); });
 }
 
-// Removes what has ended; the bus goes when nothing needs it any more.
+bool NetworkManagerBearer::isIdle() const
+{
+    return m_links.empty() && m_lingering.empty() && m_owned.empty();
+}
+
+// Removes what has ended; the bus goes some time after nothing needs it any more.
 void NetworkManagerBearer::sweep()
 {
     for (auto entry = m_links.begin(); entry != m_links.end();) {
@@ -330,8 +375,14 @@ void NetworkManagerBearer::sweep()
                        [](const auto& link) { return link->step() == LinkActivation::Step::Done; }),
         m_lingering.end());
     m_signals.keepOnly([this](const std::string& path) { return isNamed(path); });
-    if (m_links.empty() && m_lingering.empty() && m_owned.empty())
-        disconnect();
+    for (auto entry = m_watches.begin(); entry != m_watches.end();) {
+        bool wanted = entry->first == m_lastDevice || isNamed(entry->first);
+        entry = wanted ? std::next(entry) : m_watches.erase(entry);
+    }
+    if (!m_bus.isOpen() || !isIdle())
+        m_leaveAt = never;
+    else if (m_leaveAt == never)
+        m_leaveAt = Clock::now() + stay;
 }
 
 } // namespace network

@@ -15,8 +15,9 @@
 
 namespace network {
 
-// On the bus from the first opening on, for as long as there is a link or something of one; nothing
-// of it is loaded before. What it has activated ends with the process, however that ends.
+// On the bus from the first opening on, and half a minute longer than there is a link or something
+// of one, so that the next opening finds it warm; nothing of it is loaded before. What it has
+// activated ends with the process, however that ends.
 class NetworkManagerBearer final : public Bearer, private ActivationHost
 {
 public:
@@ -45,6 +46,8 @@ private:
     const OwnActivation* ownOn(const std::string& device) const override;
     bool join(const std::string& active) override;
     void leave(const std::string& active) override;
+    DeviceWatch& watch(const ServiceDevice& device) override;
+    ServicePicture freeDevices() const override;
     void listen(const std::string& path, const char* interface) override;
     void opened(int link, const Device& device) override;
     void failed(int link, const Cause& cause) override;
@@ -55,6 +58,7 @@ private:
     int connect();
     void disconnect();
     void work();
+    void deviceTold(const std::string& path);
     void signalled(const std::string& path, BusMessage& signal);
     void ownerChanged(BusMessage& signal);
     void serviceGone();
@@ -64,6 +68,7 @@ private:
     void goOn();
     void sweep();
     bool isNamed(const std::string& path) const;
+    bool isIdle() const;
 
     BearerListener& m_listener;
     BusConnection m_bus;
@@ -73,6 +78,9 @@ private:
     bool m_deviceFreed = false;
     OwnedActivations m_owned;
     SignalWatch m_signals;
+    std::map<std::string, std::unique_ptr<DeviceWatch>> m_watches; // by path
+    std::string m_lastDevice;            // stays known when no link names it any more
+    Clock::time_point m_leaveAt = never; // the bus, without a link
     BusSlot m_ownerWatch;
     InterfaceWatch m_interfaces;
     Clock::time_point m_findAgainAt = never;

@@ -7,6 +7,8 @@
 #include "network/links/bearer.h"
 #include "network/links/networkmanager/bus/bus_connection.h"
 #include "network/links/networkmanager/services/cause_tables.h"
+#include "network/links/networkmanager/services/device_watch.h"
+#include "network/links/networkmanager/services/service_picture.h"
 
 namespace network {
 
@@ -36,6 +38,13 @@ public:
     virtual const OwnActivation* ownOn(const std::string& device) const = 0;
     virtual bool join(const std::string& active) = 0;
     virtual void leave(const std::string& active) = 0;
+
+    // What is known of a device is kept current from here on, until no link names it any more;
+    // changes are told to the links that do.
+    virtual DeviceWatch& watch(const ServiceDevice& device) = 0;
+
+    // The devices that can be activated without asking anybody what they are doing.
+    virtual ServicePicture freeDevices() const = 0;
 
     // From here on the changes of state of an object are told to all links, until none of them
     // names it any more.

@@ -1,5 +1,6 @@
 #include "network/links/networkmanager/opening/link_activation.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <utility>
 
@@ -36,12 +37,34 @@ void LinkActivation::begin()
     list();
 }
 
+// A device that is known to be free needs no question.
+bool LinkActivation::recall()
+{
+    ServicePicture free = m_host.freeDevices();
+    if (free.devices.empty() || m_kinds.empty() ||
+        chooseDevice(m_kinds.front(), *m_opening.config, free).way == Way::None)
+        return false;
+    m_listing.take(std::move(free));
+    return true;
+}
+
 void LinkActivation::list()
 {
+    m_recalled = recall();
+    if (m_recalled)
+        choose();
+    else
+        askServices();
+}
+
+// ModemManager is asked where a modem could serve.
+void LinkActivation::askServices()
+{
+    bool modems = std::find(m_kinds.begin(), m_kinds.end(), NAPI_BEARER_GPRS) != m_kinds.end();
     wait(Step::Listing, m_opening.config->guards.reply);
     say("asking NetworkManager for its devices");
     auto done = [this](const ServicePicture& picture) { listed(picture); };
-    if (int error = m_listing.start(m_host.bus(), true, done))
+    if (int error = m_listing.start(m_host.bus(), modems, done))
         lose(causeOfErrno(NAPI_CAUSE_NO_SERVICE_DAEMON, error));
 }
 
@@ -101,7 +124,10 @@ void LinkActivation::refuse(const Cause& cause)
     detach();
     m_cause = cause;
     m_kinds.erase(m_kinds.begin());
-    choose();
+    if (m_recalled && !m_kinds.empty())
+        list();
+    else
+        choose();
 }
 
 // A link of this process has activated the device, even where it does not show yet.
@@ -145,6 +171,7 @@ void LinkActivation::joinActive()
         return refuse({NAPI_CAUSE_BUSY, 0});
     say("sharing the connection that is up");
     m_host.listen(m_choice.device.path, nm::device);
+    m_host.watch(m_choice.device);
     m_begun = m_begunElsewhere;
     m_takesPart = m_host.join(m_choice.device.active);
     dialled(m_choice.device.active);
@@ -180,9 +207,10 @@ void LinkActivation::activate()
     }
     auto handler = [this](BusMessage& reply) { answered(reply); };
     if (int error = m_host.bus().send(call, handler, &m_request))
-        return refuse(causeOfErrno(causeOfFault(ProfileFault::UserName), error));
+        return refuse(causeOfSending(causeOfFault(ProfileFault::UserName), error));
     say(known ? "activating the connection that NetworkManager knows" : "activating the profile");
     m_host.take(device);
+    m_host.watch(m_choice.device);
     guard(Step::Requested);
 }
 
@@ -219,6 +247,8 @@ void LinkActivation::refusedByService(BusMessage& reply)
         m_choice.way = Way::Dial;
         return activate();
     }
+    if (std::exchange(m_recalled, false))
+        return askServices();
     if (cause.cause == NAPI_CAUSE_NO_CARRIER && m_kind == NAPI_BEARER_WIFI &&
         m_choice.device.type == nm::Wifi)
         cause.cause = NAPI_CAUSE_NO_SERVICE;
@@ -242,7 +272,7 @@ void LinkActivation::dialled(const std::string& active)
         activeChanged(m_active, static_cast<uint32_t>(state));
     };
     if (int error = m_host.bus().send(call, handler, &m_state))
-        lose(causeOfErrno(NAPI_CAUSE_UNKNOWN, error));
+        lose(causeOfSending(NAPI_CAUSE_UNKNOWN, error));
 }
 
 } // namespace network

@@ -7,7 +7,6 @@
 
 #include "network/links/networkmanager/opening/activation_host.h"
 #include "network/links/networkmanager/opening/name_server_request.h"
-#include "network/links/networkmanager/services/address_reading.h"
 #include "network/links/networkmanager/services/device_choice.h"
 #include "network/links/networkmanager/services/modem_bearers.h"
 #include "network/links/networkmanager/services/service_listing.h"
@@ -66,6 +65,7 @@ public:
     bool isLost() const { return m_step == Step::Up && m_active.empty(); } // by a service's end
     void deviceChanged(const std::string& path, uint32_t state, uint32_t old, uint32_t reason);
     void activeChanged(const std::string& path, uint32_t state);
+    void deviceTold();             // what is known of the device has changed
     void serviceGone();            // before it is up
     void lose(const Cause& cause); // ends it, whatever it is doing
     void interfaceGone();          // while Up
@@ -80,7 +80,9 @@ public:
     void findAgain();
 
 private:
+    bool recall();
     void list();
+    void askServices();
     void listed(const ServicePicture& picture);
     void choose();
     void refuse(const Cause& cause);
@@ -96,8 +98,7 @@ private:
     void secretNeeded();
     void readBearers();
     void checkBearers(const std::vector<ModemBearer>& bearers);
-    void readAddress();
-    void addressRead(const ServiceAddress& address);
+    void takeAddress();
     void comeUp();
     void giveUp();
     void replaced();
@@ -125,6 +126,7 @@ private:
     DeviceChoice m_choice;
     std::string m_active;          // path of the activation
     bool m_takesPart = false;      // in an activation of this process
+    bool m_recalled = false;       // the device was chosen without asking
     bool m_closed = false;         // nobody wants to hear of it any more
     bool m_begun = false;          // what the device does is about our activation
     bool m_begunElsewhere = false; // of an activation that is joined
@@ -137,7 +139,6 @@ private:
     uint32_t m_reason = 1; // of the device's last state; 1 is unknown
     Cause m_lastCause;
     Device m_device;
-    AddressReading m_address;
     ModemBearers m_bearers;
     NameServerRequest m_nameServers;
     ServiceListing m_listing;

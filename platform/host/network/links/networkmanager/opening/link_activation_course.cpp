@@ -62,8 +62,6 @@ void LinkActivation::deviceChanged(const std::string& path, uint32_t state, uint
         m_deadline = m_guard;
     if (state == nm::IpConfig && cellular())
         readBearers();
-    if (state == nm::IpCheck)
-        readAddress();
 }
 
 // A PIN or a password that nobody gives would be waited for without end.
@@ -85,59 +83,61 @@ void LinkActivation::activeChanged(const std::string& path, uint32_t state)
         return;
     m_activated = true;
     m_guard = std::min(m_guard, Clock::now() + addressPatience);
-    guard(Step::Addressing);
-    if (cellular() && !m_checked && !m_checking)
+    wait(Step::Addressing, addressPause);
+    if (cellular())
         readBearers();
-    if (m_device.address == 0)
-        readAddress();
-    else
-        comeUp();
+    takeAddress();
+}
+
+// The modem service knows first that the modem is connected, and through which access point.
+void LinkActivation::deviceTold()
+{
+    bool connected = cellular() && m_host.watch(m_choice.device).isModemConnected();
+    if (m_step == Step::Dialling && m_begun && connected)
+        readBearers();
+    takeAddress();
 }
 
 void LinkActivation::readBearers()
 {
+    if (m_checked || m_checking)
+        return;
     m_checking = true;
     auto done = [this](const std::vector<ModemBearer>& bearers) { checkBearers(bearers); };
     m_bearers.start(m_host.bus(), m_choice.device.modem, done);
 }
 
 // A modem service may fall back to another access point than it was asked for, which costs money. A
-// service that does not tell is believed.
+// service that does not tell, even when the device is up, is believed.
 void LinkActivation::checkBearers(const std::vector<ModemBearer>& bearers)
 {
-    m_checked = true;
+    m_checking = false;
+    bool told = false, same = false;
     for (const ModemBearer& bearer : bearers) {
         if (!bearer.connected || bearer.apn.empty())
             continue;
-        m_checked = sameAccessPoint(bearer.apn, fieldText(m_opening.record.gprsApn));
-        if (m_checked)
-            break;
+        told = true;
+        same = same || sameAccessPoint(bearer.apn, fieldText(m_opening.record.gprsApn));
     }
-    if (m_step == Step::Done)
-        return;
     constexpr uint32_t accessPointFailed = 29;
-    if (!m_checked)
+    if (told && !same)
         return lose({NAPI_CAUSE_SUBSCRIPTION, causeOfReason(accessPointFailed).detail});
+    m_checked = told || m_activated;
     comeUp();
 }
 
-void LinkActivation::readAddress()
+void LinkActivation::takeAddress()
 {
-    auto done = [this](const ServiceAddress& address) { addressRead(address); };
-    m_address.start(m_host.bus(), m_choice.device.path, done);
-}
-
-void LinkActivation::addressRead(const ServiceAddress& address)
-{
-    if (address.complete()) {
-        m_device.name = address.interface;
-        m_device.address = address.address;
-        m_device.nameServers = address.nameServers;
-        m_device.kind = m_kind;
-        return comeUp();
-    }
-    if (m_step == Step::Addressing)
-        m_deadline = std::min(m_guard, Clock::now() + addressPause);
+    if (m_step != Step::Addressing)
+        return;
+    const ServiceAddress& address = m_host.watch(m_choice.device).address();
+    if (!address.complete())
+        return;
+    m_device.name = address.interface;
+    m_device.address = address.address;
+    m_device.nameServers = address.nameServers;
+    m_device.kind = m_kind;
+    comeUp();
 }
 
 // The three answers come in any order.
@@ -156,8 +156,10 @@ void LinkActivation::deadlinePassed()
 {
     m_deadline = never;
     bool addressing = m_step == Step::Addressing;
-    if (addressing && Clock::now() < m_guard)
-        return readAddress();
+    if (addressing && Clock::now() < m_guard) {
+        m_host.watch(m_choice.device).ask();
+        return wait(Step::Addressing, addressPause);
+    }
     if (addressing && !m_device.address)
         return refuse(causeOfErrno(NAPI_CAUSE_NO_ADDRESS, EADDRNOTAVAIL));
     if (addressing) { // the modem service does not say which access point it uses
@@ -352,6 +354,7 @@ void LinkActivation::detach()
     m_reason = nm::unknownReason;
     m_device = {};
     m_nameServers.cancel();
+    m_bearers.cancel();
     m_request = BusSlot();
     m_state = BusSlot();
 }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
+#include <iterator>
 
 #include "network/links/networkmanager/services/service_names.h"
 
@@ -147,6 +148,13 @@ template <typename Table> const auto* find(const Table& table, const char* name)
 Cause causeOfErrno(NapiCause cause, int error)
 {
     return {cause, error == 0 ? 0 : NAPI_DETAIL_ERRNO + error};
+}
+
+Cause causeOfSending(NapiCause cause, int error)
+{
+    constexpr int gone[] = {ENOTCONN, ECONNRESET, EPIPE, ESHUTDOWN};
+    bool noBus = std::find(std::begin(gone), std::end(gone), error) != std::end(gone);
+    return causeOfErrno(noBus ? NAPI_CAUSE_NO_SERVICE_DAEMON : cause, error);
 }
 
 Cause causeOfReason(uint32_t reason)

@@ -18,6 +18,9 @@ struct Cause
 // An errno as the reason.
 Cause causeOfErrno(NapiCause cause, int error);
 
+// An errno with which a call could not be sent: the bus has gone, or else `cause`.
+Cause causeOfSending(NapiCause cause, int error);
+
 // The reason of a device's state at NetworkManager. Numbers that are not known here are told, too.
 Cause causeOfReason(uint32_t reason);
 

@@ -72,10 +72,20 @@ void ModemBearers::ask(BusConnection& bus, const std::string& bearer)
     ++m_pending;
 }
 
+void ModemBearers::cancel()
+{
+    m_list = BusSlot();
+    m_questions.clear();
+}
+
+// Whoever hears the answer may ask again.
 void ModemBearers::answered()
 {
-    if (--m_pending == 0)
-        m_done(m_bearers);
+    if (--m_pending > 0)
+        return;
+    std::vector<ModemBearer> bearers = std::move(m_bearers);
+    Done done = m_done;
+    done(bearers);
 }
 
 } // namespace network

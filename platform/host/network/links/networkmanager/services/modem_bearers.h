@@ -34,6 +34,9 @@ public:
     // takes back an earlier one.
     void start(BusConnection& bus, const std::string& modem, Done done);
 
+    // The answer does not come any more.
+    void cancel();
+
 private:
     void ask(BusConnection& bus, const std::string& bearer);
     void answered();

@@ -3,6 +3,7 @@
 #define NETWORK_NETWORKMANAGER_SERVICE_LISTING_H
 
 #include <functional>
+#include <utility>
 
 #include "network/links/networkmanager/bus/bus_connection.h"
 #include "network/links/networkmanager/services/service_picture.h"
@@ -18,8 +19,9 @@ public:
     // takes back an earlier one. Result: 0 or an errno, and nothing comes.
     int start(BusConnection& bus, bool modems, Done done);
 
-    // What was told last; clear() releases its memory.
+    // What was told last, or is known anyway; clear() releases its memory.
     const ServicePicture& picture() const { return m_picture; }
+    void take(ServicePicture known) { m_picture = std::move(known); }
     void clear();
 
 private:

@@ -54,6 +54,8 @@ inline constexpr char sim[] = "org.freedesktop.ModemManager1.Sim";
 inline constexpr char bearer[] = "org.freedesktop.ModemManager1.Bearer";
 inline constexpr char errors[] = "org.freedesktop.ModemManager1.Error.";
 
+enum ModemState : int64_t { Enabled = 6, Connected = 11 };
+
 enum Lock : uint32_t { LockUnknown = 0, LockNone = 1, LockPin = 2 };
 
 enum Power : uint32_t { PowerUnknown = 0, PowerOff = 1, PowerLow = 2, PowerOn = 3 };

@@ -40,19 +40,48 @@ uint32_t number(const BusValue& properties, const char* key)
     return static_cast<uint32_t>(properties.at(key).toNumber());
 }
 
+void take(const BusValue& told, std::string* text)
+{
+    if (told.kind() == BusValue::Kind::Text)
+        *text = told.toText();
+}
+
+void takePath(const BusValue& told, std::string* path)
+{
+    if (told.kind() == BusValue::Kind::Text)
+        *path = objectPath(told);
+}
+
+void take(const BusValue& told, uint32_t* number)
+{
+    *number = static_cast<uint32_t>(told.toNumber(*number));
+}
+
+} // namespace
+
+void readDevice(const BusValue& told, ServiceDevice* device)
+{
+    take(told.at("Interface"), &device->interface);
+    take(told.at("IpInterface"), &device->ipInterface);
+    take(told.at("DeviceType"), &device->type);
+    take(told.at("State"), &device->state);
+    take(told.at("StateReason").at(1), &device->reason);
+    device->managed = told.at("Managed").toFlag(device->managed);
+    takePath(told.at("Udi"), &device->modem);
+    takePath(told.at("ActiveConnection"), &device->active);
+    takePath(told.at("Ip4Config"), &device->ip4Config);
+    const BusValue& available = told.at("AvailableConnections");
+    if (available.kind() == BusValue::Kind::List)
+        device->known = !available.elements().empty();
+}
+
+namespace {
+
 ServiceDevice device(const std::string& path, const BusValue& told, const BusValue& objects)
 {
     ServiceDevice read;
     read.path = path;
-    read.interface = told.at("Interface").toText();
-    read.ipInterface = told.at("IpInterface").toText();
-    read.type = number(told, "DeviceType");
-    read.state = number(told, "State");
-    read.reason = static_cast<uint32_t>(told.at("StateReason").at(1).toNumber());
-    read.managed = told.at("Managed").toFlag();
-    read.modem = objectPath(told.at("Udi"));
-    read.active = objectPath(told.at("ActiveConnection"));
-    read.known = !told.at("AvailableConnections").elements().empty();
+    readDevice(told, &read);
     const BusValue& active = objects.at(read.active.c_str()).at(nm::active);
     read.connection = objectPath(active.at("Connection"));
     return read;

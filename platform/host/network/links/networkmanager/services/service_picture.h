@@ -23,6 +23,7 @@ struct ServiceDevice
     bool managed = false;
     std::string modem;      // path at ModemManager
     std::string active;     // path of its activation
+    std::string ip4Config;  // path of its addresses
     std::string connection; // path of the connection that is activated
     bool known = false;     // a stored connection could be activated on it
 };
@@ -59,6 +60,10 @@ struct ServicePicture
 // From the objects that a service manages. What is missing or of a wrong type has the value above.
 void readNetworkManager(const BusValue& objects, ServicePicture* picture);
 void readModemManager(const BusValue& objects, ServicePicture* picture);
+
+// The properties of a device, all of them or those that have changed; what they do not tell, or
+// with a wrong type, stays as it is.
+void readDevice(const BusValue& told, ServiceDevice* device);
 
 // An object path of the service as it is used here: "" for "/".
 std::string objectPath(const BusValue& value);

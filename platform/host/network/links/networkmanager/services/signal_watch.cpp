@@ -4,12 +4,18 @@
 
 namespace network {
 
+std::string signalRule(const char* service, const std::string& path, const char* interface,
+                       const char* member)
+{
+    return std::string("type='signal',sender='") + service + "',path='" + path + "',interface='" +
+           interface + "',member='" + member + "'";
+}
+
 void SignalWatch::listen(BusConnection& bus, const std::string& path, const char* interface)
 {
     if (m_slots.count(path) != 0)
         return;
-    std::string rule = std::string("type='signal',sender='") + nm::service + "',path='" + path +
-                       "',interface='" + interface + "',member='StateChanged'";
+    std::string rule = signalRule(nm::service, path, interface, "StateChanged");
     auto handler = [this, path](BusMessage& signal) { m_handler(path, signal); };
     BusSlot slot;
     if (bus.listen(rule, handler, &slot) == 0)

@@ -10,6 +10,10 @@
 
 namespace network {
 
+// Signals of one member of one object, for BusConnection::listen().
+std::string signalRule(const char* service, const std::string& path, const char* interface,
+                       const char* member);
+
 class SignalWatch
 {
 public:
