@@ -9,8 +9,9 @@ die() {
     exit "${2:-1}"
 }
 
-# usage: the comment at the head of the script, which stands in the folder that the script has gone to.
-usage() { sed -n '2,/^set /s/^# \{0,1\}//p' "$(basename "$0")"; }
+# usage [SCRIPT]: the comment at the head of the script, which stands in the folder that the script has gone to
+# unless it is named.
+usage() { sed -n '2,/^set /s/^# \{0,1\}//p' "${1:-$(basename "$0")}"; }
 
 # packages_of GROUP...: the packages of these groups of tools/packages.txt.
 packages_of() {

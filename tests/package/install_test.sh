@@ -39,6 +39,7 @@ LD_LIBRARY_PATH=$(pkg-config --variable=libdir vornqtnapi) "$work/by-pkg-config"
 find "$prefix" -name 'lib*.so.*' -type f -o -path '*/bin/*' -type f >"$work/binaries"
 [ "$(wc -l <"$work/binaries")" -ge 5 ]
 xargs -d '\n' python3 -B "$source/../../rules/hardening.py" "$hardening" <"$work/binaries"
+python3 -B "$source/../files_test.py" "$prefix"
 find "$prefix/share/doc" -name '*.md' -print0 | xargs -0 python3 -B "$source/../../rules/links.py"
 
 # What the README says to paste works as it stands, both ways.
