@@ -52,7 +52,7 @@ def run(*command, **options):
 class Site:
     def __init__(self, output):
         self.output = output
-        self.manuals = sorted(ROOT.glob("apps/*/*.1"))
+        self.manuals = sorted(ROOT.glob("apps/**/*.1"))
         documents = [document for _, pages in PAGES for _, document in pages]
         self.pages = {document: page_name(document) for document in documents}
 
