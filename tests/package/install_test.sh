@@ -64,5 +64,7 @@ for online in "$snippet/build/online" "$snippet/online"; do
     rm -r "$VORN_ROOT/vornlocal"
 done
 unset LD_LIBRARY_PATH
+# And the first steps, word for word, and the other commands of the documents.
+python3 -B "$source/../documents_test.py" "$prefix" "$flags"
 VORN_ROOT=$work/empty "$prefix/bin/vornctl" profile list >/dev/null
 echo 'installed, found and linked'
