@@ -30,6 +30,8 @@ const std::vector<ExitMeaning>& exitMeanings()
         {Exit::Password, "no password could be read"},
         {Exit::Internal, "an unexpected failure inside the program"},
         {Exit::Service, "the services that manage the network do not answer"},
+        {Exit::Busy, "another program is writing the stored data and does not end"},
+        {Exit::NotSynced, "done, but not confirmed by the disk: a loss of power may undo it"},
         {Exit::HungUp, "the terminal went away before the link was open"},
         {Exit::Interrupted, "ended by an interrupt (Ctrl-C) before the link was open"},
         {Exit::Pipe, "the reader of the output went away"},
@@ -57,14 +59,16 @@ Exit exitOfResult(int result)
     case NAPI_ERR_NOT_PERMITTED:
         return Exit::Access;
     case NAPI_ERR_IO:
-    case NAPI_ERR_NOT_SYNCED:
         return Exit::Io;
+    case NAPI_ERR_NOT_SYNCED:
+        return Exit::NotSynced;
     case NAPI_ERR_ROOT:
         return Exit::Root;
     case NAPI_ERR_TOO_MANY_LINKS:
     case NAPI_ERR_RESOURCES:
-    case NAPI_ERR_BUSY:
         return Exit::Resources;
+    case NAPI_ERR_BUSY:
+        return Exit::Busy;
     case NAPI_ERR_NOT_INITIALISED:
     case NAPI_ERR_ARGUMENT:
     case NAPI_ERR_NO_LINK:
@@ -73,6 +77,13 @@ Exit exitOfResult(int result)
         return Exit::Internal;
     }
     return Exit::Internal;
+}
+
+std::string notConfirmedAdvice(const std::string& where)
+{
+    return "After a loss of power there may be the old state or the new one; look at the kernel's "
+           "messages about the disk of " +
+           where + '.';
 }
 
 } // namespace ctl

@@ -32,6 +32,8 @@ enum class Exit : int {
     Password = 19,
     Internal = 20,
     Service = 21,
+    Busy = 22,
+    NotSynced = 23,
     HungUp = 129,
     Interrupted = 130,
     Pipe = 141,
@@ -49,6 +51,9 @@ const std::vector<ExitMeaning>& exitMeanings();
 
 // The exit status that belongs to a negative result of the network API.
 Exit exitOfResult(int result);
+
+// What to do about Exit::NotSynced; `where` is the file or the folder, for a person to read.
+std::string notConfirmedAdvice(const std::string& where);
 
 // A failure to be told on the standard error output: what() says what failed and why, `advice` what
 // a person can do about it ("" when there is nothing to say). Both are safe to print on a terminal.

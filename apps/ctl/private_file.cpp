@@ -143,7 +143,11 @@ void writePrivateFile(const std::string& path, const std::string& bytes)
         fill(place, nameless.get(), bytes);
     if (place.isTaken || !nameless.isOpen() || !giveName(nameless.get(), place, place.name))
         putInPlace(place, nameless, bytes);
-    check(place, base::syncFolder(place.folder.get()));
+    if (const int error = base::syncFolder(place.folder.get()))
+        throw Failure(Exit::NotSynced,
+                      place.shown + " is written, but the disk has not confirmed it: " +
+                          std::strerror(error) + '.',
+                      notConfirmedAdvice(inQuotes(place.folderPath)));
 }
 
 } // namespace ctl

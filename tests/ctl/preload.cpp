@@ -1,9 +1,10 @@
 // Preloaded into vornctl by its tests: writes down the link calls that reach the network API, and
 // plays a disk that is full or mounted read-only, files that may not be opened
-// (VORN_TEST_FORBIDDEN, a part of their path), files that cannot be read (VORN_TEST_FAULTY), a user
-// whom no file belongs to (VORN_TEST_USER) and a kill before a rename (VORN_TEST_KILLED), which
-// takes no privileges, and none that have to be given up, this way. The SIM card is that of
-// VORN_TEST_SIM, whatever the machine has.
+// (VORN_TEST_FORBIDDEN, a part of their path), files that cannot be read (VORN_TEST_FAULTY),
+// folders that the disk does not confirm (VORN_TEST_UNSYNCED, the end of their path), a user whom
+// no file belongs to (VORN_TEST_USER) and a kill before a rename (VORN_TEST_KILLED), which takes no
+// privileges, and none that have to be given up, this way. The SIM card is that of VORN_TEST_SIM,
+// whatever the machine has.
 #include <cerrno>
 #include <csignal>
 #include <cstdarg>
@@ -205,6 +206,16 @@ VORN_PLATFORM_API uid_t geteuid() noexcept
 {
     const char* user = std::getenv("VORN_TEST_USER");
     return user ? static_cast<uid_t>(std::atoi(user)) : next<uid_t (*)()>("geteuid")();
+}
+
+VORN_PLATFORM_API int fsync(int fd)
+{
+    const char* end = std::getenv("VORN_TEST_UNSYNCED");
+    const std::string path = end ? pathOf(fd) : "";
+    if (end && path.size() >= std::strlen(end) &&
+        path.compare(path.size() - std::strlen(end), std::string::npos, end) == 0)
+        return refused(EIO);
+    return next<int (*)(int)>("fsync")(fd);
 }
 
 VORN_PLATFORM_API ssize_t read(int fd, void* bytes, std::size_t count)

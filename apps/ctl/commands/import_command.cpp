@@ -97,12 +97,12 @@ void storeAll(std::vector<ImportedProfile>& profiles, const std::vector<bool>& s
             else
                 createProfile("create the profile", profiles[i].name, profiles[i].record);
         } catch (const Failure& failure) {
-            if (i == 0)
-                throw Failure(failure.status(), failure.what(),
-                              "Nothing was imported. " + failure.advice());
-            throw Failure(failure.status(), failure.what(),
-                          std::to_string(i) + " of " + std::to_string(profiles.size()) +
-                              " profiles were imported before. " + failure.advice());
+            const std::size_t count = i + (failure.status() == Exit::NotSynced);
+            const std::string imported = count == 0 ? "Nothing was imported. "
+                                                    : std::to_string(count) + " of " +
+                                                          std::to_string(profiles.size()) +
+                                                          " profiles were imported. ";
+            throw Failure(failure.status(), failure.what(), imported + failure.advice());
         }
     }
 }

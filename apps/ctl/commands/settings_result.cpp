@@ -30,10 +30,11 @@ Exit exitOf(Code code)
     case Code::Full:
         return Exit::NoRoom;
     case Code::Io:
-    case Code::NotSynced:
         return Exit::Io;
     case Code::Busy:
-        return Exit::Resources;
+        return Exit::Busy;
+    case Code::NotSynced:
+        return Exit::NotSynced;
     }
     return Exit::Internal;
 }
@@ -74,10 +75,12 @@ const char* adviceFor(Code code, const char* list)
 
 void checkSettings(const settingshost::Result& result, const std::string& action, const char* list)
 {
-    if (!result.isOk())
-        throw Failure(exitOf(result.code),
-                      "cannot " + action + ": " + printable(result.message) + '.',
-                      adviceFor(result.code, list));
+    if (result.isOk())
+        return;
+    // What is not confirmed is done all the same.
+    const std::string cannot = result.code == Code::NotSynced ? "" : "cannot " + action + ": ";
+    throw Failure(exitOf(result.code), cannot + printable(result.message) + '.',
+                  adviceFor(result.code, list));
 }
 
 } // namespace ctl

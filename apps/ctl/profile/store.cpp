@@ -71,6 +71,10 @@ std::string advice(Exit status, const std::string* name)
         return "No root is named; set VORN_ROOT to the absolute path of a folder.";
     if (status == Exit::Root)
         return "The root is " + root + "; set VORN_ROOT to the absolute path of a folder.";
+    if (status == Exit::Busy)
+        return "End the program that is writing below " + root + ", and try again.";
+    if (status == Exit::NotSynced)
+        return notConfirmedAdvice(root);
     return status == Exit::Resources ? "End other programs, and try again." : "";
 }
 
@@ -92,10 +96,14 @@ void check(int result, const std::string& action, const std::string& name)
 void failNapi(int result, const std::string& action, const std::string* name)
 {
     const Exit status = exitOfResult(result);
+    const std::string what = action + (name ? ' ' + inQuotes(*name) : "");
+    if (status == Exit::NotSynced)
+        throw Failure(status,
+                      "done, but the disk has not confirmed it: " + what + " (" +
+                          std::to_string(result) + ").",
+                      advice(status, name));
     const std::string reason = status == Exit::Name && name ? nameProblem(*name) : reasonOf(result);
-    throw Failure(status,
-                  "cannot " + action + (name ? ' ' + inQuotes(*name) : "") + ": " + reason + " (" +
-                      std::to_string(result) + ").",
+    throw Failure(status, "cannot " + what + ": " + reason + " (" + std::to_string(result) + ").",
                   advice(status, name));
 }
 
