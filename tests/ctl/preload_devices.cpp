@@ -54,14 +54,15 @@ napihost::LinkDevice network(const char* interface, bool wired)
 
 namespace napihost {
 
-VORN_PLATFORM_API std::string listLinkDevices(std::vector<LinkDevice>* devices, int /*timeLimitMs*/)
+VORN_PLATFORM_API Finding listLinkDevices(std::vector<LinkDevice>* devices, int /*timeLimitMs*/)
 {
     devices->clear();
     if (!std::getenv("VORN_TEST_DEVICES"))
-        return "NetworkManager does not run";
+        return {"org.freedesktop.NetworkManager", "NetworkManager does not run",
+                "sudo systemctl start NetworkManager"};
     if (*std::getenv("VORN_TEST_DEVICES"))
         *devices = {readyModem(), lockedModem(), network("wlan0", false), network("eth0", true)};
-    return "";
+    return {};
 }
 
 VORN_PLATFORM_API void

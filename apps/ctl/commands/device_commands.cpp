@@ -21,11 +21,10 @@ const char noDevices[] = "there is no modem, no WiFi and no Ethernet that Networ
 std::vector<LinkDevice> knownDevices(const std::string& action)
 {
     std::vector<LinkDevice> devices;
-    const std::string problem = napihost::listLinkDevices(&devices, serviceLimitMs);
-    if (!problem.empty())
-        throw Failure(Exit::Service, "cannot " + action + ": " + problem + '.',
-                      "Devices are those of NetworkManager: sudo apt install network-manager; "
-                      "sudo systemctl enable --now NetworkManager");
+    const napihost::Finding obstacle = napihost::listLinkDevices(&devices, serviceLimitMs);
+    if (!obstacle.problem.empty())
+        throw Failure(Exit::Service, "cannot " + action + ": " + obstacle.problem + '.',
+                      "Devices are those of NetworkManager: " + obstacle.remedy);
     return devices;
 }
 

@@ -77,9 +77,10 @@ struct LinkDevice
     int signal = -1;          // percent
 };
 
-// Asks NetworkManager and ModemManager, and waits for them as long as the limit. Result: "", or why
-// nothing is known ("NetworkManager does not run").
-VORN_PLATFORM_API std::string listLinkDevices(std::vector<LinkDevice>* devices, int timeLimitMs);
+// Asks NetworkManager and ModemManager, and waits for them as long as the limit. Result: why
+// nothing is known ("NetworkManager does not run") and what a person can do about it; an empty
+// problem where they have answered.
+VORN_PLATFORM_API Finding listLinkDevices(std::vector<LinkDevice>* devices, int timeLimitMs);
 
 // What keeps packet data links from opening where etc/network.json chooses NetworkManager: a
 // profile without an access point name, a service that does not run, a right that is missing, no

@@ -73,6 +73,18 @@ TEST(DeviceChoice, DialsAModemThatIsFree)
     EXPECT_EQ(choice.device.path, "/device/cdc-wdm0");
 }
 
+TEST(DeviceChoice, DialsAbroadUnlessTheConfigurationSaysOtherwise)
+{
+    ServicePicture abroad = withModem(8, 3, 1);
+    abroad.modems[0].registration = 5;
+    EXPECT_EQ(cellular(abroad).way, Way::Dial);
+    NetworkConfig config;
+    config.roaming = false;
+    expectRefusal(cellular(abroad, config), NAPI_CAUSE_NO_SERVICE, 0x300 + ERFKILL);
+    abroad.modems[0].registration = 1;
+    EXPECT_EQ(cellular(abroad, config).way, Way::Dial);
+}
+
 TEST(DeviceChoice, JoinsAModemThatIsUpOrComingUp)
 {
     for (unsigned state : {40u, 60u, 70u, 100u})

@@ -1,6 +1,8 @@
 // What the tools are told about the devices that could carry a link.
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
+#include <iterator>
 #include <utility>
 
 #include "network/links/networkmanager/bus/bus_wait.h"
@@ -12,6 +14,7 @@
 #include "network/links/networkmanager/services/service_names.h"
 #include "network/links/networkmanager/step_report.h"
 #include "network/napi_host.h"
+#include "network/network_config.h"
 
 namespace network {
 
@@ -20,19 +23,29 @@ using napihost::LinkDevice;
 
 namespace {
 
-const char* const noBus = "the machine's bus does not answer";
-const char* const noService = "NetworkManager does not run";
+constexpr char theBus[] = "org.freedesktop.DBus";
 
-// Result: "", or why the services could not be asked.
-const char* askServices(BusWait& wait, ServiceListing& listing)
+Finding finding(const std::string& what, const Hint& hint)
+{
+    return {what, hint.problem, hint.remedy};
+}
+
+// Result: why the services could not be asked; nothing where its problem is empty.
+Finding askServices(BusWait& wait, ServiceListing& listing)
 {
     bool done = false;
     auto answered = [&done](const ServicePicture&) { done = true; };
-    if (wait.open() != 0 || listing.start(wait.bus(), true, answered) != 0)
-        return noBus;
-    if (int error = wait.until(done))
-        return error == ETIMEDOUT ? "NetworkManager does not answer" : noBus;
-    return listing.picture().unreachable.cause == NAPI_CAUSE_NONE ? "" : noService;
+    int error = wait.open();
+    if (error == 0)
+        error = listing.start(wait.bus(), true, answered);
+    if (error == 0)
+        error = wait.until(done);
+    if (error != 0)
+        return finding(error == ETIMEDOUT ? nm::service : theBus, hintForBus(error));
+    const Cause& unreachable = listing.picture().unreachable;
+    if (unreachable.cause != NAPI_CAUSE_NONE)
+        return finding(nm::service, hintForService(unreachable));
+    return {};
 }
 
 NapiBearerKind kindOf(const ServiceDevice& device)
@@ -59,8 +72,8 @@ void describeModem(const ServiceModem& modem, LinkDevice* told)
 bool isRegistered(const ServiceModem& modem)
 {
     constexpr int64_t enabled = 6;
-    constexpr uint32_t home = 1, roaming = 5;
-    return modem.state < enabled || modem.registration == home || modem.registration == roaming;
+    constexpr uint32_t home = 1;
+    return modem.state < enabled || modem.registration == home || isAbroad(modem);
 }
 
 // What keeps a device from carrying a link; nothing where its problem is empty.
@@ -70,8 +83,7 @@ Finding inspectDevice(const ServiceDevice& device, const ServicePicture& picture
     const ServiceModem* modem = picture.findModem(device.modem);
     bool locked = modem && std::strcmp(simText(*modem), "pin") == 0;
     if (choice.way == DeviceChoice::Way::None || locked) {
-        Hint hint = locked ? hintForSim(*modem) : hintFor(choice.cause);
-        return {device.interface, hint.problem, hint.remedy};
+        return finding(device.interface, locked ? hintForSim(*modem) : hintFor(choice.cause));
     }
     if (!modem || isRegistered(*modem))
         return {device.interface, "", ""};
@@ -102,18 +114,18 @@ LinkDevice describe(const ServiceDevice& device, const ServicePicture& picture)
     return told;
 }
 
-Finding finding(const std::string& what, const std::string& problem, const std::string& remedy)
-{
-    return {what, problem, remedy};
-}
-
-// The right to control the network without being asked for a password.
-bool mayControl(BusWait& wait)
+// The rights to control the network, and to have connections of one's own, without being asked for
+// a password.
+bool mayOpenLinks(BusWait& wait)
 {
     BusValue rights =
         wait.ask(wait.bus().call({nm::service, nm::managerPath, nm::manager, "GetPermissions"}));
-    std::string told = rights.at("org.freedesktop.NetworkManager.network-control").toText();
-    return told.empty() || told == "yes";
+    const char* const needed[] = {"org.freedesktop.NetworkManager.network-control",
+                                  "org.freedesktop.NetworkManager.settings.modify.own"};
+    return std::all_of(std::begin(needed), std::end(needed), [&rights](const char* right) {
+        const std::string& told = rights.at(right).toText();
+        return told.empty() || told == "yes";
+    });
 }
 
 void inspectModems(const ServicePicture& picture, std::vector<Finding>* findings)
@@ -124,19 +136,21 @@ void inspectModems(const ServicePicture& picture, std::vector<Finding>* findings
             continue;
         any = true;
         Finding found = inspectDevice(device, picture);
+        const ServiceModem* modem = picture.findModem(device.modem);
+        if (found.problem.empty() && modem && isAbroad(*modem) && !networkConfig()->roaming)
+            found = finding(device.interface, hintForRoaming());
         if (!found.problem.empty())
             findings->push_back(found);
     }
     if (any)
         return;
     if (picture.modemService)
-        findings->push_back(finding("packet data", "there is no modem",
-                                    "plug one in; \"mmcli --list-modems\" shows those that are "
-                                    "known"));
+        findings->push_back({"packet data", "there is no modem",
+                             "plug one in; \"mmcli --list-modems\" shows those that are known"});
     else
-        findings->push_back(finding(mm::service, "ModemManager does not run",
-                                    "sudo apt install modemmanager; sudo systemctl enable --now "
-                                    "ModemManager"));
+        findings->push_back({mm::service, "ModemManager does not run",
+                             "sudo apt install modemmanager; sudo systemctl enable --now "
+                             "ModemManager"});
 }
 
 // The SIM of the first modem that has one.
@@ -163,15 +177,13 @@ void inspectServices(int timeLimitMs, std::vector<Finding>* findings)
 {
     BusWait wait{std::chrono::milliseconds(timeLimitMs)};
     ServiceListing listing;
-    const char* problem = askServices(wait, listing);
-    if (*problem) {
-        findings->push_back(finding(nm::service, problem,
-                                    "sudo apt install network-manager; sudo systemctl enable --now "
-                                    "NetworkManager"));
+    Finding obstacle = askServices(wait, listing);
+    if (!obstacle.problem.empty()) {
+        findings->push_back(obstacle);
         return;
     }
-    if (!mayControl(wait))
-        findings->push_back(finding(nm::service, "this user may not open links", grantingLine()));
+    if (!mayOpenLinks(wait))
+        findings->push_back({nm::service, "this user may not open links", grantingLine()});
     inspectModems(listing.picture(), findings);
 }
 
@@ -181,17 +193,17 @@ namespace napihost {
 
 using network::BusWait;
 
-std::string listLinkDevices(std::vector<LinkDevice>* devices, int timeLimitMs)
+Finding listLinkDevices(std::vector<LinkDevice>* devices, int timeLimitMs)
 {
     BusWait wait{std::chrono::milliseconds(timeLimitMs)};
     network::ServiceListing listing;
     devices->clear();
-    const char* problem = network::askServices(wait, listing);
+    Finding obstacle = network::askServices(wait, listing);
     for (const network::ServiceDevice& device : listing.picture().devices) {
         if (network::couldCarry(device))
             devices->push_back(network::describe(device, listing.picture()));
     }
-    return problem;
+    return obstacle;
 }
 
 std::string simOperator(int timeLimitMs)

@@ -40,6 +40,8 @@ void LinkActivation::begin()
 // A device that is known to be free needs no question.
 bool LinkActivation::recall()
 {
+    if (!m_opening.config->roaming)
+        return false; // whether the modem is abroad is asked each time
     ServicePicture free = m_host.freeDevices();
     if (free.devices.empty() || m_kinds.empty() ||
         chooseDevice(m_kinds.front(), *m_opening.config, free).way == Way::None)

@@ -109,6 +109,12 @@ bool serves(NapiBearerKind kind, const std::optional<std::string>& named,
     return typeFits && (device.interface == *named || device.ipInterface == *named);
 }
 
+// Asked for a call that it may not make, the service would only say that it has failed.
+bool mayNotRoam(const NetworkConfig& config, const ServiceModem* modem)
+{
+    return modem && !config.roaming && isAbroad(*modem);
+}
+
 int rank(Way way)
 {
     switch (way) {
@@ -138,6 +144,8 @@ DeviceChoice chooseDevice(NapiBearerKind kind, const NetworkConfig& config,
         if (!serves(kind, named, device))
             continue;
         DeviceChoice choice = judgeDevice(kind, device, picture);
+        if (choice.way == Way::Dial && mayNotRoam(config, picture.findModem(device.modem)))
+            choice = refusal(device, switchedOff());
         if (!found || rank(choice.way) > rank(best.way))
             best = choice;
         found = true;

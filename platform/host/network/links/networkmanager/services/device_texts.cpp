@@ -64,6 +64,25 @@ constexpr CauseHint hints[] = {
      {"the modem is not ready", "wait half a minute, then sudo systemctl restart ModemManager"}},
 };
 
+struct BusHint
+{
+    int error; // errno of the bus
+    Hint hint;
+};
+
+// Where the bus does not answer, NetworkManager may run all the same.
+constexpr Hint silentBus = {"the machine's bus does not answer", "sudo systemctl status dbus"};
+
+constexpr BusHint busHints[] = {
+    {ELIBACC, {"the library of the machine's bus is missing", "sudo apt install libsystemd0"}},
+    {ENOENT,
+     {"the machine's bus is not there", "sudo apt install dbus; sudo systemctl start dbus; or "
+                                        "unset DBUS_SYSTEM_BUS_ADDRESS, where it "
+                                        "names another bus"}},
+    {ECONNREFUSED, {"the machine's bus does not run", "sudo systemctl start dbus"}},
+    {ETIMEDOUT, {"NetworkManager does not answer", "sudo systemctl restart NetworkManager"}},
+};
+
 template <typename Table> const char* find(const Table& table, uint32_t number)
 {
     for (const Text& one : table) {
@@ -115,6 +134,30 @@ Hint hintFor(const Cause& cause)
             return one.hint;
     }
     return {"NetworkManager cannot use it", "nmcli device show"};
+}
+
+Hint hintForBus(int error)
+{
+    for (const BusHint& one : busHints) {
+        if (one.error == error)
+            return one.hint;
+    }
+    return silentBus;
+}
+
+Hint hintForService(const Cause& cause)
+{
+    if (cause.cause == NAPI_CAUSE_NOT_PERMITTED)
+        return {"the machine's bus does not let this user ask NetworkManager",
+                "log in at the device itself, or ask its administrator"};
+    return {"NetworkManager does not run", "sudo apt install network-manager; sudo systemctl "
+                                           "enable --now NetworkManager"};
+}
+
+Hint hintForRoaming()
+{
+    return {"the modem is abroad, and \"roaming\" is false",
+            "set \"roaming\" to true in etc/network.json, where that may cost what it costs"};
 }
 
 Hint hintForSim(const ServiceModem& modem)

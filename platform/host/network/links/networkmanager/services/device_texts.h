@@ -21,7 +21,12 @@ struct Hint
 };
 
 Hint hintFor(const Cause& cause);
+Hint hintForRoaming();
 Hint hintForSim(const ServiceModem& modem); // of a SIM that is not ready
+
+// Why NetworkManager could not be asked; `error` is an errno of the bus.
+Hint hintForBus(int error);
+Hint hintForService(const Cause& cause);
 
 } // namespace network
 

@@ -18,6 +18,12 @@ const typename Entries::value_type* findPath(const Entries& entries, const std::
 
 } // namespace
 
+bool isAbroad(const ServiceModem& modem)
+{
+    constexpr uint32_t roaming = 5;
+    return modem.registration == roaming;
+}
+
 const ServiceModem* ServicePicture::findModem(const std::string& path) const
 {
     return findPath(modems, path);

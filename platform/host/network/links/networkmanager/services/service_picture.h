@@ -43,6 +43,9 @@ struct ServiceModem
     std::string operatorName;
 };
 
+// Registered, and not in the network of its own operator.
+bool isAbroad(const ServiceModem& modem);
+
 struct ServicePicture
 {
     Cause unreachable = {NAPI_CAUSE_NONE, 0}; // why NetworkManager has not answered
