@@ -40,6 +40,7 @@ void ModemManager::connectionError(const std::string& name, const std::string& w
 
 void ModemManager::accessPoint(const std::string& name)
 {
+    service.change(bearerPath, bearerInterface, "Connected", flag(true));
     service.change(bearerPath, bearerInterface, "Properties", dictionary({{"apn", text(name)}}));
 }
 

@@ -20,7 +20,7 @@ public:
     // "org.freedesktop.ModemManager1.Error.", or "" for none, told by a signal.
     void connectionError(const std::string& name, const std::string& text = "told by the network");
 
-    // The access point that the bearer uses.
+    // The bearer is up, with this access point.
     void accessPoint(const std::string& name);
 };
 

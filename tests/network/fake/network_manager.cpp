@@ -13,24 +13,29 @@ const char* const connectionInterface = "org.freedesktop.NetworkManager.Settings
 const char* const ipPath = "/org/freedesktop/NetworkManager/IP4Config/1";
 
 const uint32_t typeWired = 1;
+const uint32_t typeWifi = 2;
 const uint32_t typeModem = 8;
 
 } // namespace
 
 NetworkManager::NetworkManager() : service(nmService, "/org/freedesktop")
 {
-    service.objects[nmPath][nmService] = {{"Version", text("1.42.4")},
-                                          {"State", number(20)},
-                                          {"NetworkingEnabled", flag(true)},
-                                          {"WwanEnabled", flag(true)},
-                                          {"WwanHardwareEnabled", flag(true)},
-                                          {"WirelessEnabled", flag(true)},
-                                          {"WirelessHardwareEnabled", flag(true)},
-                                          {"Devices", paths({modemDevice, wiredDevice})},
-                                          {"AllDevices", paths({modemDevice, wiredDevice})},
-                                          {"ActiveConnections", paths({})}};
+    service.objects[nmPath][nmService] = {
+        {"Version", text("1.42.4")},
+        {"State", number(20)},
+        {"NetworkingEnabled", flag(true)},
+        {"WwanEnabled", flag(true)},
+        {"WwanHardwareEnabled", flag(true)},
+        {"WirelessEnabled", flag(true)},
+        {"WirelessHardwareEnabled", flag(true)},
+        {"Devices", paths({modemDevice, wiredDevice, wifiDevice})},
+        {"AllDevices", paths({modemDevice, wiredDevice, wifiDevice})},
+        {"ActiveConnections", paths({})}};
     addDevice(modemDevice, typeModem, "ttyHS0");
     addDevice(wiredDevice, typeWired, "eth9");
+    addDevice(wifiDevice, typeWifi, "wlan0");
+    service.objects[wifiDevice][deviceInterface]["AvailableConnections"] =
+        paths({"/org/freedesktop/NetworkManager/Settings/90"});
     Interfaces& modem = service.objects[modemDevice];
     modem[deviceInterface]["Udi"] = text("/org/freedesktop/ModemManager1/Modem/0");
     modem["org.freedesktop.NetworkManager.Device.Modem"] = {{"Apn", text("")}};

@@ -1,5 +1,5 @@
-// NetworkManager as a test wants it to be: a modem and an Ethernet device, and activations that
-// become what the test says, signal by signal.
+// NetworkManager as a test wants it to be: a modem, an Ethernet device and a WiFi that knows a
+// network, and activations that become what the test says, signal by signal.
 #ifndef TESTS_FAKE_NETWORK_MANAGER_H
 #define TESTS_FAKE_NETWORK_MANAGER_H
 
@@ -30,6 +30,7 @@ inline const char* const nmService = "org.freedesktop.NetworkManager";
 inline const char* const nmPath = "/org/freedesktop/NetworkManager";
 inline const char* const modemDevice = "/org/freedesktop/NetworkManager/Devices/1";
 inline const char* const wiredDevice = "/org/freedesktop/NetworkManager/Devices/2";
+inline const char* const wifiDevice = "/org/freedesktop/NetworkManager/Devices/3";
 
 class NetworkManager
 {

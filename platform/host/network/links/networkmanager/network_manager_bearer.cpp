@@ -40,9 +40,9 @@ int NetworkManagerBearer::start()
 // that has left the bus.
 void NetworkManagerBearer::stop()
 {
-    m_lingering.clear();
     m_interfaces.pause();
     sweep();
+    m_lingering.clear();
     if (m_links.empty())
         disconnect();
 }
@@ -363,12 +363,16 @@ bool NetworkManagerBearer::isIdle() const
     return m_links.empty() && m_lingering.empty() && m_owned.empty();
 }
 
-// Removes what has ended; the bus goes some time after nothing needs it any more.
+// Removes what has ended; the bus goes some time after nothing needs it any more. What is still
+// waited for gives its id back.
 void NetworkManagerBearer::sweep()
 {
     for (auto entry = m_links.begin(); entry != m_links.end();) {
-        bool done = entry->second->step() == LinkActivation::Step::Done;
-        entry = done ? m_links.erase(entry) : std::next(entry);
+        bool over =
+            entry->second->isClosed() || entry->second->step() == LinkActivation::Step::Done;
+        if (entry->second->isClosed())
+            m_lingering.push_back(std::move(entry->second));
+        entry = over ? m_links.erase(entry) : std::next(entry);
     }
     m_lingering.erase(
         std::remove_if(m_lingering.begin(), m_lingering.end(),

@@ -62,6 +62,7 @@ public:
     void deadlinePassed();
     void deviceIsFree(); // while Waiting
     bool isUp() const { return m_step == Step::Up; }
+    bool isClosed() const { return m_closed; } // nobody wants to hear of it any more
     bool isLost() const { return m_step == Step::Up && m_active.empty(); } // by a service's end
     void deviceChanged(const std::string& path, uint32_t state, uint32_t old, uint32_t reason);
     void activeChanged(const std::string& path, uint32_t state);
@@ -124,10 +125,10 @@ private:
     NapiBearerKind m_kind = NAPI_BEARER_UNKNOWN;
     Cause m_cause = {NAPI_CAUSE_NO_BEARER, 0}; // of the last kind tried
     DeviceChoice m_choice;
-    std::string m_active;          // path of the activation
-    bool m_takesPart = false;      // in an activation of this process
-    bool m_recalled = false;       // the device was chosen without asking
-    bool m_closed = false;         // nobody wants to hear of it any more
+    std::string m_active;     // path of the activation
+    bool m_takesPart = false; // in an activation of this process
+    bool m_recalled = false;  // the device was chosen without asking
+    bool m_closed = false;
     bool m_begun = false;          // what the device does is about our activation
     bool m_begunElsewhere = false; // of an activation that is joined
     bool m_activated = false;
