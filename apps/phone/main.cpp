@@ -16,12 +16,14 @@ int main(int argc, char** argv)
     int status = 0;
     if (!options.read(argc, argv, &status))
         return status;
+    if (const std::optional<int> ended = phone::launch(options.body, argv))
+        return *ended;
     YApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("vornphone"));
     QCoreApplication::installTranslator(
         new phone::PhoneTranslator(&application, YTranslator::chosenLocale()));
     QApplication::setApplicationDisplayName(phone::text("TXT_RID_PHONE_NAME", "Phone"));
-    const auto body = phone::makeBody(options.body, new phone::Display);
+    const auto body = phone::makeBody(new phone::Display);
     phone::HomePage home;
     home.show();
     body->show();

@@ -14,7 +14,7 @@ bool Options::read(int argc, char** argv, int* status)
     app.set_version_flag("--version", "vornphone " VORN_VERSION, "Print the version and end");
     addBodyOptions(app, body);
     try {
-        app.parse(argc, argv);
+        app.parse(takeProgram(argc, argv, body), argv);
         return true;
     } catch (const CLI::CallForHelp&) {
         std::fputs(app.help().c_str(), stdout);

@@ -39,6 +39,11 @@ bool isLanguage(std::string_view value)
     return isOneOf(language, {"en", "de", "C", "POSIX"});
 }
 
+bool isBody(std::string_view value)
+{
+    return isOneOf(value, {"desk", "screen", "web"});
+}
+
 bool isScreen(std::string_view value)
 {
     int width = 0;
@@ -48,11 +53,12 @@ bool isScreen(std::string_view value)
 
 } // namespace
 
-const std::array<LookVariable, 4> lookVariables = {{
+const std::array<LookVariable, 5> lookVariables = {{
     {"VORN_THEME", "light or dark", isTheme},
     {"VORN_LANG", "en, de or zh_CN", isLanguage},
     {"VORN_KEYPAD", "0 or 1", isKeypad},
     {"VORN_SCREEN", "WIDTHxHEIGHT, each 160 to 4096, for instance 240x320", isScreen},
+    {"VORN_BODY", "desk, screen or web", isBody},
 }};
 
 namespace {

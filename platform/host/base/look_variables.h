@@ -16,8 +16,9 @@ struct LookVariable
     bool (*isKnown)(std::string_view value);
 };
 
-// VORN_THEME, VORN_LANG, VORN_KEYPAD and VORN_SCREEN. An empty value counts as unset and is known.
-extern const std::array<LookVariable, 4> lookVariables;
+// VORN_THEME, VORN_LANG, VORN_KEYPAD, VORN_SCREEN and VORN_BODY. An empty value counts as unset and
+// is known.
+extern const std::array<LookVariable, 5> lookVariables;
 
 // What such a variable says now; "" when it is unset or what it says is not known, and for the name
 // of another variable.

@@ -50,3 +50,8 @@ QSize YEnvironment::screenSize()
     base::readScreenSize(base::lookValue("VORN_SCREEN"), width, height);
     return QSize(width, height);
 }
+
+QString YEnvironment::body()
+{
+    return QString::fromStdString(base::lookValue("VORN_BODY"));
+}

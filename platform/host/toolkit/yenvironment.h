@@ -12,6 +12,7 @@ struct YEnvironment
     static QString locale();   // VORN_LANG, else the system's: "de_DE", for instance
     static bool hasKeypad();   // VORN_KEYPAD
     static QSize screenSize(); // VORN_SCREEN, in logical pixels
+    static QString body();     // VORN_BODY: "desk", "screen", "web", or "" for none
 };
 
 #endif

@@ -31,6 +31,7 @@ YKbMainWidget::YKbMainWidget(QWidget* parent, const char* name, YWidgetFlags /*f
         YScreen* screen = YScreen::instance();
         screen->addLayer(this, parent, YScreen::Kind::Page, false);
         setGeometry(screen->rect());
+        connect(screen, &YScreen::resized, this, [this, screen] { setGeometry(screen->rect()); });
         setAutoFillBackground(true);
     } catch (...) {
         YScreen::removeLayer(this);

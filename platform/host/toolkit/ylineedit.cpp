@@ -2,7 +2,8 @@
 
 #include <algorithm>
 
-#include <QCoreApplication>
+#include <QGuiApplication>
+#include <QInputMethod>
 #include <QInputMethodQueryEvent>
 #include <QKeyEvent>
 #include <QPainter>
@@ -301,6 +302,8 @@ void YLineEdit::mouseReleaseEvent(QMouseEvent* event)
         reveal(!d->eye.isOpen);
     else
         d->field->end(false);
+    if (!d->readOnly) // a keyboard on the screen that was put away comes back
+        QGuiApplication::inputMethod()->show();
     update();
 }
 

@@ -11,6 +11,7 @@
 
 #include "toolkit/look/ydress.h"
 #include "toolkit/look/ytheme.h"
+#include "toolkit/ybody.h"
 #include "yenvironment.h"
 
 namespace {
@@ -18,13 +19,6 @@ namespace {
 YScreen* theScreen = nullptr;
 
 bool applicationEnds = false;
-
-void deleteScreen()
-{
-    applicationEnds = true;
-    delete theScreen;
-    applicationEnds = false;
-}
 
 // Dims what lies below a modal popup and takes the finger's input for it.
 class Shade : public QWidget
@@ -97,9 +91,17 @@ YScreen* YScreen::instance()
 {
     if (!theScreen) {
         theScreen = new YScreen;
-        qAddPostRoutine(deleteScreen);
+        qAddPostRoutine(end);
     }
     return theScreen;
+}
+
+// A body goes with its screen.
+void YScreen::end()
+{
+    applicationEnds = true;
+    delete (theScreen->m_body ? theScreen->m_body.data() : theScreen);
+    applicationEnds = false;
 }
 
 YScreen::YScreen() : m_shade(new Shade(this))
@@ -118,7 +120,7 @@ YScreen::~YScreen()
     // Whoever waits for a layer in a loop of its own is to hear that it goes.
     if (!applicationEnds)
         closeLayers();
-    qRemovePostRoutine(deleteScreen);
+    qRemovePostRoutine(end);
     theScreen = nullptr;
     qApp->removeEventFilter(this);
     m_stack.clear();
@@ -264,9 +266,10 @@ void YScreen::closeLayers()
     }
 }
 
-void YScreen::resizeEvent(QResizeEvent*)
+void YScreen::resizeEvent(QResizeEvent* event)
 {
     m_shade->setGeometry(rect());
+    emit resized(event->oldSize());
 }
 
 void YScreen::keepFocus(QWidget*, QWidget* now)
@@ -304,13 +307,24 @@ void YScreen::shown(Layer* layer)
                              [](const Layer* other) { return other->kind == Kind::Popup; });
     m_stack.insert(place, layer);
     restack();
-    if (isWindow() && !isVisible()) {
-        // A modal dialog blocks every window that is opened later and not modal itself.
-        setWindowModality(QApplication::activeModalWidget() ? Qt::ApplicationModal : Qt::NonModal);
-        show();
-        activateWindow();
-    }
+    open();
     focusActive();
+}
+
+// A screen in a widget of the program's own is opened by the program.
+void YScreen::open()
+{
+    if (isWindow() && !m_bodyIsAskedFor) {
+        m_bodyIsAskedFor = true;
+        m_body = YBody::around(this);
+    }
+    QWidget* top = isWindow() ? this : m_body.data();
+    if (!top || top->isVisible())
+        return;
+    // A modal dialog blocks every window that is opened later and not modal itself.
+    top->setWindowModality(QApplication::activeModalWidget() ? Qt::ApplicationModal : Qt::NonModal);
+    top->show();
+    top->activateWindow();
 }
 
 void YScreen::hidden(Layer* layer)

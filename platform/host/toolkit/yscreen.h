@@ -4,15 +4,17 @@
 
 #include <vector>
 
+#include <QPointer>
 #include <QWidget>
 
 #include "platform_export.h"
 
 // 240 by 320 logical pixels, or what VORN_SCREEN says (for instance "480x800"). It opens as a
-// window by itself with its first layer and closes with the last one; a program that plays the
-// phone puts it into a widget of its own instead. When its window is closed, hidden by the program
-// or deleted, each layer that is shown is closed, the top one first, as if the user had. GUI thread
-// only.
+// window by itself with its first layer and closes with the last one. Where VORN_BODY names a body
+// (ybody.h), it opens in that, which stays open; a program that plays the phone puts it into a
+// widget of its own instead. When its window is closed, hidden by the program or deleted, each
+// layer that is shown is closed, the top one first, as if the user had. A widget around it may give
+// it another size at any time: pages fill it, and popups stay at its lower edge. GUI thread only.
 class VORN_PLATFORM_API YScreen : public QWidget
 {
     Q_OBJECT
@@ -40,6 +42,10 @@ public:
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
+signals:
+    // The screen has another size; `before` is the old one.
+    void resized(const QSize& before);
+
 protected:
     void paintEvent(QPaintEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
@@ -55,7 +61,9 @@ private:
     struct Layer;
 
     YScreen();
+    static void end();
     void closeLayers();
+    void open();
     void forget(QWidget* layer);
     Layer* find(const QObject* widget) const;
     bool isBelowActive(const QWidget* widget) const;
@@ -68,6 +76,8 @@ private:
     std::vector<Layer*> m_layers;
     std::vector<Layer*> m_stack; // those that are shown, the top one last
     QWidget* m_shade;
+    QPointer<QWidget> m_body; // the window around the screen, once it was asked for
+    bool m_bodyIsAskedFor = false;
     bool m_isModal = false; // a modal popup is shown
 };
 

@@ -17,6 +17,7 @@
 #include "toolkit/accessible/ytell.h"
 #include "toolkit/list/yoptionslist.h"
 #include "toolkit/look/ytheme.h"
+#include "toolkit/yscreen.h"
 
 namespace {
 
@@ -96,6 +97,12 @@ YOptionsMenu::YOptionsMenu(const QRect& rect, QWidget* parent, const char* name,
     : YPopup(UsualType, parent, name, true, PlainStyle, 0), d(new Private)
 {
     d->rect = rect.intersected(YGlobal::getHomeR(true));
+    connect(YScreen::instance(), &YScreen::resized, this, [this](const QSize& before) {
+        d->rect.translate(0, YGlobal::getHomeR(true).height() - before.height());
+        if (isVisible())
+            setGeometry(YGlobal::getHomeR(true));
+        layoutContents();
+    });
     YSoftKey* keys = getSoftKey();
     keys->setText(YSoftKey::Left, tr("TXT_RID_SOFTKEY_SELECT", "Select"), 0);
     keys->setText(YSoftKey::Right, tr("TXT_RID_SOFTKEY_CANCEL", "Cancel"), 0);
@@ -189,14 +196,15 @@ void YOptionsMenu::layoutContents()
 {
     if (!d->list)
         return;
-    const int width = d->rect.width() - 2 * edge;
+    const QRect room = d->rect.intersected(YGlobal::getHomeR(true));
+    const int width = room.width() - 2 * edge;
     int height = d->list->layoutRows(width) + 2 * edge;
-    if (height > d->rect.height()) {
+    if (height > room.height()) {
         d->list->layoutRows(width - style()->pixelMetric(QStyle::PM_ScrollBarExtent));
-        height = d->rect.height();
+        height = room.height();
     }
-    const int top = d->rect.top() + d->rect.height() - height;
-    d->panel = YGlobal::mapFromGlobalR(this, QRect(d->rect.left(), top, d->rect.width(), height));
+    const int top = room.top() + room.height() - height;
+    d->panel = YGlobal::mapFromGlobalR(this, QRect(room.left(), top, room.width(), height));
     d->list->setGeometry(d->panel.adjusted(edge, edge, -edge, -edge));
 }
 

@@ -70,6 +70,17 @@ int placeLine(YTextLabel* line, int top, int width)
     return top + height + 2 * linePadding();
 }
 
+// The place of a popup on a screen that has another size now: as far from each edge as before, but
+// for the upper one.
+QRect movedWith(const QWidget& screen, const QSize& before, const QRect& place)
+{
+    const QSize more = screen.size() - before;
+    QRect moved = place.translated(0, more.height());
+    moved.setWidth(std::max(0, place.width() + more.width()));
+    moved.setTop(std::max(0, moved.top()));
+    return moved;
+}
+
 // Where the activity ring goes: the icon's place when there is a text to stand beside.
 QRect busyPlace(const QWidget& popup, const QRect& contents)
 {
@@ -130,6 +141,11 @@ YPopup::YPopup(int /*type*/, QWidget* parent, const char* name, bool modal, int 
         if (style == ProgressStyle)
             d->busy = new YBusy(this);
         setGeometry(YGlobal::getDlgSmallR());
+        connect(YScreen::instance(), &YScreen::resized, this, [this](const QSize& before) {
+            setGeometry(movedWith(*YScreen::instance(), before, geometry()));
+            if (isVisible())
+                fit();
+        });
     } catch (...) {
         YScreen::removeLayer(this);
         throw;
