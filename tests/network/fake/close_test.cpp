@@ -76,6 +76,18 @@ TEST_F(Close, ReturnsAtOnceWhileTheServiceHangs)
     EXPECT_LT(std::chrono::steady_clock::now() - before, Milliseconds(500));
 }
 
+// A modem stays connected when NetworkManager starts anew, which knows nothing of the call.
+TEST_F(Close, AfterARestartOfNetworkManagerHangsUpWithItsProgram)
+{
+    Receiver receiver;
+    int link = up(receiver);
+    restartNetworkManager();
+    rest(Milliseconds(100));
+    EXPECT_EQ(NAPI_CloseLink(link), 0);
+    receiver.hangUp();
+    EXPECT_TRUE(until([this] { return mm->service.countOf("Disconnect") == 1; }));
+}
+
 TEST_F(Close, HundredTimesAtRandomMomentsLeavesNothing)
 {
     Receiver receiver;

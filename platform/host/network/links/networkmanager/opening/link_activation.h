@@ -107,7 +107,7 @@ private:
     void askWhy();
     void explain(const std::vector<ModemBearer>& bearers);
     void found(const ServicePicture& picture);
-    void hangUp(const ServicePicture& picture);
+    void hangUp();
     void detach();
     void finish();
     void wait(Step step, Clock::duration time);
@@ -129,6 +129,8 @@ private:
     bool m_takesPart = false; // in an activation of this process
     bool m_recalled = false;  // the device was chosen without asking
     bool m_closed = false;
+    // A modem stays connected when NetworkManager restarts, and is free for it then.
+    bool m_leftConnected = false;
     bool m_begun = false;          // what the device does is about our activation
     bool m_begunElsewhere = false; // of an activation that is joined
     bool m_activated = false;

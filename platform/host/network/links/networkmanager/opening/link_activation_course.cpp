@@ -279,8 +279,10 @@ void LinkActivation::lose(const Cause& cause)
 void LinkActivation::close()
 {
     m_closed = true;
-    bool ours = m_takesPart && m_host.bus().isOpen();
-    if (m_step == Step::Requested || (isLost() && ours))
+    bool lost = isLost() && m_takesPart && m_host.bus().isOpen();
+    if (lost && m_leftConnected)
+        hangUp();
+    else if (m_step == Step::Requested || lost)
         wait(m_step, linger);
     else
         finish();
@@ -305,6 +307,18 @@ void LinkActivation::findAgain()
     m_listing.start(m_host.bus(), false, done);
 }
 
+namespace {
+
+bool isFree(const ServicePicture& picture, const std::string& modem)
+{
+    return std::any_of(
+        picture.devices.begin(), picture.devices.end(), [&modem](const ServiceDevice& device) {
+            return !modem.empty() && device.modem == modem && device.state == nm::Disconnected;
+        });
+}
+
+} // namespace
+
 void LinkActivation::found(const ServicePicture& picture)
 {
     for (const ServiceDevice& device : picture.devices) {
@@ -318,23 +332,19 @@ void LinkActivation::found(const ServicePicture& picture)
         if (m_takesPart)
             m_host.own({device.active, device.path, fieldText(m_opening.record.gprsApn)});
     }
+    m_leftConnected = m_active.empty() && cellular() && isFree(picture, m_choice.device.modem);
     if (m_closed && !m_active.empty())
         finish();
-    else if (m_closed && cellular())
-        hangUp(picture);
+    else if (m_closed && m_leftConnected)
+        hangUp();
 }
 
-// A modem stays connected when NetworkManager restarts, and is free for it then.
-void LinkActivation::hangUp(const ServicePicture& picture)
+void LinkActivation::hangUp()
 {
-    const std::string& modem = m_choice.device.modem;
-    for (const ServiceDevice& device : picture.devices) {
-        if (modem.empty() || device.modem != modem || device.state != nm::Disconnected)
-            continue;
-        BusCall call = m_host.bus().call({mm::service, modem, mm::simple, "Disconnect"});
-        m_host.bus().send(call.path(noObject));
-        return finish();
-    }
+    BusCall call =
+        m_host.bus().call({mm::service, m_choice.device.modem, mm::simple, "Disconnect"});
+    m_host.bus().send(call.path(noObject));
+    finish();
 }
 
 // Lets go of the device and of the activation, which ends when it was ours.
