@@ -1,146 +1,104 @@
+#!/usr/bin/env python3
 """Programs as their owners use them, over a link that the modem is dialled for.
 
-Usage, in a laboratory with a modem: end_to_end_test.py VORNCTL VORN_EXAMPLE [unittest arguments]
+Usage, in a laboratory with a modem: end_to_end_test.py VORNCTL VORN_EXAMPLE VORN_TOUR [-- unittest arguments]
 """
 
 import json
-import os
+import pathlib
 import signal
 import subprocess
 import sys
-import tempfile
-import time
-import unittest
 
-VORNCTL, EXAMPLE = sys.argv.pop(1), sys.argv.pop(1)
+import programs
 
-# Answers each request with the caller's address; runs at the far end of the network.
-SERVER = """
-import http.server
-class Page(http.server.BaseHTTPRequestHandler):
-    def do_GET(self):
-        self.send_response(200)
-        self.end_headers()
-        self.wfile.write(b"a page for " + self.client_address[0].encode())
-server = http.server.HTTPServer(("10.77.0.1", 8080), Page)
-print("there", flush=True)
-server.serve_forever()
-"""
+EXAMPLE, TOUR = sys.argv[2:4]
+PAGE = "http://lab.example:8080/"
 
 
-def state(device):
-    shown = subprocess.run(["nmcli", "-g", "GENERAL.STATE", "device", "show", device], text=True,
-                           stdout=subprocess.PIPE, check=True)
-    return int(shown.stdout.split()[0])
-
-
-def modem_commands():
-    with open("/run/lab/modem.log", encoding="utf-8") as log:
-        return [line.partition("> ")[2].strip() for line in log if "> " in line and not line.startswith("<")]
-
-
-class EndToEnd(unittest.TestCase):
-    def setUp(self):
-        folder = tempfile.TemporaryDirectory()
-        self.addCleanup(folder.cleanup)
-        self.environment = {**os.environ, "VORN_ROOT": folder.name, "XDG_RUNTIME_DIR": folder.name,
-                            "QT_QPA_PLATFORM": "offscreen", "HOME": folder.name}
-        os.mkdir(folder.name + "/etc")
-        with open(folder.name + "/etc/network.json", "w", encoding="utf-8") as file:
-            json.dump({"bearer": "networkmanager"}, file)
+class EndToEnd(programs.Programs):
+    def create(self):
         self.ctl("profile", "create", "Internet", "apn=internet.example", "user=ursula", "--password",
                  text="horse\n")
-        self.order("forget")
-        self.first_command = len(modem_commands())
-        self.addCleanup(self.assert_hung_up)
 
-    def assert_hung_up(self):
-        self.order("forget")
-        end = time.monotonic() + 10
-        while state("ttyHS0") != 30 and time.monotonic() < end:
-            time.sleep(0.05)
-        self.assertEqual(state("ttyHS0"), 30)
+    def hold(self):
+        """A link that is up, and the program that holds it."""
+        held = subprocess.Popen([self.vornctl, "link", "open", "--hold", "Internet"], env=self.environment,
+                                text=True, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
+        self.addCleanup(held.stdout.close)
+        self.addCleanup(held.wait, 30)
+        while "10.99.0.2" not in held.stdout.readline():
+            self.assertIsNone(held.poll())
+        return held
 
-    def ctl(self, *words, text=""):
-        done = subprocess.run([VORNCTL, *words], env=self.environment, text=True, timeout=60, check=False,
-                              input=text, stdout=subprocess.PIPE, stderr=subprocess.PIPE)
-        self.assertEqual(done.returncode, 0, done.stdout + done.stderr)
-        return done
-
-    def commands(self):
-        return modem_commands()[self.first_command:]
-
-    def order(self, line):
-        subprocess.run(["python3", "-c", "import socket, sys\n"
-                        "s = socket.socket(socket.AF_UNIX)\ns.connect('/run/lab/modem.sock')\n"
-                        "s.sendall(sys.argv[1].encode() + b'\\n')\ns.recv(3)", line], check=True)
-
-    def test_the_example_fetches_a_page_over_a_dialled_link(self):
-        server = subprocess.Popen(["nsenter", "-t", os.environ["PEER"], "-n", "python3", "-c", SERVER],
-                                  stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
-        self.addCleanup(server.stdout.close)
-        self.addCleanup(server.wait)
-        self.addCleanup(server.kill)
-        server.stdout.readline()
-        done = subprocess.run([EXAMPLE, "Internet", "http://lab.example:8080/"], env=self.environment,
-                              text=True, timeout=60, check=False, stdout=subprocess.PIPE,
-                              stderr=subprocess.PIPE)
+    def assert_fetched(self):
+        done = self.run_program(EXAMPLE, "Internet", PAGE)
         self.assertEqual(done.returncode, 0, done.stdout + done.stderr)
         self.assertIn("device hso0, address 10.99.0.2, bearer GPRS", done.stdout)
         # The length of the page, which names the address that the server has seen.
         self.assertIn(f"{len('a page for 10.99.0.2')} bytes", done.stdout)
-        self.assertIn('AT$QCPDPP=1,2,"horse","ursula"', self.commands())
+
+    def test_the_operators_profile_fetches_a_page_over_a_dialled_link(self):
+        self.serve_a_page()
+        self.ctl("profile", "create", "Internet", "--operator", "laboratory", "--plan", "contract")
+        self.assert_fetched()
+        self.assertIn('AT$QCPDPP=1,2,"horse","ursula"', self.dialled())
+        self.assertTrue([c for c in self.dialled() if c.endswith('"IP","internet.example"')])
+
+    def test_the_profile_of_the_sim_cards_operator_fetches_a_page_over_a_dialled_link(self):
+        self.serve_a_page()
+        self.ctl("profile", "create", "Internet", "--from-sim", "--plan", "prepaid")
+        self.assert_fetched()
+        self.assertTrue([c for c in self.dialled() if c.endswith('"IP","prepaid.example"')])
+
+    def test_the_wizards_profile_opens_a_dialled_link_and_leaves_pictures_of_the_way(self):
+        self.ctl("setting", "set", "DefConnPrefer", "2")
+        pictures = pathlib.Path(self.folder, "pictures")
+        done = self.run_program(TOUR, str(pictures), environment={"VORN_LANG": "en"}.items())
+        self.assertEqual(done.returncode, 0, done.stdout + done.stderr)
+        self.assertIn("device hso0, address 10.99.0.2", done.stdout)
+        self.assertTrue((pictures / "08-connecting.png").stat().st_size)
 
     def test_vornctl_opens_a_link_and_closes_it(self):
+        self.create()
         done = self.ctl("link", "open", "Internet")
         self.assertIn("hso0", done.stdout)
         self.assertIn("10.99.0.2", done.stdout)
-        self.assertTrue([c for c in self.commands() if c.endswith('"IP","internet.example"')])
 
     def test_vornctl_holds_a_link_until_it_is_interrupted(self):
-        with subprocess.Popen([VORNCTL, "link", "open", "--hold", "Internet"], env=self.environment,
-                              text=True, stdout=subprocess.PIPE) as held:
-            while "10.99.0.2" not in held.stdout.readline():
-                pass
-            self.assertEqual(state("ttyHS0"), 100)
-            held.send_signal(signal.SIGINT)
-            held.wait(30)
+        self.create()
+        held = self.hold()
+        self.assertEqual(programs.state("ttyHS0"), 100)
+        held.send_signal(signal.SIGINT)
+        self.assertEqual(held.wait(30), 0)
 
     def test_vornctl_tells_a_broken_link(self):
-        with subprocess.Popen([VORNCTL, "link", "open", "--hold", "Internet"], env=self.environment,
-                              text=True, stdout=subprocess.PIPE) as held:
-            while "10.99.0.2" not in held.stdout.readline():
-                pass
-            self.order("send _OWANCALL: 1, 0")
-            self.assertIn("broken", held.stdout.read())
-            self.assertNotEqual(held.wait(30), 0)
-
-    def test_vornctl_lists_the_modem_and_the_ethernet(self):
-        devices = {device["port"]: device for device in json.loads(self.ctl("device", "list", "--json").stdout)}
-        modem = devices["ttyHS0"]
-        self.assertEqual((modem["kind"], modem["state"], modem["sim"], modem["problem"]),
-                         ("modem", "disconnected", "ready", ""))
-        self.assertEqual(modem["registration"], "home")
-        self.assertEqual(devices["eth9"]["kind"], "ethernet")
+        self.create()
+        held = self.hold()
+        programs.order("send _OWANCALL: 1, 0")
+        self.assertIn("broken", held.stdout.read())
+        self.assertEqual(held.wait(30), 12)
 
     def test_vornctl_tells_the_steps_of_an_opening_in_front_of_its_outcome(self):
+        self.create()
         done = self.ctl("link", "open", "--verbose", "--json", "Internet")
-        events = [json.loads(line)["event"] for line in done.stdout.splitlines()]
+        lines = [json.loads(line) for line in done.stdout.splitlines()]
+        events = [line["event"] for line in lines]
         self.assertEqual((events[0], events[-2:]), ("opening", ["connected", "closed"]))
-        self.assertGreater(events.count("step"), 1)
-        self.assertNotIn("horse", done.stdout)
-
-    def test_vornctl_finds_nothing_that_keeps_the_link_from_opening(self):
-        self.ctl("doctor")
+        steps = [line["text"] for line in lines if line["event"] == "step"]
+        for part in ("asking", "ttyHS0", "activating the profile", "preparing", "configuring", "addressing",
+                     "connected"):
+            self.assertTrue([step for step in steps if part in step], f"{part}: {steps}")
+        self.assertNotIn("horse", done.stdout + done.stderr)
 
     def test_vornctl_says_why_the_network_refused(self):
-        self.order("AT_OWANCALL=1,1 => +CME ERROR: 133")
-        done = subprocess.run([VORNCTL, "link", "open", "Internet"], env=self.environment, text=True,
-                              stdout=subprocess.PIPE, stderr=subprocess.STDOUT, timeout=60, check=False)
-        self.assertNotEqual(done.returncode, 0)
-        self.assertIn("133", done.stdout)
-        self.assertNotIn("horse", done.stdout)
+        self.create()
+        programs.order("AT_OWANCALL=1,1 => +CME ERROR: 133")
+        cause, detail, told = self.failure("Internet")
+        self.assertEqual((cause, detail), (4, 133))
+        self.assertIn("cause 4, detail 133", told)
+        self.assertNotIn("horse", told)
 
 
 if __name__ == "__main__":
-    unittest.main(verbosity=2)
+    programs.main()

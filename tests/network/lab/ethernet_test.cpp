@@ -1,9 +1,9 @@
 // Links over Ethernet, with the real NetworkManager and a real far end.
-#include <csignal>
+
+#include <cerrno>
 
 #include <netinet/in.h>
 #include <sys/socket.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include "network/lab/lab_world.h"
@@ -15,21 +15,6 @@ namespace {
 
 class Ethernet : public EthernetTest
 {};
-
-bool isLeased(uint32_t address)
-{
-    return address >= 0x0A4D0032 && address <= 0x0A4D0063; // 10.77.0.50 to 10.77.0.99
-}
-
-TEST_F(Ethernet, ConnectsWithTheInterfaceAndItsAddress)
-{
-    Receiver receiver;
-    Message message = up(receiver);
-    EXPECT_EQ(message.device, "eth9");
-    EXPECT_EQ(message.kind, NAPI_BEARER_WIFI);
-    EXPECT_TRUE(isLeased(message.address)) << message;
-    EXPECT_EQ(stateOf("eth9"), 100);
-}
 
 TEST_F(Ethernet, CarriesASocketThatIsBoundToIt)
 {
@@ -52,24 +37,6 @@ TEST_F(Ethernet, CarriesASocketThatIsBoundToIt)
     ::close(socket);
 }
 
-TEST_F(Ethernet, IsTakenDownByClose)
-{
-    Receiver receiver;
-    NAPI_CloseLink(up(receiver).link);
-    EXPECT_TRUE(until([] { return stateOf("eth9") == 30; }));
-    EXPECT_EQ(output("ip -4 -o address show eth9"), "");
-    EXPECT_FALSE(receiver.ready());
-}
-
-TEST_F(Ethernet, IsTakenDownWhenTheProgramIsKilled)
-{
-    OtherProgram program("Home");
-    EXPECT_EQ(program.outcome(), NAPI_IND_CONNECTED);
-    EXPECT_EQ(stateOf("eth9"), 100);
-    program.kill();
-    EXPECT_TRUE(until([] { return stateOf("eth9") == 30; }));
-}
-
 TEST_F(Ethernet, ThatIsUpAlreadyIsSharedAndLeftUp)
 {
     run("nmcli connection add type ethernet ifname eth9 con-name others autoconnect no && "
@@ -83,53 +50,6 @@ TEST_F(Ethernet, ThatIsUpAlreadyIsSharedAndLeftUp)
         EXPECT_EQ(stateOf("eth9"), 100);
     }
     run("nmcli connection delete others");
-}
-
-TEST_F(Ethernet, OfAnotherProgramIsSharedAndBreaksWithIt)
-{
-    OtherProgram program("Home");
-    ASSERT_EQ(program.outcome(), NAPI_IND_CONNECTED);
-    Receiver receiver;
-    Message message = up(receiver);
-    program.kill();
-    EXPECT_EQ(receiver.next(), broken(message.link, "eth9", message.address, NAPI_BEARER_WIFI));
-}
-
-TEST_F(Ethernet, BreaksWhenSomebodyDisconnectsIt)
-{
-    Receiver receiver;
-    Message message = up(receiver);
-    run("nmcli device disconnect eth9");
-    EXPECT_EQ(receiver.next(), broken(message.link, "eth9", message.address, NAPI_BEARER_WIFI));
-    EXPECT_FALSE(within(Milliseconds(200), receiver));
-}
-
-TEST_F(Ethernet, BreaksWhenItsAddressIsTakenAway)
-{
-    Receiver receiver;
-    Message message = up(receiver);
-    run("ip address flush dev eth9");
-    EXPECT_EQ(receiver.next(), broken(message.link, "eth9", message.address, NAPI_BEARER_WIFI));
-}
-
-TEST_F(Ethernet, BreaksWhenTheCarrierIsLost)
-{
-    Receiver receiver;
-    Message message = up(receiver);
-    run("nsenter -t $PEER -n ip link set peer9 down");
-    auto said = within(Milliseconds(5000), receiver);
-    ASSERT_TRUE(said) << "NetworkManager's own grace is six seconds";
-    EXPECT_EQ(*said, broken(message.link, "eth9", message.address, NAPI_BEARER_WIFI));
-    run("nsenter -t $PEER -n ip link set peer9 up");
-    NAPI_CloseLink(message.link);
-}
-
-TEST_F(Ethernet, StaysUpWhileTheCarrierFlickers)
-{
-    Receiver receiver;
-    up(receiver);
-    run("nsenter -t $PEER -n sh -c 'ip link set peer9 down; sleep 0.2; ip link set peer9 up'");
-    EXPECT_FALSE(within(Milliseconds(1500), receiver));
 }
 
 TEST_F(Ethernet, BreaksWhenTheDeviceIsUnplugged)
@@ -168,87 +88,12 @@ TEST_F(Ethernet, MayBeCancelledWhileTheFarEndGivesNoAddress)
     run("kill -CONT $DNSMASQ");
 }
 
-TEST_F(Ethernet, MayBeCancelledAtAnyMoment)
+TEST_F(Ethernet, ThatIsNotThereIsADeviceThatIsGone)
 {
+    configure(R"({"bearer": "networkmanager", "interfaces": {"wifi": "eth7"}})");
     Receiver receiver;
-    for (int moment = 0; moment < 30; moment += 2) {
-        int link = NAPI_OpenLink("Home");
-        EXPECT_EQ(link, 0);
-        ::usleep(useconds_t(moment) * 1000);
-        EXPECT_EQ(NAPI_CloseLink(link), 0);
-    }
-    while (receiver.ready()) {
-    }
-    EXPECT_TRUE(until([] { return stateOf("eth9") == 30; }));
-    EXPECT_FALSE(receiver.ready());
-}
-
-TEST_F(Ethernet, OpensAndClosesTwentyTimes)
-{
-    Receiver receiver;
-    for (int round = 0; round < 20; ++round) {
-        EXPECT_EQ(up(receiver).link, 0);
-        EXPECT_EQ(NAPI_CloseLink(0), 0);
-    }
-}
-
-TEST_F(Ethernet, Carries256LinksOfOneProfile)
-{
-    Receiver receiver;
-    for (int link = 0; link < 256; ++link)
-        ASSERT_EQ(NAPI_OpenLink("Home"), link);
-    for (int link = 0; link < 256; ++link) {
-        Message message = receiver.next();
-        ASSERT_EQ(message.type, NAPI_IND_CONNECTED) << message;
-    }
-    EXPECT_EQ(output("nmcli -g NAME connection show --active | grep -vcx lo"), "1");
-    for (int link = 0; link < 255; ++link)
-        EXPECT_EQ(NAPI_CloseLink(link), 0);
-    EXPECT_EQ(stateOf("eth9"), 100);
-    EXPECT_FALSE(receiver.ready());
-}
-
-TEST_F(Ethernet, OutlivesAForkedChild)
-{
-    Receiver receiver;
-    Message message = up(receiver);
-    pid_t child = ::fork();
-    if (child == 0)
-        ::_exit(NAPI_CloseLink(message.link) == NAPI_ERR_NOT_INITIALISED ? 0 : 1);
-    int status = 0;
-    ::waitpid(child, &status, 0);
-    EXPECT_EQ(status, 0) << "a child has no network API of its own yet";
-    EXPECT_FALSE(within(Milliseconds(300), receiver));
-    EXPECT_EQ(stateOf("eth9"), 100);
-}
-
-TEST_F(Ethernet, SurvivesARestartOfNetworkManager)
-{
-    Receiver receiver;
-    Message message = up(receiver);
-    run("kill -KILL $(cat /run/lab/nm.pid)");
-    EXPECT_FALSE(within(Milliseconds(200), receiver));
-    EXPECT_NE(output("ip -4 -o address show eth9"), "");
-    run(LAB_FOLDER "/daemon nm");
-    EXPECT_TRUE(until([] { return stateOf("eth9") == 100; }));
-    EXPECT_FALSE(within(Milliseconds(1500), receiver));
-    // It is found again: what happens to it now is heard, and closing takes it down.
-    EXPECT_EQ(NAPI_CloseLink(message.link), 0);
-    EXPECT_TRUE(until([] { return stateOf("eth9") == 30; }));
-}
-
-TEST_F(Ethernet, FailsWhileNetworkManagerDoesNotRun)
-{
-    run("kill -KILL $(cat /run/lab/nm.pid)");
-    {
-        Receiver receiver;
-        NAPI_OpenLink("Home");
-        Message message = receiver.next();
-        EXPECT_EQ(message.type, NAPI_IND_OPEN_FAILED);
-        EXPECT_EQ(message.cause, NAPI_CAUSE_NO_SERVICE_DAEMON);
-    }
-    run(LAB_FOLDER "/daemon nm");
-    EXPECT_TRUE(until([] { return stateOf("eth9") == 30; }));
+    NAPI_OpenLink("Home");
+    EXPECT_EQ(receiver.next(), failed(0, NAPI_CAUSE_DEVICE_GONE, 0x300 + ENODEV));
 }
 
 TEST_F(Ethernet, FailsOnceWhenNetworkManagerIsKilledMeanwhile)

@@ -153,6 +153,8 @@ void LabTest::TearDown()
     LinkTest::TearDown();
     EXPECT_TRUE(until([this] { return stateOf(device()) == 30; }))
         << device() << " is left in state " << stateOf(device());
+    EXPECT_EQ(output("mmcli --modem any --output-keyvalue 2>&1 | grep 'state *: connected'"), "")
+        << "the modem is still connected";
     // What a test leaves is not left to the next one.
     output("nmcli device disconnect " + device() + " 2>&1");
     EXPECT_EQ(output("nmcli -g NAME connection | grep -vx lo"), "")

@@ -76,6 +76,8 @@ class Modem:
                 return None if answer == "silence" else answer.split("|")
         if command == "AT":
             return ["OK"]
+        if self.lock != "READY" and command.startswith(("AT+CIMI", "AT+CRSM")):
+            return ["+CME ERROR: 11"]
         for start, method in (("AT+CPIN", self.sim), ("AT+CGDCONT", self.context), ("AT+COPS", self.operator), ("AT_OWANCALL=", self.call),
                               ("AT+CGACT?", self.active)):
             if command.startswith(start) and command != "AT+CGDCONT=?":
@@ -199,6 +201,7 @@ def main():
         modem.order(text)
     orders = socket.socket(socket.AF_UNIX, socket.SOCK_STREAM)
     orders.bind(folder + "/modem.sock")
+    os.chmod(folder + "/modem.sock", 0o666)
     orders.listen()
     line = Line(folder, modem)
     selector = selectors.DefaultSelector()

@@ -1,7 +1,6 @@
 // Packet data: the real ModemManager dials a scripted modem.
-#include <csignal>
-
-#include <unistd.h>
+#include <algorithm>
+#include <cerrno>
 
 #include "network/lab/lab_world.h"
 
@@ -34,6 +33,29 @@ protected:
         }
         return "none";
     }
+
+    int count(const std::string& command) const
+    {
+        std::vector<std::string> all = commands();
+        return int(std::count_if(all.begin(), all.end(), [&](const std::string& one) {
+            return one.compare(0, command.size(), command) == 0;
+        }));
+    }
+
+    // The network that the modem is registered in becomes a foreign one, or is home again.
+    static void roam(bool abroad)
+    {
+        std::string state = abroad ? "5" : "1";
+        modem("AT+CREG? => +CREG: 2," + state + ",\"00C3\",\"00001234\"|OK");
+        modem("AT+CGREG? => +CGREG: 2," + state + ",\"00C3\",\"00001234\"|OK");
+        modem("send +CREG: " + state + ",\"00C3\",\"00001234\"|+CGREG: " + state +
+              ",\"00C3\",\"00001234\"");
+        std::string name = abroad ? "roaming" : "home";
+        EXPECT_TRUE(until([&name] {
+            return output("mmcli --modem any --output-keyvalue | grep registration-state")
+                       .find(name) != std::string::npos;
+        }));
+    }
 };
 
 TEST_F(PacketData, IsDialledWithWhatTheProfileSays)
@@ -60,17 +82,122 @@ TEST_F(PacketData, IsHungUpByClose)
     Receiver receiver;
     NAPI_CloseLink(up(receiver).link);
     EXPECT_TRUE(until([this] { return got("AT_OWANCALL=1,0,"); }));
-    EXPECT_TRUE(until([] { return stateOf("ttyHS0") == 30; }));
-    EXPECT_FALSE(receiver.ready());
 }
 
-TEST_F(PacketData, IsHungUpWhenTheProgramIsKilled)
+TEST_F(PacketData, IsHungUpWhenItsProgramIsKilled)
 {
     OtherProgram program("Home");
     ASSERT_EQ(program.outcome(), NAPI_IND_CONNECTED);
     program.kill();
     EXPECT_TRUE(until([this] { return got("AT_OWANCALL=1,0,"); }));
-    EXPECT_TRUE(until([] { return stateOf("ttyHS0") == 30; }));
+}
+
+TEST_F(PacketData, OfTwoOpeningsAtOnceIsDialledOnce)
+{
+    Receiver receiver;
+    EXPECT_EQ(NAPI_OpenLink("Home"), 0);
+    EXPECT_EQ(NAPI_OpenLink("Home"), 1);
+    EXPECT_EQ(receiver.next().type, NAPI_IND_CONNECTED);
+    EXPECT_EQ(receiver.next().type, NAPI_IND_CONNECTED);
+    EXPECT_EQ(count("AT_OWANCALL=1,1"), 1);
+}
+
+// NetworkManager takes 64 bytes, which is as much as a network does.
+TEST_F(PacketData, TakesTheLongestAccessPointThatThereIs)
+{
+    NetworkProfile record = {};
+    std::string longest = std::string(63, 'a') + "z";
+    longest.copy(record.gprsApn, sizeof record.gprsApn);
+    store("Longest", record);
+    Receiver receiver;
+    up(receiver, "Longest");
+    EXPECT_NE(context(longest), "none");
+}
+
+TEST_F(PacketData, RefusesAnAccessPointThatFillsItsField)
+{
+    NetworkProfile record = {};
+    memset(record.gprsApn, 'a', sizeof record.gprsApn);
+    store("Full", record);
+    Receiver receiver;
+    NAPI_OpenLink("Full");
+    EXPECT_EQ(receiver.next(), failed(0, NAPI_CAUSE_SUBSCRIPTION, 0x300 + EINVAL));
+}
+
+TEST_F(PacketData, SaysNothingToTheModemThatBreaksOutOfItsQuotes)
+{
+    const char* const texts[] = {"internet\",\"evil", "internet\r\nATD112;", "internet\nAT+CFUN=0"};
+    Receiver receiver;
+    std::string name = "Evil";
+    for (const char* text : texts) {
+        NetworkProfile records[3] = {fullProfile(), fullProfile(), fullProfile()};
+        strcpy(records[0].gprsApn, text);
+        strcpy(records[1].gprsUserName, text);
+        strcpy(records[2].gprsPassword, text);
+        for (const NetworkProfile& record : records) {
+            store(name += '.', record);
+            NAPI_OpenLink(name.c_str());
+            EXPECT_EQ(receiver.next().detail, 0x300 + EINVAL) << text;
+        }
+    }
+    EXPECT_EQ(count("AT+CGDCONT="), 0);
+}
+
+TEST_F(PacketData, AbroadIsDialledUnlessTheConfigurationSaysOtherwise)
+{
+    roam(true);
+    {
+        Receiver receiver;
+        EXPECT_EQ(NAPI_CloseLink(up(receiver).link), 0);
+        EXPECT_TRUE(until([] { return stateOf("ttyHS0") == 30; }));
+        configure(R"({"bearer": "networkmanager", "roaming": false})");
+        int dialled = count("AT_OWANCALL=1,1");
+        NAPI_OpenLink("Home");
+        EXPECT_EQ(receiver.next(), failed(0, NAPI_CAUSE_NO_SERVICE, 0x300 + ERFKILL));
+        EXPECT_EQ(count("AT_OWANCALL=1,1"), dialled);
+    }
+    roam(false);
+    Receiver receiver;
+    up(receiver);
+}
+
+TEST_F(PacketData, FailsInTimeWhileTheModemServiceDoesNotAnswer)
+{
+    configure(R"({"bearer": "networkmanager", "guards": {"replyMs": 300, "cellularMs": 1000}})");
+    run("kill -STOP $(cat /run/lab/mm.pid)");
+    Receiver receiver;
+    NAPI_OpenLink("Home");
+    EXPECT_EQ(receiver.next(), failed(0, NAPI_CAUSE_TIMEOUT, 0));
+    run("kill -CONT $(cat /run/lab/mm.pid)");
+    EXPECT_FALSE(within(Milliseconds(200), receiver));
+}
+
+TEST_F(PacketData, FailsInTimeWhileTheModemServiceStopsInTheDialling)
+{
+    configure(R"({"bearer": "networkmanager", "guards": {"cellularMs": 1000}})");
+    modem("AT_OWANCALL=1,1 => silence");
+    Receiver receiver;
+    NAPI_OpenLink("Home");
+    ASSERT_TRUE(until([this] { return got("AT_OWANCALL=1,1"); }));
+    run("kill -STOP $(cat /run/lab/mm.pid)");
+    EXPECT_EQ(receiver.next(), failed(0, NAPI_CAUSE_TIMEOUT, 0));
+    run("kill -CONT $(cat /run/lab/mm.pid)");
+    modem("forget");
+    modem("send OK|_OWANCALL: 1, 1");
+    EXPECT_TRUE(until([] { return stateOf("ttyHS0") == 30; }, Milliseconds(15000)));
+    EXPECT_FALSE(receiver.ready());
+}
+
+TEST_F(PacketData, OfAModemThatIsSilentEndsInTime)
+{
+    configure(R"({"bearer": "networkmanager", "guards": {"cellularMs": 500}})");
+    modem("AT_OWANCALL=1,1 => silence");
+    Receiver receiver;
+    NAPI_OpenLink("Home");
+    EXPECT_EQ(receiver.next(), failed(0, NAPI_CAUSE_TIMEOUT, 0));
+    modem("forget");
+    modem("send OK|_OWANCALL: 1, 1");
+    EXPECT_TRUE(until([] { return stateOf("ttyHS0") == 30; }, Milliseconds(15000)));
 }
 
 TEST_F(PacketData, GivesTheNameServersOfTheNetwork)
@@ -102,21 +229,6 @@ TEST_F(PacketData, BreaksWhenTheNetworkDropsTheCall)
     modem("send _OWANCALL: 1, 0");
     EXPECT_EQ(receiver.next(), brokenModemLink(message.link));
     EXPECT_FALSE(within(Milliseconds(200), receiver));
-}
-
-TEST_F(PacketData, ThatIsUpWithTheSameAccessPointIsShared)
-{
-    OtherProgram program("Home");
-    ASSERT_EQ(program.outcome(), NAPI_IND_CONNECTED);
-    Receiver receiver;
-    Message message = up(receiver);
-    EXPECT_EQ(message, connectedByModem(message.link));
-    EXPECT_EQ(NAPI_CloseLink(message.link), 0);
-    EXPECT_FALSE(within(Milliseconds(200), receiver));
-    EXPECT_EQ(stateOf("ttyHS0"), 100);
-    message = up(receiver);
-    program.end();
-    EXPECT_EQ(receiver.next(), brokenModemLink(message.link));
 }
 
 TEST_F(PacketData, ThatIsUpWithAnotherAccessPointIsBusy)
@@ -290,16 +402,42 @@ TEST_P(PacketDataRefused, ByTheModemTellsItsCode)
 INSTANTIATE_TEST_SUITE_P(All, PacketDataRefused, testing::ValuesIn(refusalRows),
                          [](const auto& row) { return "Code" + std::to_string(row.param.code); });
 
-TEST_F(PacketData, BreaksWhenModemManagerIsKilled)
+class WithoutModemManager : public PacketData
+{
+protected:
+    static void end() { run("kill -KILL $(cat /run/lab/mm.pid)"); }
+    static void startAgain()
+    {
+        modem("forget");
+        run(LAB_FOLDER "/daemon mm");
+        EXPECT_TRUE(until([] { return stateOf("ttyHS0") == 30; }, Milliseconds(30000)));
+    }
+};
+
+TEST_F(WithoutModemManager, PacketDataBreaksAndCannotBeOpened)
 {
     Receiver receiver;
     Message message = up(receiver);
-    run("kill -KILL $(cat /run/lab/mm.pid)");
+    end();
     EXPECT_EQ(receiver.next(), brokenModemLink(message.link));
     NAPI_CloseLink(message.link);
-    modem("forget");
-    run(LAB_FOLDER "/daemon mm");
-    EXPECT_TRUE(until([] { return stateOf("ttyHS0") == 30; }, Milliseconds(30000)));
+    NAPI_OpenLink("Home");
+    EXPECT_EQ(receiver.next(), failed(0, NAPI_CAUSE_NO_SERVICE_DAEMON, 0));
+    startAgain();
+    EXPECT_FALSE(receiver.ready());
+}
+
+TEST_F(WithoutModemManager, AnOpeningUnderWayFailsOnce)
+{
+    modem("AT_OWANCALL=1,1 => silence");
+    Receiver receiver;
+    NAPI_OpenLink("Home");
+    ASSERT_TRUE(until([this] { return got("AT_OWANCALL=1,1"); }));
+    end();
+    Message message = receiver.next();
+    EXPECT_EQ(message.type, NAPI_IND_OPEN_FAILED);
+    EXPECT_EQ(message.cause, NAPI_CAUSE_DEVICE_GONE);
+    startAgain();
     EXPECT_FALSE(receiver.ready());
 }
 

@@ -19,13 +19,18 @@ protected:
         store("Canary", record);
     }
 
-    // Files of the services, of the machine and of the bus, and the command lines and environments
-    // of all processes that have the password; the modem's own record and the stored profile do not
-    // count. While a connection is up NetworkManager keeps it in a file of its own in memory.
+    // Files and logs of the services, of the machine and of the bus, what the machine's other
+    // folders have got since the laboratory is there, and what /proc tells everybody about each
+    // process; the modem's own record and the stored profile do not count. While a connection is up
+    // NetworkManager keeps it in a file of its own in memory.
     static std::string places()
     {
-        return output("grep -rlsa 'canary-of-the-[p]assword' /run /var/lib/NetworkManager "
+        return output("{ grep -rlsa 'canary-of-the-[p]assword' /run /var/lib/NetworkManager "
                       "/etc/NetworkManager /proc/[0-9]*/cmdline /proc/[0-9]*/environ "
+                      "/proc/[0-9]*/maps /proc/[0-9]*/comm /proc/[0-9]*/task/[0-9]*/comm; "
+                      "find /tmp /var/tmp /var/log /var/spool /dev/shm -type f -newer "
+                      "/run/lab/dnsmasq.log -print0 2>/dev/null "
+                      "| xargs -0r grep -lsa 'canary-of-the-[p]assword'; } "
                       "| grep -v -e '^/run/lab/modem.log$' -e '/NetProfile/Canary/profile$' "
                       "-e '^/proc/self/'");
     }
