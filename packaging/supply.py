@@ -126,7 +126,8 @@ def licences_of(text):
 def told(root):
     """The packages for which docs/dependencies.md has a reason, each with how it is there."""
     text = (root / "docs/dependencies.md").read_text(encoding="utf-8")
-    return dict(re.findall(r"^\| `([^`]+)` \| [^|]+ \| ([^|]+) \|", text, re.MULTILINE))
+    rows = re.findall(r"^\| (`[^|]+`) \| [^|]+ \| ([^|]+) \|", text, re.MULTILINE)
+    return {name: how.strip() for names, how in rows for name in re.findall(r"`([^`]+)`", names)}
 
 
 def short(name):
@@ -188,7 +189,7 @@ def main(build, folder):
     (folder / "dependencies.txt").write_text("\n".join(lines) + "\n", encoding="utf-8")
     print("\n".join(lines))
     reasons = told(ROOT)
-    silent = [package for package, how in found.items() if how != BY_OTHERS and reasons.get(package, "").strip() != how]
+    silent = [package for package, how in found.items() if how != BY_OTHERS and reasons.get(package) != how]
     without = [package for package in found if field(package, "Version") and not copyright_of(package)]
     for package in silent:
         print(f"docs/dependencies.md does not say why {package} is {found[package]}", file=sys.stderr)

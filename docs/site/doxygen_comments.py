@@ -10,7 +10,7 @@ import re
 import sys
 
 COMMENT = re.compile(r"(\s*)//(?!/)(.*)")
-BEHIND = re.compile(r"(.*\S.*?)\s+// (.*)")
+BEHIND = re.compile(r"(\s*[^\s}/#].*?)\s+// (.*)")
 DECLARED = re.compile(r"\s*(?!#|\}|public|protected|private|signals|Q_|friend|extern|struct|class|enum|typedef)[\w~].*[;,]?$")
 LEFT_OUT = re.compile(r"\s*uint8_t kept.*;|[^/]*\b(?:\w+Event|event|eventFilter|sizeHint|minimumSizeHint|heightForWidth|"
                       r"focusNextPrevChild|setEnabled|~\w+)\([^()]*\)[ \w]*;")

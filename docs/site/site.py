@@ -53,12 +53,19 @@ class Site:
     def __init__(self, output):
         self.output = output
         self.manuals = sorted(ROOT.glob("apps/**/*.1"))
-        documents = [document for _, pages in PAGES for _, document in pages]
+        self.parts = [(title, list(pages)) for title, pages in PAGES]
+        documents = [document for _, pages in self.parts for _, document in pages]
+        # A document that has no place above comes to the last part, under its own title.
+        for path in sorted(ROOT.glob("docs/*.md")):
+            document = str(path.relative_to(ROOT))
+            if document not in (*documents, "docs/README.md"):
+                self.parts[-1][1].append((path.read_text(encoding="utf-8").split("\n", 1)[0].lstrip("# "), document))
+                documents.append(document)
         self.pages = {document: page_name(document) for document in documents}
 
     def navigation(self, current, up=""):
         """The list of all pages; `up` leads from the page to the site's folder."""
-        parts = [(title, [(name, self.pages[document]) for name, document in pages]) for title, pages in PAGES]
+        parts = [(title, [(name, self.pages[document]) for name, document in pages]) for title, pages in self.parts]
         parts.insert(2, ("Programs", [(path.stem, f"{path.stem}.1.html") for path in self.manuals]))
         parts.insert(3, ("Reference", list(REFERENCE)))
         lines = []
