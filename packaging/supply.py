@@ -64,7 +64,7 @@ def owners(paths):
 
 def targets(build):
     """The objects and archives of what a build installs, by way of Ninja's own record."""
-    installed_ones = re.compile(r"(\S*(?:\.so\.\d+\.\d+\.\d+|/vornctl|/vornphone)): ")
+    installed_ones = re.compile(r"(\S*(?:\.so\.\d+\.\d+\.\d+|/libvornbody\.so|/vornctl|/vornphone)): ")
     todo = [match.group(1) for match in map(installed_ones.match, output("ninja", "-C", str(build), "-t", "targets", "all").splitlines())
             if match]
     wanted, seen = set(), set()
