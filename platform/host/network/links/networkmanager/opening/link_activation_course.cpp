@@ -50,8 +50,8 @@ void LinkActivation::deviceChanged(const std::string& path, uint32_t state, uint
                    m_step == Step::Addressing || m_step == Step::Up;
     if (!m_begun || !running)
         return;
-    say(std::string("the device is ") + deviceStateText(state) + ", reason " +
-        std::to_string(reason));
+    say(std::string("device state ") + deviceStateText(state) +
+        (reason == 0 ? "" : ", reason " + std::to_string(reason)));
     if (hasEnded(state))
         return ended(reason);
     if (m_step == Step::Up)
