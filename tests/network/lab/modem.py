@@ -42,6 +42,7 @@ ANSWERS = {
     "AT+CRSM=176,28486,": ["+CRSM: 144,0,\"004C61626F7261746F7279FFFFFFFFFFFF\""],
     "AT+CSQ": ["+CSQ: 20,99"],
     "AT+CFUN?": ["+CFUN: 1"],
+    "AT_OWCTI?": ["_OWCTI: 4"],  # HSPA
     "AT+CREG?": [HOME.format("CREG")],
     "AT+CGREG?": [HOME.format("CGREG")],
     "AT+CGDCONT=?": ["+CGDCONT: (1-11),\"IP\",,,(0-2),(0-3)"],
