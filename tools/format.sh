@@ -6,5 +6,5 @@ mode=(-i)
 if [ "${1:-}" = --check ]; then
     mode=(--dry-run --Werror)
 fi
-find apps bench include platform profiles session support tests widgets wizard \
+find apps bench examples include platform profiles session support tests widgets wizard \
     \( -name '*.cpp' -o -name '*.h' \) -print0 | xargs -0 -r clang-format "${mode[@]}"

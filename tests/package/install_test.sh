@@ -36,7 +36,8 @@ LD_LIBRARY_PATH=$(pkg-config --variable=libdir vornqtnapi) "$work/by-pkg-config"
 [ -f "$prefix/share/fish/vendor_completions.d/vornctl.fish" ]
 [ -f "$prefix/share/man/man1/vornctl.1" ]
 [ -s "$prefix/share/doc/vornqtnapi/network-json.md" ]
-find "$prefix" -name 'lib*.so.*' -type f -o -path '*/bin/*' -type f >"$work/binaries"
+[ -x "$prefix/bin/vornphone" ]
+find "$prefix" -name 'lib*.so.*' -type f -o -name libvornbody.so -o -path '*/bin/*' -type f >"$work/binaries"
 [ "$(wc -l <"$work/binaries")" -ge 5 ]
 xargs -d '\n' python3 -B "$source/../../rules/hardening.py" "$hardening" <"$work/binaries"
 python3 -B "$source/../files_test.py" "$prefix"
@@ -67,4 +68,7 @@ unset LD_LIBRARY_PATH
 # And the first steps, word for word, and the other commands of the documents.
 python3 -B "$source/../documents_test.py" "$prefix" "$flags"
 VORN_ROOT=$work/empty "$prefix/bin/vornctl" profile list >/dev/null
+# The examples, as a developer copies them.
+# shellcheck disable=SC2086
+python3 -B "$source/../examples_test.py" "$prefix" "$work/examples" $flags
 echo 'installed, found and linked'

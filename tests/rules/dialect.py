@@ -8,7 +8,7 @@ import pathlib
 import re
 import sys
 
-FOLDERS = ("apps", "bench", "include", "platform", "profiles", "session", "support", "tests", "widgets", "wizard")
+FOLDERS = ("apps", "bench", "examples", "include", "platform", "profiles", "session", "support", "tests", "widgets", "wizard")
 
 # Comparisons of what came with what was expected, in this order.
 COMPARISON = re.compile(r"\b(?:EXPECT|ASSERT)_(?:EQ|NE|STREQ|STRNE)\(")

@@ -131,7 +131,7 @@ class Tree:
                     self.refuse(path, header, "only lower-case Qt headers exist on both Qts")
 
     def check_apps(self):
-        for path in sources(self.root, "apps"):
+        for path in [*sources(self.root, "apps"), *sources(self.root, "examples")]:
             for header in INCLUDE.findall(path.read_text(encoding="utf-8")):
                 target = self.library_folder_of(header)
                 # An app with rooms names its headers from its own folder.
@@ -139,8 +139,8 @@ class Tree:
                 own = (path.parent / header).is_file() or (app / header).is_file()
                 if target not in (None, "include") and not own:
                     self.refuse(path, header, "apps use exported headers only")
-                if path.parts[len(self.root.parts) + 1] == "example" and self.is_host_header(header):
-                    self.refuse(path, header, "the example is an application like any other")
+                if path.is_relative_to(self.root / "examples") and self.is_host_header(header):
+                    self.refuse(path, header, "an example is an application like any other")
 
 
 def check(root):

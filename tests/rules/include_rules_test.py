@@ -25,7 +25,7 @@ GOOD = {
     "support/files.h": "",
     "apps/ctl/files.h": "",
     "apps/ctl/commands/list.cpp": '#include "files.h"\n',
-    "apps/example/main.cpp": "#include <api.h>\n",
+    "examples/session/main.cpp": "#include <api.h>\n",
 }
 
 BAD = {
@@ -59,7 +59,7 @@ BAD = {
     "platform headers know the host":
         ("platform/include/ypopup.h", '#include "network/store.h"\n'),
     "an app looks into the library": ("apps/ctl/main.cpp", '#include "support/text.h"\n'),
-    "the example looks into the host": ("apps/example/main.cpp", '#include "network/store.h"\n'),
+    "the example looks into the host": ("examples/session/main.cpp", '#include "network/store.h"\n'),
 }
 
 

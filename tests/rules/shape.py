@@ -9,7 +9,7 @@ import subprocess
 import sys
 
 LIBRARY = ("include", "profiles", "session", "support", "widgets", "wizard")
-HOST = ("apps", "bench", "platform")
+HOST = ("apps", "bench", "examples", "platform")
 
 # One function in a hundred may be longer, and a source of the tests.
 LONGEST_USUAL = 24
