@@ -184,7 +184,7 @@ class Check(Scripts):
         self.assertFalse(self.calls.exists())
 
     def test_builds_and_tests_release_and_sanitizers(self):
-        for folder in ("bench", "include", "platform", "profiles", "session", "support", "tests",
+        for folder in ("bench", "examples", "include", "platform", "profiles", "session", "support", "tests",
                        "widgets", "wizard"):
             (self.tree / folder).mkdir()
         done = self.script("./check")
