@@ -30,8 +30,8 @@ if(VORN_MOLD)
   target_link_options(vorn_test INTERFACE -fuse-ld=mold)
 endif()
 
-# What a test finds in its environment. GUI programs run offscreen.
-set(vorn_test_environment "QT_QPA_PLATFORM=offscreen" "LC_ALL=C.UTF-8" "QT_LOGGING_RULES="
+# What a test finds in its environment. GUI programs run offscreen, and nothing moves there by itself.
+set(vorn_test_environment "QT_QPA_PLATFORM=offscreen" "LC_ALL=C.UTF-8" "QT_LOGGING_RULES=" "VORN_MOTION=reduced"
   "LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/lsan.supp:print_suppressions=0"
   "UBSAN_OPTIONS=print_stacktrace=1")
 

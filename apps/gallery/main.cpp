@@ -27,7 +27,7 @@ constexpr Look looks[] = {{"light", YTheme::Scheme::Light}, {"dark", YTheme::Sch
 std::vector<Scene> allScenes()
 {
     std::vector<Scene> scenes;
-    for (const auto& kind : {dialogScenes(), formScenes()})
+    for (const auto& kind : {dialogScenes(), formScenes(), iconScenes()})
         scenes.insert(scenes.end(), kind.begin(), kind.end());
     return scenes;
 }

@@ -41,5 +41,6 @@ struct Scene
 // The scenes of each kind of widget.
 std::vector<Scene> dialogScenes();
 std::vector<Scene> formScenes();
+std::vector<Scene> iconScenes();
 
 #endif

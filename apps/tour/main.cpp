@@ -99,6 +99,8 @@ void instruct(Person& person)
 
 int main(int argc, char** argv)
 {
+    // A picture shows what has come to rest.
+    qputenv("VORN_MOTION", "reduced");
     YApplication app(argc, argv);
     // The last page closes the screen before the link is opened.
     app.setQuitOnLastWindowClosed(false);

@@ -29,6 +29,7 @@ PAGES = (
                            ("Connections of a Linux phone", "docs/linux-phone.md"),
                            ("Formats, byte by byte", "docs/formats.md"))),
     ("The project", (("Design", "docs/design.md"), ("Build for the phone", "docs/phone-build.md"),
+                     ("Adding a language", "docs/translating.md"),
                      ("Dependencies", "docs/dependencies.md"), ("Working on it", "CONTRIBUTING.md"),
                      ("Changes", "CHANGELOG.md"))),
 )

@@ -1,6 +1,6 @@
 """Every text of the sources has a translation in every catalogue, with the same place markers.
 
-Usage: catalogues_test.py TREE
+Usage: catalogues_test.py TREE toolkit|phone
 """
 import json
 import re
@@ -9,10 +9,17 @@ import unittest
 from pathlib import Path
 
 TREE = Path(sys.argv.pop(1))
-FOLDERS = ("include", "session", "profiles", "wizard", "widgets", "platform/host/toolkit")
-CATALOGUES = TREE / "platform/host/toolkit/texts"
-LANGUAGES = ("de", "zh_CN")
-ID = r'"((?:TXT|FMT)_RID_[A-Z0-9_]+)"'
+# Where the sources are, where their catalogues, what their ids begin with and one text that they have.
+PROGRAMS = {
+    "toolkit": (("include", "session", "profiles", "wizard", "widgets", "platform/host/toolkit"),
+                "platform/host/toolkit/texts", "", ("TXT_RID_SOFTKEY_CANCEL", "Cancel")),
+    "phone": (("apps/phone",), "apps/phone/texts", "PHONE_", ("TXT_RID_PHONE_TITLE_HOME", "Connections")),
+}
+FOLDERS, CATALOGUE_FOLDER, PREFIX, KNOWN = PROGRAMS[sys.argv.pop(1)]
+CATALOGUES = TREE / CATALOGUE_FOLDER
+EXPECTED = {"ar", "de", "es", "fr", "ja", "pt", "ru", "zh_CN", "zh_TW"}
+LANGUAGES = tuple(sorted(path.stem for path in CATALOGUES.glob("*.json")))
+ID = r'"((?:TXT|FMT)_RID_' + PREFIX + r'[A-Z0-9_]+)"'
 # The default stands behind the id, in one or several pieces. Tables may keep the two in braces.
 WITH_DEFAULT = re.compile(ID + r'\s*,\s*((?:"(?:[^"\\]|\\.)*"\s*)+)')
 
@@ -52,9 +59,10 @@ def markers(text):
 
 
 class Catalogues(unittest.TestCase):
-    def test_the_sources_were_read(self):
-        self.assertIn("TXT_RID_SOFTKEY_CANCEL", ids_in_sources())
-        self.assertIn(("TXT_RID_SOFTKEY_CANCEL", "Cancel"), set(defaults_in_sources()))
+    def test_the_sources_and_the_catalogues_were_read(self):
+        self.assertIn(KNOWN[0], ids_in_sources())
+        self.assertIn(KNOWN, set(defaults_in_sources()))
+        self.assertLessEqual(EXPECTED, set(LANGUAGES))
 
     def test_every_text_of_the_sources_is_translated(self):
         for language in LANGUAGES:
@@ -82,8 +90,9 @@ class Catalogues(unittest.TestCase):
 
     def test_the_catalogues_have_the_same_texts_in_order(self):
         names = [list(catalogue(language)) for language in LANGUAGES]
-        self.assertEqual(names[0], names[1])
-        self.assertEqual(names[0], sorted(names[0]))
+        for language, own in zip(LANGUAGES, names):
+            with self.subTest(language):
+                self.assertEqual(own, sorted(names[0]))
 
 
 if __name__ == "__main__":

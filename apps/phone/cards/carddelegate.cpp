@@ -19,12 +19,12 @@ constexpr int lineGap = 1;
 
 int titleLine()
 {
-    return QFontMetrics(YTheme::bodyFont()).height();
+    return QFontMetrics(YTheme::current().bodyFont()).height();
 }
 
 int smallLine()
 {
-    return QFontMetrics(YTheme::smallFont()).height();
+    return QFontMetrics(YTheme::current().smallFont()).height();
 }
 
 struct Colours
@@ -88,7 +88,7 @@ void drawLine(QPainter& painter, const Places& places, const QRect& place, const
 
 QFont titleFont()
 {
-    QFont font = YTheme::bodyFont();
+    QFont font = YTheme::current().bodyFont();
     font.setWeight(QFont::DemiBold);
     return font;
 }
@@ -98,7 +98,7 @@ QRect drawBadge(QPainter& painter, const Places& places, QRect line, const QStri
 {
     if (badge.isEmpty())
         return line;
-    painter.setFont(YTheme::smallFont());
+    painter.setFont(YTheme::current().smallFont());
     const int width =
         std::min(painter.fontMetrics().horizontalAdvance(badge) + 1, line.width() / 2);
     QRect place = line;
@@ -137,7 +137,7 @@ void drawTexts(QPainter& painter, const Places& places, const QRect& room, const
     painter.setFont(titleFont());
     drawLine(painter, places, line, card.title);
     painter.setPen(colours.muted);
-    painter.setFont(YTheme::smallFont());
+    painter.setFont(YTheme::current().smallFont());
     QRect below(room.left(), room.top() + titleLine() + lineGap, room.width(), smallLine());
     for (const QString& text : card.lines) {
         drawLine(painter, places, below, text);
@@ -154,14 +154,15 @@ void CardDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
     const bool isCurrent = option.state & QStyle::State_Selected;
     const Colours colours = coloursOf(card, isCurrent);
     QRect row = option.rect;
-    const QRect box = row.adjusted(YTheme::margin, gap / 2, -YTheme::margin, -(gap - gap / 2));
+    const QRect box = row.adjusted(YTheme::current().margin, gap / 2, -YTheme::current().margin,
+                                   -(gap - gap / 2));
     const Places places(option.direction, box);
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
     painter->setPen(QPen(colours.edge, 1));
     painter->setBrush(colours.ground);
-    painter->drawRoundedRect(QRectF(box).adjusted(0.5, 0.5, -0.5, -0.5), YTheme::radius,
-                             YTheme::radius);
+    painter->drawRoundedRect(QRectF(box).adjusted(0.5, 0.5, -0.5, -0.5),
+                             YTheme::current().popupRadius, YTheme::current().popupRadius);
     QRect room = box.adjusted(inset, 0, -inset, 0);
     if (card.sign != Sign::None) {
         const QRect place(room.left(), box.center().y() - signSize / 2 + 1, signSize, signSize);

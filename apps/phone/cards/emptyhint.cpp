@@ -30,22 +30,23 @@ void EmptyHint::paintEvent(QPaintEvent*)
     const YTheme& theme = YTheme::current();
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    const QRect room = rect().adjusted(3 * YTheme::margin, 0, -3 * YTheme::margin, 0);
-    const QFontMetrics titleMetrics(YTheme::titleFont());
-    const QFontMetrics hintMetrics(YTheme::bodyFont());
+    const QRect room =
+        rect().adjusted(3 * YTheme::current().margin, 0, -3 * YTheme::current().margin, 0);
+    const QFontMetrics titleMetrics(YTheme::current().titleFont());
+    const QFontMetrics hintMetrics(YTheme::current().bodyFont());
     const int wrap = Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap;
     const int titleHeight = titleMetrics.boundingRect(room, wrap, m_title).height();
     const int hintHeight = hintMetrics.boundingRect(room, wrap, m_hint).height();
-    int top = (height() - signSize - titleHeight - hintHeight - 3 * YTheme::margin) / 2;
+    int top = (height() - signSize - titleHeight - hintHeight - 3 * YTheme::current().margin) / 2;
     drawSign(painter, QRect((width() - signSize) / 2, top, signSize, signSize), Sign::Cellular,
              false);
-    top += signSize + 2 * YTheme::margin;
+    top += signSize + 2 * YTheme::current().margin;
     painter.setPen(theme.text);
-    painter.setFont(YTheme::titleFont());
+    painter.setFont(YTheme::current().titleFont());
     painter.drawText(QRect(room.left(), top, room.width(), titleHeight), wrap, m_title);
-    top += titleHeight + YTheme::margin;
+    top += titleHeight + YTheme::current().margin;
     painter.setPen(theme.mutedText);
-    painter.setFont(YTheme::bodyFont());
+    painter.setFont(YTheme::current().bodyFont());
     painter.drawText(QRect(room.left(), top, room.width(), hintHeight), wrap, m_hint);
 }
 

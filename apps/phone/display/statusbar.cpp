@@ -71,7 +71,7 @@ StatusBar::StatusBar(QWidget* parent) : QWidget(parent)
 
 int StatusBar::barHeight()
 {
-    return YTheme::isSmall() ? 18 : 22;
+    return YTheme::current().small ? 18 : 22;
 }
 
 void StatusBar::setSigns(const LinkSigns& signs)
@@ -111,9 +111,9 @@ void StatusBar::paintEvent(QPaintEvent*)
     const YTheme& theme = YTheme::current();
     QPainter painter(this);
     painter.fillRect(rect(), theme.bar);
-    painter.setFont(YTheme::smallFont());
+    painter.setFont(YTheme::current().smallFont());
     painter.setPen(theme.text);
-    const QRect inner = rect().adjusted(YTheme::margin, 0, -YTheme::margin, 0);
+    const QRect inner = rect().adjusted(YTheme::current().margin, 0, -YTheme::current().margin, 0);
     painter.drawText(inner, Qt::AlignRight | Qt::AlignVCenter, m_time);
     if (m_signs.bearer < 0) {
         painter.setPen(theme.mutedText);

@@ -17,9 +17,25 @@ bool isOneOf(std::string_view value, std::initializer_list<std::string_view> wor
     return std::find(words.begin(), words.end(), value) != words.end();
 }
 
+// A word, or the path of a theme file.
 bool isTheme(std::string_view value)
 {
-    return isOneOf(value, {"light", "dark"});
+    return isOneOf(value, {"light", "dark", "system"}) || value.find('/') != value.npos;
+}
+
+bool isAccent(std::string_view value)
+{
+    return isOneOf(value, {"blue", "plum", "teal"});
+}
+
+bool isTextSize(std::string_view value)
+{
+    return isOneOf(value, {"small", "normal", "large", "largest"});
+}
+
+bool isMotion(std::string_view value)
+{
+    return isOneOf(value, {"full", "reduced"});
 }
 
 bool isKeypad(std::string_view value)
@@ -31,12 +47,8 @@ bool isKeypad(std::string_view value)
 bool isLanguage(std::string_view value)
 {
     const std::string_view locale = value.substr(0, value.find_first_of(".@"));
-    const std::size_t end = locale.find_first_of("_-");
-    const std::string_view language = locale.substr(0, end);
-    // Traditional Chinese is another script, which a reader of one may not read in the other.
-    if (language == "zh")
-        return end == locale.npos || isOneOf(locale.substr(end + 1), {"CN", "SG", "Hans"});
-    return isOneOf(language, {"en", "de", "C", "POSIX"});
+    const std::string_view language = locale.substr(0, locale.find_first_of("_-"));
+    return isOneOf(language, {"en", "ar", "de", "es", "fr", "ja", "pt", "ru", "zh", "C", "POSIX"});
 }
 
 bool isBody(std::string_view value)
@@ -53,9 +65,12 @@ bool isScreen(std::string_view value)
 
 } // namespace
 
-const std::array<LookVariable, 5> lookVariables = {{
-    {"VORN_THEME", "light or dark", isTheme},
-    {"VORN_LANG", "en, de or zh_CN", isLanguage},
+const std::array<LookVariable, 8> lookVariables = {{
+    {"VORN_THEME", "light, dark, system or the path of a theme file", isTheme},
+    {"VORN_ACCENT", "blue, plum or teal", isAccent},
+    {"VORN_TEXT_SIZE", "small, normal, large or largest", isTextSize},
+    {"VORN_MOTION", "full or reduced", isMotion},
+    {"VORN_LANG", "en, ar, de, es, fr, ja, pt, ru, zh_CN or zh_TW", isLanguage},
     {"VORN_KEYPAD", "0 or 1", isKeypad},
     {"VORN_SCREEN", "WIDTHxHEIGHT, each 160 to 4096, for instance 240x320", isScreen},
     {"VORN_BODY", "desk, screen or web", isBody},

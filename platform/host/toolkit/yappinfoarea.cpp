@@ -55,15 +55,16 @@ void YAppInfoArea::clear(int area)
 QSize YAppInfoArea::sizeHint() const
 {
     const QString all = d->all();
-    const int width = QFontMetrics(YTheme::smallFont()).horizontalAdvance(all);
-    return QSize(all.isEmpty() ? 0 : width + YTheme::margin, YTheme::titleHeight());
+    const int width = QFontMetrics(YTheme::current().smallFont()).horizontalAdvance(all);
+    return QSize(all.isEmpty() ? 0 : width + YTheme::current().margin,
+                 YTheme::current().titleHeight);
 }
 
 void YAppInfoArea::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
-    painter.setFont(YTheme::smallFont());
+    painter.setFont(YTheme::current().smallFont());
     painter.setPen(YTheme::current().mutedText);
-    painter.drawText(rect().adjusted(0, 0, -YTheme::margin, 0),
+    painter.drawText(rect().adjusted(0, 0, -YTheme::current().margin, 0),
                      Qt::AlignVCenter | Qt::AlignRight | Qt::TextSingleLine, d->all());
 }

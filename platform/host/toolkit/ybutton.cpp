@@ -3,20 +3,16 @@
 #include <QCoreApplication>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QPointer>
 
 #include "toolkit/accessible/ytell.h"
+#include "toolkit/look/yanswer.h"
 #include "toolkit/look/ydress.h"
 #include "toolkit/look/yrowlook.h"
 #include "toolkit/look/ytheme.h"
 #include "toolkit/look/ywrap.h"
 
 namespace {
-
-constexpr int sidePadding = 10;
-constexpr int linePadding = 7; // above and below the text
-constexpr int around = 4;      // to the rows above and below
-constexpr double radius = 8;
-constexpr int usualWidth = 160;
 
 bool presses(int key)
 {
@@ -26,7 +22,13 @@ bool presses(int key)
 
 int textWidth(int width)
 {
-    return width - 2 * (YTheme::margin + sidePadding);
+    return width - 2 * (YTheme::current().margin + YTheme::current().buttonSide);
+}
+
+// Above and below the text, to the button's edge and from there to the next row.
+int aroundText()
+{
+    return YTheme::current().buttonLine + YTheme::current().rowGap;
 }
 
 } // namespace
@@ -36,6 +38,7 @@ struct YButton::Private
     bool enabled = true;
     bool tapped = false; // the finger is on a button that is switched off
     YWrapHeight measured;
+    YAnswer* answer = nullptr; // made with the first key
 };
 
 YButton::YButton(QWidget* parent, const char* name, int /*widgetClassId*/)
@@ -62,7 +65,8 @@ QSize YButton::sizeHint() const
 {
     // The sum of the letters' widths is rounded; a pixel more keeps them in one line.
     const int line = fontMetrics().horizontalAdvance(text()) + 1;
-    const int width = line + usualWidth - textWidth(usualWidth);
+    const int usual = YTheme::current().field;
+    const int width = line + usual - textWidth(usual);
     return QSize(width, heightForWidth(width));
 }
 
@@ -73,7 +77,7 @@ QSize YButton::minimumSizeHint() const
 
 int YButton::heightForWidth(int width) const
 {
-    return d->measured.at(font(), text(), textWidth(width)) + 2 * (linePadding + around);
+    return d->measured.at(font(), text(), textWidth(width)) + 2 * aroundText();
 }
 
 void YButton::setEnabled(bool enabled)
@@ -96,8 +100,15 @@ void YButton::keyPressEvent(QKeyEvent* event)
 {
     YRowLook::reveal(this);
     event->setAccepted(presses(event->key()));
-    if (d->enabled && event->isAccepted() && !event->isAutoRepeat())
-        click();
+    if (!d->enabled || !event->isAccepted() || event->isAutoRepeat())
+        return;
+    const QPointer<YButton> self(this);
+    click();
+    if (!self)
+        return;
+    if (!d->answer)
+        d->answer = new YAnswer(this);
+    d->answer->press(this);
 }
 
 void YButton::keyReleaseEvent(QKeyEvent* event)
@@ -136,15 +147,15 @@ void YButton::paintEvent(QPaintEvent*)
 {
     const YTheme& theme = YTheme::current();
     const bool focused = hasFocus();
-    const double line = focused ? YTheme::focusWidth : 1;
-    const QRectF body = QRectF(rect()).adjusted(YTheme::margin + line / 2, around + line / 2,
-                                                -YTheme::margin - line / 2, -around - line / 2);
+    const double line = focused ? theme.focus : theme.line;
+    const QRectF body = QRectF(rect()).adjusted(theme.margin + line / 2, theme.rowGap + line / 2,
+                                                -theme.margin - line / 2, -theme.rowGap - line / 2);
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QPen(focused ? theme.accent : d->enabled ? theme.outline : theme.border, line));
     painter.setBrush(isDown() ? theme.accent : d->enabled ? theme.bar : theme.background);
-    painter.drawRoundedRect(body, radius, radius);
+    painter.drawRoundedRect(body, theme.buttonRadius, theme.buttonRadius);
     painter.setPen(isDown() ? theme.onAccent : d->enabled ? theme.accent : theme.disabledText);
-    const int side = YTheme::margin + sidePadding;
+    const int side = theme.margin + theme.buttonSide;
     YWrap::draw(painter, rect().adjusted(side, 0, -side, 0), Qt::AlignCenter, text());
 }

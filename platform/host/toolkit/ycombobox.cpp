@@ -3,43 +3,38 @@
 #include <algorithm>
 
 #include <QPainter>
-#include <QPainterPath>
 #include <QPointer>
 #include <QStringList>
+#include <QStyle>
 
 #include <yformcontainer.h>
 #include <ysingleselectdlg.h>
 #include <yskinservice.h>
 
 #include "toolkit/accessible/ytell.h"
+#include "toolkit/look/yicon.h"
 #include "toolkit/look/yrowlook.h"
 #include "toolkit/look/ytheme.h"
 #include "toolkit/look/ywrap.h"
 
 namespace {
 
-constexpr int arrowWidth = 20;
-constexpr int linePadding = YTheme::focusWidth + 1; // above and below lines of small letters
+// Above and below lines of small letters.
+int linePadding()
+{
+    return YTheme::current().focus + YTheme::current().line;
+}
+
+// The room for the arrow and the gap before it.
+int arrowRoom()
+{
+    return YTheme::current().arrow + YTheme::current().margin / 2;
+}
 
 void drawValue(QPainter& painter, const QString& text, const QRect& place, bool one)
 {
-    painter.setFont(one ? YTheme::bodyFont() : YTheme::smallFont());
+    painter.setFont(one ? YTheme::current().bodyFont() : YTheme::current().smallFont());
     YWrap::draw(painter, place, Qt::AlignVCenter | Qt::AlignLeft, text);
-}
-
-void drawArrow(QPainter& painter, const QRect& place, const QColor& colour)
-{
-    const QPointF middle = QRectF(place).center();
-    QPainterPath path;
-    path.moveTo(middle + QPointF(-4, -2));
-    path.lineTo(middle + QPointF(0, 2));
-    path.lineTo(middle + QPointF(4, -2));
-    painter.save();
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(colour, 1.8, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    painter.setBrush(Qt::NoBrush);
-    painter.drawPath(path);
-    painter.restore();
 }
 
 bool isFormRow(const QWidget& widget)
@@ -63,18 +58,20 @@ struct YComboBox::Private
     int current = -1;
     bool titled = true;
     bool autoResize = false;
+    int generation = -1; // of the theme that it was measured with
     QString measuredText;
     int measuredWidth = 0; // in one line of the usual letters
     YWrapHeight measured;
 
     // The room for the current item and, beside it, for the arrow.
-    QRect valueR(const QSize& row) const { return look.textR(row).adjusted(0, 0, -arrowWidth, 0); }
+    QRect valueR(const QSize& row) const { return look.textR(row).adjusted(0, 0, -arrowRoom(), 0); }
 
     bool fitsOneLine(const QString& text, int width)
     {
-        if (text != measuredText) {
+        if (text != measuredText || generation != YTheme::generation()) {
+            generation = YTheme::generation();
             measuredText = text;
-            measuredWidth = QFontMetrics(YTheme::bodyFont()).horizontalAdvance(text);
+            measuredWidth = QFontMetrics(YTheme::current().bodyFont()).horizontalAdvance(text);
         }
         // The sum of the letters' widths is rounded.
         return measuredWidth < width;
@@ -87,8 +84,8 @@ struct YComboBox::Private
         const int room = valueR(QSize(width, 0)).width();
         int height = YRowLook::boxHeight();
         if (!fitsOneLine(text, room))
-            height =
-                std::max(height, measured.at(YTheme::smallFont(), text, room) + 2 * linePadding);
+            height = std::max(height, measured.at(YTheme::current().smallFont(), text, room) +
+                                          2 * linePadding());
         look.setBoxHeight(height);
     }
 };
@@ -205,8 +202,8 @@ QSize YComboBox::sizeHint() const
     int widest = 0;
     for (const QString& item : d->autoResize ? QStringList(currentText()) : d->items)
         widest = std::max(widest, fontMetrics().horizontalAdvance(item));
-    const int width =
-        widest + arrowWidth + this->width() - d->look.textR(size()).width() + YRowLook::textMargin;
+    const int width = widest + arrowRoom() + this->width() - d->look.textR(size()).width() +
+                      YTheme::current().boxInset;
     return QSize(width, heightForWidth(width));
 }
 
@@ -224,9 +221,12 @@ void YComboBox::paintEvent(QPaintEvent*)
     QPainter painter(this);
     d->look.drawLabel(painter, size(), state);
     d->look.drawBox(painter, size(), state);
-    const QRect place = d->valueR(size());
-    const QRect arrow(place.right() + 1, place.top(), arrowWidth, place.height());
-    drawArrow(painter, arrow, isYEnabled() ? theme.mutedText : theme.disabledText);
+    const QRect inner = d->look.textR(size());
+    const QRect arrow(inner.right() + 1 - theme.arrow, inner.top(), theme.arrow, inner.height());
+    YIcon::draw(painter, QStringLiteral("open"),
+                QStyle::visualRect(layoutDirection(), inner, arrow),
+                isYEnabled() ? theme.mutedText : theme.disabledText);
+    const QRect place = QStyle::visualRect(layoutDirection(), inner, d->valueR(size()));
     painter.setPen(isYEnabled() ? theme.text : theme.disabledText);
     drawValue(painter, currentText(), place, d->fitsOneLine(currentText(), place.width()));
 }

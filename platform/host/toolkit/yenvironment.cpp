@@ -6,6 +6,7 @@
 #include <QLocale>
 
 #include "base/look_variables.h"
+#include "toolkit/theme/ydesktop.h"
 
 namespace {
 
@@ -23,13 +24,32 @@ void tellIgnored()
     }
 }
 
+bool isPath(const std::string& theme)
+{
+    return theme.find('/') != theme.npos;
+}
+
 } // namespace
 
 Q_COREAPP_STARTUP_FUNCTION(tellIgnored)
 
-bool YEnvironment::isDark()
+YLook YEnvironment::look()
 {
-    return base::lookValue("VORN_THEME") == "dark";
+    YLook look;
+    const std::string theme = base::lookValue("VORN_THEME");
+    look.theme =
+        theme.empty() || isPath(theme) ? QStringLiteral("light") : QString::fromStdString(theme);
+    look.accent = QString::fromStdString(base::lookValue("VORN_ACCENT"));
+    look.textSize = QString::fromStdString(base::lookValue("VORN_TEXT_SIZE"));
+    const std::string motion = base::lookValue("VORN_MOTION");
+    look.moves = motion.empty() ? YDesktop::moves() : motion == "full";
+    return look;
+}
+
+QString YEnvironment::themeFile()
+{
+    const std::string theme = base::lookValue("VORN_THEME");
+    return isPath(theme) ? QString::fromStdString(theme) : QString();
 }
 
 QString YEnvironment::locale()

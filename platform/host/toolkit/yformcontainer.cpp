@@ -21,8 +21,6 @@ QWidget* focusTarget(QWidget* row)
     return proxy && (proxy->focusPolicy() & Qt::TabFocus) ? proxy : nullptr;
 }
 
-constexpr int endMargin = YTheme::margin / 2; // below the margin of the last row
-
 int heightOf(const QWidget& row, int width)
 {
     const int height =
@@ -162,7 +160,7 @@ int YFormContainer::layoutContents(int width)
         top += height;
     }
     // The last row does not stand on the keys below the form.
-    return d->rows.empty() ? top : top + endMargin;
+    return d->rows.empty() ? top : top + YTheme::current().margin / 2;
 }
 
 void YFormContainer::contentsKeyPressEvent(QKeyEvent* event)

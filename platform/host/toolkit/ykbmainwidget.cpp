@@ -137,12 +137,13 @@ void YKbMainWidget::paintEvent(QPaintEvent*)
 {
     const YTheme& theme = YTheme::current();
     QPainter painter(this);
-    painter.fillRect(0, 0, width(), YTheme::titleHeight(), theme.bar);
-    painter.fillRect(0, YTheme::titleHeight() - 1, width(), 1, theme.border);
+    painter.fillRect(0, 0, width(), YTheme::current().titleHeight, theme.bar);
+    painter.fillRect(0, YTheme::current().titleHeight - 1, width(), 1, theme.border);
     painter.setPen(theme.text);
     YTitle::draw(painter, d->title,
-                 QRect(YTheme::margin, 0, width() - 2 * YTheme::margin - d->titleBarWidth(),
-                       YTheme::titleHeight() - 1));
+                 QRect(YTheme::current().margin, 0,
+                       width() - 2 * YTheme::current().margin - d->titleBarWidth(),
+                       YTheme::current().titleHeight - 1));
 }
 
 void YKbMainWidget::resizeEvent(QResizeEvent*)
@@ -178,13 +179,13 @@ void YKbMainWidget::layoutParts()
 {
     const int info = d->titleBarWidth();
     if (d->titleBar)
-        d->titleBar->setGeometry(width() - info, 0, info, YTheme::titleHeight() - 1);
-    const int bar = d->softKey && !d->softKey->isHidden() ? YTheme::softKeyHeight() : 0;
+        d->titleBar->setGeometry(width() - info, 0, info, YTheme::current().titleHeight - 1);
+    const int bar = d->softKey && !d->softKey->isHidden() ? YTheme::current().softKeyHeight : 0;
     if (d->softKey)
-        d->softKey->setGeometry(0, height() - YTheme::softKeyHeight(), width(),
-                                YTheme::softKeyHeight());
+        d->softKey->setGeometry(0, height() - YTheme::current().softKeyHeight, width(),
+                                YTheme::current().softKeyHeight);
     if (d->content)
-        d->content->setGeometry(0, YTheme::titleHeight(), width(),
-                                height() - YTheme::titleHeight() - bar);
-    update(0, 0, width(), YTheme::titleHeight());
+        d->content->setGeometry(0, YTheme::current().titleHeight, width(),
+                                height() - YTheme::current().titleHeight - bar);
+    update(0, 0, width(), YTheme::current().titleHeight);
 }

@@ -7,6 +7,7 @@
 #include <QInputMethodQueryEvent>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QStyle>
 
 #include <yinputfield.h>
 #include <yskinservice.h>
@@ -20,7 +21,6 @@
 
 namespace {
 
-constexpr int usualWidth = 160;
 constexpr int fieldMargin = 2;
 
 } // namespace
@@ -39,7 +39,8 @@ struct YLineEdit::Private
 
     bool hasEye() const { return echo == QLineEdit::Password && enabled; }
 
-    QRect eyeR(const QSize& row) const { return YEye::placeIn(look.boxR(row)); }
+    // As in a row that is read from left to right.
+    QRect eyeR(const QSize& row) const { return YEye::placeIn(look.boxR(row), Qt::LeftToRight); }
 
     // Where the room for the text ends.
     int rightEdge(const QSize& row) const
@@ -60,8 +61,6 @@ YLineEdit::YLineEdit(QWidget* parent, const char* name, int widgetClassId)
     setSizePolicy(policy);
     d->look.setCompact(widgetClassId == YSkinService::SegmentField);
     d->field = new YInputField(this);
-    if (d->look.isCompact())
-        d->field->setFont(YTheme::segmentFont());
     connect(d->field, &QLineEdit::textChanged, this, [this] { tellText(); });
     connect(d->field, &QLineEdit::cursorPositionChanged, this, [this](int, int position) {
         QAccessibleTextCursorEvent event(this, position);
@@ -184,7 +183,7 @@ bool YLineEdit::isYEnabled() const
 
 QSize YLineEdit::sizeHint() const
 {
-    const int width = d->preferredWidth > 0 ? d->preferredWidth : usualWidth;
+    const int width = d->preferredWidth > 0 ? d->preferredWidth : YTheme::current().field;
     return QSize(width, heightForWidth(width));
 }
 
@@ -298,7 +297,8 @@ void YLineEdit::mouseReleaseEvent(QMouseEvent* event)
         QCoreApplication::sendEvent(this, &key);
         return;
     }
-    if (d->hasEye() && d->eyeR(size()).contains(event->position().toPoint()))
+    const QPoint touched = event->position().toPoint();
+    if (d->hasEye() && YEye::placeIn(d->look.boxR(size()), layoutDirection()).contains(touched))
         reveal(!d->eye.isOpen);
     else
         d->field->end(false);
@@ -319,9 +319,8 @@ void YLineEdit::paintEvent(QPaintEvent*)
     QPainter painter(this);
     d->look.drawLabel(painter, size(), state);
     d->look.drawBox(painter, size(), state);
-    YRowLook::drawNote(
-        painter, QRect(QPoint(0, d->field->y()), QSize(d->rightEdge(size()), d->field->height())),
-        keypadNote());
+    const QRect note(0, d->field->y(), d->rightEdge(size()), d->field->height());
+    YRowLook::drawNote(painter, QStyle::visualRect(layoutDirection(), rect(), note), keypadNote());
     if (d->hasEye())
         d->eye.draw(painter, d->look.boxR(size()));
 }
@@ -363,11 +362,15 @@ QString YLineEdit::keypadNote() const
 
 void YLineEdit::layoutField()
 {
+    const YTheme& theme = YTheme::current();
+    if (d->look.isCompact() && d->field->font() != theme.segmentFont())
+        d->field->setFont(theme.segmentFont());
     const int note = YRowLook::noteWidth(keypadNote());
     QRect place = d->look.textR(size());
     place.setRight(std::min(place.right(), d->rightEdge(size()) - note - 1));
     // Qt's line edit has a margin of its own.
-    d->field->setGeometry(place.adjusted(-fieldMargin, 0, fieldMargin, 0));
+    d->field->setGeometry(QStyle::visualRect(layoutDirection(), rect(),
+                                             place.adjusted(-fieldMargin, 0, fieldMargin, 0)));
 }
 
 // Keys at the eye, and the one that goes there; false when the text is to have the key.

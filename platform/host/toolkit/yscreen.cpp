@@ -11,6 +11,7 @@
 
 #include "toolkit/look/ydress.h"
 #include "toolkit/look/ytheme.h"
+#include "toolkit/theme/ychoice.h"
 #include "toolkit/ybody.h"
 #include "yenvironment.h"
 
@@ -269,6 +270,7 @@ void YScreen::closeLayers()
 void YScreen::resizeEvent(QResizeEvent* event)
 {
     m_shade->setGeometry(rect());
+    YChoice::setScreen(size());
     emit resized(event->oldSize());
 }
 

@@ -10,6 +10,7 @@
 
 #include "toolkit/input/yfinger.h"
 #include "toolkit/look/ydress.h"
+#include "toolkit/look/ytheme.h"
 
 // The widget that is scrolled.
 class YScrollContents : public QWidget
@@ -37,12 +38,6 @@ private:
     YScrollPanel* m_panel;
 };
 
-namespace {
-
-constexpr int lineStep = 24;
-
-} // namespace
-
 struct YScrollPanel::Private
 {
     QScrollArea* area = nullptr;
@@ -68,7 +63,7 @@ YScrollPanel::YScrollPanel(QWidget* parent, const char* name, int /*widgetClassI
     d->area->setWidget(d->contents);
     d->finger = new YFinger(d->area);
     d->bar()->setFocusPolicy(Qt::NoFocus);
-    d->bar()->setSingleStep(lineStep);
+    d->bar()->setSingleStep(YTheme::current().scrollStep);
     // The page shows beside the bar's handle.
     d->bar()->setAttribute(Qt::WA_OpaquePaintEvent, false);
     connect(d->bar(), &QScrollBar::valueChanged, this,

@@ -21,12 +21,11 @@
 namespace {
 
 constexpr int mostSegments = 16;
-constexpr int usualWidth = 40;
 
 // Beside the separator.
 int separatorPadding()
 {
-    return YTheme::isSmall() ? 1 : 2;
+    return YTheme::current().segmentGap;
 }
 
 constexpr int unlimited = 32767;
@@ -219,7 +218,8 @@ void YSegmentField::resizeEvent(QResizeEvent*)
 void YSegmentField::addSegment()
 {
     auto* segment = new YLineEdit(this, nullptr, d->widgetClass);
-    segment->setPreferredWidth(usualWidth);
+    segment->setLayoutDirection(Qt::LeftToRight);
+    segment->setPreferredWidth(YTheme::current().segment);
     segment->setEnabled(d->enabled);
     segment->installEventFilter(this);
     segment->setVisible(true);
@@ -306,13 +306,15 @@ void YSegmentField::enter(int index, bool atEnd)
 }
 
 // The segments have the widths that they prefer, and share what there is where that is too little.
+// An address is read from left to right in every language, and stands where the form's rows begin.
 void YSegmentField::layoutSegments()
 {
     const QRect box = d->look.boxR(size());
     const int gap = d->separatorWidth(fontMetrics());
     const int wanted = d->contentsWidth(fontMetrics());
     const int missing = std::max(0, wanted - box.width());
-    int left = box.left();
+    const bool turned = layoutDirection() == Qt::RightToLeft;
+    int left = turned ? std::max(box.left(), box.right() + 1 - wanted) : box.left();
     for (int i = 0; i < d->count(); ++i) {
         const int share = missing * (i + 1) / d->count() - missing * i / d->count();
         const int width = std::max(0, d->at(i)->sizeHint().width() - share);

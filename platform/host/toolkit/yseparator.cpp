@@ -11,13 +11,9 @@
 
 namespace {
 
-constexpr int above = 9;
-constexpr int below = 3;
-constexpr int lineHeight = 1;
-
 QFont captionFont()
 {
-    QFont font = YTheme::smallFont();
+    QFont font = YTheme::current().smallFont();
     font.setWeight(QFont::DemiBold);
     return font;
 }
@@ -84,10 +80,12 @@ QSize YSeparator::sizeHint() const
 
 int YSeparator::heightForWidth(int width) const
 {
-    const int caption = d->label && !d->label->text().isEmpty()
-                            ? below + d->label->heightForWidth(width - 2 * YTheme::margin)
-                            : 0;
-    return above + caption + lineHeight + below;
+    const YTheme& theme = YTheme::current();
+    const int caption =
+        d->label && !d->label->text().isEmpty()
+            ? theme.belowSeparator + d->label->heightForWidth(width - 2 * theme.margin)
+            : 0;
+    return theme.aboveSeparator + caption + theme.line + theme.belowSeparator;
 }
 
 bool YSeparator::event(QEvent* event)
@@ -111,22 +109,27 @@ void YSeparator::setEnabled(bool enabled)
 
 void YSeparator::paintEvent(QPaintEvent*)
 {
+    const YTheme& theme = YTheme::current();
     QPainter painter(this);
-    painter.fillRect(YTheme::margin, height() - below - lineHeight, width() - 2 * YTheme::margin,
-                     lineHeight, YTheme::current().border);
+    painter.fillRect(theme.margin, height() - theme.belowSeparator - theme.line,
+                     width() - 2 * theme.margin, theme.line, theme.border);
 }
 
 void YSeparator::resizeEvent(QResizeEvent*)
 {
+    const YTheme& theme = YTheme::current();
     if (d->label)
-        d->label->setGeometry(YTheme::margin, above, width() - 2 * YTheme::margin,
-                              height() - above - 2 * below - lineHeight);
+        d->label->setGeometry(theme.margin, theme.aboveSeparator, width() - 2 * theme.margin,
+                              height() - theme.aboveSeparator - 2 * theme.belowSeparator -
+                                  theme.line);
 }
 
 void YSeparator::refresh()
 {
-    if (d->label)
+    if (d->label) {
+        d->label->setFont(captionFont());
         setAccessibleName(d->label->text());
+    }
     if (d->autoResize)
         resize(width(), heightForWidth(width()));
     updateGeometry();

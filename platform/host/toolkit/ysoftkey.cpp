@@ -6,11 +6,14 @@
 
 #include <QKeyEvent>
 #include <QPainter>
+#include <QPointer>
 #include <QPushButton>
+#include <QStyle>
 
 #include <yoptionsmenu.h>
 #include <ypopup.h>
 
+#include "toolkit/look/yanswer.h"
 #include "toolkit/look/ydress.h"
 #include "toolkit/look/ytheme.h"
 
@@ -45,8 +48,6 @@ bool saysWayOut(const QString& text)
     });
 }
 
-constexpr int smallestLetters = 11; // pixels
-
 using Texts = std::map<int, QString>; // by priority
 
 // The first that fits, or a null text.
@@ -80,15 +81,16 @@ struct YSoftKey::Private
     std::array<QPushButton*, buttonCount> buttons;
     std::array<Texts, buttonCount> alternatives;
     std::array<bool, buttonCount> rejects = {}; // a popup, by its own slot
+    YAnswer* answer = nullptr;
 
-    static int room(const QPushButton& button) { return button.width() - YTheme::margin; }
+    static int room(const QPushButton& button) { return button.width() - YTheme::current().margin; }
 
     // Both keys have the same letters: the usual ones, or the largest smaller ones with which both
     // have a text that fits.
     QFont letters() const
     {
-        QFont font = YTheme::bodyFont();
-        while (font.pixelSize() > smallestLetters && !haveRoom(font))
+        QFont font = YTheme::current().bodyFont();
+        while (font.pixelSize() > YTheme::current().smallestKey && !haveRoom(font))
             font.setPixelSize(font.pixelSize() - 1);
         return font;
     }
@@ -121,13 +123,15 @@ struct YSoftKey::Private
                            [](const auto& text) { return saysWayOut(text.second); });
     }
 
-    // The button that a phone key stands for, or -1.
+    // The button that a phone key stands for, or -1: the key on the left does what is written on
+    // the left, which is the second of the two where the language is read from right to left.
     int buttonOfKey(int key) const
     {
+        const bool turned = buttons[0]->layoutDirection() == Qt::RightToLeft;
         if (key == Qt::Key_F1)
-            return Left;
+            return turned ? Right : Left;
         if (key == Qt::Key_F2)
-            return Right;
+            return turned ? Left : Right;
         if (key != Qt::Key_Escape)
             return -1;
         return isWayOut(Right) ? Right : isWayOut(Left) ? Left : -1;
@@ -138,6 +142,7 @@ YSoftKey::YSoftKey(const char* /*layout*/, QWidget* parent, QWidget* keyReceiver
     : QWidget(parent), d(new Private)
 {
     YDress::wear(this);
+    d->answer = new YAnswer(this);
     for (QPushButton*& button : d->buttons) {
         button = new QPushButton(this);
         button->setFlat(true);
@@ -203,7 +208,7 @@ void YSoftKey::click(int button)
 
 QSize YSoftKey::sizeHint() const
 {
-    return QSize(parentWidget() ? parentWidget()->width() : 0, YTheme::softKeyHeight());
+    return QSize(parentWidget() ? parentWidget()->width() : 0, YTheme::current().softKeyHeight);
 }
 
 bool YSoftKey::eventFilter(QObject* watched, QEvent* event)
@@ -214,8 +219,12 @@ bool YSoftKey::eventFilter(QObject* watched, QEvent* event)
     const int button = d->buttonOfKey(key->key());
     if (button < 0)
         return false;
-    if (!key->isAutoRepeat())
+    if (!key->isAutoRepeat()) {
+        const QPointer<YSoftKey> self(this);
         click(button);
+        if (self && isVisible() && isButtonVisible(button))
+            d->answer->press(d->at(button));
+    }
     return true;
 }
 
@@ -224,17 +233,20 @@ void YSoftKey::paintEvent(QPaintEvent*)
     const YTheme& theme = YTheme::current();
     QPainter painter(this);
     painter.fillRect(rect(), theme.bar);
-    painter.fillRect(0, 0, width(), 1, theme.border);
+    painter.fillRect(0, 0, width(), theme.line, theme.border);
     const bool both = isButtonVisible(Left) && isButtonVisible(Right);
     if (both && !text(Left).isEmpty() && !text(Right).isEmpty())
-        painter.fillRect(width() / 2, YTheme::margin, 1, height() - 2 * YTheme::margin,
+        painter.fillRect(width() / 2, theme.margin, theme.line, height() - 2 * theme.margin,
                          theme.border);
 }
 
 void YSoftKey::resizeEvent(QResizeEvent*)
 {
     const int half = width() / 2;
-    d->at(Left)->setGeometry(0, 1, half, height() - 1);
-    d->at(Right)->setGeometry(half + 1, 1, width() - half - 1, height() - 1);
+    const int line = YTheme::current().line;
+    const QRect first(0, line, half, height() - line);
+    const QRect second(half + line, line, width() - half - line, height() - line);
+    d->at(Left)->setGeometry(QStyle::visualRect(layoutDirection(), rect(), first));
+    d->at(Right)->setGeometry(QStyle::visualRect(layoutDirection(), rect(), second));
     d->refresh();
 }

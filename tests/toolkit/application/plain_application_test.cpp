@@ -113,7 +113,7 @@ TEST_F(PlainApplication, HasThePhonesLookOnTheScreen)
         EXPECT_STREQ(widget->style()->metaObject()->className(), "YStyle")
             << widget->metaObject()->className();
         EXPECT_EQ(YTheme::current().text, widget->palette().color(QPalette::Text));
-        EXPECT_EQ(YTheme::bodyFont().pixelSize(), widget->font().pixelSize());
+        EXPECT_EQ(YTheme::current().bodyFont().pixelSize(), widget->font().pixelSize());
     }
     EXPECT_EQ(YTheme::current().background, picture(*YScreen::instance()).pixelColor(120, 200));
 }

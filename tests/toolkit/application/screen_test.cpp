@@ -108,14 +108,24 @@ INSTANTIATE_TEST_SUITE_P(
     Settings, Environment,
     ::testing::Values(
         Setting{"Theme", "VORN_THEME=drak",
-                "VORN_THEME=drak is ignored; it may be light or dark\n"},
+                "VORN_THEME=drak is ignored; it may be light, dark, system or "
+                "the path of a theme file\n"},
         Setting{"ThemeInCapitals", "VORN_THEME=Dark",
-                "VORN_THEME=Dark is ignored; it may be light or dark\n"},
+                "VORN_THEME=Dark is ignored; it may be light, dark, system or "
+                "the path of a theme file\n"},
         Setting{"KnownTheme", "VORN_THEME=dark", ""}, Setting{"NoTheme", "VORN_THEME=", ""},
         Setting{"Language", "VORN_LANG=klingon",
-                "VORN_LANG=klingon is ignored; it may be en, de or zh_CN\n"},
-        Setting{"TraditionalChinese", "VORN_LANG=zh_TW.UTF-8",
-                "VORN_LANG=zh_TW.UTF-8 is ignored; it may be en, de or zh_CN\n"},
+                "VORN_LANG=klingon is ignored; it may be en, ar, de, es, fr, ja, "
+                "pt, ru, zh_CN or zh_TW\n"},
+        Setting{"TraditionalChinese", "VORN_LANG=zh_TW.UTF-8", ""},
+        Setting{"Accent", "VORN_ACCENT=mud",
+                "VORN_ACCENT=mud is ignored; it may be blue, plum or teal\n"},
+        Setting{"TextSize", "VORN_TEXT_SIZE=9",
+                "VORN_TEXT_SIZE=9 is ignored; it may be small, normal, large or largest\n"},
+        Setting{"Motion", "VORN_MOTION=none",
+                "VORN_MOTION=none is ignored; it may be full or reduced\n"},
+        Setting{"ThemeFile", "VORN_THEME=/nowhere/theme.json",
+                "theme /nowhere/theme.json: No such file or directory\n"},
         Setting{"Austria", "VORN_LANG=de_AT.UTF-8@euro", ""},
         Setting{"English", "VORN_LANG=en", ""}, Setting{"Chinese", "VORN_LANG=zh", ""},
         Setting{"SimplifiedChinese", "VORN_LANG=zh_CN", ""},
@@ -126,7 +136,8 @@ INSTANTIATE_TEST_SUITE_P(
                 "VORN_SCREEN=large is ignored; it may be WIDTHxHEIGHT, each 160 to 4096, for "
                 "instance 240x320\n"},
         Setting{"ControlCharacters", "VORN_THEME=\033[2J\n",
-                "VORN_THEME=?[2J? is ignored; it may be light or dark\n"},
+                "VORN_THEME=?[2J? is ignored; it may be light, dark, system or "
+                "the path of a theme file\n"},
         Setting{
             "LongValue", "VORN_KEYPAD=0123456789012345678901234567890123456789+",
             "VORN_KEYPAD=0123456789012345678901234567890123456789... is ignored; it may be 0 or "

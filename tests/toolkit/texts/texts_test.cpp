@@ -56,16 +56,16 @@ TEST_P(ByLocale, ChoosesTheCatalogue)
     EXPECT_EQ(translator.translate("C", "TXT_RID_NO_SUCH_TEXT", "Default", -1), "Default");
 }
 
-INSTANTIATE_TEST_SUITE_P(Locales, ByLocale,
-                         ::testing::Values(Language{"de", "Abbrechen"},
-                                           Language{"de_DE", "Abbrechen"},
-                                           Language{"de_AT.UTF-8", "Abbrechen"},
-                                           Language{"zh_CN", "取消"}, Language{"zh", "取消"},
-                                           Language{"zh_SG.UTF-8", "取消"},
-                                           Language{"zh_TW", "Cancel"}, Language{"en_GB", "Cancel"},
-                                           Language{"fr", "Cancel"}, Language{"C", "Cancel"},
-                                           Language{"", "Cancel"}, Language{"nonsense", "Cancel"}),
-                         [](const auto& row) { return "Row" + std::to_string(row.index); });
+INSTANTIATE_TEST_SUITE_P(
+    Locales, ByLocale,
+    ::testing::Values(Language{"de", "Abbrechen"}, Language{"de_DE", "Abbrechen"},
+                      Language{"de_AT.UTF-8", "Abbrechen"}, Language{"zh_CN", "取消"},
+                      Language{"zh", "取消"}, Language{"zh_SG.UTF-8", "取消"},
+                      Language{"zh_TW", "取消"}, Language{"en_GB", "Cancel"},
+                      Language{"pt_BR", "Cancelar"}, Language{"ar_EG", "إلغاء"},
+                      Language{"it", "Cancel"}, Language{"C", "Cancel"}, Language{"", "Cancel"},
+                      Language{"nonsense", "Cancel"}),
+    [](const auto& row) { return "Row" + std::to_string(row.index); });
 
 TEST(Texts, VornLangComesBeforeTheSystemsLocale)
 {
@@ -75,10 +75,10 @@ TEST(Texts, VornLangComesBeforeTheSystemsLocale)
     EXPECT_NE(YTranslator::chosenLocale(), "de");
 }
 
-class Languages : public GuiTest, public ::testing::WithParamInterface<const char*>
+class Languages : public GuiTest, public ::testing::WithParamInterface<std::string>
 {
 protected:
-    YTranslator translator{nullptr, GetParam()};
+    YTranslator translator{nullptr, QString::fromStdString(GetParam())};
 
     QString text(const char* id) const { return translator.translate("C", id, nullptr, -1); }
 };
@@ -112,7 +112,16 @@ TEST_P(Languages, MessagesAreShownWhole)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(All, Languages, ::testing::Values("de", "zh_CN"),
-                         [](const auto& row) { return std::string(row.param); });
+std::vector<std::string> catalogues()
+{
+    std::vector<std::string> names;
+    for (const QString& name : YTranslator::catalogues())
+        if (name != "en")
+            names.push_back(name.toStdString());
+    return names;
+}
+
+INSTANTIATE_TEST_SUITE_P(All, Languages, ::testing::ValuesIn(catalogues()),
+                         [](const auto& row) { return row.param; });
 
 } // namespace

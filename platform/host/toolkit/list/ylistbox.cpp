@@ -144,7 +144,7 @@ int YListBox::heightOfRows(int width, int most) const
 QSize YListBox::sizeHint() const
 {
     const int wide = std::max(minimumWidth(), 200);
-    return QSize(wide, heightOfRows(wide, 5 * YTheme::rowHeight()));
+    return QSize(wide, heightOfRows(wide, 5 * YTheme::current().rowHeight));
 }
 
 void YListBox::resizeEvent(QResizeEvent* event)

@@ -32,11 +32,13 @@ public:
 private:
     const YRowFont& fontOf(const YListSubItem& subItem) const;
     bool hasMark(int row) const;
-    void paintSubItems(QPainter& painter, const YListBoxItem& item, QRect place) const;
+    void paintSubItems(QPainter& painter, const QRect& row, const YListBoxItem& item,
+                       QRect place) const;
 
     const YListModel& m_model;
-    const YRowFont m_plainFont;
-    const YRowFont m_strongFont;
+    // Of the theme in use; another one may have larger letters.
+    mutable YRowFont m_plainFont;
+    mutable YRowFont m_strongFont;
 };
 
 #endif

@@ -5,53 +5,47 @@
 #include <QAction>
 #include <QKeyEvent>
 #include <QPainter>
-#include <QPainterPath>
+#include <QStyle>
 #include <QStyledItemDelegate>
 
+#include "toolkit/look/yicon.h"
+#include "toolkit/look/yrowlook.h"
 #include "toolkit/look/ytheme.h"
 #include "toolkit/look/ywrap.h"
 
 namespace {
 
-constexpr int textMargin = 10;
-constexpr int markWidth = 26;
-constexpr int pictureSize = 20;
-constexpr double radius = 6;
-
-// Above and below the text of a row.
-int linePadding()
+// Where the parts of a row are, as in a row that is read from left to right.
+struct Places
 {
-    return YTheme::isSmall() ? 5 : 8;
+    QRect picture;
+    QRect text;
+    QRect mark;
+};
+
+Places placesIn(const QRect& row, bool hasPicture, bool hasMark)
+{
+    const YTheme& theme = YTheme::current();
+    Places places;
+    places.text = row.adjusted(theme.margin, 0, -theme.margin, 0);
+    places.picture = places.mark = places.text;
+    places.picture.setWidth(theme.icon);
+    places.mark.setLeft(places.text.right() + 1 - theme.check);
+    if (hasPicture)
+        places.text.setLeft(places.picture.right() + 1 + theme.margin);
+    if (hasMark)
+        places.text.setRight(places.mark.left() - 1 - theme.margin);
+    return places;
 }
 
-QRect textR(const QRect& row, bool checkable)
+// The item's ground, and the pen for what is written on it.
+void prepare(QPainter& painter, const QStyleOptionViewItem& option, bool enabled)
 {
-    return row.adjusted(textMargin, 0, -textMargin - (checkable ? markWidth : 0), 0);
-}
-
-void drawMark(QPainter* painter, const QPointF& middle)
-{
-    QPainterPath mark;
-    mark.moveTo(middle + QPointF(-5, 0));
-    mark.lineTo(middle + QPointF(-1, 4));
-    mark.lineTo(middle + QPointF(6, -4));
-    painter->setPen(QPen(painter->pen().color(), 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    painter->drawPath(mark);
-}
-
-void drawSelection(QPainter& painter, const QRect& place)
-{
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(YTheme::current().accent);
-    painter.drawRoundedRect(place, radius, radius);
-}
-
-// Result: the place that is left beside the icon.
-QRect drawIcon(QPainter& painter, const QIcon& icon, const QRect& place)
-{
-    icon.paint(&painter,
-               QRect(place.left(), place.center().y() - pictureSize / 2, pictureSize, pictureSize));
-    return place.adjusted(pictureSize + textMargin, 0, 0, 0);
+    const YTheme& theme = YTheme::current();
+    const bool current = enabled && option.state & QStyle::State_Selected;
+    if (current)
+        YRowLook::drawSelection(painter, option.rect);
+    painter.setPen(current ? theme.onAccent : enabled ? theme.text : theme.disabledText);
 }
 
 class ItemDelegate : public QStyledItemDelegate
@@ -62,24 +56,20 @@ public:
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override
     {
-        const YTheme& theme = YTheme::current();
-        const bool enabled = index.flags() & Qt::ItemIsEnabled;
-        const bool current = enabled && option.state & QStyle::State_Selected;
         const QVariant mark = index.data(Qt::CheckStateRole);
         painter->save();
-        painter->setRenderHint(QPainter::Antialiasing);
-        if (current)
-            drawSelection(*painter, option.rect);
-        painter->setBrush(Qt::NoBrush);
-        painter->setPen(current ? theme.onAccent : enabled ? theme.text : theme.disabledText);
-        QRect place = textR(option.rect, mark.isValid());
+        prepare(*painter, option, index.flags() & Qt::ItemIsEnabled);
         const auto icon = index.data(Qt::DecorationRole).value<QIcon>();
-        if (!icon.isNull())
-            place = drawIcon(*painter, icon, place);
-        YWrap::draw(*painter, place, Qt::AlignVCenter | Qt::AlignLeft, index.data().toString());
+        const Places places = placesIn(option.rect, !icon.isNull(), mark.isValid());
+        const auto onItsSide = [&option](const QRect& place) {
+            return QStyle::visualRect(option.direction, option.rect, place);
+        };
+        icon.paint(painter, onItsSide(places.picture));
+        YWrap::draw(*painter, onItsSide(places.text), Qt::AlignVCenter | Qt::AlignLeft,
+                    index.data().toString());
         if (mark.toInt() == Qt::Checked)
-            drawMark(painter,
-                     QPointF(option.rect.right() - markWidth / 2.0, option.rect.center().y()));
+            YIcon::draw(*painter, QStringLiteral("check"), onItsSide(places.mark),
+                        painter->pen().color());
         painter->restore();
     }
 };
@@ -115,14 +105,14 @@ void YOptionsList::refresh(int row, const QAction& action)
 
 int YOptionsList::layoutRows(int width)
 {
+    const YTheme& theme = YTheme::current();
     int sum = 0;
     for (int row = 0; row < count(); ++row) {
         QListWidgetItem* shown = item(row);
-        QRect place = textR(QRect(0, 0, width, 0), shown->data(Qt::CheckStateRole).isValid());
-        if (!shown->icon().isNull())
-            place.setLeft(place.left() + pictureSize + textMargin);
-        const int text = YWrap::height(YTheme::bodyFont(), shown->text(), place.width());
-        const int height = std::max(YTheme::rowHeight(), text + 2 * linePadding());
+        const Places places = placesIn(QRect(0, 0, width, 0), !shown->icon().isNull(),
+                                       shown->data(Qt::CheckStateRole).isValid());
+        const int text = YWrap::height(theme.bodyFont(), shown->text(), places.text.width());
+        const int height = std::max(theme.rowHeight, text + 2 * theme.menuLine);
         shown->setSizeHint(QSize(1, height)); // wide as the list
         sum += height;
     }

@@ -5,7 +5,8 @@
 #include <QBasicTimer>
 #include <QWidget>
 
-// A ring whose lit part travels. Its timer runs only while the ring is shown.
+// A ring whose lit part travels, and breathes. Its timer runs only while the ring is shown; with
+// reduced motion the ring stands still.
 class YBusy : public QWidget
 {
     Q_OBJECT
@@ -25,7 +26,7 @@ private:
     void tellBusy();
 
     QBasicTimer m_timer;
-    int m_step = 0;
+    double m_turned = 0.25; // turns, of two
 };
 
 #endif

@@ -5,8 +5,11 @@
 #include <QPointer>
 #include <QWidget>
 
+#include <ysegmentfield.h>
+
 #include "toolkit/look/ystyle.h"
 #include "toolkit/look/ytheme.h"
+#include "toolkit/look/ytranslator.h"
 
 namespace {
 
@@ -80,10 +83,29 @@ Wardrobe& wardrobe()
     return *made;
 }
 
+// The parts of an address, for instance.
+bool isLeftToRight(const QWidget& widget)
+{
+    return qobject_cast<const YSegmentField*>(widget.parentWidget());
+}
+
 void colour(QWidget* widget)
 {
     widget->setPalette(YTheme::current().palette());
-    widget->setFont(YTheme::bodyFont());
+    widget->setFont(YTheme::current().bodyFont());
+    widget->setLayoutDirection(isLeftToRight(*widget) ? Qt::LeftToRight : YTranslator::direction());
+}
+
+// What lies in a widget of the toolkit is laid out anew, with other letters and other lengths.
+void layOutAnew()
+{
+    for (QWidget* widget : QApplication::allWidgets()) {
+        if (!isApplicationDressed() && !isDressed(*widget) && !liesInDressed(*widget))
+            continue;
+        widget->updateGeometry();
+        QCoreApplication::postEvent(widget, new QEvent(QEvent::LayoutRequest));
+        widget->update();
+    }
 }
 
 } // namespace
@@ -102,16 +124,17 @@ void YDress::wearAll()
     if (!isApplicationDressed())
         QApplication::setStyle(new YStyle);
     QApplication::setPalette(YTheme::current().palette());
-    QApplication::setFont(YTheme::bodyFont());
+    QApplication::setFont(YTheme::current().bodyFont());
+    QApplication::setLayoutDirection(YTranslator::direction());
 }
 
 void YDress::refresh()
 {
-    if (isApplicationDressed()) {
+    if (isApplicationDressed())
         wearAll();
-        return;
-    }
-    for (QWidget* widget : QApplication::allWidgets())
-        if (isDressed(*widget))
-            colour(widget);
+    else
+        for (QWidget* widget : QApplication::allWidgets())
+            if (isDressed(*widget))
+                colour(widget);
+    layOutAnew();
 }

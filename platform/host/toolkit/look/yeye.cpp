@@ -2,22 +2,14 @@
 
 #include <QKeyEvent>
 #include <QPainter>
-#include <QPainterPath>
+#include <QStyle>
 
+#include "toolkit/look/yicon.h"
 #include "toolkit/look/ytheme.h"
 
 namespace {
 
-constexpr int eyeWidth = 30;
-
-QPainterPath lids(const QPointF& middle)
-{
-    QPainterPath path;
-    path.moveTo(middle - QPointF(8, 0));
-    path.quadTo(middle - QPointF(0, 9), middle + QPointF(8, 0));
-    path.quadTo(middle + QPointF(0, 9), middle - QPointF(8, 0));
-    return path;
-}
+constexpr int groundEdge = 3; // between the box and the eye's ground
 
 } // namespace
 
@@ -38,32 +30,29 @@ bool YEye::isReturn(int key)
     return key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Select;
 }
 
-QRect YEye::placeIn(const QRect& box)
+QRect YEye::placeIn(const QRect& box, Qt::LayoutDirection direction)
 {
     QRect place = box;
-    place.setLeft(place.right() + 1 - eyeWidth);
-    return place;
+    place.setLeft(place.right() + 1 - YTheme::current().eye);
+    return QStyle::visualRect(direction, box, place);
 }
 
 void YEye::draw(QPainter& painter, const QRect& box) const
 {
     const YTheme& theme = YTheme::current();
-    const QRect place = placeIn(box);
-    const QPointF middle = QRectF(place).center();
-    painter.save();
-    painter.setRenderHint(QPainter::Antialiasing);
+    const QRect place = placeIn(box, painter.layoutDirection());
     if (hasCursor) {
+        const double radius = theme.boxRadius - groundEdge;
+        painter.save();
+        painter.setRenderHint(QPainter::Antialiasing);
         painter.setPen(Qt::NoPen);
         painter.setBrush(theme.accent);
-        painter.drawRoundedRect(place.adjusted(3, 4, -4, -4), 4, 4);
+        painter.drawRoundedRect(place.adjusted(groundEdge, groundEdge, -groundEdge, -groundEdge),
+                                radius, radius);
+        painter.restore();
     }
-    const QColor colour = hasCursor ? theme.onAccent : theme.mutedText;
-    painter.setPen(QPen(colour, 1.4));
-    painter.setBrush(Qt::NoBrush);
-    painter.drawPath(lids(middle));
-    painter.setBrush(colour);
-    painter.drawEllipse(middle, 2.0, 2.0);
-    if (!isOpen)
-        painter.drawLine(middle + QPointF(-6, 6), middle + QPointF(6, -6));
-    painter.restore();
+    const int around = (place.width() - theme.mark) / 2;
+    YIcon::draw(painter, isOpen ? QStringLiteral("eye") : QStringLiteral("eye-off"),
+                place.adjusted(around, 0, -around, 0),
+                hasCursor ? theme.onAccent : theme.mutedText);
 }

@@ -23,7 +23,7 @@ struct YEye
     Taken take(const QKeyEvent& event, bool behindText) const;
     static bool isReturn(int key);
 
-    static QRect placeIn(const QRect& box);
+    static QRect placeIn(const QRect& box, Qt::LayoutDirection direction);
     void draw(QPainter& painter, const QRect& box) const;
 };
 

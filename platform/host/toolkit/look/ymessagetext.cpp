@@ -10,7 +10,6 @@ YMessageText::YMessageText(QWidget* parent) : QScrollArea(parent), m_label(new Y
 {
     m_label->setObjectName(QStringLiteral("text"));
     m_label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-    m_label->setContentsMargins(YTheme::margin, YTheme::margin, YTheme::margin, YTheme::margin);
     setWidget(m_label);
     setWidgetResizable(true);
     setFrameShape(NoFrame);
@@ -32,21 +31,30 @@ QString YMessageText::text() const
     return m_label->text();
 }
 
+// A frame that is dressed while it is smaller than its margins forgets them.
+void YMessageText::keepMargins() const
+{
+    const int margin = YTheme::current().margin;
+    m_label->setContentsMargins(margin, margin, margin, margin);
+}
+
 int YMessageText::heightFor(int width) const
 {
+    keepMargins();
     return m_label->heightForWidth(width);
 }
 
 int YMessageText::fit(int width, int most)
 {
-    QFont letters = YTheme::bodyFont();
+    QFont letters = YTheme::current().bodyFont();
     m_label->setFont(letters);
-    while (heightFor(width) > most && letters.pixelSize() > YTheme::smallFont().pixelSize()) {
+    while (heightFor(width) > most &&
+           letters.pixelSize() > YTheme::current().smallFont().pixelSize()) {
         letters.setPixelSize(letters.pixelSize() - 1);
         m_label->setFont(letters);
     }
     if (heightFor(width) > most)
-        m_label->setFont(YTheme::bodyFont());
+        m_label->setFont(YTheme::current().bodyFont());
     return heightFor(width);
 }
 

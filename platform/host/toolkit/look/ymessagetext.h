@@ -29,6 +29,7 @@ protected:
 
 private:
     void showBarIfNeeded();
+    void keepMargins() const;
 
     YTextLabel* m_label;
 };

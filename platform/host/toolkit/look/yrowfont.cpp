@@ -7,17 +7,23 @@ namespace {
 
 QFont rowFont(bool strong)
 {
-    QFont font = YTheme::bodyFont();
+    QFont font = YTheme::current().bodyFont();
     font.setBold(strong);
     return font;
 }
 
 } // namespace
 
-YRowFont::YRowFont(bool strong) : m_face(rowFont(strong)), m_measure(m_face)
+YRowFont::YRowFont(bool strong)
+    : m_generation(YTheme::generation()), m_face(rowFont(strong)), m_measure(m_face)
 {
     for (std::size_t code = 0; code < m_advances.size(); ++code)
         m_advances[code] = m_measure.horizontalAdvance(QChar(static_cast<char16_t>(code)));
+}
+
+bool YRowFont::isCurrent() const
+{
+    return m_generation == YTheme::generation();
 }
 
 bool YRowFont::fits(const QString& text, int width) const

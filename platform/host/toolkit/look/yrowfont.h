@@ -13,6 +13,8 @@ class YRowFont
 public:
     explicit YRowFont(bool strong);
 
+    // False once the theme is another one, whose letters may be larger.
+    bool isCurrent() const;
     const QFont& font() const { return m_face; }
     const QFontMetrics& metrics() const { return m_measure; }
 
@@ -24,6 +26,7 @@ public:
     int wrappedHeight(const QString& text, int width) const;
 
 private:
+    int m_generation; // of the theme
     QFont m_face;
     QFontMetrics m_measure;
     std::array<int, 128> m_advances; // of the letters of ASCII

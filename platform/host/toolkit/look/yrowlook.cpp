@@ -13,13 +13,9 @@
 
 namespace {
 
-constexpr QMargins rowMargins(YTheme::margin, 4, YTheme::margin, 4);
-constexpr int labelGap = 2;
-constexpr double boxRadius = 6;
-
-QFont labelFont()
+const QFont& labelFont()
 {
-    return YTheme::smallFont();
+    return YTheme::current().smallFont();
 }
 
 // Other letters may come from another font, which may be higher; to find out takes its time.
@@ -40,8 +36,7 @@ void YRowLook::setCompact(bool isCompact)
 void YRowLook::setLabel(const QString& newText)
 {
     m_text = newText;
-    m_lineWidth = -1;
-    m_measuredWidth = -1;
+    m_generation = -1;
 }
 
 void YRowLook::setBoxHeight(int height)
@@ -49,27 +44,33 @@ void YRowLook::setBoxHeight(int height)
     m_box = height;
 }
 
+int YRowLook::boxHeightNow() const
+{
+    return std::max(m_box, boxHeight());
+}
+
 int YRowLook::boxHeight()
 {
-    return YTheme::isSmall() ? 24 : 28;
+    return YTheme::current().boxHeight;
 }
 
 int YRowLook::heightForWidth(int width) const
 {
     const QMargins around = margins();
-    return around.top() + labelHeight(width) + m_box + around.bottom();
+    return around.top() + labelHeight(width) + boxHeightNow() + around.bottom();
 }
 
 QRect YRowLook::boxR(const QSize& row) const
 {
     const QRect inner = QRect(QPoint(), row).marginsRemoved(margins());
-    return QRect(inner.left(), inner.bottom() + 1 - m_box, inner.width(), m_box);
+    return QRect(inner.left(), inner.bottom() + 1 - boxHeightNow(), inner.width(), boxHeightNow());
 }
 
 QRect YRowLook::textR(const QSize& row) const
 {
-    const int side = m_compact ? YTheme::focusWidth + 1 : textMargin;
-    return boxR(row).adjusted(side, YTheme::focusWidth, -side, -YTheme::focusWidth);
+    const YTheme& theme = YTheme::current();
+    const int side = m_compact ? theme.focus + theme.line : theme.boxInset;
+    return boxR(row).adjusted(side, theme.focus, -side, -theme.focus);
 }
 
 void YRowLook::drawLabel(QPainter& painter, const QSize& row, State state) const
@@ -78,7 +79,7 @@ void YRowLook::drawLabel(QPainter& painter, const QSize& row, State state) const
         return;
     const YTheme& theme = YTheme::current();
     QRect line = QRect(QPoint(), row).marginsRemoved(margins());
-    line.setBottom(boxR(row).top() - 1 - labelGap);
+    line.setBottom(boxR(row).top() - 1 - theme.labelGap);
     painter.setFont(labelFont());
     painter.setPen(!state.enabled  ? theme.disabledText
                    : state.focused ? theme.accent
@@ -90,9 +91,9 @@ void YRowLook::drawLabel(QPainter& painter, const QSize& row, State state) const
 void YRowLook::drawBox(QPainter& painter, const QSize& row, State state) const
 {
     const YTheme& theme = YTheme::current();
-    const double line = state.focused ? YTheme::focusWidth : 1;
+    const double line = state.focused ? theme.focus : theme.line;
     const QRectF outer(boxR(row));
-    const double inner = boxRadius - line / 2;
+    const double inner = theme.boxRadius - line / 2;
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
@@ -103,16 +104,30 @@ void YRowLook::drawBox(QPainter& painter, const QSize& row, State state) const
     painter.restore();
 }
 
+void YRowLook::drawSelection(QPainter& painter, const QRect& place)
+{
+    const YTheme& theme = YTheme::current();
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(theme.accent);
+    painter.drawRoundedRect(place, theme.selectionRadius, theme.selectionRadius);
+    painter.restore();
+}
+
 int YRowLook::noteWidth(const QString& note)
 {
-    return note.isEmpty() ? 0 : QFontMetrics(labelFont()).horizontalAdvance(note) + textMargin;
+    return note.isEmpty()
+               ? 0
+               : QFontMetrics(labelFont()).horizontalAdvance(note) + 2 * YTheme::current().boxInset;
 }
 
 void YRowLook::drawNote(QPainter& painter, const QRect& place, const QString& note)
 {
     painter.setFont(labelFont());
     painter.setPen(YTheme::current().mutedText);
-    painter.drawText(place.adjusted(0, 0, -textMargin, 0),
+    const int inset = YTheme::current().boxInset;
+    painter.drawText(place.adjusted(inset, 0, -inset, 0),
                      Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine, note);
 }
 
@@ -134,7 +149,9 @@ int YRowLook::labelHeight(int width) const
     if (m_text.isEmpty())
         return 0;
     const QFontMetrics metrics(labelFont());
-    if (m_lineWidth < 0) {
+    if (m_generation != YTheme::generation()) {
+        m_generation = YTheme::generation();
+        m_measuredWidth = -1;
         // The sum of the letters' widths is rounded.
         m_lineWidth = metrics.horizontalAdvance(m_text) + 1;
         m_lineHeight =
@@ -143,15 +160,17 @@ int YRowLook::labelHeight(int width) const
     const QMargins around = margins();
     const int room = width - around.left() - around.right();
     if (m_lineWidth <= room)
-        return labelGap + m_lineHeight;
+        return YTheme::current().labelGap + m_lineHeight;
     if (width != m_measuredWidth) {
         m_measuredWidth = width;
-        m_measuredHeight = labelGap + YWrap::height(labelFont(), m_text, room);
+        m_measuredHeight = YTheme::current().labelGap + YWrap::height(labelFont(), m_text, room);
     }
     return m_measuredHeight;
 }
 
 QMargins YRowLook::margins() const
 {
-    return m_compact ? QMargins() : rowMargins;
+    const YTheme& theme = YTheme::current();
+    return m_compact ? QMargins()
+                     : QMargins(theme.margin, theme.rowGap, theme.margin, theme.rowGap);
 }

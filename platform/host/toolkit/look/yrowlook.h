@@ -38,7 +38,10 @@ public:
     void drawLabel(QPainter& painter, const QSize& row, State state) const;
     void drawBox(QPainter& painter, const QSize& row, State state) const;
 
-    // A short text at the right end of a part of the box.
+    // The ground of the row of a list or a menu that is chosen.
+    static void drawSelection(QPainter& painter, const QRect& place);
+
+    // A short text at the end of a part of the box.
     static int noteWidth(const QString& note);
     static void drawNote(QPainter& painter, const QRect& place, const QString& note);
 
@@ -46,16 +49,17 @@ public:
     static void reveal(QWidget* row);
 
     static int boxHeight();
-    static constexpr int textMargin = 7;
 
 private:
     int labelHeight(int width) const;
+    int boxHeightNow() const;
     QMargins margins() const;
 
     QString m_text;
     bool m_compact = false;
-    int m_box = boxHeight();
+    int m_box = 0; // at least the usual one
     // What was measured of the label; forms ask for it again and again.
+    mutable int m_generation = -1; // of the theme
     mutable int m_lineWidth = -1;
     mutable int m_lineHeight = 0;
     mutable int m_measuredWidth = -1;

@@ -20,13 +20,11 @@ void drawFlatButton(const QStyleOptionButton& button, QPainter* painter)
         painter->fillRect(button.rect, theme.accent);
     const bool enabled = button.state & QStyle::State_Enabled;
     painter->setPen(pressed ? theme.onAccent : enabled ? theme.text : theme.disabledText);
-    painter->drawText(button.rect.adjusted(YTheme::margin / 2, 0, -YTheme::margin / 2, 0),
+    painter->drawText(button.rect.adjusted(theme.margin / 2, 0, -theme.margin / 2, 0),
                       Qt::AlignCenter | Qt::TextSingleLine, button.text);
 }
 
 // A scroll indicator: the part that is in sight, without buttons or groove.
-constexpr int shortestIndicator = 16;
-constexpr int lastLetterMilliseconds = 1500; // that the last letter of a password is seen
 
 QRect indicatorRect(const QStyleOptionSlider& bar)
 {
@@ -36,7 +34,7 @@ QRect indicatorRect(const QStyleOptionSlider& bar)
     if (range <= 0)
         return bar.rect;
     const auto part = static_cast<int>(qint64(length) * bar.pageStep / (range + bar.pageStep));
-    const int size = qMin(length, qMax(shortestIndicator, part));
+    const int size = qMin(length, qMax(YTheme::current().shortestIndicator, part));
     const int offset = QStyle::sliderPositionFromValue(bar.minimum, bar.maximum, bar.sliderPosition,
                                                        length - size, bar.upsideDown);
     return upright ? QRect(bar.rect.left(), bar.rect.top() + offset, bar.rect.width(), size)
@@ -53,8 +51,8 @@ void drawIndicator(const QStyleOptionSlider& bar, QPainter* painter, const QWidg
     painter->setRenderHint(QPainter::Antialiasing);
     painter->setPen(Qt::NoPen);
     painter->setBrush(theme.mutedText);
-    painter->drawRoundedRect(indicatorRect(bar), YTheme::indicatorWidth / 2.0,
-                             YTheme::indicatorWidth / 2.0);
+    painter->drawRoundedRect(indicatorRect(bar), YTheme::current().indicator / 2.0,
+                             YTheme::current().indicator / 2.0);
     painter->restore();
 }
 
@@ -111,7 +109,7 @@ QRect YStyle::subControlRect(ComplexControl control, const QStyleOptionComplex* 
 int YStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const
 {
     if (metric == PM_ScrollBarExtent)
-        return YTheme::indicatorWidth;
+        return YTheme::current().indicator;
     return QProxyStyle::pixelMetric(metric, option, widget);
 }
 
@@ -126,6 +124,6 @@ int YStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget*
         return 1;
     // Who types letters by pressing a key several times has to see which one it is.
     if (hint == SH_LineEdit_PasswordMaskDelay && YKeypad::isPresent())
-        return lastLetterMilliseconds;
+        return YTheme::current().lastLetterTime;
     return QProxyStyle::styleHint(hint, option, widget, data);
 }

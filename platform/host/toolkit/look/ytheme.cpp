@@ -2,77 +2,100 @@
 
 #include <algorithm>
 
-#include <QApplication>
-#include <QLocale>
-#include <QStringList>
-
-#include "toolkit/look/ydress.h"
-#include "toolkit/look/ytranslator.h"
-#include "toolkit/yenvironment.h"
+#include "toolkit/theme/ychoice.h"
+#include "toolkit/theme/yfaces.h"
+#include "toolkit/theme/ythemefile.h"
+#include "toolkit/theme/ythemevalues.h"
+#include "toolkit/ylook.h"
 
 namespace {
-
-const YTheme lightTheme = {
-    YTheme::Scheme::Light,    QColor(0xF3, 0xF4, 0xF7),      QColor(0xFF, 0xFF, 0xFF),
-    QColor(0xE6, 0xE9, 0xEE), QColor(0x1A, 0x1F, 0x26),      QColor(0x55, 0x60, 0x6D),
-    QColor(0x7C, 0x85, 0x90), QColor(0x14, 0x5F, 0xC8),      QColor(0xFF, 0xFF, 0xFF),
-    QColor(0xCF, 0xD5, 0xDC), QColor(0x85, 0x8E, 0x9B),      QColor(0x1E, 0x8E, 0x4B),
-    QColor(0xC6, 0x2B, 0x2B), QColor(0x10, 0x16, 0x20, 130),
-};
-
-const YTheme darkTheme = {
-    YTheme::Scheme::Dark,     QColor(0x12, 0x15, 0x19),      QColor(0x20, 0x25, 0x2C),
-    QColor(0x2A, 0x30, 0x38), QColor(0xEC, 0xEF, 0xF3),      QColor(0xA9, 0xB3, 0xBE),
-    QColor(0x77, 0x81, 0x8D), QColor(0x7A, 0xB2, 0xFF),      QColor(0x0A, 0x16, 0x28),
-    QColor(0x3C, 0x44, 0x4E), QColor(0x69, 0x73, 0x7F),      QColor(0x5F, 0xCB, 0x8B),
-    QColor(0xFF, 0x8A, 0x80), QColor(0x00, 0x00, 0x00, 160),
-};
-
-const YTheme& named(YTheme::Scheme scheme)
-{
-    return scheme == YTheme::Scheme::Dark ? darkTheme : lightTheme;
-}
-
-const YTheme* chosen = nullptr;
-
-bool isChinese()
-{
-    static const bool chinese = QLocale(YTranslator::chosenLocale()).language() == QLocale::Chinese;
-    return chinese;
-}
-
-// The face of the language's own letters comes first, so that a line is as high as they are. The
-// Chinese face is named in either case: another one may give a letter its Japanese shape.
-QStringList families()
-{
-    QStringList names = {QStringLiteral("Noto Sans"), QStringLiteral("DejaVu Sans")};
-    names.insert(isChinese() ? 0 : names.size(), QStringLiteral("Noto Sans CJK SC"));
-    return names;
-}
 
 QFont face(int pixels, QFont::Weight weight)
 {
     QFont font;
-    font.setFamilies(families());
+    font.setFamilies(YFaces::families());
     font.setPixelSize(pixels);
     font.setWeight(weight);
     return font;
+}
+
+// "screens.small." for a screen of less than its smallest side, "screens.large." for one from there
+// on, else "".
+QString kindOf(const YThemeFile& file, const QSize& screen)
+{
+    const int side = std::min(screen.width(), screen.height());
+    if (side < file.number(QStringLiteral("screens.small.below")))
+        return QStringLiteral("screens.small.");
+    if (side >= file.number(QStringLiteral("screens.large.from")))
+        return QStringLiteral("screens.large.");
+    return QString();
+}
+
+bool grows(const QString& path)
+{
+    return path.startsWith(QLatin1String("letters.")) ||
+           path.startsWith(QLatin1String("heights.")) || path.startsWith(QLatin1String("sizes."));
+}
+
+void takeNumbers(YTheme& theme, const YThemeFile& file, const QString& kind, int percent)
+{
+    for (const YThemeNumber& value : themeNumbers) {
+        const QString path = QLatin1String(value.path);
+        const QString own = kind + path;
+        const int number = file.number(file.has(own) ? own : path);
+        theme.*value.member = grows(path) ? (number * percent + 50) / 100 : number;
+    }
+}
+
+void takeColours(YTheme& theme, const YThemeFile& file, const QString& accent)
+{
+    const QString scheme = QLatin1String(theme.scheme == YTheme::Scheme::Dark ? "dark" : "light");
+    for (const YThemeColour& value : themeColours)
+        theme.*value.member =
+            file.colour(QStringLiteral("colours.%1.%2").arg(scheme, QLatin1String(value.name)));
+    const QString path = QStringLiteral("accents.%1.%2.").arg(accent, scheme);
+    theme.accent = file.colour(path + QStringLiteral("accent"));
+    theme.onAccent = file.colour(path + QStringLiteral("onAccent"));
 }
 
 } // namespace
 
 const YTheme& YTheme::current()
 {
-    if (!chosen)
-        chosen = &named(YEnvironment::isDark() ? Scheme::Dark : Scheme::Light);
-    return *chosen;
+    return YChoice::theme();
 }
 
 void YTheme::use(Scheme scheme)
 {
-    chosen = &named(scheme);
-    if (qobject_cast<QApplication*>(QCoreApplication::instance()))
-        YDress::refresh();
+    YLook look = YLook::current();
+    look.theme = QLatin1String(scheme == Scheme::Dark ? "dark" : "light");
+    YLook::use(look);
+}
+
+int YTheme::generation()
+{
+    return YChoice::generation();
+}
+
+YTheme YTheme::made(const YThemeFile& file, const YLook& look, const QSize& screen)
+{
+    YTheme theme;
+    const QString kind = kindOf(file, screen);
+    const QString size = QStringLiteral("textSizes.") + look.textSize;
+    theme.scheme = look.theme == QLatin1String("dark") ? Scheme::Dark : Scheme::Light;
+    theme.small = kind.contains(QLatin1String("small"));
+    theme.moves = look.moves;
+    takeNumbers(theme, file, kind, file.has(size) ? file.number(size) : 100);
+    takeColours(theme, file,
+                file.namesIn(QStringLiteral("accents")).contains(look.accent)
+                    ? look.accent
+                    : file.namesIn(QStringLiteral("accents")).value(0));
+    theme.m_body = face(theme.body, QFont::Normal);
+    theme.m_title = face(theme.title, QFont::DemiBold);
+    theme.m_small =
+        face(YFaces::areIdeographs() ? theme.smallIdeographs : theme.smallLetters, QFont::Normal);
+    theme.m_segment = face(theme.segmentLetters, QFont::Normal);
+    return theme;
 }
 
 QPalette YTheme::palette() const
@@ -92,46 +115,4 @@ QPalette YTheme::palette() const
     colours.setColor(QPalette::Mid, border);
     colours.setColor(QPalette::Link, accent);
     return colours;
-}
-
-bool YTheme::isSmall()
-{
-    static const QSize screen = YEnvironment::screenSize();
-    return std::min(screen.width(), screen.height()) < 220;
-}
-
-int YTheme::softKeyHeight()
-{
-    return isSmall() ? 26 : 34;
-}
-
-int YTheme::titleHeight()
-{
-    return isSmall() ? 28 : 32;
-}
-
-int YTheme::rowHeight()
-{
-    return isSmall() ? 30 : 36;
-}
-
-QFont YTheme::bodyFont()
-{
-    return face(isSmall() ? 13 : 14, QFont::Normal);
-}
-
-QFont YTheme::titleFont()
-{
-    return face(isSmall() ? 14 : 15, QFont::DemiBold);
-}
-
-QFont YTheme::segmentFont()
-{
-    return face(isSmall() ? 12 : 14, QFont::Normal);
-}
-
-QFont YTheme::smallFont()
-{
-    // Chinese letters have too many strokes for eleven pixels.
-    return face(isChinese() ? 12 : 11, QFont::Normal);
 }

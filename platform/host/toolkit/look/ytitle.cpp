@@ -5,11 +5,9 @@
 #include <QTextLayout>
 
 #include "toolkit/look/ytheme.h"
+#include "toolkit/look/ywrap.h"
 
 namespace {
-
-constexpr int smallestTitle = 12; // pixels of one line's letters
-constexpr int twoLineTitle = 11;  // and of those in two lines
 
 // The text with its line broken between two words, or as it is where two lines do not do.
 QString inTwoLines(const QString& text, const QFont& letters, int width)
@@ -35,8 +33,9 @@ QString inTwoLines(const QString& text, const QFont& letters, int width)
 
 QFont YTitle::font(const QString& text, int width)
 {
-    QFont font = YTheme::titleFont();
-    while (font.pixelSize() > smallestTitle && QFontMetrics(font).horizontalAdvance(text) > width)
+    QFont font = YTheme::current().titleFont();
+    while (font.pixelSize() > YTheme::current().smallestTitle &&
+           QFontMetrics(font).horizontalAdvance(text) > width)
         font.setPixelSize(font.pixelSize() - 1);
     return font;
 }
@@ -48,17 +47,18 @@ bool YTitle::fitsOneLine(const QString& text, int width)
 
 void YTitle::draw(QPainter& painter, const QString& text, const QRect& place)
 {
+    const int side = YWrap::flags(painter, Qt::AlignVCenter | Qt::AlignLeft, text);
     QFont letters = font(text, place.width());
     if (fitsOneLine(text, place.width())) {
         painter.setFont(letters);
-        painter.drawText(place, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine, text);
+        painter.drawText(place, side | Qt::TextSingleLine, text);
         return;
     }
-    letters.setPixelSize(twoLineTitle);
+    letters.setPixelSize(YTheme::current().twoLineTitle);
     painter.setFont(letters);
     const QFontMetrics metrics(letters);
     // What some faces leave free above and below their letters may go over the bar's edges.
-    const int flags = Qt::AlignVCenter | Qt::AlignLeft | Qt::TextDontClip;
+    const int flags = side | Qt::TextDontClip;
     const QString broken = inTwoLines(text, letters, place.width());
     if (broken != text)
         painter.drawText(place, flags, broken);

@@ -10,8 +10,8 @@ class QRect;
 
 struct YTitle
 {
-    // The usual letters of titles, or the largest smaller ones, down to twelve pixels, with which
-    // the text fits one line of this width.
+    // The usual letters of titles, or the largest smaller ones, down to the theme's smallest, with
+    // which the text fits one line of this width.
     static QFont font(const QString& text, int width);
     static bool fitsOneLine(const QString& text, int width);
 

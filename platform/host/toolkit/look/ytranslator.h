@@ -3,6 +3,7 @@
 #define YTRANSLATOR_H
 
 #include <QHash>
+#include <QStringList>
 #include <QTranslator>
 
 #include "platform_export.h"
@@ -19,8 +20,20 @@ public:
     // "en", every text is its default.
     YTranslator(QObject* parent, const QString& locale);
 
-    // The locale of the user: VORN_LANG, else the system's.
+    // The locale of the user: the one that use() was called with, else VORN_LANG, else the
+    // system's.
     static QString chosenLocale();
+    // Changes the language of the texts; "" for the user's own.
+    static void use(const QString& locale);
+    // The direction in which the chosen language is read.
+    static Qt::LayoutDirection direction();
+
+    // "en", whose texts are the defaults, and the names of the catalogues, in the alphabet's order.
+    static QStringList catalogues();
+    // The one of them for a locale: "zh_TW" for "zh_HK.UTF-8"; "en" for a language that has none.
+    static QString catalogueOf(const QString& locale);
+    // What its speakers call a catalogue's language.
+    static QString nameOf(const QString& catalogue);
 
     bool isEmpty() const override { return false; }
     QString translate(const char* context, const char* id, const char* defaultText,

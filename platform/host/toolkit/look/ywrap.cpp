@@ -5,6 +5,7 @@
 #include <QFontMetricsF>
 #include <QLabel>
 #include <QPainter>
+#include <QStyle>
 #include <QTextLayout>
 
 namespace {
@@ -17,6 +18,17 @@ QTextOption wrapping(Qt::Alignment alignment)
 }
 
 } // namespace
+
+Qt::Alignment YWrap::sideOf(const QPainter& painter, Qt::Alignment alignment)
+{
+    return QStyle::visualAlignment(painter.layoutDirection(), alignment) | Qt::AlignAbsolute;
+}
+
+int YWrap::flags(const QPainter& painter, Qt::Alignment alignment, const QString& text)
+{
+    return static_cast<int>(sideOf(painter, alignment)) |
+           (text.isRightToLeft() ? Qt::TextForceRightToLeft : Qt::TextForceLeftToRight);
+}
 
 int YWrap::height(const QFont& font, const QString& text, int width)
 {
@@ -35,10 +47,14 @@ int YWrap::height(const QFont& font, const QString& text, int width)
     return static_cast<int>(std::ceil(height));
 }
 
+// A text from outside may be in another language than the rest: its letters run as they are read,
+// and it stands on the side where the rest begins.
 void YWrap::draw(QPainter& painter, const QRect& place, Qt::Alignment alignment,
                  const QString& text)
 {
-    painter.drawText(QRectF(place), text, wrapping(alignment));
+    QTextOption option = wrapping(sideOf(painter, alignment));
+    option.setTextDirection(text.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
+    painter.drawText(QRectF(place), text, option);
 }
 
 int YWrap::height(const QLabel& label, int width)

@@ -13,12 +13,19 @@ class QRect;
 // name without blanks is to be read to its end.
 class YWrap
 {
+    // The side of the screen on which an alignment is.
+    static Qt::Alignment sideOf(const QPainter& painter, Qt::Alignment alignment);
+
 public:
     // The height of the text at a width.
     static int height(const QFont& font, const QString& text, int width);
     // Writes the text with the painter's font and pen.
     static void draw(QPainter& painter, const QRect& place, Qt::Alignment alignment,
                      const QString& text);
+
+    // For QPainter::drawText(): a text from outside may be in another language than the rest. Its
+    // letters run as they are read, and it stands on the side where the rest begins.
+    static int flags(const QPainter& painter, Qt::Alignment alignment, const QString& text);
 
     // The same for a label's plain text; Qt's own label breaks no word.
     static int height(const QLabel& label, int width);

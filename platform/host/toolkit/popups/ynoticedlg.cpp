@@ -5,40 +5,21 @@
 #include <QBasicTimer>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QStyle>
 #include <QTimerEvent>
 
 #include <ysoftkey.h>
 
+#include "toolkit/look/yicon.h"
 #include "toolkit/look/ymessagetext.h"
 #include "toolkit/look/ytheme.h"
 
 namespace {
 
-constexpr int shownMilliseconds = 3000;
-constexpr int signSize = 28;
-constexpr int textLeft = YTheme::margin + signSize;
-
-// A tick for what has succeeded, an exclamation mark for what has failed, in a filled circle.
-void paintSign(QPainter& painter, const QRectF& place, bool success, const YTheme& theme)
+int textLeft()
 {
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(success ? theme.success : theme.failure);
-    painter.drawEllipse(place);
-    painter.setPen(
-        QPen(theme.surface, place.width() / 10, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    const auto at = [&place](double x, double y) {
-        return QPointF(place.left() + x * place.width(), place.top() + y * place.height());
-    };
-    if (success) {
-        const QPointF tick[] = {at(0.28, 0.52), at(0.44, 0.68), at(0.73, 0.36)};
-        painter.drawPolyline(tick, 3);
-    } else {
-        painter.drawLine(at(0.5, 0.26), at(0.5, 0.55));
-        painter.drawPoint(at(0.5, 0.74));
-    }
+    return YTheme::current().margin + YTheme::current().sign;
 }
-
 } // namespace
 
 struct YNoticeDlg::Private
@@ -76,14 +57,15 @@ QString YNoticeDlg::text() const
 
 int YNoticeDlg::contentsHint(int width, int most) const
 {
-    const int least = signSize + 2 * YTheme::margin;
-    return std::min(most, std::max(least, d->text->fit(width - textLeft, most)));
+    const int least = YTheme::current().sign + 2 * YTheme::current().margin;
+    return std::min(most, std::max(least, d->text->fit(width - textLeft(), most)));
 }
 
 void YNoticeDlg::layoutContents()
 {
     // A text of one line stands beside the middle of the sign.
-    const QRect place = contentsR().adjusted(textLeft, 0, 0, 0);
+    const QRect place = QStyle::visualRect(layoutDirection(), contentsR(),
+                                           contentsR().adjusted(textLeft(), 0, 0, 0));
     const int height = std::min(place.height(), d->text->heightFor(place.width()));
     d->text->setGeometry(place.left(), place.top() + (place.height() - height) / 2, place.width(),
                          height);
@@ -92,7 +74,7 @@ void YNoticeDlg::layoutContents()
 void YNoticeDlg::showEvent(QShowEvent* event)
 {
     YPopup::showEvent(event);
-    d->timer.start(shownMilliseconds, this);
+    d->timer.start(YTheme::current().noticeTime, this);
 }
 
 void YNoticeDlg::hideEvent(QHideEvent* event)
@@ -120,9 +102,12 @@ void YNoticeDlg::paintEvent(QPaintEvent* event)
 {
     YPopup::paintEvent(event);
     QPainter painter(this);
+    const YTheme& theme = YTheme::current();
     const QRect room = contentsR();
-    const QRectF sign(YTheme::margin, room.center().y() - signSize / 2, signSize, signSize);
-    paintSign(painter, sign, d->success, YTheme::current());
+    const QRect sign(theme.margin, room.center().y() - theme.sign / 2, theme.sign, theme.sign);
+    YIcon::draw(painter, d->success ? QStringLiteral("success") : QStringLiteral("failure"),
+                QStyle::visualRect(layoutDirection(), room, sign),
+                d->success ? theme.success : theme.failure);
 }
 
 void YNoticeDlg::timerEvent(QTimerEvent* event)

@@ -21,8 +21,6 @@
 
 namespace {
 
-constexpr int edge = 5; // between the panel's edge and the items
-
 struct Item
 {
     QAction* action; // the menu's child
@@ -196,6 +194,7 @@ void YOptionsMenu::layoutContents()
 {
     if (!d->list)
         return;
+    const int edge = YTheme::current().menuEdge;
     const QRect room = d->rect.intersected(YGlobal::getHomeR(true));
     const int width = room.width() - 2 * edge;
     int height = d->list->layoutRows(width) + 2 * edge;
@@ -204,7 +203,9 @@ void YOptionsMenu::layoutContents()
         height = room.height();
     }
     const int top = room.top() + room.height() - height;
-    d->panel = YGlobal::mapFromGlobalR(this, QRect(room.left(), top, room.width(), height));
+    const QRect panel(room.left(), top, room.width(), height);
+    d->panel = YGlobal::mapFromGlobalR(
+        this, QStyle::visualRect(layoutDirection(), YGlobal::getHomeR(true), panel));
     d->list->setGeometry(d->panel.adjusted(edge, edge, -edge, -edge));
 }
 
@@ -248,8 +249,9 @@ void YOptionsMenu::paintEvent(QPaintEvent*)
 {
     const YTheme& theme = YTheme::current();
     QPainterPath outline;
-    outline.addRoundedRect(QRectF(d->panel).adjusted(0.5, 0.5, -0.5, -0.5), YTheme::radius,
-                           YTheme::radius);
+    // Round about the rows, whose corners are round themselves.
+    const int radius = theme.selectionRadius + theme.menuEdge;
+    outline.addRoundedRect(QRectF(d->panel).adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(theme.border);

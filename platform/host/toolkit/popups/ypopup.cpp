@@ -8,6 +8,7 @@
 #include <QPainter>
 #include <QPainterPath>
 #include <QPointer>
+#include <QStyle>
 
 #include <yglobal.h>
 #include <ylabel.h>
@@ -15,6 +16,7 @@
 
 #include "toolkit/accessible/ytell.h"
 #include "toolkit/look/ybusy.h"
+#include "toolkit/look/yslide.h"
 #include "toolkit/look/ytextlabel.h"
 #include "toolkit/look/ytheme.h"
 #include "toolkit/look/ytitle.h"
@@ -34,8 +36,8 @@ YTextLabel* makeLine(QWidget* parent, const QFont& font)
 QPainterPath outline(const QRect& rect)
 {
     QPainterPath path;
-    path.addRoundedRect(QRectF(rect).adjusted(0, 0, 0, YTheme::radius), YTheme::radius,
-                        YTheme::radius);
+    const int radius = YTheme::current().popupRadius;
+    path.addRoundedRect(QRectF(rect).adjusted(0, 0, 0, radius), radius, radius);
     return path;
 }
 
@@ -56,7 +58,7 @@ void tellOf(YPopup* popup, bool shown)
 // Above and below title and instruction.
 int linePadding()
 {
-    return YTheme::isSmall() ? 3 : 6;
+    return YTheme::current().headerLine;
 }
 
 // Sets the line's place below `top` and returns its lower edge.
@@ -64,9 +66,9 @@ int placeLine(YTextLabel* line, int top, int width)
 {
     if (line->isHidden())
         return top;
-    const int inner = width - 2 * YTheme::margin;
+    const int inner = width - 2 * YTheme::current().margin;
     const int height = line->heightForWidth(inner);
-    line->setGeometry(YTheme::margin, top + linePadding(), inner, height);
+    line->setGeometry(YTheme::current().margin, top + linePadding(), inner, height);
     return top + height + 2 * linePadding();
 }
 
@@ -84,11 +86,27 @@ QRect movedWith(const QWidget& screen, const QSize& before, const QRect& place)
 // Where the activity ring goes: the icon's place when there is a text to stand beside.
 QRect busyPlace(const QWidget& popup, const QRect& contents)
 {
+    const YTheme& theme = YTheme::current();
     for (const YLabel* label : popup.findChildren<YLabel*>(Qt::FindDirectChildrenOnly))
         if (!label->text().isEmpty())
-            return QRect(YTheme::margin, contents.top() + YTheme::iconTop, YTheme::iconSize,
-                         YTheme::iconSize);
+            return QStyle::visualRect(popup.layoutDirection(), contents,
+                                      QRect(theme.margin, contents.top() + theme.dialogIconTop,
+                                            theme.dialogIcon, theme.dialogIcon));
     return contents;
+}
+
+// Programs place their labels as on a screen that is read from left to right.
+void mirrorLabels(const QWidget& popup)
+{
+    constexpr char mark[] = "vorn_mirrored"; // where a label has been put
+    if (popup.layoutDirection() != Qt::RightToLeft)
+        return;
+    for (YLabel* label : popup.findChildren<YLabel*>(Qt::FindDirectChildrenOnly)) {
+        if (label->property(mark).toRect() == label->geometry())
+            continue;
+        label->setGeometry(QStyle::visualRect(Qt::RightToLeft, popup.rect(), label->geometry()));
+        label->setProperty(mark, label->geometry());
+    }
 }
 
 // A picture from the program takes the place of the ring.
@@ -108,6 +126,7 @@ struct YPopup::Private
     YTextLabel* instruction = nullptr;
     YSoftKey* softKey = nullptr;
     YBusy* busy = nullptr;
+    YSlide* slide = nullptr;
     QEventLoop* loop = nullptr;
     int result = Cancelled;
     int headerBottom = 0;
@@ -116,9 +135,11 @@ struct YPopup::Private
     // Lays out title and instruction.
     int headerHeight(int width) const
     {
-        const QFont letters = YTitle::font(title->text(), width - 2 * YTheme::margin);
-        if (title->font().pixelSize() != letters.pixelSize())
+        const QFont letters = YTitle::font(title->text(), width - 2 * YTheme::current().margin);
+        if (title->font() != letters)
             title->setFont(letters);
+        if (instruction->font() != YTheme::current().bodyFont())
+            instruction->setFont(YTheme::current().bodyFont());
         return placeLine(instruction, placeLine(title, 0, width), width);
     }
 };
@@ -133,11 +154,12 @@ YPopup::YPopup(int /*type*/, QWidget* parent, const char* name, bool modal, int 
             setObjectName(QString::fromUtf8(name));
         d->modal = modal;
         YScreen::instance()->addLayer(this, parent, YScreen::Kind::Popup, modal);
-        d->title = makeLine(this, YTheme::titleFont());
-        d->instruction = makeLine(this, YTheme::bodyFont());
+        d->title = makeLine(this, YTheme::current().titleFont());
+        d->instruction = makeLine(this, YTheme::current().bodyFont());
         d->softKey = new YSoftKey("CST_2A", this, this);
         d->softKey->setClickedSlot(YSoftKey::Left, this, SLOT(accept()));
         d->softKey->setClickedSlot(YSoftKey::Right, this, SLOT(reject()));
+        d->slide = new YSlide(this);
         if (style == ProgressStyle)
             d->busy = new YBusy(this);
         setGeometry(YGlobal::getDlgSmallR());
@@ -217,7 +239,7 @@ YSoftKey* YPopup::getSoftKey() const
 
 QRect YPopup::contentsR() const
 {
-    return rect().adjusted(0, d->headerBottom, 0, -YTheme::softKeyHeight());
+    return rect().adjusted(0, d->headerBottom, 0, -YTheme::current().softKeyHeight);
 }
 
 void YPopup::accept()
@@ -245,9 +267,12 @@ void YPopup::layoutContents() {}
 
 bool YPopup::event(QEvent* event)
 {
-    // A label with a new text or picture asks for it.
+    // A label with a new text or picture asks for it, and another theme.
     if (event->type() == QEvent::LayoutRequest) {
-        layoutParts();
+        if (isVisible())
+            fit();
+        else
+            layoutParts();
         if (isVisible() && d->title->text().isEmpty())
             YTell::event(this, QAccessible::NameChanged);
     }
@@ -256,7 +281,9 @@ bool YPopup::event(QEvent* event)
 
 void YPopup::showEvent(QShowEvent* event)
 {
+    mirrorLabels(*this);
     fit();
+    d->slide->begin();
     QWidget::showEvent(event);
     tellOf(this, true);
 }
@@ -291,7 +318,7 @@ void YPopup::paintEvent(QPaintEvent*)
     painter.fillPath(outline(rect()), theme.surface);
     if (d->title->isHidden())
         return;
-    painter.fillRect(0, d->headerBottom - 1, width(), 1, theme.border);
+    painter.fillRect(0, d->headerBottom - theme.line, width(), theme.line, theme.border);
 }
 
 void YPopup::resizeEvent(QResizeEvent*)
@@ -309,7 +336,7 @@ void YPopup::fit()
 {
     const QRect largest = YGlobal::getDlgLargeR();
     const int header = d->headerHeight(largest.width());
-    const int around = header + YTheme::softKeyHeight();
+    const int around = header + YTheme::current().softKeyHeight;
     const int contents = contentsHint(largest.width(), largest.height() - around);
     if (contents >= 0)
         setGeometry(largest.adjusted(0, largest.height() - around - contents, 0, 0));
@@ -318,8 +345,8 @@ void YPopup::fit()
 
 void YPopup::layoutParts()
 {
-    d->softKey->setGeometry(0, height() - YTheme::softKeyHeight(), width(),
-                            YTheme::softKeyHeight());
+    d->softKey->setGeometry(0, height() - YTheme::current().softKeyHeight, width(),
+                            YTheme::current().softKeyHeight);
     d->headerBottom = d->headerHeight(width());
     if (d->busy) {
         d->busy->move(busyPlace(*this, contentsR()).center() - d->busy->rect().center());

@@ -61,7 +61,7 @@ YListBoxItem* YSingleSelectDlg::getCheckedItem() const
 int YSingleSelectDlg::contentsHint(int width, int most) const
 {
     // An empty list still has a place of its own.
-    return std::max(YTheme::rowHeight(), d->list->heightOfRows(width, most));
+    return std::max(YTheme::current().rowHeight, d->list->heightOfRows(width, most));
 }
 
 void YSingleSelectDlg::layoutContents()
