@@ -85,6 +85,30 @@ TEST_F(Broken, LinkCanBeOpenedAgain)
     EXPECT_EQ(up(receiver), link);
 }
 
+TEST_F(Broken, IsNotALinkWhoseBusIsGoneAsLongAsItsAddressIsThere)
+{
+    Receiver receiver;
+    int link = up(receiver);
+    bus->kill();
+    rest();
+    EXPECT_FALSE(receiver.ready());
+    kernel->removeAddress("hso0", "10.99.0.2");
+    EXPECT_EQ(next(receiver), brokenHere(link));
+    EXPECT_EQ(NAPI_CloseLink(link), 0);
+}
+
+TEST_F(Broken, IsNotALinkWhoseServiceIsGoneForGoodAndItCloses)
+{
+    Receiver receiver;
+    int link = up(receiver);
+    nm.reset();
+    rest();
+    EXPECT_FALSE(receiver.ready());
+    EXPECT_EQ(NAPI_CloseLink(link), 0);
+    rest();
+    EXPECT_FALSE(receiver.ready());
+}
+
 TEST_F(Broken, IsNotALinkWhoseServiceRestarts)
 {
     Receiver receiver;

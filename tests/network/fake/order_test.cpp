@@ -43,6 +43,40 @@ TEST_F(Order, OfSignalsDoesNotChangeThatAFailureIsToldOnce)
     }
 }
 
+// In whatever order a success is told, it is one, and nothing stays of it.
+TEST_F(Order, OfASuccessDoesNotChangeThatOneOutcomeIsTold)
+{
+    nm->service.objects["/org/freedesktop/NetworkManager/IP4Config/1"]
+                       ["org.freedesktop.NetworkManager.IP4Config"] = {
+        {"AddressData", nm->addressData},
+        {"Gateway", text("10.99.0.1")},
+        {"NameserverData", addresses({"10.99.0.1"})}};
+    const char* const device = "org.freedesktop.NetworkManager.Device";
+    std::vector<std::function<void()>> steps = {
+        [this] { nm->deviceState(Prepare); },
+        [this] { nm->deviceState(IpConfig); },
+        [this] { nm->deviceState(IpCheck); },
+        [this] { nm->deviceState(Activated); },
+        [this] { nm->activeState(ActiveUp); },
+        [&] { nm->service.change(modemDevice, device, "IpInterface", text("hso0")); },
+        [&] {
+            nm->service.change(modemDevice, device, "Ip4Config",
+                               path("/org/freedesktop/NetworkManager/IP4Config/1"));
+        }};
+    std::mt19937 random(20261121);
+    Receiver receiver;
+    for (int round = 0; round < 40; ++round) {
+        SCOPED_TRACE(round);
+        std::shuffle(steps.begin(), steps.end(), random);
+        Message message = outcome(receiver, steps);
+        EXPECT_EQ(message, connectedHere(0));
+        rest(Milliseconds(5));
+        EXPECT_FALSE(receiver.ready());
+        EXPECT_EQ(NAPI_CloseLink(0), 0);
+        EXPECT_TRUE(until([this] { return nm->living() == 0; }));
+    }
+}
+
 TEST_F(Order, TakesAnAddressThatComesBehindTheState)
 {
     Value real = nm->addressData;

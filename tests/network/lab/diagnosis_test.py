@@ -4,6 +4,7 @@
 Usage, in the laboratory that a class names: diagnosis_test.py VORNCTL -- CLASS
 """
 
+import errno
 import json
 import os
 import shlex
@@ -131,6 +132,16 @@ class WithoutModem(Diagnosis):
         self.assertEqual(self.findings()["org.freedesktop.ModemManager1"][0], "ModemManager does not run")
         self.assertEqual(list(self.devices()), ["eth9"])
         self.assertEqual(self.failure("Internet")[:2], (10, 0))
+
+    def test_a_modem_service_that_knows_no_modem_is_not_a_service_that_does_not_run(self):
+        service = subprocess.Popen(["ModemManager"], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        self.addCleanup(service.wait)
+        self.addCleanup(service.kill)
+        self.assertTrue(programs.until(lambda: "packet data" in self.findings()))
+        problem, remedy = self.findings()["packet data"]
+        self.assertEqual(problem, "there is no modem")
+        self.assertIn("mmcli --list-modems", remedy)
+        self.assertEqual(self.failure("Internet")[:2], (1, 768 + errno.ENODEV))
 
 
 class WithLockedSim(Diagnosis):

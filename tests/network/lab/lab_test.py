@@ -5,8 +5,10 @@ Usage: lab_test.py [--rootless] [unittest arguments]
 """
 
 import os
+import pathlib
 import subprocess
 import sys
+import tempfile
 import unittest
 
 LAB = os.path.join(os.path.dirname(os.path.abspath(__file__)), "lab")
@@ -18,9 +20,9 @@ nmcli connection add type gsm ifname ttyHS0 con-name call autoconnect no \\
 nmcli connection up call && ip -4 address show hso0 && cat /run/lab/modem.log"""
 
 
-def run(*words, options=()):
+def run(*words, options=(), environment=()):
     return subprocess.run([LAB, *OPTIONS, *options, *words], stdout=subprocess.PIPE, stderr=subprocess.PIPE,
-                          text=True, timeout=60, check=False)
+                          env={**os.environ, **dict(environment)}, text=True, timeout=60, check=False)
 
 
 def command_lines():
@@ -56,6 +58,17 @@ class Laboratory(unittest.TestCase):
     def test_names_an_option_that_there_is_not(self):
         done = run("true", options=["--modme"])
         self.assertEqual((done.returncode, done.stderr.count("--modme")), (2, 1))
+
+    def test_says_by_name_that_the_kernel_gives_no_namespaces(self):
+        with tempfile.TemporaryDirectory() as folder:
+            refusing = pathlib.Path(folder, "unshare")
+            refusing.write_text("#!/bin/sh\necho 'unshare: unshare failed: Operation not permitted' >&2\nexit 1\n",
+                                encoding="ascii")
+            refusing.chmod(0o755)
+            os.chmod(folder, 0o755)
+            done = run("true", environment={"PATH": folder + ":" + os.environ["PATH"]}.items())
+        self.assertEqual(done.returncode, 77, done.stderr)
+        self.assertIn("this kernel gives no namespaces: unshare: unshare failed: Operation not permitted", done.stderr)
 
     def test_leaves_nothing_on_the_machine(self):
         seconds = f"98765.{os.getpid()}"
