@@ -70,6 +70,11 @@ class Laboratory(unittest.TestCase):
         self.assertEqual(done.returncode, 77, done.stderr)
         self.assertIn("this kernel gives no namespaces: unshare: unshare failed: Operation not permitted", done.stderr)
 
+    def test_says_that_an_ordinary_user_has_no_rights_to_lose(self):
+        done = run("true", options=["--rootless", "--rights"])
+        self.assertEqual(done.returncode, 77, done.stderr)
+        self.assertIn("--rights needs root", done.stderr)
+
     def test_leaves_nothing_on_the_machine(self):
         seconds = f"98765.{os.getpid()}"
         done = run("sh", "-c", f"echo left >/run/left-{seconds}; sleep {seconds} >&- 2>&- & cat /run/lab/nm.pid")

@@ -200,6 +200,20 @@ TEST_P(Link, OutlivesAForkedChildWithLinksOfItsOwn)
     EXPECT_EQ(stateOf(device()), 100);
 }
 
+TEST_P(Link, ComesUpThoughItsProgramForksMeanwhile)
+{
+    Receiver receiver;
+    int link = NAPI_OpenLink("Home");
+    pid_t child = ::fork();
+    if (child == 0)
+        ::_exit(NAPI_CloseLink(link) == NAPI_ERR_NOT_INITIALISED ? 0 : 1);
+    EXPECT_EQ(receiver.next().type, NAPI_IND_CONNECTED);
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    EXPECT_EQ(status, 0);
+    EXPECT_FALSE(within(Milliseconds(100), receiver));
+}
+
 TEST_P(Link, SurvivesARestartOfNetworkManager)
 {
     Receiver receiver;
