@@ -66,7 +66,8 @@ def written(library, path):
     """The text of a library's symbols file."""
     package, now, old, public = package_of(library), version(), since(path), public_names()
     names = exported(library)
-    private = sorted({owner(name) for name in names} - public)
+    # Without optimisation a library has copies of what is inline in Qt.
+    private = sorted(name for name in {owner(name) for name in names} - public if not re.match("Q[A-Z]", name))
     lines = [f"{soname(library)} {package} #MINVER#"]
     if private:
         lines.append(f"| {package} (= ${{binary:Version}})")
