@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <utility>
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -109,6 +110,7 @@ YScreen::YScreen() : m_shade(new Shade(this))
 {
     YDress::wear(this);
     setFixedSize(YEnvironment::screenSize());
+    m_size = size();
     setWindowTitle(QCoreApplication::applicationName());
     m_shade->hide();
     qApp->installEventFilter(this);
@@ -267,11 +269,14 @@ void YScreen::closeLayers()
     }
 }
 
-void YScreen::resizeEvent(QResizeEvent* event)
+// A window that is shown first is told of its size, which is none other for what lies on it.
+void YScreen::resizeEvent(QResizeEvent*)
 {
     m_shade->setGeometry(rect());
     YChoice::setScreen(size());
-    emit resized(event->oldSize());
+    const QSize before = std::exchange(m_size, size());
+    if (before != size())
+        emit resized(before);
 }
 
 void YScreen::keepFocus(QWidget*, QWidget* now)

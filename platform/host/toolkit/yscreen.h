@@ -5,6 +5,7 @@
 #include <vector>
 
 #include <QPointer>
+#include <QSize>
 #include <QWidget>
 
 #include "platform_export.h"
@@ -78,6 +79,7 @@ private:
     QWidget* m_shade;
     QPointer<QWidget> m_body; // the window around the screen, once it was asked for
     bool m_bodyIsAskedFor = false;
+    QSize m_size;           // that the layers know of
     bool m_isModal = false; // a modal popup is shown
 };
 

@@ -109,6 +109,18 @@ int twice(int argc, char** argv)
     return 0;
 }
 
+// Where the first popup of a program is whose place is not its own choice.
+int firstPopup(int argc, char** argv)
+{
+    YApplication application(argc, argv);
+    YPopup popup(0, nullptr, nullptr, true, YPopup::ProgressStyle, 0);
+    popup.show();
+    QCoreApplication::processEvents();
+    const QRect screen = YScreen::instance()->rect();
+    std::puts(screen.contains(popup.geometry()) ? "on the screen" : "beside the screen");
+    return 0;
+}
+
 // A program that runs until its last window is closed.
 int lastWindow(int argc, char** argv)
 {
@@ -133,6 +145,7 @@ constexpr Program programs[] = {{"size", size},
                                 {"outliveOwner", outliveOwner},
                                 {"outliveOwned", outliveOwned},
                                 {"twice", twice},
+                                {"firstPopup", firstPopup},
                                 {"lastWindow", lastWindow}};
 
 } // namespace

@@ -144,6 +144,11 @@ INSTANTIATE_TEST_SUITE_P(
             "1\n"}),
     [](const auto& row) { return std::string(row.param.name); });
 
+TEST(ScreenPrograms, TheFirstPopupIsOnTheScreen)
+{
+    EXPECT_EQ(runProbe("firstPopup").output, "on the screen");
+}
+
 TEST(ScreenPrograms, AnUnknownLanguageIsAsIfNoneWereChosen)
 {
     EXPECT_EQ(runProbe("early", {"VORN_LANG=xx", "LC_ALL=zh_CN.UTF-8"}).output,
