@@ -4,6 +4,7 @@
 #include <set>
 
 #include "base/look_variables.h"
+#include "base/rights.h"
 #include "base/utf8.h"
 #include "failure.h"
 #include "line/request.h"
@@ -46,6 +47,21 @@ void inspectRecord(const std::string& name, const NetworkProfile& record,
     }
 }
 
+// The store as a whole, into which nobody sees.
+Finding keptOut(int result)
+{
+    const std::string store = napihost::profilesFolder();
+    const std::string closed = base::closedFolderOnTheWay(store);
+    if (result == NAPI_ERR_ACCESS && !closed.empty())
+        return {closed, "its owner may not enter it",
+                "chmod u+rwx " + base::shellWord(closed) +
+                    "; where it is empty, the next new profile mends it"};
+    return {store, std::string("cannot be looked through: ") + vornResultText(result),
+            result == NAPI_ERR_ACCESS
+                ? "give its owner the permission to enter it, and the folders above it"
+                : "look at the kernel's messages about the disk"};
+}
+
 // What looking at the folders shows, and what only reading the records does.
 std::vector<Finding> findInStore()
 {
@@ -54,11 +70,7 @@ std::vector<Finding> findInStore()
     if (result == NAPI_ERR_ROOT)
         failNapi(result, "look through the profiles", nullptr);
     if (result < 0) // the files beside the profiles may still have something to tell
-        return {{napihost::profilesFolder(),
-                 std::string("cannot be looked through: ") + vornResultText(result),
-                 result == NAPI_ERR_ACCESS
-                     ? "give its owner the permission to enter it, and the folders above it"
-                     : "look at the kernel's messages about the disk"}};
+        return {keptOut(result)};
     std::set<std::string> told;
     for (const Finding& finding : findings)
         told.insert(finding.path);

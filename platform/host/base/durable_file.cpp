@@ -2,7 +2,9 @@
 
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
+#include "base/rights.h"
 #include "base/root.h"
 
 namespace base {
@@ -40,15 +42,26 @@ int makeFolder(const std::string& path, mode_t mode)
     return fchmodat(AT_FDCWD, path.c_str(), mode, 0) == 0 ? 0 : errno;
 }
 
+// A program that was killed before it had given a new folder its mode may leave one that not even
+// its owner can enter. Where that is empty, it goes, and a whole one takes its place; what somebody
+// has closed on purpose has something in it.
+bool removeUnfinished(const std::string& path, const struct stat& status)
+{
+    return isClosedToOwner(status) && rmdir(path.c_str()) == 0;
+}
+
 } // namespace
 
 int makeFolders(const std::string& path, mode_t mode)
 {
     struct stat status;
-    if (stat(path.c_str(), &status) == 0)
+    const int missing = stat(path.c_str(), &status) == 0 ? 0 : errno;
+    if (missing == 0 && !removeUnfinished(path, status))
         return S_ISDIR(status.st_mode) ? 0 : ENOTDIR;
-    if (errno != ENOENT || path.rfind('/') == std::string::npos)
-        return errno;
+    // EACCES: a folder above may be the unfinished one.
+    const bool isToBeMade = missing == 0 || missing == ENOENT || missing == EACCES;
+    if (!isToBeMade || path.rfind('/') == std::string::npos)
+        return missing;
     std::string parent = parentOf(path);
     if (int error = makeFolders(parent))
         return error;

@@ -30,7 +30,8 @@ template <typename Call> auto retried(Call call) -> decltype(call())
 UniqueFd openFolder(const std::string& path);
 
 // Makes the folder `path` (absolute), with exactly `mode`, and those on the way to it that are
-// missing, mode 0700, each on the disk when the call returns. One that is there keeps its mode.
+// missing, mode 0700, each on the disk when the call returns. One that is there keeps its mode;
+// an empty one that its owner, this user, may not enter is made anew.
 // ENOTDIR when something else than a folder is in the way.
 int makeFolders(const std::string& path, mode_t mode = 0700);
 

@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <string_view>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace base {
 
@@ -32,6 +33,25 @@ std::optional<FileConcern> concernOfRights(const std::string& path, Forbidden fo
         std::string("others may ") + whatMayBeDone(open) + " it (mode " + mode + ")",
         std::string(forbidden == Forbidden::Writing ? "chmod go-w " : "chmod go-rw ") +
             shellWord(path)};
+}
+
+bool isClosedToOwner(const struct stat& status)
+{
+    constexpr mode_t entering = S_IRUSR | S_IXUSR;
+    return S_ISDIR(status.st_mode) && status.st_uid == ::geteuid() &&
+           (status.st_mode & entering) != entering;
+}
+
+std::string closedFolderOnTheWay(const std::string& path)
+{
+    struct stat status;
+    for (std::size_t end = path.find('/', 1);; end = path.find('/', end + 1)) {
+        const std::string folder = path.substr(0, end);
+        if (::stat(folder.c_str(), &status) == 0 && isClosedToOwner(status))
+            return folder;
+        if (end == std::string::npos)
+            return {};
+    }
 }
 
 std::string shellWord(const std::string& word)

@@ -118,6 +118,33 @@ TEST_F(DurableFile, FoldersServeTheirOwnerWhateverTheUmask)
     }
 }
 
+// What a program leaves that is killed under an odd umask before it has given the folder its mode.
+TEST_F(DurableFile, AnEmptyFolderThatItsOwnerMayNotEnterIsMadeAnew)
+{
+    for (const mode_t left : {0000, 0200, 0600}) {
+        SCOPED_TRACE(left);
+        world.clear();
+        EXPECT_EQ(asOrdinaryUser(world,
+                                 [&] {
+                                     ::mkdir((world.root() + "/a").c_str(), left);
+                                     return base::makeFolders(world.root() + "/a/b", 0755);
+                                 }),
+                  0);
+        EXPECT_EQ(fs::status(world.root() + "/a").permissions(), fs::perms(0700));
+        EXPECT_EQ(fs::status(world.root() + "/a/b").permissions(), fs::perms(0755));
+    }
+}
+
+TEST_F(DurableFile, AFolderThatItsOwnerHasClosedStaysClosed)
+{
+    fs::create_directories(world.root() + "/a/kept");
+    fs::permissions(world.root() + "/a", fs::perms(0));
+    EXPECT_EQ(asOrdinaryUser(world, [&] { return base::makeFolders(world.root() + "/a/b"); }),
+              EACCES);
+    EXPECT_EQ(fs::status(world.root() + "/a").permissions(), fs::perms(0));
+    EXPECT_TRUE(fs::exists(world.root() + "/a/kept"));
+}
+
 TEST_F(DurableFile, FoldersThatAreThereKeepTheirModes)
 {
     fs::create_directory(world.root() + "/a");

@@ -307,4 +307,32 @@ TEST_P(StoreUmask, TakesNothingFromTheOwnerAndGivesNothingToOthers)
 
 INSTANTIATE_TEST_SUITE_P(Masks, StoreUmask, testing::Values(0777, 0700, 0177, 0022, 0000));
 
+// A program that is killed under such a umask between making a folder and giving it its mode leaves
+// one that nobody can enter; it must not keep the store closed for ever.
+class StoreClosedFolder : public testing::TestWithParam<const char*>
+{};
+
+TEST_P(StoreClosedFolder, IsMendedByTheNextNewProfile)
+{
+    StoreWorld world;
+    const std::string closed = world.root() + "/" + GetParam();
+    fs::create_directories(closed);
+    fs::permissions(closed, fs::perms(0));
+    EXPECT_EQ(asOrdinaryUser(world,
+                             [] {
+                                 NetworkProfile record = uniformRecord(3);
+                                 EXPECT_EQ(NAPI_CreateProfile("A", &record, 0, 0), NAPI_OK);
+                                 EXPECT_EQ(storedProfiles(), (Profiles{{"A", 3}}));
+                                 return testing::Test::HasFailure() ? 1 : 0;
+                             }),
+              0);
+    EXPECT_EQ(entriesOf(world.profiles()), std::vector<std::string>{"A"});
+}
+
+INSTANTIATE_TEST_SUITE_P(Folders, StoreClosedFolder,
+                         testing::Values("vornlocal", "vornlocal/download",
+                                         "vornlocal/download/appwrite",
+                                         "vornlocal/download/appwrite/NetProfile",
+                                         "vornlocal/download/appwrite/NetProfile/.pending"));
+
 } // namespace

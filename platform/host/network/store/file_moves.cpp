@@ -80,6 +80,9 @@ int removeTree(Place place)
         return 0;
     if (errno != EISDIR)
         return errno;
+    // A folder of which nothing is made yet but its name may be closed even to its owner.
+    if (unlinkat(place.folder, place.name, AT_REMOVEDIR) == 0)
+        return 0;
     {
         base::UniqueFd folder = openFolderAt(place);
         if (!folder.isOpen())

@@ -46,7 +46,8 @@ int ProfileWriter::open(IfMissing ifMissing)
     int error = m_folder.open(path);
     if (error == ENOENT && ifMissing == IfMissing::Refuse)
         return NAPI_ERR_NO_PROFILE;
-    if (error == ENOENT) {
+    // EACCES: a killed program may have left a folder that nobody can enter.
+    if (error == ENOENT || (error == EACCES && ifMissing == IfMissing::Make)) {
         error = base::makeRoot();
         if (error == 0)
             error = base::makeFolders(path);
