@@ -1,6 +1,7 @@
 #include "dmt.h"
 
 #include <atomic>
+#include <malloc.h>
 #include <thread>
 #include <vector>
 
@@ -413,6 +414,79 @@ TEST_F(SettingsTree, IsRefusedWhenItsFolderHasBecomeAFile)
     testing::internal::CaptureStderr();
     EXPECT_EQ(obtain(tree), DMT_NO_STORAGE);
     EXPECT_EQ(testing::internal::GetCapturedStderr(), root + "/etc: not a folder\n");
+}
+
+// Heap that the tree of this file takes, in bytes.
+std::size_t heapOfTree(const std::string& path, const std::string& text)
+{
+    std::ofstream(path, std::ios::binary) << text;
+    DmtTreeHandle tree;
+    const std::size_t before = ::mallinfo2().uordblks + ::mallinfo2().hblkhd;
+    EXPECT_EQ(DmtTreeFactory::GetTree(DmtPrincipal("localhost"), tree).GetCode(), DMT_OK);
+    return ::mallinfo2().uordblks + ::mallinfo2().hblkhd - before;
+}
+
+std::string members(const std::string& value)
+{
+    std::string text = "{";
+    for (int i = 0; text.size() < 1000000; ++i)
+        text += (i ? ",\"n" : "\"n") + std::to_string(1000000 + i) + "\":" + value;
+    return text + "}";
+}
+
+// A sentence about each of 70,000 wrong values would be a dozen megabytes.
+TEST_F(SettingsTree, OfAFileFullOfWrongValuesTakesNoMoreThanOneFullOfGoodOnes)
+{
+    const std::size_t good = heapOfTree(settings(), members("7"));
+    const std::size_t wrong = heapOfTree(settings(), members("[]"));
+    EXPECT_LT(wrong, good + 4000000);
+    DmtTreeHandle tree;
+    DmtNodeHandle node;
+    DmtData data;
+    ASSERT_EQ(obtain(tree), DMT_OK);
+    ASSERT_EQ(tree->GetNode("n1050000", node).GetCode(), DMT_OK);
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(node->GetValue(data).GetCode(), DMT_NO_VALUE) << "it is wrong all the same";
+    EXPECT_NE(testing::internal::GetCapturedStderr(), "");
+}
+
+// Whether a child that is forked now can read the node, too.
+bool isReadByAChild(const DmtNodeHandle& node)
+{
+    const pid_t child = ::fork();
+    if (child == 0) {
+        ::alarm(5);
+        DmtData data;
+        ::_exit(node->GetValue(data).GetCode() == DMT_NO_VALUE ? 0 : 1);
+    }
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    return WIFEXITED(status) && WEXITSTATUS(status) == 0;
+}
+
+// Another thread may be about to tell what is wrong just then, and is not there in the child.
+TEST_F(SettingsTree, CanBeReadInAForkedChildWhateverOtherThreadsDo)
+{
+    write(settings(), R"({"a": []})");
+    DmtTreeHandle tree;
+    DmtNodeHandle node;
+    ASSERT_EQ(obtain(tree), DMT_OK);
+    ASSERT_EQ(tree->GetNode("a", node).GetCode(), DMT_OK);
+    testing::internal::CaptureStderr();
+    std::atomic<bool> isOver{false};
+    const auto read = [&] {
+        for (DmtData data; !isOver;)
+            node->GetValue(data);
+    };
+    std::thread first(read), second(read);
+    int children = 0;
+    while (children < 60 && isReadByAChild(node))
+        ++children;
+    isOver = true;
+    first.join();
+    second.join();
+    testing::internal::GetCapturedStderr();
+    EXPECT_EQ(children, 60);
 }
 
 } // namespace

@@ -5,6 +5,7 @@
 #include <iostream>
 #include <mutex>
 
+#include <pthread.h>
 #include <sys/stat.h>
 
 #include "base/durable_file.h"
@@ -132,6 +133,14 @@ Leaf leafOf(const JsonDocument& document, const std::string& name, const JsonVal
     return leaf;
 }
 
+// A file with more wrong lines than a person reads costs no memory for a sentence about each.
+void shorten(Leaf& leaf)
+{
+    leaf.ignored = {};
+    if (!leaf.problem.empty())
+        leaf.problem = "not usable";
+}
+
 } // namespace
 
 Result readLeaves(std::vector<Leaf>* leaves, const std::string& used)
@@ -141,8 +150,16 @@ Result readLeaves(std::vector<Leaf>* leaves, const std::string& used)
     const JsonDocument document = JsonDocument::read(settingshost::settingsFile(), used);
     if (Result result = checkDocument(document, used); !result.isOk())
         return result;
-    for (const auto& [name, value] : document.root().members())
+    constexpr std::size_t mostSentences = 1000;
+    std::size_t sentences = 0;
+    for (const auto& [name, value] : document.root().members()) {
         leaves->push_back(leafOf(document, name, value, used));
+        Leaf& leaf = leaves->back();
+        if (leaf.problem.empty() && leaf.ignored.empty())
+            continue;
+        if (++sentences > mostSentences)
+            shorten(leaf);
+    }
     return {};
 }
 
@@ -165,16 +182,52 @@ Result readFeatures(std::map<int, FeatureLine>* lines, const std::string& used)
     return {};
 }
 
+namespace {
+
+// What was said last of each subject. The mutex is held over a fork, so that the child finds it
+// free. Of a file with thousands of wrong values, the first ones are told.
+class Said
+{
+public:
+    static Said& instance()
+    {
+        static Said* said = [] {
+            auto created = new Said;
+            ::pthread_atfork(lock, unlock, unlock);
+            return created;
+        }();
+        return *said;
+    }
+
+    // Whether `message` is to be said.
+    bool isNew(const std::string& subject, const std::string& message)
+    {
+        const std::lock_guard<std::mutex> guard(m_mutex);
+        const auto found = m_last.find(subject);
+        if (found == m_last.end())
+            return !message.empty() && m_last.size() < mostSubjects &&
+                   m_last.emplace(subject, message).second;
+        if (found->second == message)
+            return false;
+        found->second = message;
+        return !message.empty();
+    }
+
+private:
+    static constexpr std::size_t mostSubjects = 1000;
+
+    static void lock() { instance().m_mutex.lock(); }
+    static void unlock() { instance().m_mutex.unlock(); }
+
+    std::mutex m_mutex;
+    std::map<std::string, std::string> m_last;
+};
+
+} // namespace
+
 void sayOnce(const std::string& subject, const std::string& message)
 {
-    static std::mutex mutex;
-    static std::map<std::string, std::string> said;
-    const std::lock_guard<std::mutex> lock(mutex);
-    std::string& last = said[subject];
-    if (last == message)
-        return;
-    last = message;
-    if (!message.empty())
+    if (Said::instance().isNew(subject, message))
         std::cerr << message + '\n' << std::flush;
 }
 
