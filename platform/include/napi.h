@@ -204,6 +204,9 @@ static_assert(offsetof(NapiIndication, cause2) == 110, "fixed by the message for
 // Links have ids 0..255; the lowest free id is given first.
 enum { NAPI_MAX_LINKS = 256 };
 
+// As many bytes of messages wait for a receiver that does not read, beside what its socket takes.
+enum { NAPI_MAX_UNREAD = 1048576 };
+
 // Items of NAPI_GetDeviceInfo.
 enum NapiDeviceItem {
     NAPI_DEVICE_NAME = 0,   // char[16], NUL-terminated: the network device, for instance "wwan0"
@@ -215,10 +218,12 @@ extern "C" {
 // Starts the network API, or counts one user more when it runs already. `mode` is 0 or 4; the host
 // treats both alike.
 // Result: the caller's indication socket (>= 0), a stream socket on which every link's messages of
-// this process arrive; the caller owns the descriptor and closes it. A caller that does not read
-// loses nothing and holds nobody up; the last NAPI_Fini ends the stream. It hears of what happens
-// from now on. A forked child has no network API and may start its own. Errors: NAPI_ERR_ARGUMENT
-// (another mode), NAPI_ERR_RESOURCES.
+// this process arrive; the caller owns the descriptor and closes it. It hears of what happens from
+// now on. A caller that does not read holds nobody up and loses nothing until more than
+// NAPI_MAX_UNREAD bytes wait for it: then, and where there is no memory for a message, its stream
+// ends, so that no message is ever missing from within it. The last NAPI_Fini ends the stream, too.
+// A forked child has no network API and may start its own. Errors: NAPI_ERR_ARGUMENT (another
+// mode), NAPI_ERR_RESOURCES.
 VORN_PLATFORM_API int NAPI_Init(int mode);
 
 // Takes back one NAPI_Init. With the last one the network API ends: openings still under way are

@@ -1,9 +1,10 @@
 // Receivers that read late or never, and a thread that sleeps.
 #include "network/links/link_world.h"
 
-#include <fstream>
 #include <random>
 #include <thread>
+
+#include <sys/socket.h>
 
 using namespace linktest;
 
@@ -39,16 +40,39 @@ std::string eightFailures()
     return json + "}}}";
 }
 
-TEST_F(LinkReceiver, ThatNeverReadsLosesNothingAndHoldsNobodyUp)
+TEST_F(LinkReceiver, ThatNeverReadsLosesNothingUpToOneMebibyteAndHoldsNobodyUp)
 {
     configure(eightFailures());
     for (int i = 0; i < 8; ++i)
         store("Fail" + std::to_string(i));
     Receiver quick, never;
-    std::vector<Message> told = failMany(quick, 200000);
+    constexpr std::size_t room = NAPI_MAX_UNREAD / sizeof(NapiIndication);
+    static_assert(room == 9362, "what the documents say");
+    std::vector<Message> told = failMany(quick, room);
     for (std::size_t i = 0; i < told.size(); ++i)
         ASSERT_EQ(never.next(), told[i]) << "message " << i;
     EXPECT_FALSE(never.ready());
+}
+
+// Messages are as many as the process opens links: what nobody fetches must not fill its memory.
+TEST_F(LinkReceiver, ThatNeverReadsSeesTheEndOfItsStreamWhenMoreThanOneMebibyteWaits)
+{
+    configure(eightFailures());
+    for (int i = 0; i < 8; ++i)
+        store("Fail" + std::to_string(i));
+    Receiver quick, never;
+    const std::vector<Message> told = failMany(quick, 200000);
+    std::size_t whole = 0;
+    while (const auto message = never.ready())
+        ASSERT_EQ(*message, told[whole++]) << "message " << whole;
+    EXPECT_GT(whole, 100u) << "what the socket took before is still there";
+    EXPECT_LT(whole, told.size());
+    char byte;
+    EXPECT_EQ(recv(never.socket(), &byte, 1, MSG_DONTWAIT), 0) << "the stream has an end";
+    Receiver after;
+    NAPI_OpenLink("Fail1");
+    EXPECT_EQ(after.next(), failed(0, 7, 101)) << "others go on";
+    EXPECT_EQ(quick.next(), failed(0, 7, 101));
 }
 
 TEST_F(LinkReceiver, ThatReadsLateIsNotToldOfClosedLinks)
@@ -58,13 +82,13 @@ TEST_F(LinkReceiver, ThatReadsLateIsNotToldOfClosedLinks)
         store("Fail" + std::to_string(i));
     store("Home");
     Receiver quick, late;
-    std::vector<Message> told = failMany(quick, 5000);
+    std::vector<Message> told = failMany(quick, 3000);
     for (int round = 0; round < 100; ++round) {
         int link = NAPI_OpenLink("Home");
         ASSERT_EQ(quick.next(), connected(link));
         ASSERT_EQ(NAPI_CloseLink(link), 0);
     }
-    std::vector<Message> after = failMany(quick, 5000);
+    std::vector<Message> after = failMany(quick, 3000);
     told.insert(told.end(), after.begin(), after.end());
     for (std::size_t i = 0; i < told.size(); ++i)
         ASSERT_EQ(late.next(), told[i]) << "message " << i;

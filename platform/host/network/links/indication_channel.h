@@ -29,6 +29,7 @@ public:
     bool flush();
 
     bool waiting() const { return !m_queue.empty(); }
+    std::size_t waitingBytes() const { return m_queue.size() * sizeof(NapiIndication); }
     int descriptor() const { return m_descriptor.get(); }
 
 private:

@@ -9,12 +9,14 @@ uint64_t Receivers::tell(const NapiIndication& message)
 {
     ++m_lastMessage;
     for (auto channel = m_channels.begin(); channel != m_channels.end();) {
+        bool isKept = channel->waitingBytes() + sizeof message <= NAPI_MAX_UNREAD;
         try {
-            channel->enqueue(m_lastMessage, message);
-            ++channel;
+            if (isKept)
+                channel->enqueue(m_lastMessage, message);
         } catch (const std::bad_alloc&) {
-            channel = m_channels.erase(channel);
+            isKept = false;
         }
+        channel = isKept ? std::next(channel) : m_channels.erase(channel);
     }
     return m_lastMessage;
 }

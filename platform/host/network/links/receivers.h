@@ -23,8 +23,9 @@ public:
     void clear() { m_channels.clear(); }
     std::size_t count() const { return m_channels.size(); }
 
-    // Queues a message for everybody; its number. A receiver for whose message there is no memory
-    // is let go: it sees the end of its stream, and never a stream with a message missing.
+    // Queues a message for everybody; its number. A receiver for whose message there is no memory,
+    // or for whom NAPI_MAX_UNREAD bytes wait already, is let go: it sees the end of its stream, and
+    // never a stream with a message missing.
     uint64_t tell(const NapiIndication& message);
 
     // Takes back those of these messages that have not begun to be written.
