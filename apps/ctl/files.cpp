@@ -31,8 +31,9 @@ std::string readFile(const std::string& path, std::size_t limit, Exit status,
                      const std::string& called)
 {
     const std::string shown = shownName(path, called);
-    base::UniqueFd file(path == "-" ? ::dup(STDIN_FILENO)
-                                    : ::open(path.c_str(), O_RDONLY | O_CLOEXEC));
+    base::UniqueFd file(base::retried([&] {
+        return path == "-" ? ::dup(STDIN_FILENO) : ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    }));
     if (!file.isOpen())
         throw Failure(status, "cannot read " + shown + ": " + errorText(errno) + ".");
     std::string bytes;

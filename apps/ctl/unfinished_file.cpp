@@ -1,5 +1,6 @@
 #include "unfinished_file.h"
 
+#include <cerrno>
 #include <cstdio>
 #include <ctime>
 #include <filesystem>
@@ -88,8 +89,8 @@ UnfinishedFile::UnfinishedFile(int folder, std::string folderPath)
 
 UnfinishedFile::~UnfinishedFile()
 {
-    ::unlinkat(m_folder, m_name.c_str(), 0);
-    if (!m_note.empty())
+    const bool isGone = ::unlinkat(m_folder, m_name.c_str(), 0) == 0 || errno == ENOENT;
+    if (isGone && !m_note.empty())
         ::unlink(m_note.c_str());
 }
 

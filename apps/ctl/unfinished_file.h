@@ -15,7 +15,8 @@ public:
     // Where the root cannot be written to, there is no note, and an export works all the same.
     UnfinishedFile(int folder, std::string folderPath);
 
-    // Removes the file, if it still has that name, and the note.
+    // Removes the file, if it still has that name, and the note; a file that cannot be removed
+    // keeps its note.
     ~UnfinishedFile();
     UnfinishedFile(const UnfinishedFile&) = delete;
     UnfinishedFile& operator=(const UnfinishedFile&) = delete;

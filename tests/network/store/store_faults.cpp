@@ -1,12 +1,18 @@
 #include "network/store/store_faults.h"
 
+#include <atomic>
 #include <cerrno>
 #include <cstdarg>
 #include <cstdio>
+#include <cstdlib>
+#include <map>
+#include <new>
+
 #include <dirent.h>
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <sys/file.h>
+#include <sys/mman.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -22,8 +28,11 @@ thread_local std::vector<Call> calls;
 class Pause
 {
 public:
-    Pause() { isWatching = false; }
-    ~Pause() { isWatching = true; }
+    Pause() : m_before(isWatching) { isWatching = false; }
+    ~Pause() { isWatching = m_before; }
+
+private:
+    bool m_before;
 };
 
 ino_t inodeOf(int fd)
@@ -42,15 +51,62 @@ ino_t inodeAt(int folder, const char* name)
 
 bool isDue(Fault fault)
 {
-    return plan.fault == fault && (calls.size() == plan.at || calls.size() == plan.alsoAt);
+    if (fault == Fault::Die && plan.thenDie && calls.size() == plan.alsoAt)
+        return true;
+    return plan.fault == fault &&
+           (calls.size() == plan.at || (calls.size() == plan.alsoAt && !plan.thenDie));
 }
 
+// In memory that forked children share.
+class Tally
+{
+public:
+    static Tally& instance()
+    {
+        static Tally tally;
+        return tally;
+    }
+
+    ~Tally()
+    {
+        for (const auto& [what, number] : m_numbers)
+            std::printf("%ld %s\n", number->load(), what.c_str());
+    }
+
+    // Before the fork, or the child counts for itself.
+    std::atomic<long>& of(const std::string& what)
+    {
+        std::atomic<long>*& number = m_numbers[what];
+        if (!number)
+            number = new (::mmap(nullptr, sizeof(std::atomic<long>), PROT_READ | PROT_WRITE,
+                                 MAP_SHARED | MAP_ANONYMOUS, -1, 0)) std::atomic<long>(0);
+        return *number;
+    }
+
+private:
+    std::map<std::string, std::atomic<long>*> m_numbers;
+};
+
+const char faultsName[] = "faults injected";
+
 } // namespace
+
+bool isLong()
+{
+    return std::getenv("VORN_TEST_LONG") != nullptr;
+}
+
+void count(const char* what, long number)
+{
+    const Pause pause;
+    Tally::instance().of(what) += number;
+}
 
 void begin(const Plan& newPlan)
 {
     plan = newPlan;
     calls.clear();
+    count(faultsName, 0);
     isWatching = true;
 }
 
@@ -73,9 +129,12 @@ template <typename Result, typename Real, typename Note>
 Result watch(Call call, Real real, Note note)
 {
     Pause pause;
-    if (isDue(Fault::Die))
+    if (isDue(Fault::Die)) {
+        count(faultsName);
         _exit(deathStatus);
+    }
     if (isDue(Fault::Fail) || isDue(Fault::Interrupt)) {
+        count(faultsName);
         errno = isDue(Fault::Fail) ? plan.error : EINTR;
         call.result = -1;
         calls.push_back(call);
@@ -134,7 +193,8 @@ INTERPOSED int openat(int folder, const char* name, int flags, ...)
     REAL(openat);
     va_list rest;
     va_start(rest, flags);
-    mode_t mode = flags & O_CREAT ? va_arg(rest, mode_t) : 0;
+    const bool isMaking = flags & O_CREAT || (flags & O_TMPFILE) == O_TMPFILE;
+    mode_t mode = isMaking ? va_arg(rest, mode_t) : 0;
     va_end(rest);
     auto call = [&] { return real(folder, name, flags, mode); };
     if (!isWatching)
@@ -219,6 +279,43 @@ INTERPOSED int renameat2(int folder, const char* name, int newFolder, const char
         noted.to = placeOf(newFolder, newName);
     }
     return watch<int>(noted, call);
+}
+
+INTERPOSED int renameat(int folder, const char* name, int newFolder, const char* newName) noexcept
+{
+    REAL(renameat);
+    auto call = [&] { return real(folder, name, newFolder, newName); };
+    if (!isWatching)
+        return call();
+    Call noted = callAt("renameat", folder, name);
+    {
+        Pause pause;
+        noted.to = placeOf(newFolder, newName);
+    }
+    return watch<int>(noted, call);
+}
+
+// `name` is the way to an open file.
+INTERPOSED int linkat(int folder, const char* name, int newFolder, const char* newName,
+                      int flags) noexcept
+{
+    REAL(linkat);
+    auto call = [&] { return real(folder, name, newFolder, newName, flags); };
+    if (!isWatching)
+        return call();
+    Call noted = callAt("linkat", folder, name);
+    {
+        Pause pause;
+        noted.to = placeOf(newFolder, newName);
+    }
+    return watch<int>(noted, call, [&](Call* made) { made->made = inodeAt(newFolder, newName); });
+}
+
+INTERPOSED int unlink(const char* name) noexcept
+{
+    REAL(unlink);
+    auto call = [&] { return real(name); };
+    return isWatching ? watch<int>(callAt("unlink", AT_FDCWD, name), call) : call();
 }
 
 INTERPOSED int unlinkat(int folder, const char* name, int flags) noexcept

@@ -1,6 +1,7 @@
-// Watches the system calls by which libnapi keeps its store, on the calling thread: notes each, and
-// lets a chosen one fail, fall short, or end the process. The test program's own functions of the C
-// library's names come before the C library's, so the shipped libnapi is what runs.
+// Watches the system calls by which the host keeps its files, on the calling thread: notes each,
+// and lets a chosen one fail, fall short, or end the process. The test program's own functions of
+// the C library's names come before the C library's, so the shipped libraries are what runs. How
+// many faults there were, the program says at its end.
 #ifndef TESTS_NETWORK_STORE_FAULTS_H
 #define TESTS_NETWORK_STORE_FAULTS_H
 
@@ -42,8 +43,15 @@ struct Plan
     Fault fault = Fault::None;
     std::size_t at = 0; // which call, counted from 0
     int error = 0;
-    std::size_t alsoAt = SIZE_MAX; // a second call with the same fault
+    std::size_t alsoAt = SIZE_MAX; // a second call with the same fault ...
+    bool thenDie = false;          // ... or one before which the process ends
 };
+
+// Whether the long form of the tests was asked for: VORN_TEST_LONG is set.
+bool isLong();
+
+// Says at the end of the program how many of these there were, too.
+void count(const char* what, long number = 1);
 
 // From begin() to end(); end() gives the calls that were made.
 void begin(const Plan& plan = {});
