@@ -30,13 +30,15 @@ class VORNQTNAPI_EXPORT IPAddressEdit : public YSegmentField
     Q_OBJECT
 
 public:
-    // The fields are empty, and the widget has its preferred size.
+    // The fields are empty, and the widget has its preferred size. Throws std::bad_alloc where
+    // memory runs out, and nothing is left of the widget then.
     IPAddressEdit(QWidget* parent = 0);
     ~IPAddressEdit();
 
     // Shows an address. 0.0.0.0, and a text that is no address, leave all four fields empty. `text`
     // is not changed. In the last form `text` is a NUL-terminated dotted address, not four bytes;
-    // null counts as a text that is no address. Of a number only the lower 32 bits count.
+    // null counts as a text that is no address. Of a number only the lower 32 bits count. Where
+    // memory runs out the fields are left empty; no exception comes.
     void setIPAddress(QString& text);
     void setIPAddress(unsigned long address);
     void setIPAddress(unsigned char* text);

@@ -28,7 +28,8 @@ class VORNQTNAPI_EXPORT ProfileEdit : public YLineEdit
     Q_OBJECT
 
 public:
-    // `name` is the object name, or null. There is no default name at first.
+    // `name` is the object name, or null. There is no default name at first. Throws std::bad_alloc
+    // where memory runs out, and nothing is left of the widget then.
     ProfileEdit(QWidget* parent = 0, const char* name = 0);
     ~ProfileEdit();
 

@@ -31,7 +31,7 @@ public:
     ~YStateDialog();
 
     // Sets the text beside the icon area; at first there is none. It is broken into lines as
-    // needed.
+    // needed. Where memory runs out it may stay as it was; no exception comes.
     void setStateString(const QString& text);
 
 private:

@@ -4,6 +4,7 @@
 #include <ylabel.h>
 #include <ysoftkey.h>
 
+#include "support/memory.h"
 #include "support/toolkitnumbers.h"
 
 namespace {
@@ -35,5 +36,5 @@ YStateDialog::~YStateDialog() {}
 
 void YStateDialog::setStateString(const QString& text)
 {
-    stateLabel->setText(text);
+    support::withMemory([this, &text] { stateLabel->setText(text); }, [] {});
 }

@@ -64,27 +64,24 @@ IPAddressEdit::IPAddressEdit(QWidget* parent) : YSegmentField(parent, 0, 0, tool
 
 IPAddressEdit::~IPAddressEdit() {}
 
-void IPAddressEdit::setIPAddress(QString& text)
-{
-    const unsigned int address = addressOf(text);
-    for (int i = 0; i < segmentCount; ++i) {
-        const int octet = int(address >> (24 - 8 * i) & 0xFF);
-        segments[i]->setText(address ? QString::number(octet) : QString(""));
-    }
-}
-
-void IPAddressEdit::setIPAddress(unsigned long address)
-{
-    QString text = support::ipv4ToText(static_cast<unsigned int>(address & broadcast));
-    setIPAddress(text);
-}
-
-void IPAddressEdit::setIPAddress(unsigned char* text)
-{
-    setIPAddress(static_cast<unsigned long>(addressOf(textOf(text))));
-}
-
 namespace {
+
+// All four texts are there before the first one is shown.
+void showAddress(YLineEdit* const* segments, unsigned int address)
+{
+    QString octets[segmentCount];
+    for (int i = 0; i < segmentCount; ++i)
+        octets[i] = address ? QString::number(int(address >> (24 - 8 * i) & 0xFF)) : QString("");
+    for (int i = 0; i < segmentCount; ++i)
+        segments[i]->setText(octets[i]);
+}
+
+// Part of an address with part of another would be a third one.
+void showNothing(YLineEdit* const* segments)
+{
+    for (int i = 0; i < segmentCount; ++i)
+        support::withMemory([segments, i] { segments[i]->setText(QString("")); }, [] {});
+}
 
 unsigned int addressIn(YLineEdit* const* segments)
 {
@@ -95,6 +92,25 @@ unsigned int addressIn(YLineEdit* const* segments)
 }
 
 } // namespace
+
+void IPAddressEdit::setIPAddress(QString& text)
+{
+    support::withMemory([this, &text] { showAddress(segments, addressOf(text)); },
+                        [this] { showNothing(segments); });
+}
+
+void IPAddressEdit::setIPAddress(unsigned long address)
+{
+    const auto number = static_cast<unsigned int>(address & broadcast);
+    support::withMemory([this, number] { showAddress(segments, number); },
+                        [this] { showNothing(segments); });
+}
+
+void IPAddressEdit::setIPAddress(unsigned char* text)
+{
+    support::withMemory([this, text] { showAddress(segments, addressOf(textOf(text))); },
+                        [this] { showNothing(segments); });
+}
 
 void IPAddressEdit::getIPAddress(unsigned long& address)
 {

@@ -1,5 +1,6 @@
 // What the selection dialog hands to the toolkit, in which order. The functions below stand before
 // the toolkit's own, note their arguments, and go on to them.
+#include <new>
 #include <string>
 #include <vector>
 
@@ -15,6 +16,9 @@ using interposed::quoted;
 using interposed::yes;
 
 namespace {
+
+// Whether the next text that is asked for finds no memory.
+bool withoutMemory = false;
 
 // By number, as they were made.
 std::vector<const void*> items;
@@ -116,6 +120,8 @@ void YListBoxItem::appendSubItem(int number, QString text, bool strong, const QP
 
 QString YListBoxItem::getSubItemText(int number, int which, bool shown) const
 {
+    if (withoutMemory)
+        throw std::bad_alloc();
     const Call call(row(this) + " text " + std::to_string(number) + ' ' + std::to_string(which) +
                     yes(shown));
     return nextOf<QString (*)(const YListBoxItem*, int, int, bool)>(
@@ -182,6 +188,20 @@ TEST_F(DialogParts, AreNotAskedFurtherWithoutACurrentItem)
     QString selected;
     EXPECT_EQ(callsOf([&] { dialog.selectedProfile(selected); }),
               (Calls{"list box", "current item"}));
+}
+
+// The phone's toolkit copies the text; the host's shares it and asks for nothing.
+TEST_F(DialogParts, ThatFindNoMemoryForTheTextSelectNothing)
+{
+    QStringList names = {"Work"};
+    YProfileSelectDlg dialog(names, "", nullptr, nullptr);
+    QString selected("kept");
+    withoutMemory = true;
+    int result = 0;
+    EXPECT_NO_THROW(result = dialog.selectedProfile(selected));
+    withoutMemory = false;
+    EXPECT_EQ(result, -1);
+    EXPECT_EQ(selected.toStdString(), "kept");
 }
 
 } // namespace

@@ -1,10 +1,17 @@
-// Memory that runs out while an address is read, at each allocation in turn, whoever makes it.
+// Memory that runs out in the input widgets, at each allocation in turn: whoever makes it while an
+// address is read; in the libraries while one is shown, since Qt's own lines end the program where
+// malloc gives them nothing.
 
 #include <memory>
+#include <new>
+
+#include <QApplication>
 
 #include "common/failing_memory.h"
 #include "common/gui_test.h"
 #include "ipaddressedit.h"
+#include "profileedit.h"
+#include "ystatedialog.h"
 
 namespace {
 
@@ -87,6 +94,122 @@ TEST_F(AddressMemory, ThatRunsOutMakesTheFieldNeitherValidNorEmpty)
         return hasFailed || hasFailedToo;
     });
     EXPECT_GE(allocations, 1);
+}
+
+// One way to show an address.
+struct Setter
+{
+    const char* name;
+    void (*set)(IPAddressEdit& field);
+};
+
+const Setter setters[] = {
+    {"Text",
+     [](IPAddressEdit& edit) {
+         QString text("10.200.30.254");
+         edit.setIPAddress(text);
+     }},
+    {"Number", [](IPAddressEdit& edit) { edit.setIPAddress(0x0AC81EFEUL); }},
+    {"Bytes",
+     [](IPAddressEdit& edit) {
+         unsigned char bytes[] = "10.200.30.254";
+         edit.setIPAddress(bytes);
+     }},
+};
+
+class AddressSetting : public AddressMemory, public testing::WithParamInterface<Setter>
+{};
+
+TEST_P(AddressSetting, WithoutMemoryLeavesNoMixtureOfTwoAddresses)
+{
+    const int allocations = forEachAllocation([this](int number) {
+        field->setIPAddress(0xC0A80001UL);
+        failingmemory::failAt(number, Of::Libraries);
+        EXPECT_NO_THROW(GetParam().set(*field)) << number;
+        const bool hasFailed = failingmemory::stop();
+        unsigned long address = 7;
+        field->getIPAddress(address);
+        EXPECT_TRUE(address == 0x0AC81EFEUL || (hasFailed && field->isEmpty())) << number;
+        return hasFailed;
+    });
+    EXPECT_GE(allocations, 0);
+    GetParam().set(*field);
+    unsigned long address = 0;
+    field->getIPAddress(address);
+    EXPECT_EQ(address, 0x0AC81EFEUL);
+}
+
+INSTANTIATE_TEST_SUITE_P(Forms, AddressSetting, testing::ValuesIn(setters),
+                         [](const auto& test) { return std::string(test.param.name); });
+
+// Qt's own constructors leave a widget that is no more in its list of all; so the library's
+// allocations fail, and the toolkit's.
+template <class Widget> int makeWithEachFailure(Of whose)
+{
+    Widget().ensurePolished(); // so that what the toolkit keeps is there
+    GuiTest::settle();
+    const qsizetype before = QApplication::allWidgets().size();
+    return forEachAllocation([before, whose](int number) {
+        bool isMade = true;
+        bool hasFailed = false;
+        failingmemory::failAt(number, whose);
+        try {
+            const Widget widget;
+            hasFailed = failingmemory::stop();
+        } catch (const std::bad_alloc&) {
+            hasFailed = failingmemory::stop();
+            isMade = false;
+        }
+        EXPECT_TRUE(isMade || hasFailed) << number;
+        GuiTest::settle();
+        EXPECT_EQ(QApplication::allWidgets().size(), before) << number;
+        return hasFailed;
+    });
+}
+
+class WidgetMemory : public GuiTest
+{};
+
+TEST_F(WidgetMemory, ThatRunsOutLeavesNothingOfAnAddressField)
+{
+    EXPECT_GE(makeWithEachFailure<IPAddressEdit>(Of::Library), 4);
+    EXPECT_GE(makeWithEachFailure<IPAddressEdit>(Of::Toolkit), 4);
+}
+
+TEST_F(WidgetMemory, ThatRunsOutLeavesNothingOfANameField)
+{
+    EXPECT_EQ(makeWithEachFailure<ProfileEdit>(Of::Library), 0);
+    EXPECT_GE(makeWithEachFailure<ProfileEdit>(Of::Toolkit), 2);
+}
+
+TEST_F(WidgetMemory, ThatRunsOutLeavesNothingOfAStatePopup)
+{
+    EXPECT_GE(makeWithEachFailure<YStateDialog>(Of::Library), 2);
+    EXPECT_GE(makeWithEachFailure<YStateDialog>(Of::Toolkit), 4);
+}
+
+TEST_F(WidgetMemory, ThatRunsOutIsNoExceptionOfADefaultName)
+{
+    ProfileEdit edit;
+    const int allocations = forEachAllocation([&edit](int number) {
+        failingmemory::failAt(number, Of::Libraries);
+        EXPECT_NO_THROW(edit.setDefaultProfileName("A name that no text holds by itself"))
+            << number;
+        return failingmemory::stop();
+    });
+    EXPECT_EQ(allocations, 0);
+}
+
+TEST_F(WidgetMemory, ThatRunsOutIsNoExceptionOfAStateText)
+{
+    YStateDialog popup;
+    // Qt's label throws while it holds a lock of its own.
+    const int allocations = forEachAllocation([&popup](int number) {
+        failingmemory::failAt(number, Of::Libraries);
+        EXPECT_NO_THROW(popup.setStateString("Signing in " + QString::number(number))) << number;
+        return failingmemory::stop();
+    });
+    EXPECT_GE(allocations, 0);
 }
 
 } // namespace
