@@ -172,7 +172,7 @@ class Check(Scripts):
         for word in ("--help", "-h"):
             done = self.script("tree/check", word, cwd=self.folder)
             self.assertEqual(done.returncode, 0)
-            self.assertIn("Usage: ./check\n", done.stdout)
+            self.assertIn("Usage: ./check [--long]\n", done.stdout)
         self.assertFalse(self.calls.exists())
 
     def test_refuses_every_argument_and_starts_nothing(self):
@@ -183,10 +183,27 @@ class Check(Scripts):
                 self.assertIn("see ./check --help", done.stderr)
         self.assertFalse(self.calls.exists())
 
-    def test_builds_and_tests_release_and_sanitizers(self):
+    def make_folders(self):
         for folder in ("bench", "examples", "include", "platform", "profiles", "session", "support", "tests",
                        "widgets", "wizard"):
             (self.tree / folder).mkdir()
+
+    def test_goes_on_with_the_long_runs_when_asked(self):
+        self.make_folders()
+        programs = ("tests/long/all", "packaging/twice", "packaging/try", "docs/site/make")
+        for program in programs:
+            (self.tree / program).parent.mkdir(parents=True, exist_ok=True)
+            put_program(self.tree / program, f'echo "$0" >>"{self.calls}"')
+        self.assertEqual(self.script("./check").returncode, 0)
+        self.assertNotIn("long", self.calls.read_text(encoding="utf-8"))
+        self.assertEqual(self.script("./check", "--long").returncode, 0)
+        calls = self.calls.read_text(encoding="utf-8").splitlines()
+        self.assertEqual(tuple(calls[-len(programs):]), programs)
+        put_program(self.tree / programs[0], "exit 3")
+        self.assertEqual(self.script("./check", "--long").returncode, 3)
+
+    def test_builds_and_tests_release_and_sanitizers(self):
+        self.make_folders()
         done = self.script("./check")
         self.assertEqual(done.returncode, 0, done.stderr)
         calls = self.calls.read_text(encoding="utf-8")

@@ -2,8 +2,13 @@
 #include "network/links/link_world.h"
 
 #include <atomic>
+#include <cstdlib>
+#include <iostream>
 #include <set>
 #include <thread>
+
+#include <sys/wait.h>
+#include <unistd.h>
 
 using namespace linktest;
 
@@ -12,7 +17,11 @@ namespace {
 class LinkRace : public LinkTest
 {};
 
-constexpr int rounds = 3000;
+// VORN_TEST_ROUNDS asks for more.
+const int rounds = [] {
+    const char* given = std::getenv("VORN_TEST_ROUNDS");
+    return given ? std::atoi(given) : 3000;
+}();
 
 // Each opening of a thread has another device than the one before, so that a message which comes
 // too late is known by its device.
@@ -86,8 +95,8 @@ TEST_F(LinkRace, EveryOpeningIsAnsweredOnce)
     useScenarios();
     Receiver receiver;
     std::atomic<int> opened{0};
-    constexpr int openings = 4000;
-    auto open = [&opened] {
+    const int openings = rounds;
+    auto open = [&opened, openings] {
         for (int count = 0; count < openings;) {
             int link = NAPI_OpenLink("Fail");
             ASSERT_TRUE(link >= 0 || link == -212) << link;
@@ -111,7 +120,7 @@ TEST_F(LinkRace, UsersMayComeAndGoAtAnyTime)
 {
     useScenarios();
     auto comeAndGo = [] {
-        for (int round = 0; round < 300; ++round) {
+        for (int round = 0; round < rounds / 10; ++round) {
             Receiver receiver;
             int link = NAPI_OpenLink(round % 3 ? "Home" : "Never");
             ASSERT_GE(link, 0);
@@ -123,6 +132,46 @@ TEST_F(LinkRace, UsersMayComeAndGoAtAnyTime)
     first.join();
     second.join();
     EXPECT_EQ(NAPI_Fini(), -201);
+}
+
+// What a forked child can do: it has no network API, and may start its own.
+bool childGoesOn()
+{
+    const pid_t child = fork();
+    if (child == 0) {
+        alarm(20);
+        const bool isWithout = NAPI_OpenLink("Home") == -201;
+        const bool isStarted = NAPI_Init(0) >= 0 && NAPI_OpenLink("Home") == 0;
+        _exit(isWithout && isStarted && NAPI_Fini() == 0 ? 0 : 1);
+    }
+    int status = 0;
+    waitpid(child, &status, 0);
+    return WIFEXITED(status) && WEXITSTATUS(status) == 0;
+}
+
+// A child has none of the threads, whatever they hold at the fork.
+TEST_F(LinkRace, ChildrenMayBeForkedAtAnyTime)
+{
+    useScenarios();
+    Receiver keepsTheEngine;
+    std::atomic<bool> isOver{false};
+    auto openAndClose = [&isOver] {
+        while (!isOver)
+            NAPI_CloseLink(NAPI_OpenLink("Home"));
+    };
+    std::thread first(openAndClose), second(openAndClose);
+    const int wanted = rounds / 30;
+    int children = 0;
+    while (children < wanted && childGoesOn()) {
+        ++children;
+        while (keepsTheEngine.ready()) {
+        }
+    }
+    isOver = true;
+    first.join();
+    second.join();
+    EXPECT_EQ(children, wanted);
+    std::cout << children << " children\n";
 }
 
 } // namespace
