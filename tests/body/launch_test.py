@@ -4,6 +4,7 @@ Usage: launch_test.py VORNPHONE BODY_PROBE
 """
 
 import re
+import subprocess
 import sys
 import unittest
 
@@ -91,6 +92,14 @@ class OnADisplay(PhoneTest):
                 self.assertAlmostEqual(height, int(size.split("x")[1]), delta=ratio)
                 self.assertEqual(tuple(screen), logical)
                 self.assertGreaterEqual(row, 44)
+
+    def test_the_phone_itself_takes_no_more_than_the_screen(self):
+        display, _ = self.display("800x480")
+        process = self.start("vornphone", "--screen", DISPLAY=display)
+        size = wait_for(lambda: re.search(r'"vornphone"\)  (\d+x\d+)\+0\+0', subprocess.run(
+            ["xwininfo", "-display", display, "-root", "-tree"], capture_output=True, text=True, check=True).stdout))
+        self.assertEqual(size and size[1], "800x480")
+        self.assertIsNone(process.poll())
 
     def test_a_scale_that_the_person_has_chosen_holds(self):
         display, _ = self.display("480x800")

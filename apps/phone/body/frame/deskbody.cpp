@@ -30,10 +30,15 @@ int phoneKeyOf(int key)
     return key == Qt::Key_Enter ? Qt::Key_Return : key;
 }
 
-bool fitsDesk(const QSize& size)
+// Below, unless only the keys beside the screen leave the whole phone in sight.
+CaseLayout::Keys keysFor(const QSize& display)
 {
-    const QScreen* screen = QGuiApplication::primaryScreen();
-    return !screen || size.height() + windowFrame <= screen->availableGeometry().height();
+    const QSize desk = QGuiApplication::primaryScreen()->availableGeometry().size();
+    const QSize below = CaseLayout::usualSize(display, CaseLayout::Keys::Below);
+    const QSize beside = CaseLayout::usualSize(display, CaseLayout::Keys::Beside);
+    const bool isLow = below.height() + windowFrame > desk.height();
+    return isLow && beside.width() <= desk.width() ? CaseLayout::Keys::Beside
+                                                   : CaseLayout::Keys::Below;
 }
 
 QSize usualSizeOf(const QWidget& display)
@@ -46,10 +51,8 @@ QSize usualSizeOf(const QWidget& display)
 
 DeskBody::DeskBody(QWidget* display, Room room) : m_display(display), m_usual(usualSizeOf(*display))
 {
-    if (room == Room::WholeScreen)
-        setWindowState(Qt::WindowFullScreen);
-    else if (!fitsDesk(CaseLayout::usualSize(m_usual, CaseLayout::Keys::Below)))
-        m_keys = CaseLayout::Keys::Beside;
+    if (room == Room::Window)
+        m_keys = keysFor(m_usual);
     setObjectName(QStringLiteral("DeskBody"));
     setWindowIcon(QIcon(QStringLiteral(":/vornbody/vornphone.svg")));
     setWindowTitle(QGuiApplication::applicationDisplayName());
@@ -60,9 +63,11 @@ DeskBody::DeskBody(QWidget* display, Room room) : m_display(display), m_usual(us
     display->show();
     addKeys();
     const QSize usual = CaseLayout::usualSize(m_usual, m_keys);
+    resize(usual);
     if (room == Room::Window)
         setMinimumSize(usual);
-    resize(usual);
+    else
+        setWindowState(Qt::WindowFullScreen);
     qApp->installEventFilter(this);
 }
 

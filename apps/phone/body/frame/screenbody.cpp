@@ -3,6 +3,7 @@
 #include <QGuiApplication>
 #include <QIcon>
 #include <QInputMethod>
+#include <QScreen>
 
 namespace phone {
 
@@ -16,6 +17,8 @@ constexpr int leastHeight = 120;
 ScreenBody::ScreenBody(QWidget* display) : m_display(display)
 {
     setObjectName(QStringLiteral("ScreenBody"));
+    // A window without a size would take that of what lies in it.
+    resize(QGuiApplication::primaryScreen()->size());
     setWindowState(Qt::WindowFullScreen);
     setWindowIcon(QIcon(QStringLiteral(":/vornbody/vornphone.svg")));
     setWindowTitle(QGuiApplication::applicationDisplayName());
