@@ -43,13 +43,14 @@ YPortal::YPortal(QObject* parent) : QObject(parent)
     QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected())
         return;
-    bus.connect(service, path, interface, "SettingChanged", this,
-                SLOT(change(QString, QString, QDBusVariant)));
     QDBusMessage question = QDBusMessage::createMethodCall(service, path, interface, "Read");
     question << QString(appearance) << QString(colourScheme);
     const QDBusMessage answer = bus.call(question, QDBus::Block, mostMilliseconds);
     if (answer.type() == QDBusMessage::ReplyMessage && !answer.arguments().isEmpty())
         m_scheme = unwrapped(answer.arguments().first()).toUInt();
+    // Qt knows the types of D-Bus, which the slot's are compared with, from the first message on.
+    bus.connect(service, path, interface, "SettingChanged", this,
+                SLOT(change(QString, QString, QDBusVariant)));
 }
 
 void YPortal::change(const QString& group, const QString& key, const QDBusVariant& value)
