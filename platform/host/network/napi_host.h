@@ -92,6 +92,19 @@ VORN_PLATFORM_API std::vector<Finding> inspectLinks(int timeLimitMs);
 // locked or the services do not answer within the limit.
 VORN_PLATFORM_API std::string simOperator(int timeLimitMs);
 
+// Whether etc/network.json chooses the scenario bearer, whose links are only played.
+VORN_PLATFORM_API bool playsScenario();
+
+// Breaks a link of the scenario bearer that is up, as its configuration may tell, too; the
+// indication follows. Result: 0. Errors: NAPI_ERR_NOT_INITIALISED, NAPI_ERR_NO_LINK,
+// NAPI_ERR_LINK_NOT_UP, NAPI_ERR_ARGUMENT (another bearer carries it), NAPI_ERR_RESOURCES.
+VORN_PLATFORM_API int breakLink(int linkId);
+
+// Has the next opening with the scenario bearer fail at once with this cause and detail, each as in
+// NapiIndication. Result: 0. Errors: NAPI_ERR_ARGUMENT (a cause of 0, a number that does not fit 16
+// bits, or another bearer is chosen), NAPI_ERR_RESOURCES.
+VORN_PLATFORM_API int failNextOpening(int cause, int detail);
+
 // Hears of each step of the openings over NetworkManager from here on, in this process; an empty
 // function ends it. It is called on a thread of the network API, and calls nothing of it. The text
 // is for people, without any secret.

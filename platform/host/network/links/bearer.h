@@ -78,6 +78,10 @@ public:
     // the bearer has a say in it.
     virtual void preferNameServers(int /*link*/) {}
 
+    // Has a link that is up break at the next deadlinePassed, where the bearer only plays links.
+    // False where it does not.
+    virtual bool playBreak(int /*link*/) { return false; }
+
     // In a forked child, which has the memory and the descriptors of its parent: lets go of what
     // speaks for the parent, without a word to anybody. The links are closed after it.
     virtual void forget() {}

@@ -119,6 +119,21 @@ int LinkEngine::preferNameServers(int link)
     return result;
 }
 
+int LinkEngine::playBreak(int link)
+{
+    Guard guard(m_mutex);
+    int result = m_users == 0 ? int(NAPI_ERR_NOT_INITIALISED) : m_links.playBreak(link);
+    m_thread.wake();
+    return result;
+}
+
+int LinkEngine::playFailure(NapiCause cause, int detail)
+{
+    Guard guard(m_mutex);
+    m_links.playFailure(cause, detail);
+    return NAPI_OK;
+}
+
 // A forked child has none of the threads. Both mutexes are held over the fork, so that the child
 // finds whole state, which it then lets go: it begins without the network API and may start its
 // own.

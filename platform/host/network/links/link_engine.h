@@ -32,6 +32,8 @@ public:
     int close(int link);
     int facts(int link, LinkFacts* facts);
     int preferNameServers(int link);
+    int playBreak(int link);
+    int playFailure(NapiCause cause, int detail);
 
 private:
     LinkEngine() = default;

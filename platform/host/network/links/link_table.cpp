@@ -104,6 +104,16 @@ int LinkTable::preferNameServers(int id)
     return NAPI_OK;
 }
 
+int LinkTable::playBreak(int id)
+{
+    Link* link = find(id);
+    if (!link)
+        return NAPI_ERR_NO_LINK;
+    if (link->state != State::Up)
+        return NAPI_ERR_LINK_NOT_UP;
+    return link->bearer->playBreak(id) ? NAPI_OK : NAPI_ERR_ARGUMENT;
+}
+
 void LinkTable::giveUpOpenings()
 {
     m_requests.clear();

@@ -42,6 +42,8 @@ public:
     int close(int link);
     int facts(int link, LinkFacts* facts);
     int preferNameServers(int link);
+    int playBreak(int link);
+    void playFailure(NapiCause cause, int detail) { m_scenario.playFailure(cause, detail); }
 
     // Gives up what has not come up yet, without a message.
     void giveUpOpenings();

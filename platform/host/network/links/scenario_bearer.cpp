@@ -12,7 +12,8 @@ void ScenarioBearer::open(const Opening& opening)
     Clock::time_point now = Clock::now();
     Entry& entry = m_entries[opening.link];
     entry = {};
-    entry.scenario = opening.config->scenarioFor(opening.profile);
+    entry.scenario = m_failure ? *m_failure : opening.config->scenarioFor(opening.profile);
+    m_failure.reset();
     auto kinds = allowedKinds(opening.record);
     entry.kind = kinds.empty() ? NAPI_BEARER_UNKNOWN : kinds.front();
     if (entry.scenario.outcome == ScenarioOutcome::Never)
@@ -25,6 +26,24 @@ void ScenarioBearer::open(const Opening& opening)
 void ScenarioBearer::close(int link)
 {
     m_entries.erase(link);
+}
+
+bool ScenarioBearer::playBreak(int link)
+{
+    const auto entry = m_entries.find(link);
+    if (entry == m_entries.end() || !entry->second.up)
+        return false;
+    entry->second.due = Clock::now();
+    return true;
+}
+
+void ScenarioBearer::playFailure(NapiCause cause, int detail)
+{
+    Scenario failure;
+    failure.outcome = ScenarioOutcome::Fail;
+    failure.cause = static_cast<uint16_t>(cause);
+    failure.detail = static_cast<uint16_t>(detail);
+    m_failure = failure;
 }
 
 namespace {

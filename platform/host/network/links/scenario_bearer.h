@@ -3,6 +3,7 @@
 #define NETWORK_SCENARIO_BEARER_H
 
 #include <map>
+#include <optional>
 
 #include "network/links/bearer.h"
 
@@ -15,6 +16,9 @@ public:
 
     void open(const Opening& opening) override;
     void close(int link) override;
+    bool playBreak(int link) override;
+    // The next opening fails at once, whatever its scenario says.
+    void playFailure(NapiCause cause, int detail);
     Clock::time_point nextDeadline() const override;
     void deadlinePassed(Clock::time_point now) override;
 
@@ -32,7 +36,8 @@ private:
     void connect(int link, Entry& entry, Clock::time_point now);
 
     BearerListener& m_listener;
-    std::map<int, Entry> m_entries; // by link id
+    std::optional<Scenario> m_failure; // of the next opening
+    std::map<int, Entry> m_entries;    // by link id
 };
 
 } // namespace network
