@@ -1,14 +1,13 @@
 // "profile export": profiles out to a file.
 #include <functional>
 
-#include "commands/exchange.h"
+#include "exchange/exchange_file.h"
 #include "failure.h"
 #include "line/request.h"
 #include "output.h"
 #include "private_file.h"
 #include "profile/record.h"
 #include "profile/store.h"
-#include "profile/values.h"
 #include "profile/whole_store.h"
 
 namespace ctl {
@@ -21,14 +20,6 @@ void deliver(const Request& request, const std::string& bytes)
         print(bytes);
     else
         writePrivateFile(request.file, bytes);
-}
-
-bool holdsPassword(const NetworkProfile& record)
-{
-    for (const Field& field : fields())
-        if (field.kind == Kind::Secret && !valueText(field, record).empty())
-            return true;
-    return false;
 }
 
 int exportRaw(const Request& request)
@@ -75,8 +66,7 @@ int profileExport(const Request& request)
         unread = exportAll(add);
     for (const std::string& name : request.names)
         add(name, readProfile("export the profile", name));
-    const Json document = {{"format", exchangeFormat}, {"version", 1}, {"profiles", list}};
-    deliver(request, jsonText(document, 2));
+    deliver(request, exchangeText(list));
     if (leftOut)
         note("passwords were left out; --show-secrets writes them.");
     failUnread(unread);

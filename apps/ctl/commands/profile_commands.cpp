@@ -5,6 +5,7 @@
 #include "listing.h"
 #include "operators/operator_profile.h"
 #include "output.h"
+#include "profile/assignments.h"
 #include "profile/columns.h"
 #include "profile/record.h"
 #include "profile/secrets.h"

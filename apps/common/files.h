@@ -1,6 +1,6 @@
 // Files that the person names to be read.
-#ifndef CTL_FILES_H
-#define CTL_FILES_H
+#ifndef COMMON_FILES_H
+#define COMMON_FILES_H
 
 #include <cstddef>
 #include <string>

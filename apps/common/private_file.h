@@ -1,6 +1,6 @@
 // Files that the person names to be written, and that nobody else may read.
-#ifndef CTL_PRIVATE_FILE_H
-#define CTL_PRIVATE_FILE_H
+#ifndef COMMON_PRIVATE_FILE_H
+#define COMMON_PRIVATE_FILE_H
 
 #include <string>
 

@@ -1,6 +1,6 @@
 // "Did you mean ...?" for a word that is not known.
-#ifndef CTL_SUGGESTION_H
-#define CTL_SUGGESTION_H
+#ifndef COMMON_SUGGESTION_H
+#define COMMON_SUGGESTION_H
 
 #include <string>
 #include <vector>

@@ -1,7 +1,7 @@
 // Values of record fields as texts: one pair of functions serves showing, setting, export and
 // import, so that nothing which is accepted in one place is refused in another.
-#ifndef CTL_VALUES_H
-#define CTL_VALUES_H
+#ifndef COMMON_VALUES_H
+#define COMMON_VALUES_H
 
 #include <optional>
 #include <string>

@@ -1,6 +1,6 @@
 // The standard output of vornctl: collected, written at once, and never lost without a word.
-#ifndef CTL_OUTPUT_H
-#define CTL_OUTPUT_H
+#ifndef COMMON_OUTPUT_H
+#define COMMON_OUTPUT_H
 
 #include <string>
 #include <vector>

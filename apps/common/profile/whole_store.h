@@ -1,6 +1,6 @@
 // The profile store as a whole: what is said of all profiles, though some of them cannot be used.
-#ifndef CTL_WHOLE_STORE_H
-#define CTL_WHOLE_STORE_H
+#ifndef COMMON_WHOLE_STORE_H
+#define COMMON_WHOLE_STORE_H
 
 #include <cstddef>
 #include <functional>

@@ -1,7 +1,7 @@
 // The fields of a profile record as one table: names, places, kinds and limits. Everything that
 // shows, sets, exports or imports a record is one loop over it.
-#ifndef CTL_FIELDS_H
-#define CTL_FIELDS_H
+#ifndef COMMON_FIELDS_H
+#define COMMON_FIELDS_H
 
 #include <array>
 #include <cstddef>

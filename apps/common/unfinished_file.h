@@ -1,7 +1,7 @@
 // A file that has a name of its own before it gets its place, and the note of it below the root by
 // which it is found when the program is killed in between.
-#ifndef CTL_UNFINISHED_FILE_H
-#define CTL_UNFINISHED_FILE_H
+#ifndef COMMON_UNFINISHED_FILE_H
+#define COMMON_UNFINISHED_FILE_H
 
 #include <string>
 #include <vector>

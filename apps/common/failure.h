@@ -1,6 +1,6 @@
 // How vornctl ends: the exit statuses, and the one exception that carries a failure up to main.
-#ifndef CTL_FAILURE_H
-#define CTL_FAILURE_H
+#ifndef COMMON_FAILURE_H
+#define COMMON_FAILURE_H
 
 #include <stdexcept>
 #include <string>

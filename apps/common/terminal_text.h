@@ -1,6 +1,6 @@
 // Text that goes to a terminal: how wide it is, and what of it must not reach the terminal raw.
-#ifndef CTL_TERMINAL_TEXT_H
-#define CTL_TERMINAL_TEXT_H
+#ifndef COMMON_TERMINAL_TEXT_H
+#define COMMON_TERMINAL_TEXT_H
 
 #include <string>
 #include <string_view>

@@ -1,4 +1,4 @@
-#include "commands/exchange.h"
+#include "exchange/exchange_file.h"
 
 #include <algorithm>
 #include <climits>
@@ -24,9 +24,10 @@ constexpr std::size_t mostTold = 100;
 class Reader
 {
 public:
-    Reader(const Request& request, std::string bytes)
-        : m_request(request),
-          m_document(base::JsonDocument::parse(std::move(bytes), request.file, ""))
+    Reader(const std::string& file, bool takesAnyName, std::string bytes)
+        : m_file(file),
+          m_takesAnyName(takesAnyName),
+          m_document(base::JsonDocument::parse(std::move(bytes), file, ""))
     {}
 
     std::vector<ImportedProfile> read()
@@ -85,8 +86,8 @@ private:
         const base::JsonValue name = item.at("name");
         const bool isText = name.kind() == base::JsonKind::Text;
         const std::string text = isText ? name.text("") : "";
-        // A name that --name replaces may be any text.
-        if (!isText || (m_request.name.empty() && !nameProblem(text).empty()))
+        // A name that is replaced may be any text.
+        if (!isText || (!m_takesAnyName && !nameProblem(text).empty()))
             reject(item, name, nameExpected);
         else if (!m_names.insert(text).second)
             reject(item, name, "a name that does not stand in the file before");
@@ -123,18 +124,19 @@ private:
         leaveOut();
         std::string lines;
         for (const base::JsonProblem& problem : m_problems)
-            lines += "\n  " + printable(base::describe(m_request.file, problem));
+            lines += "\n  " + printable(base::describe(m_file, problem));
         if (m_leftOut > 0)
             lines += "\n  and " + std::to_string(m_leftOut) + " more that are left out here";
         const bool looksRaw = m_document.state() == base::JsonDocument::State::Broken &&
                               m_document.source().size() == sizeof(NetworkProfile);
-        throw Failure(Exit::Input, "cannot import " + inQuotes(m_request.file) + ':' + lines,
+        throw Failure(Exit::Input, "cannot import " + inQuotes(m_file) + ':' + lines,
                       looksRaw ? "Nothing was imported. The file has the size of a raw record, "
                                  "which takes --raw and --name."
                                : "Nothing was imported.");
     }
 
-    const Request& m_request;
+    const std::string& m_file;
+    const bool m_takesAnyName;
     base::JsonDocument m_document;
     std::vector<base::JsonProblem> m_problems;
     std::size_t m_leftOut = 0; // problems that are counted only
@@ -144,9 +146,15 @@ private:
 
 } // namespace
 
-std::vector<ImportedProfile> readExchange(const Request& request, std::string bytes)
+std::string exchangeText(const Json& profiles)
 {
-    return Reader(request, std::move(bytes)).read();
+    return jsonText({{"format", exchangeFormat}, {"version", 1}, {"profiles", profiles}}, 2);
+}
+
+std::vector<ImportedProfile> readExchange(const std::string& file, bool takesAnyName,
+                                          std::string bytes)
+{
+    return Reader(file, takesAnyName, std::move(bytes)).read();
 }
 
 } // namespace ctl

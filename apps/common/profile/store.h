@@ -1,7 +1,7 @@
 // The profile store as vornctl uses it: the calls of the network API, each failure with a message
 // that says what failed, for which profile, why, and what to do.
-#ifndef CTL_STORE_H
-#define CTL_STORE_H
+#ifndef COMMON_STORE_H
+#define COMMON_STORE_H
 
 #include <functional>
 #include <string>
