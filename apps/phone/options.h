@@ -2,6 +2,8 @@
 #ifndef PHONE_OPTIONS_H
 #define PHONE_OPTIONS_H
 
+#include <string>
+
 #include "body/body.h"
 
 namespace phone {
@@ -9,6 +11,8 @@ namespace phone {
 struct Options
 {
     BodyOptions body;
+    std::string tour; // the folder of the tour's pictures; "" for no tour
+    std::string log;  // the file of the library's log; "" for the usual one
 
     // Reads the command line. False when the program ends at once, with `*status`; what there was
     // to say is said.

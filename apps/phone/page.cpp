@@ -15,7 +15,8 @@ constexpr int menuWidth = 220;
 QRect menuRect()
 {
     const QRect screen = YGlobal::getHomeR(false);
-    return QRect(screen.left(), screen.top(), std::min(menuWidth, screen.width()), screen.height());
+    const int height = YGlobal::getCstR().top() - screen.top();
+    return QRect(screen.left(), screen.top(), std::min(menuWidth, screen.width()), height);
 }
 
 } // namespace

@@ -16,7 +16,7 @@ import time
 import unittest
 
 SOURCE, BINARY = (pathlib.Path(sys.argv.pop(1)).resolve() for _ in range(2))
-PROGRAMS = ("ctl/vornctl", "example/vorn-example", "tour/vorn-tour")
+PROGRAMS = ("ctl/vornctl", "example/vorn-example", "phone/vornphone")
 
 
 def put_program(path, text):
@@ -82,14 +82,29 @@ class Scripts(unittest.TestCase):
 
 
 class Run(Scripts):
-    def test_shows_the_main_job_and_leaves_its_pictures_alone(self):
+    def test_makes_the_phones_pictures_where_there_is_no_display(self):
         done = self.script("./run")
         self.assertEqual(done.returncode, 0, done.stdout + done.stderr)
-        self.assertRegex(done.stdout, "\nconnected: link 0, device lo, address 127.0.0.1")
-        self.assertRegex(done.stdout, r"\nfetched http://127.0.0.1:\d+/index.html: \d+ bytes\n")
-        self.assertIn('getProfileIfNoFound: result 0, profile "Profile3"', done.stdout)
-        self.assertEqual(self.left(), ["page", "server.log", "tour"])
+        self.assertIn("\npicture build/run/tour/01-home.png\n", done.stdout)
+        self.assertRegex(done.stdout, r"\npicture build/run/tour/\d\d-page.png\n")
+        self.assertIn("Profile1", done.stdout)
+        self.assertIn("The pictures lie in build/run/tour, the library's log is build/run/vornphone.log.",
+                      done.stdout)
+        self.assertIn("vornphone --web ", done.stdout)
+        self.assertEqual(self.left(), ["page", "server.log", "tour", "vornphone.log"])
         self.assertFalse(self.serves())
+
+    def test_opens_the_phone_where_there_is_a_display_and_says_what_to_press(self):
+        phone = self.tree / "build/release/apps/phone/vornphone"
+        phone.unlink()
+        put_program(phone, 'echo "opened with $*"')
+        del self.environment["QT_QPA_PLATFORM"]
+        self.environment["DISPLAY"] = ":99"
+        done = self.script("./run")
+        self.assertEqual(done.returncode, 0, done.stdout + done.stderr)
+        self.assertIn("F1 and F2 are the keys below the screen", done.stdout)
+        self.assertIn("The library's log: build/run/vornphone.log", done.stdout)
+        self.assertIn("opened with --log build/run/vornphone.log\n", done.stdout)
 
     def test_takes_a_stored_profile_and_leaves_no_copy_of_it(self):
         self.store("Mine", "correct-horse")

@@ -4,7 +4,7 @@
 #include "exchange/exchange_file.h"
 #include "exchange/profile_import.h"
 #include "failure.h"
-#include "files.h"
+#include "input_file.h"
 #include "line/request.h"
 #include "output.h"
 #include "profile/record.h"

@@ -9,7 +9,7 @@
 
 #include "base/ip_address.h"
 #include "failure.h"
-#include "files.h"
+#include "input_file.h"
 #include "operators/caseless.h"
 #include "terminal_text.h"
 

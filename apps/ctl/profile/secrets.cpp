@@ -9,7 +9,7 @@
 
 #include "base/durable_file.h"
 #include "failure.h"
-#include "files.h"
+#include "input_file.h"
 #include "output.h"
 #include "profile/values.h"
 

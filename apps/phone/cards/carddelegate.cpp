@@ -34,7 +34,17 @@ struct Colours
     QColor muted;
     QColor edge;
     QColor badge;
+    int edgeWidth;
 };
+
+// The card under the cursor is a little of the accent's colour, which leaves its texts their own.
+QColor tinted(const QColor& ground, const QColor& accent)
+{
+    constexpr int part = 10; // of a hundred
+    const auto mixed = [](int a, int b) { return (a * (100 - part) + b * part) / 100; };
+    return QColor(mixed(ground.red(), accent.red()), mixed(ground.green(), accent.green()),
+                  mixed(ground.blue(), accent.blue()));
+}
 
 QColor toneColour(const YTheme& theme, Tone tone)
 {
@@ -52,9 +62,15 @@ QColor toneColour(const YTheme& theme, Tone tone)
 Colours coloursOf(const Card& card, bool isCurrent)
 {
     const YTheme& theme = YTheme::current();
+    const QColor badge = toneColour(theme, card.tone);
     if (isCurrent)
-        return {theme.accent, theme.onAccent, theme.onAccent, theme.accent, theme.onAccent};
-    return {theme.surface, theme.text, theme.mutedText, theme.border, toneColour(theme, card.tone)};
+        return {tinted(theme.surface, theme.accent),
+                theme.text,
+                theme.mutedText,
+                theme.accent,
+                badge,
+                2};
+    return {theme.surface, theme.text, theme.mutedText, theme.border, badge, 1};
 }
 
 // Mirrors places where the language runs from right to left.
@@ -145,6 +161,15 @@ void drawTexts(QPainter& painter, const Places& places, const QRect& room, const
     }
 }
 
+void drawBox(QPainter& painter, const QRect& box, const Colours& colours)
+{
+    const double half = colours.edgeWidth / 2.0;
+    painter.setPen(QPen(colours.edge, colours.edgeWidth));
+    painter.setBrush(colours.ground);
+    painter.drawRoundedRect(QRectF(box).adjusted(half, half, -half, -half),
+                            YTheme::current().popupRadius, YTheme::current().popupRadius);
+}
+
 } // namespace
 
 void CardDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
@@ -159,14 +184,11 @@ void CardDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
     const Places places(option.direction, box);
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
-    painter->setPen(QPen(colours.edge, 1));
-    painter->setBrush(colours.ground);
-    painter->drawRoundedRect(QRectF(box).adjusted(0.5, 0.5, -0.5, -0.5),
-                             YTheme::current().popupRadius, YTheme::current().popupRadius);
+    drawBox(*painter, box, colours);
     QRect room = box.adjusted(inset, 0, -inset, 0);
     if (card.sign != Sign::None) {
         const QRect place(room.left(), box.center().y() - signSize / 2 + 1, signSize, signSize);
-        drawSign(*painter, places.visual(place), card.sign, isCurrent);
+        drawSign(*painter, places.visual(place), card.sign);
         room.setLeft(place.right() + 1 + inset);
     }
     const int lines = int(card.lines.size());

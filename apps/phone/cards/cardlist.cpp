@@ -8,6 +8,12 @@
 
 namespace phone {
 
+namespace {
+
+constexpr int edge = 4; // above the first card and below the last one
+
+} // namespace
+
 CardList::CardList(QWidget* parent, int lines) : QListView(parent)
 {
     setItemDelegate(new CardDelegate(this, lines));
@@ -16,6 +22,7 @@ CardList::CardList(QWidget* parent, int lines) : QListView(parent)
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
     setUniformItemSizes(true);
+    setViewportMargins(0, edge, 0, edge);
     // The page's own ground shows between the cards.
     viewport()->setAutoFillBackground(false);
     new YFinger(this);

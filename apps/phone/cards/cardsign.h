@@ -9,8 +9,8 @@ namespace phone {
 
 enum class Sign;
 
-// Draws a sign into a disc that fills the square `place`; `isCurrent`: on the accent's ground.
-void drawSign(QPainter& painter, const QRect& place, Sign sign, bool isCurrent);
+// Draws a sign into a disc that fills the square `place`.
+void drawSign(QPainter& painter, const QRect& place, Sign sign);
 
 } // namespace phone
 

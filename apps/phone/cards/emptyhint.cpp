@@ -38,8 +38,7 @@ void EmptyHint::paintEvent(QPaintEvent*)
     const int titleHeight = titleMetrics.boundingRect(room, wrap, m_title).height();
     const int hintHeight = hintMetrics.boundingRect(room, wrap, m_hint).height();
     int top = (height() - signSize - titleHeight - hintHeight - 3 * YTheme::current().margin) / 2;
-    drawSign(painter, QRect((width() - signSize) / 2, top, signSize, signSize), Sign::Cellular,
-             false);
+    drawSign(painter, QRect((width() - signSize) / 2, top, signSize, signSize), Sign::Cellular);
     top += signSize + 2 * YTheme::current().margin;
     painter.setPen(theme.text);
     painter.setFont(YTheme::current().titleFont());

@@ -16,6 +16,26 @@ Display::Display(QWidget* parent)
     screen->show();
 }
 
+Display::~Display()
+{
+    YScreen* screen = YScreen::instance();
+    if (screen->parentWidget() != this)
+        return;
+    screen->hide();
+    screen->setParent(nullptr);
+    screen->setFixedSize(m_usual);
+}
+
+void Display::setScreenSize(const QString& size)
+{
+    const int width = size.section('x', 0, 0).toInt();
+    const int height = size.section('x', 1, 1).toInt();
+    if (width <= 0 || height <= 0)
+        return;
+    m_usual = QSize(width, height);
+    updateGeometry();
+}
+
 QSize Display::sizeHint() const
 {
     return m_usual + QSize(0, StatusBar::barHeight());

@@ -16,8 +16,13 @@ class Display : public QWidget
 
 public:
     explicit Display(QWidget* parent = nullptr);
+    // The screen goes on without it, as a window of its own.
+    ~Display() override;
 
     StatusBar* statusBar() const { return m_bar; }
+
+    // The screen's usual size from now on, as "480x800"; a text of another kind changes nothing.
+    void setScreenSize(const QString& size);
 
     QSize sizeHint() const override;
 

@@ -1,11 +1,16 @@
 #include "display/statusbar.h"
 
+#include <algorithm>
+
+#include <QFontMetrics>
 #include <QLocale>
 #include <QPainter>
+#include <QStyle>
 #include <QTime>
 #include <QTimerEvent>
 
 #include <napi.h>
+#include <toolkit/look/yicon.h>
 #include <toolkit/look/ytheme.h>
 
 #include "texts/phone_text.h"
@@ -15,49 +20,17 @@ namespace phone {
 namespace {
 
 constexpr int minuteMs = 60 * 1000;
-constexpr int bars = 4;
+constexpr int iconSize = 16;
 
-// Four bars of rising height; as many are lit as the signal says, all where it says nothing.
-void paintBars(QPainter& painter, const QRect& place, int signal)
+// The bearer's sign; how strong its signal is, where that is known.
+QString bearerIcon(const LinkSigns& signs)
 {
-    const QColor lit = YTheme::current().text;
-    QColor unlit = lit;
-    unlit.setAlphaF(0.28F);
-    const int strong = signal < 0 ? bars : (signal * bars + 99) / 100;
-    for (int bar = 0; bar < bars; ++bar) {
-        const double height = place.height() * (bar + 1.0) / bars;
-        const QRectF shape(place.left() + bar * 4.0, place.bottom() + 1 - height, 3, height);
-        painter.setBrush(bar < strong ? lit : unlit);
-        painter.drawRoundedRect(shape, 1, 1);
-    }
-}
-
-void paintWaves(QPainter& painter, const QRect& place)
-{
-    const QColor lit = YTheme::current().text;
-    const QPointF foot(place.center().x() + 0.5, place.bottom());
-    painter.setBrush(Qt::NoBrush);
-    painter.setPen(QPen(lit, 1.6, Qt::SolidLine, Qt::RoundCap));
-    for (const double radius : {4.5, 8.5}) {
-        const QRectF circle(foot.x() - radius, foot.y() - radius, 2 * radius, 2 * radius);
-        painter.drawArc(circle, 45 * 16, 90 * 16);
-    }
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(lit);
-    painter.drawEllipse(foot, 1.6, 1.6);
-}
-
-void paintArrows(QPainter& painter, const QRect& place, bool isActive)
-{
-    QColor colour = isActive ? YTheme::current().accent : YTheme::current().text;
-    if (!isActive)
-        colour.setAlphaF(0.45F);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(colour);
-    const double x = place.left();
-    const double top = place.top();
-    painter.drawPolygon(QPolygonF({{x, top + 5}, {x + 3.5, top}, {x + 7, top + 5}}));
-    painter.drawPolygon(QPolygonF({{x, top + 7}, {x + 3.5, top + 12}, {x + 7, top + 7}}));
+    if (signs.bearer == NAPI_BEARER_WIFI)
+        return QStringLiteral("wifi");
+    if (signs.bearer == NAPI_BEARER_CSD)
+        return QStringLiteral("call");
+    const int strength = signs.signal < 0 ? 4 : (signs.signal + 12) / 25;
+    return QStringLiteral("signal-%1").arg(strength);
 }
 
 } // namespace
@@ -71,7 +44,8 @@ StatusBar::StatusBar(QWidget* parent) : QWidget(parent)
 
 int StatusBar::barHeight()
 {
-    return YTheme::current().small ? 18 : 22;
+    const YTheme& theme = YTheme::current();
+    return std::max(theme.small ? 18 : 22, QFontMetrics(theme.smallFont()).height() + 4);
 }
 
 void StatusBar::setSigns(const LinkSigns& signs)
@@ -114,21 +88,21 @@ void StatusBar::paintEvent(QPaintEvent*)
     painter.setFont(YTheme::current().smallFont());
     painter.setPen(theme.text);
     const QRect inner = rect().adjusted(YTheme::current().margin, 0, -YTheme::current().margin, 0);
-    painter.drawText(inner, Qt::AlignRight | Qt::AlignVCenter, m_time);
+    painter.drawText(inner, Qt::AlignTrailing | Qt::AlignVCenter, m_time);
     if (m_signs.bearer < 0) {
         painter.setPen(theme.mutedText);
-        painter.drawText(inner, Qt::AlignLeft | Qt::AlignVCenter,
+        painter.drawText(inner, Qt::AlignLeading | Qt::AlignVCenter,
                          text("TXT_RID_PHONE_STATUS_OFFLINE", "Not connected"));
         return;
     }
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(Qt::NoPen);
-    const QRect sign(inner.left(), (height() - 12) / 2, 16, 12);
-    if (m_signs.bearer == NAPI_BEARER_WIFI)
-        paintWaves(painter, sign);
-    else
-        paintBars(painter, sign, m_signs.signal);
-    paintArrows(painter, QRect(sign.right() + 6, sign.top(), 7, 12), m_signs.isActive);
+    const QRect sign(inner.left(), (height() - iconSize) / 2, iconSize, iconSize);
+    const QRect beside = sign.translated(iconSize + 4, 0);
+    YIcon::draw(painter, bearerIcon(m_signs), QStyle::visualRect(layoutDirection(), inner, sign),
+                theme.text);
+    YIcon::draw(painter,
+                m_signs.isActive ? QStringLiteral("activity") : QStringLiteral("activity-none"),
+                QStyle::visualRect(layoutDirection(), inner, beside),
+                m_signs.isActive ? theme.accent : theme.mutedText);
 }
 
 } // namespace phone

@@ -4,22 +4,10 @@
 #include <QFile>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QLocale>
+
+#include <toolkit/look/ytranslator.h>
 
 namespace phone {
-
-namespace {
-
-// "zh_CN" or "zh_TW" by the script, else the language alone.
-QString catalogueOf(const QLocale& locale)
-{
-    if (locale.language() == QLocale::Chinese)
-        return locale.script() == QLocale::TraditionalChineseScript ? QStringLiteral("zh_TW")
-                                                                    : QStringLiteral("zh_CN");
-    return locale.name().section('_', 0, 0);
-}
-
-} // namespace
 
 QString text(const char* id, const char* english)
 {
@@ -29,7 +17,7 @@ QString text(const char* id, const char* english)
 
 PhoneTranslator::PhoneTranslator(QObject* parent, const QString& locale) : QTranslator(parent)
 {
-    QFile file(QStringLiteral(":/vornphone/texts/%1.json").arg(catalogueOf(QLocale(locale))));
+    QFile file(QStringLiteral(":/vornphone/texts/%1.json").arg(YTranslator::catalogueOf(locale)));
     if (!file.open(QIODevice::ReadOnly))
         return;
     const QJsonObject entries = QJsonDocument::fromJson(file.readAll()).object();

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Programs as their owners use them, over a link that the modem is dialled for.
 
-Usage, in a laboratory with a modem: end_to_end_test.py VORNCTL VORN_EXAMPLE VORN_TOUR [-- unittest arguments]
+Usage, in a laboratory with a modem: end_to_end_test.py VORNCTL VORN_EXAMPLE VORNPHONE [-- unittest arguments]
 """
 
 import json
@@ -12,7 +12,7 @@ import sys
 
 import programs
 
-EXAMPLE, TOUR = sys.argv[2:4]
+EXAMPLE, PHONE = sys.argv[2:4]
 PAGE = "http://lab.example:8080/"
 
 
@@ -54,7 +54,7 @@ class EndToEnd(programs.Programs):
     def test_the_wizards_profile_opens_a_dialled_link_and_leaves_pictures_of_the_way(self):
         self.ctl("setting", "set", "DefConnPrefer", "2")
         pictures = pathlib.Path(self.folder, "pictures")
-        done = self.run_program(TOUR, str(pictures), environment={"VORN_LANG": "en"}.items())
+        done = self.run_program(PHONE, "--tour", str(pictures), environment={"VORN_LANG": "en"}.items())
         self.assertEqual(done.returncode, 0, done.stdout + done.stderr)
         self.assertIn("device hso0, address 10.99.0.2", done.stdout)
         self.assertTrue((pictures / "08-connecting.png").stat().st_size)

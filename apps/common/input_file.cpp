@@ -1,4 +1,4 @@
-#include "files.h"
+#include "input_file.h"
 
 #include <cerrno>
 #include <cstring>

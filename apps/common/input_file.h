@@ -1,6 +1,6 @@
 // Files that the person names to be read.
-#ifndef COMMON_FILES_H
-#define COMMON_FILES_H
+#ifndef COMMON_INPUT_FILE_H
+#define COMMON_INPUT_FILE_H
 
 #include <cstddef>
 #include <string>
