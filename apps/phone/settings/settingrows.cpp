@@ -88,6 +88,19 @@ std::vector<SettingItem> preferences()
         {text("TXT_RID_COMBOBOX_CELLULAR_ONLY", "Cellular Only"), QStringLiteral("2")}};
 }
 
+// What is used where nothing was chosen: the environment may say it.
+QString lookValue(const char* name)
+{
+    const YLook look = YLook::current();
+    if (name == settingnames::theme)
+        return look.theme;
+    if (name == settingnames::accent)
+        return look.accent;
+    if (name == settingnames::textSize)
+        return look.textSize.isEmpty() ? QStringLiteral("normal") : look.textSize;
+    return QString();
+}
+
 } // namespace
 
 const std::vector<SettingRow>& settingRows()
@@ -114,9 +127,7 @@ QString settingValue(const SettingRow& row)
         return settings.hasFeature(row.feature) ? QStringLiteral("1") : QString();
     if (row.isInteger)
         return QString::number(settings.integer(row.name, 0));
-    // The usual size is not the first one.
-    const bool isSize = row.name == settingnames::textSize;
-    return settings.text(row.name, isSize ? QStringLiteral("normal") : QString());
+    return settings.text(row.name, lookValue(row.name));
 }
 
 void storeSetting(const SettingRow& row, const QString& value)

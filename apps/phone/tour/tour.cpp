@@ -3,6 +3,7 @@
 #include <cstdio>
 
 #include <QCoreApplication>
+#include <QGuiApplication>
 #include <QPixmap>
 #include <QWidget>
 
@@ -24,6 +25,17 @@ constexpr int exportItem = Qt::Key_3;
 constexpr int settingsItem = Qt::Key_4;
 constexpr int logItem = Qt::Key_5;
 constexpr int fetchItem = Qt::Key_1; // of the links page
+
+// The soft keys in the direction of reading; F1 is always the one on the left.
+int firstKey()
+{
+    return QGuiApplication::isRightToLeft() ? Qt::Key_F2 : Qt::Key_F1;
+}
+
+int secondKey()
+{
+    return QGuiApplication::isRightToLeft() ? Qt::Key_F1 : Qt::Key_F2;
+}
 
 struct Visit
 {
@@ -64,7 +76,7 @@ void Tour::begin()
 // On a phone without any connection the library's own flow leads there.
 void Tour::findNone()
 {
-    m_person.press(Qt::Key_F1);
+    m_person.press(firstKey());
     look(QStringLiteral("menu"), QStringLiteral("options"));
     m_person.press(connectItem);
     look(QStringLiteral("YSingleSelectDlg"), QStringLiteral("no-connection"));
@@ -86,7 +98,7 @@ void Tour::makeConnection()
     look(QStringLiteral("DataConnection_NewWiz2"), QStringLiteral("additional-settings"));
     m_person.press(Qt::Key_Escape);
     m_person.see(QStringLiteral("DataConnection_NewWiz1"));
-    m_person.press(Qt::Key_F2);
+    m_person.press(secondKey());
     look(QStringLiteral("YNoticeDlg"), QStringLiteral("saved"));
     m_person.press(Qt::Key_Return);
 }
@@ -107,13 +119,13 @@ void Tour::watchItConnect()
 void Tour::lookAround()
 {
     for (const Visit& visit : visits) {
-        m_person.press(Qt::Key_F2);
+        m_person.press(secondKey());
         m_person.see(QStringLiteral("menu"));
         m_person.press(visit.item);
         look(QString::fromLatin1(visit.page), QString::fromLatin1(visit.page));
         if (visit.item == linksItem)
             break;
-        m_person.press(Qt::Key_F2);
+        m_person.press(secondKey());
         m_person.see(QStringLiteral("home"));
     }
     if (!Settings::instance().text(settingnames::page).isEmpty())
@@ -123,11 +135,11 @@ void Tour::lookAround()
 // From the links page.
 void Tour::fetchPage()
 {
-    m_person.press(Qt::Key_F1);
+    m_person.press(firstKey());
     m_person.see(QStringLiteral("menu"));
     m_person.press(fetchItem);
     look(QStringLiteral("fetch"), QStringLiteral("fetch"));
-    m_person.press(Qt::Key_F1);
+    m_person.press(firstKey());
     look(QStringLiteral("text"), QStringLiteral("page"));
 }
 
