@@ -290,7 +290,7 @@ TEST_F(Look, AnotherLanguageHasItsTextsAndItsDirection)
     YLook::useLanguage("de");
     EXPECT_EQ(QGuiApplication::layoutDirection(), Qt::LeftToRight);
     EXPECT_EQ(YSoftKey::tr("TXT_RID_SOFTKEY_CANCEL", "Cancel"), "Abbrechen");
-    YLook::useLanguage("it");
+    YLook::useLanguage("la");
     EXPECT_EQ(YLook::language(), "en");
     EXPECT_EQ(YSoftKey::tr("TXT_RID_SOFTKEY_CANCEL", "Cancel"), "Cancel");
 }

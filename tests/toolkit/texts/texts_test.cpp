@@ -63,7 +63,7 @@ INSTANTIATE_TEST_SUITE_P(
                       Language{"zh", "取消"}, Language{"zh_SG.UTF-8", "取消"},
                       Language{"zh_TW", "取消"}, Language{"en_GB", "Cancel"},
                       Language{"pt_BR", "Cancelar"}, Language{"ar_EG", "إلغاء"},
-                      Language{"it", "Cancel"}, Language{"C", "Cancel"}, Language{"", "Cancel"},
+                      Language{"la", "Cancel"}, Language{"C", "Cancel"}, Language{"", "Cancel"},
                       Language{"nonsense", "Cancel"}),
     [](const auto& row) { return "Row" + std::to_string(row.index); });
 
