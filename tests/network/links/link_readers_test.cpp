@@ -78,6 +78,52 @@ TEST(RouteReader, TakesTheDefaultRouteWithTheLowestMetric)
     EXPECT_EQ(best.interface, 3u) << "no metric is the best one";
 }
 
+// What "ip route add default nexthop dev A nexthop dev B" becomes.
+std::string hop(int interface, unsigned char flags = 0)
+{
+    rtnexthop content = {};
+    content.rtnh_len = sizeof content;
+    content.rtnh_flags = flags;
+    content.rtnh_ifindex = interface;
+    return bytesOf(content);
+}
+
+std::string routeOver(const std::string& hops)
+{
+    rtmsg content = {};
+    content.rtm_family = AF_INET;
+    content.rtm_table = RT_TABLE_MAIN;
+    content.rtm_type = RTN_UNICAST;
+    return message(RTM_NEWROUTE, bytesOf(content) + attribute(RTA_MULTIPATH, hops));
+}
+
+TEST(RouteReader, TakesTheFirstOfTheInterfacesThatShareARoute)
+{
+    DefaultRoute best;
+    EXPECT_TRUE(read(route(9, 600) + routeOver(hop(4) + hop(6)), &best));
+    EXPECT_EQ(best.interface, 4u);
+    EXPECT_EQ(best.metric, 0u);
+}
+
+TEST(RouteReader, PassesOverAnInterfaceThatIsDownInASharedRoute)
+{
+    DefaultRoute best;
+    EXPECT_TRUE(read(routeOver(hop(4, RTNH_F_LINKDOWN) + hop(5, RTNH_F_DEAD) + hop(6)), &best));
+    EXPECT_EQ(best.interface, 6u);
+}
+
+TEST(RouteReader, TakesNothingFromASharedRouteWhoseLengthsCannotBe)
+{
+    for (int length : {0, 1, 7, 9, 40, 65535}) {
+        std::string hops = hop(4) + hop(6);
+        auto wrong = static_cast<unsigned short>(length);
+        hops.replace(0, sizeof wrong, bytesOf(wrong));
+        DefaultRoute best;
+        EXPECT_TRUE(read(routeOver(hops), &best));
+        EXPECT_EQ(best.interface, length == 9 ? 4u : 0u) << length;
+    }
+}
+
 TEST(RouteReader, EndsWithTheLastMessage)
 {
     DefaultRoute best;

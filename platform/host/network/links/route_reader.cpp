@@ -38,6 +38,19 @@ bool isDefaultRoute(const rtmsg& route)
            route.rtm_table == RT_TABLE_MAIN && route.rtm_type == RTN_UNICAST;
 }
 
+// A route may share its traffic among several interfaces; the first one in use carries a link.
+unsigned firstHop(Bytes hops)
+{
+    rtnexthop hop;
+    while (hops.read(&hop) && hop.rtnh_len >= sizeof hop && hop.rtnh_len <= hops.left) {
+        bool down = (hop.rtnh_flags & (RTNH_F_DEAD | RTNH_F_LINKDOWN)) != 0;
+        if (!down && hop.rtnh_ifindex > 0)
+            return static_cast<unsigned>(hop.rtnh_ifindex);
+        hops = hops.without(RTNH_ALIGN(hop.rtnh_len));
+    }
+    return 0;
+}
+
 DefaultRoute readAttributes(Bytes bytes)
 {
     DefaultRoute route;
@@ -50,6 +63,8 @@ DefaultRoute readAttributes(Bytes bytes)
             value.read(&route.interface);
         else if (attribute.rta_type == RTA_PRIORITY)
             value.read(&route.metric);
+        else if (attribute.rta_type == RTA_MULTIPATH)
+            route.interface = firstHop(value);
         bytes = bytes.without(RTA_ALIGN(attribute.rta_len));
     }
     return route;
