@@ -229,7 +229,8 @@ VORN_PLATFORM_API int NAPI_Init(int mode);
 // Takes back one NAPI_Init. With the last one the network API ends: openings still under way are
 // given up without a message, links that are up stay up and keep their ids for the next NAPI_Init,
 // which tells with NAPI_IND_BROKEN when one of them has gone meanwhile.
-// Waits for the network API's thread to end. Result: 0, or NAPI_ERR_NOT_INITIALISED.
+// Waits for the network API's thread to end and, up to half a second, for a network service that is
+// taking a connection down. Result: 0, or NAPI_ERR_NOT_INITIALISED.
 VORN_PLATFORM_API int NAPI_Fini();
 
 // Begins to open a link for the stored profile `name`. The outcome follows on the indication

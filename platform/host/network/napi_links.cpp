@@ -4,6 +4,7 @@
 #include <cstring>
 #include <exception>
 
+#include "network/forgotten_record.h"
 #include "network/links/link_engine.h"
 #include "network/links/resolver_config.h"
 #include "network/links/socket_binding.h"
@@ -43,7 +44,7 @@ int NAPI_OpenLink(const char* name)
             return NAPI_ERR_NOT_INITIALISED;
         if (!name)
             return NAPI_ERR_ARGUMENT;
-        NetworkProfile record;
+        network::ForgottenRecord record;
         if (int error = NAPI_ReadProfile(name, &record, 0, 0))
             return error;
         return engine.open(name, record, network::networkConfig());

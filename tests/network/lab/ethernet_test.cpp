@@ -52,6 +52,22 @@ TEST_F(Ethernet, ThatIsUpAlreadyIsSharedAndLeftUp)
     run("nmcli connection delete others");
 }
 
+// NetworkManager binds to a program only the connections that were made for it.
+TEST_F(Ethernet, ThatNetworkManagerKnowsEndsWithItsLinkAndNotWithTheProgram)
+{
+    run("nmcli connection add type ethernet ifname eth9 con-name known autoconnect no");
+    OtherProgram closes("Home");
+    ASSERT_EQ(closes.outcome(), NAPI_IND_CONNECTED);
+    EXPECT_EQ(output("nmcli -g GENERAL.CONNECTION device show eth9"), "known");
+    closes.end();
+    EXPECT_TRUE(until([] { return stateOf("eth9") == 30; }));
+    OtherProgram killed("Home");
+    ASSERT_EQ(killed.outcome(), NAPI_IND_CONNECTED);
+    killed.kill();
+    EXPECT_FALSE(until([] { return stateOf("eth9") != 100; }, Milliseconds(300)));
+    run("nmcli connection delete known");
+}
+
 TEST_F(Ethernet, BreaksWhenTheDeviceIsUnplugged)
 {
     Receiver receiver;

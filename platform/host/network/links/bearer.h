@@ -12,6 +12,7 @@
 #include <poll.h>
 
 #include "napi.h"
+#include "network/forgotten_record.h"
 #include "network/network_config.h"
 
 namespace network {
@@ -24,7 +25,7 @@ struct Opening
 {
     int link = -1;
     std::string profile;
-    NetworkProfile record = {};
+    ForgottenRecord record;
     std::shared_ptr<const NetworkConfig> config; // as it was when the opening began
 };
 

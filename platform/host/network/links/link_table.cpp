@@ -287,6 +287,7 @@ void LinkTable::linkUp(int id, Device device)
 {
     Link* link = find(id);
     link->state = State::Up;
+    forgetPasswords(&link->opening.record);
     link->device = std::move(device);
     startIdleTimer(*link);
     tell(indication(NAPI_IND_CONNECTED, id, link->device), *link);

@@ -8,6 +8,7 @@
 #include "base/durable_file.h"
 #include "base/profile_name.h"
 #include "network/file_results.h"
+#include "network/forgotten_record.h"
 #include "network/store/store_folder.h"
 
 namespace store {
@@ -149,8 +150,8 @@ int readProfile(const std::string& name, NetworkProfile* out)
     base::UniqueFd record;
     if (int result = openRecord(name, &record))
         return result;
-    NetworkProfile whole;
-    char* bytes = reinterpret_cast<char*>(&whole);
+    network::ForgottenRecord whole;
+    char* bytes = reinterpret_cast<char*>(static_cast<NetworkProfile*>(&whole));
     for (std::size_t have = 0; have < sizeof whole;) {
         ssize_t got =
             base::retried([&] { return read(record.get(), bytes + have, sizeof whole - have); });

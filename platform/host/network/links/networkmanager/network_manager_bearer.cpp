@@ -14,12 +14,16 @@ namespace network {
 constexpr auto searchPause = std::chrono::seconds(1);
 constexpr int searches = 10;
 
+// How long the end of the network API may wait for a service that takes a connection down.
+constexpr auto farewell = std::chrono::milliseconds(500);
+
 // A program that has closed its last link often opens the next one soon.
 constexpr auto stay = std::chrono::seconds(30);
 
 NetworkManagerBearer::NetworkManagerBearer(BearerListener& listener)
     : m_listener(listener),
-      m_signals([this](const std::string& path, BusMessage& signal) { signalled(path, signal); })
+      m_signals([this](const std::string& path, BusMessage& signal) { signalled(path, signal); }),
+      m_watches([this](const std::string& path) { deviceTold(path); })
 {}
 
 void NetworkManagerBearer::prepare()
@@ -40,11 +44,29 @@ int NetworkManagerBearer::start()
 // that has left the bus.
 void NetworkManagerBearer::stop()
 {
+    awaitAnswers();
     m_interfaces.pause();
     sweep();
     m_lingering.clear();
     if (m_links.empty())
         disconnect();
+}
+
+// The service asks the bus who has called it, and refuses a caller who has left meanwhile.
+void NetworkManagerBearer::awaitAnswers()
+{
+    Clock::time_point end = Clock::now() + farewell;
+    while (m_bus.isOpen() && m_bus.process() == 0 && isAsking() && Clock::now() < end) {
+        constexpr int pauseMs = 10;
+        pollfd entry = {m_bus.descriptor(), m_bus.events(), 0};
+        ::poll(&entry, 1, pauseMs);
+    }
+}
+
+bool NetworkManagerBearer::isAsking() const
+{
+    return m_owned.isAsking() || std::any_of(m_lingering.begin(), m_lingering.end(),
+                                             [](const auto& link) { return link->isAsking(); });
 }
 
 void NetworkManagerBearer::disconnect()
@@ -279,12 +301,7 @@ void NetworkManagerBearer::leave(const std::string& active)
 
 DeviceWatch& NetworkManagerBearer::watch(const ServiceDevice& device)
 {
-    auto& watch = m_watches[device.path];
-    if (!watch)
-        watch = std::make_unique<DeviceWatch>(m_bus, device,
-                                              [this, path = device.path] { deviceTold(path); });
-    m_lastDevice = device.path;
-    return *watch;
+    return m_watches.watch(m_bus, device);
 }
 
 void NetworkManagerBearer::deviceTold(const std::string& path)
@@ -293,16 +310,6 @@ void NetworkManagerBearer::deviceTold(const std::string& path)
         if (link.devicePath() == path)
             link.deviceTold();
     });
-}
-
-ServicePicture NetworkManagerBearer::freeDevices() const
-{
-    ServicePicture picture;
-    for (const auto& [path, watch] : m_watches) {
-        if (watch->isFree())
-            picture.devices.push_back(watch->device());
-    }
-    return picture;
 }
 
 void NetworkManagerBearer::listen(const std::string& path, const char* interface)
@@ -379,10 +386,7 @@ void NetworkManagerBearer::sweep()
                        [](const auto& link) { return link->step() == LinkActivation::Step::Done; }),
         m_lingering.end());
     m_signals.keepOnly([this](const std::string& path) { return isNamed(path); });
-    for (auto entry = m_watches.begin(); entry != m_watches.end();) {
-        bool wanted = entry->first == m_lastDevice || isNamed(entry->first);
-        entry = wanted ? std::next(entry) : m_watches.erase(entry);
-    }
+    m_watches.keepOnly([this](const std::string& path) { return isNamed(path); });
     if (!m_bus.isOpen() || !isIdle())
         m_leaveAt = never;
     else if (m_leaveAt == never)

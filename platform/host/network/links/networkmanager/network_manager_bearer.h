@@ -11,6 +11,7 @@
 #include "network/links/networkmanager/opening/interface_watch.h"
 #include "network/links/networkmanager/opening/link_activation.h"
 #include "network/links/networkmanager/opening/owned_activations.h"
+#include "network/links/networkmanager/services/device_watches.h"
 #include "network/links/networkmanager/services/signal_watch.h"
 
 namespace network {
@@ -47,7 +48,7 @@ private:
     bool join(const std::string& active) override;
     void leave(const std::string& active) override;
     DeviceWatch& watch(const ServiceDevice& device) override;
-    ServicePicture freeDevices() const override;
+    ServicePicture freeDevices() const override { return m_watches.freeDevices(); }
     void listen(const std::string& path, const char* interface) override;
     void opened(int link, const Device& device) override;
     void failed(int link, const Cause& cause) override;
@@ -57,6 +58,7 @@ private:
     template <typename Call> void forEach(Call call);
     int connect();
     void disconnect();
+    void awaitAnswers();
     void work();
     void deviceTold(const std::string& path);
     void signalled(const std::string& path, BusMessage& signal);
@@ -69,6 +71,7 @@ private:
     void sweep();
     bool isNamed(const std::string& path) const;
     bool isIdle() const;
+    bool isAsking() const;
 
     BearerListener& m_listener;
     BusConnection m_bus;
@@ -78,8 +81,7 @@ private:
     bool m_deviceFreed = false;
     OwnedActivations m_owned;
     SignalWatch m_signals;
-    std::map<std::string, std::unique_ptr<DeviceWatch>> m_watches; // by path
-    std::string m_lastDevice;            // stays known when no link names it any more
+    DeviceWatches m_watches;
     Clock::time_point m_leaveAt = never; // the bus, without a link
     BusSlot m_ownerWatch;
     InterfaceWatch m_interfaces;

@@ -143,7 +143,8 @@ BusValue BusMessage::readContainer(char type, const char* contents)
     return entries ? std::move(dictionary) : BusValue::list(std::move(elements));
 }
 
-// A dictionary whose keys are numbers keeps its values under the key "".
+// A dictionary whose keys are numbers keeps its values under the key "". Passwords are nobody's
+// business here, so no copy of them is made.
 void BusMessage::readEntry(BusValue* dictionary)
 {
     char type = 0;
@@ -151,7 +152,10 @@ void BusMessage::readEntry(BusValue* dictionary)
     m_lib.sd_bus_message_peek_type(m_message, &type, &contents);
     m_damaged = m_lib.sd_bus_message_enter_container(m_message, type, contents) < 0;
     BusValue key = next();
-    dictionary->add(key.toText(), next());
+    if (key.toText() != "password")
+        dictionary->add(key.toText(), next());
+    else
+        m_damaged = m_lib.sd_bus_message_skip(m_message, nullptr) < 0;
     m_damaged = m_damaged || m_lib.sd_bus_message_exit_container(m_message) < 0;
 }
 

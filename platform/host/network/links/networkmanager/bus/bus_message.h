@@ -25,6 +25,9 @@ public:
     std::string member() const;
     std::string path() const;
 
+    // The memory of the message is cleared when it goes.
+    void keepSecret() { m_lib.sd_bus_message_sensitive(m_message); }
+
     // The next argument, and none behind the last one or where the message is damaged.
     BusValue next();
 

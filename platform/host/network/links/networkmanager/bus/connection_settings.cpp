@@ -8,6 +8,14 @@
 
 namespace network {
 
+// Entries that move to other memory would leave their texts in the old one.
+constexpr std::size_t mostEntries = 32;
+
+ConnectionSettings::ConnectionSettings()
+{
+    m_entries.reserve(mostEntries);
+}
+
 ConnectionSettings::~ConnectionSettings()
 {
     for (Setting& setting : m_entries) {
@@ -19,6 +27,12 @@ ConnectionSettings::~ConnectionSettings()
 void ConnectionSettings::add(const char* section, const char* key, SettingValue value)
 {
     m_entries.push_back({section, key, std::move(value)});
+}
+
+void ConnectionSettings::addSecret(const char* section, const char* key, std::string_view text)
+{
+    m_entries.push_back({section, key, std::string()});
+    std::get<std::string>(m_entries.back().value).assign(text);
 }
 
 const Setting* ConnectionSettings::find(const char* section, const char* key) const

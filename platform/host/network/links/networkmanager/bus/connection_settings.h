@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <variant>
 #include <vector>
 
@@ -25,12 +26,15 @@ struct Setting
 class ConnectionSettings
 {
 public:
-    ConnectionSettings() = default;
+    ConnectionSettings();
     ~ConnectionSettings();
     ConnectionSettings(ConnectionSettings&&) = default;
     ConnectionSettings& operator=(ConnectionSettings&&) = delete;
 
     void add(const char* section, const char* key, SettingValue value);
+
+    // A text of which no other copy is made.
+    void addSecret(const char* section, const char* key, std::string_view text);
     const std::vector<Setting>& entries() const { return m_entries; }
     const Setting* find(const char* section, const char* key) const;
 

@@ -18,6 +18,7 @@ struct OwnActivation
     std::string path;
     std::string device;
     std::string apn;
+    bool bound = true; // it ends with our connection to the bus
 };
 
 class ActivationHost

@@ -228,7 +228,8 @@ void LinkActivation::answered(BusMessage& reply)
     BusValue first = reply.next();
     std::string active = objectPath(m_choice.way == Way::Known ? first : reply.next());
     if (!active.empty())
-        m_host.own({active, device, cellular() ? fieldText(m_opening.record.gprsApn) : ""});
+        m_host.own({active, device, cellular() ? fieldText(m_opening.record.gprsApn) : "",
+                    m_choice.way != Way::Known});
     m_takesPart = !active.empty();
     m_active = active;
     m_host.giveBack(device);

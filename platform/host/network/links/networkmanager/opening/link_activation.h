@@ -61,6 +61,11 @@ public:
 
     void deadlinePassed();
     void deviceIsFree(); // while Waiting
+    // Has asked for a connection that would stay without us, and has no answer yet.
+    bool isAsking() const
+    {
+        return m_step == Step::Requested && m_choice.way == DeviceChoice::Way::Known;
+    }
     bool isUp() const { return m_step == Step::Up; }
     bool isClosed() const { return m_closed; } // nobody wants to hear of it any more
     bool isLost() const { return m_step == Step::Up && m_active.empty(); } // by a service's end
@@ -116,7 +121,7 @@ private:
     void say(const std::string& text) { m_host.step(m_opening.link, text); }
 
     ActivationHost& m_host;
-    const Opening m_opening;
+    Opening m_opening;
     const std::string m_owner;
     Step m_step = Step::Listing;
     Clock::time_point m_deadline = never;

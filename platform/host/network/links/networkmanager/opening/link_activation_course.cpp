@@ -148,6 +148,7 @@ void LinkActivation::comeUp()
         return;
     m_step = Step::Up;
     m_deadline = never;
+    forgetPasswords(&m_opening.record);
     m_listing.clear();
     m_host.opened(m_opening.link, m_device);
 }
@@ -330,7 +331,7 @@ void LinkActivation::found(const ServicePicture& picture)
         m_host.listen(device.path, nm::device);
         m_host.listen(device.active, nm::active);
         if (m_takesPart)
-            m_host.own({device.active, device.path, fieldText(m_opening.record.gprsApn)});
+            m_host.own({device.active, device.path, fieldText(m_opening.record.gprsApn), false});
     }
     m_leftConnected = m_active.empty() && cellular() && isFree(picture, m_choice.device.modem);
     if (m_closed && !m_active.empty())

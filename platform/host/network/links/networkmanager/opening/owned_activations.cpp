@@ -49,11 +49,20 @@ void OwnedActivations::leave(BusConnection& bus, const std::string& active)
     Activation& entry = found->second;
     entry.until = Clock::now() + patience;
     auto handler = [&entry](BusMessage& reply) {
+        entry.asking = false;
         if (reply.isError())
             entry.until = Clock::time_point::min();
     };
-    if (bus.send(call, handler, &entry.request) != 0)
+    entry.asking = bus.send(call, handler, &entry.request) == 0;
+    if (!entry.asking)
         entry.until = Clock::time_point::min();
+}
+
+bool OwnedActivations::isAsking() const
+{
+    return std::any_of(m_all.begin(), m_all.end(), [](const auto& entry) {
+        return entry.second.asking && !entry.second.facts.bound;
+    });
 }
 
 bool OwnedActivations::isGoingDown(const std::string& device) const

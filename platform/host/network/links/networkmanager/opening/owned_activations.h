@@ -21,6 +21,9 @@ public:
     // One link less; the last one takes the activation down.
     void leave(BusConnection& bus, const std::string& active);
 
+    // An end that was asked for and not answered, of an activation that would stay without it.
+    bool isAsking() const;
+
     // An activation that is going down keeps its device for as long.
     bool isGoingDown(const std::string& device) const;
 
@@ -39,6 +42,7 @@ private:
         OwnActivation facts;
         int links = 0;
         Clock::time_point until = never; // while it goes down
+        bool asking = false;
         BusSlot request;
     };
 

@@ -3,6 +3,7 @@
 #define NETWORK_NETWORKMANAGER_PROFILE_CONNECTION_H
 
 #include <string>
+#include <string_view>
 
 #include "network/links/bearer.h"
 #include "network/links/networkmanager/bus/connection_settings.h"
@@ -18,10 +19,14 @@ enum class ProfileFault { None, AccessPoint, UserName, Password };
 ProfileFault faultOf(const NetworkProfile& record);
 
 // The text of a field, which ends at its first NUL, or fills it.
+template <std::size_t size> std::string_view fieldView(const char (&field)[size])
+{
+    std::string_view text(field, size);
+    return text.substr(0, text.find('\0'));
+}
 template <std::size_t size> std::string fieldText(const char (&field)[size])
 {
-    std::string text(field, size);
-    return text.substr(0, text.find('\0'));
+    return std::string(fieldView(field));
 }
 
 // Packet data with the profile's access point, user name, password and name servers. `owner` is the

@@ -61,6 +61,7 @@ void ModemBearers::ask(BusConnection& bus, const std::string& bearer)
     BusCall call = bus.call({mm::service, bearer, propertiesInterface, "GetAll"});
     call.text(mm::bearer);
     auto handler = [this](BusMessage& reply) {
+        reply.keepSecret(); // the password that was dialled with is in it
         if (!reply.isError())
             m_bearers.push_back(readBearer(reply.next()));
         answered();
