@@ -39,8 +39,8 @@ void PrintTo(const Row& row, std::ostream* stream)
     *stream << row.name;
 }
 
-constexpr char keys[] =
-    "bearer, interfaces, takeOver, roaming, guards, scenario, maxProfiles, minuteMs";
+constexpr char keys[] = "bearer, interfaces, takeOver, roaming, nameServersFirst, guards, "
+                        "scenario, maxProfiles, minuteMs";
 constexpr char scenarioKeys[] =
     "outcome, afterMs, cause, detail, device, address, nameServers, breakAfterMs";
 
@@ -66,6 +66,9 @@ const Row rows[] = {
     {"RoamingIsNoBoolean",
      "{\"roaming\": \"no\"}",
      {":1: roaming: expected true or false, found the text \"no\"; using true instead"}},
+    {"NameServersFirstIsNoBoolean",
+     "{\"nameServersFirst\": \"yes\"}",
+     {":1: nameServersFirst: expected true or false, found the text \"yes\"; using false instead"}},
     {"GuardIsZero",
      "{\"guards\": {\"cellularMs\": 0}}",
      {":1: guards.cellularMs: expected an integer from 1 to 86400000, found the number 0; using "

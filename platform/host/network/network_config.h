@@ -54,6 +54,7 @@ struct NetworkConfig
     std::optional<std::string> cellular;
     bool takeOver = false; // an access point of ours may replace another one on a modem
     bool roaming = true;
+    bool nameServersFirst = false; // of packet data, from the dialling on
     GuardTimes guards;
     Scenario defaultScenario;
     std::map<std::string, Scenario> scenarios; // by profile name

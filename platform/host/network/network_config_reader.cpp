@@ -146,6 +146,7 @@ NetworkConfig readNetworkConfig(base::JsonDocument& document)
     config.cellular = interfaceName(root.at("interfaces").at("cellular"));
     config.takeOver = root.at("takeOver").boolean(config.takeOver);
     config.roaming = root.at("roaming").boolean(config.roaming);
+    config.nameServersFirst = root.at("nameServersFirst").boolean(config.nameServersFirst);
     readGuards(root.at("guards"), &config.guards);
     config.defaultScenario = scenario(root.at("scenario").at("default"));
     for (const auto& [profile, told] : root.at("scenario").at("profiles").members())

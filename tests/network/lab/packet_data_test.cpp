@@ -222,6 +222,44 @@ TEST_F(PacketData, PutsTheProfilesNameServersInPlaceOfTheNetworks)
     }));
 }
 
+// Another connection is up, whose name server was there before.
+class PacketDataBesideEthernet : public PacketData
+{
+protected:
+    void SetUp() override
+    {
+        PacketData::SetUp();
+        run("nmcli connection add type ethernet ifname eth9 con-name others autoconnect no && "
+            "nmcli connection up others");
+    }
+    void TearDown() override
+    {
+        run("nmcli connection delete others");
+        PacketData::TearDown();
+    }
+    static std::string firstServer() { return output("grep -m 1 nameserver /etc/resolv.conf"); }
+};
+
+TEST_F(PacketDataBesideEthernet, LeavesTheMachinesNameServersInFront)
+{
+    Receiver receiver;
+    EXPECT_EQ(NAPI_DnsResolverConfig(up(receiver).link), 0);
+    EXPECT_TRUE(until(
+        [] { return output("cat /etc/resolv.conf").find("10.99.0.1") != std::string::npos; }));
+    EXPECT_EQ(firstServer(), "nameserver 10.77.0.1");
+    EXPECT_EQ(stateOf("ttyHS0"), 100);
+}
+
+TEST_F(PacketDataBesideEthernet, PutsItsNameServersFirstWhereTheConfigurationSaysSo)
+{
+    configure(R"({"bearer": "networkmanager", "nameServersFirst": true})");
+    Receiver receiver;
+    Message message = up(receiver);
+    EXPECT_TRUE(until([] { return firstServer() == "nameserver 10.99.0.1"; })) << firstServer();
+    EXPECT_EQ(NAPI_CloseLink(message.link), 0);
+    EXPECT_TRUE(until([] { return firstServer() == "nameserver 10.77.0.1"; })) << firstServer();
+}
+
 TEST_F(PacketData, BreaksWhenTheNetworkDropsTheCall)
 {
     Receiver receiver;

@@ -86,6 +86,17 @@ TEST(PacketDataSettings, StayAtHomeOnlyWithoutRoaming)
     EXPECT_FALSE(packetDataSettings(opening(), "").find("gsm", "home-only"));
 }
 
+TEST(PacketDataSettings, PutTheirNameServersFirstWhereTheConfigurationSaysSo)
+{
+    Opening first = opening();
+    auto config = std::make_shared<network::NetworkConfig>();
+    config->nameServersFirst = true;
+    first.config = config;
+    expectValue(packetDataSettings(first, ""), "ipv4", "dns-priority", int32_t{1});
+    EXPECT_FALSE(wiredSettings(first, "").find("ipv4", "dns-priority"));
+    EXPECT_FALSE(packetDataSettings(opening(), "").find("ipv4", "dns-priority"));
+}
+
 TEST(PacketDataSettings, LeaveOutAnEmptyUserNameAndPassword)
 {
     Opening without = opening();

@@ -27,7 +27,7 @@ bool isDiallingCharacter(char c)
     return (static_cast<unsigned char>(c) >= ' ') && c != 0x7F && c != '"';
 }
 
-bool isDialled(const std::string& text)
+bool isDialled(std::string_view text)
 {
     return std::all_of(text.begin(), text.end(), isDiallingCharacter);
 }
@@ -39,9 +39,9 @@ ProfileFault faultOf(const NetworkProfile& record)
     std::string apn = fieldText(record.gprsApn);
     if (apn.empty() || !std::all_of(apn.begin(), apn.end(), isAccessPointCharacter))
         return ProfileFault::AccessPoint;
-    if (!isDialled(fieldText(record.gprsUserName)))
+    if (!isDialled(fieldView(record.gprsUserName)))
         return ProfileFault::UserName;
-    return isDialled(fieldText(record.gprsPassword)) ? ProfileFault::None : ProfileFault::Password;
+    return isDialled(fieldView(record.gprsPassword)) ? ProfileFault::None : ProfileFault::Password;
 }
 
 namespace {
@@ -75,7 +75,7 @@ std::vector<uint32_t> profileNameServers(const NetworkProfile& record)
     return servers;
 }
 
-void addAddressing(ConnectionSettings* settings, const NetworkProfile& record)
+void addAddressing(ConnectionSettings* settings, const NetworkProfile& record, bool serversFirst)
 {
     settings->add("ipv4", "method", std::string("auto"));
     settings->add("ipv4", "route-metric", routeMetric);
@@ -84,6 +84,8 @@ void addAddressing(ConnectionSettings* settings, const NetworkProfile& record)
         settings->add("ipv4", "dns", std::move(servers));
         settings->add("ipv4", "ignore-auto-dns", true);
     }
+    if (serversFirst)
+        settings->add("ipv4", "dns-priority", firstPriority);
     settings->add("ipv6", "method", std::string("disabled")); // links are told IPv4 addresses only
 }
 
@@ -96,10 +98,11 @@ ConnectionSettings packetDataSettings(const Opening& opening, const std::string&
     addConnection(&settings, "gsm", opening, owner);
     addText(&settings, "gsm", "apn", fieldText(record.gprsApn));
     addText(&settings, "gsm", "username", fieldText(record.gprsUserName));
-    addText(&settings, "gsm", "password", fieldText(record.gprsPassword));
+    if (record.gprsPassword[0] != '\0')
+        settings.addSecret("gsm", "password", fieldView(record.gprsPassword));
     if (!opening.config->roaming)
         settings.add("gsm", "home-only", true);
-    addAddressing(&settings, record);
+    addAddressing(&settings, record, opening.config->nameServersFirst);
     return settings;
 }
 
@@ -107,7 +110,7 @@ ConnectionSettings wiredSettings(const Opening& opening, const std::string& owne
 {
     ConnectionSettings settings;
     addConnection(&settings, "802-3-ethernet", opening, owner);
-    addAddressing(&settings, opening.record);
+    addAddressing(&settings, opening.record, false);
     return settings;
 }
 
