@@ -36,6 +36,7 @@ struct BusSlot::Subscription
     sd_bus_slot* slot = nullptr;
     sd_bus_message* call = nullptr; // that waits for its turn
     bool pending = false;
+    bool patient = false;
 
     ~Subscription()
     {
@@ -171,7 +172,7 @@ BusCall BusConnection::call(const BusTarget& target) const
     return BusCall(*m_lib, m_bus, target);
 }
 
-int BusConnection::send(const BusCall& call, BusHandler handler, BusSlot* slot)
+int BusConnection::send(const BusCall& call, BusHandler handler, BusSlot* slot, Turn turn)
 {
     if (int error = call.error())
         return error;
@@ -181,7 +182,13 @@ int BusConnection::send(const BusCall& call, BusHandler handler, BusSlot* slot)
             return -result;
     } else {
         made->call = m_lib->sd_bus_message_ref(call.raw());
-        m_state->waiting.push_back(made.get());
+        made->patient = turn == Turn::Patient;
+        auto& waiting = m_state->waiting;
+        auto place = made->patient
+                         ? waiting.end()
+                         : std::find_if(waiting.begin(), waiting.end(),
+                                        [](const Subscription* one) { return one->patient; });
+        waiting.insert(place, made.get());
     }
     slot->m_subscription = std::move(made);
     return 0;

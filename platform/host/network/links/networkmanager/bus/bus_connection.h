@@ -59,10 +59,12 @@ public:
 
     BusCall call(const BusTarget& target) const;
 
-    // Sends a call, at once or, where too many wait for their answers, when it has its turn; the
-    // answer or an error comes to the handler. There is no time-out of ours.
+    // Sends a call, at once or, where too many wait for their answers, when it has its turn: after
+    // those that were there before, but patient ones are sent last. The answer or an error comes to
+    // the handler. There is no time-out of ours.
     // Result: 0 or an errno, and the handler is not called then.
-    int send(const BusCall& call, BusHandler handler, BusSlot* slot);
+    enum class Turn { Usual, Patient };
+    int send(const BusCall& call, BusHandler handler, BusSlot* slot, Turn turn = Turn::Usual);
 
     // Sends a call that nobody waits for.
     void send(const BusCall& call);

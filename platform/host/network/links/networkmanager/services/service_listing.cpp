@@ -28,7 +28,8 @@ int ServiceListing::ask(BusConnection& bus, const char* service, const char* roo
                         BusHandler handler, BusSlot* slot)
 {
     BusCall call = bus.call({service, root, objectManager, "GetManagedObjects"});
-    int error = bus.send(call, std::move(handler), slot);
+    // Links that are further ahead go first.
+    int error = bus.send(call, std::move(handler), slot, BusConnection::Turn::Patient);
     m_pending += error == 0;
     return error;
 }
