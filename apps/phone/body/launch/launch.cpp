@@ -68,6 +68,7 @@ void prepareScreen(const DisplayFacts& facts)
     else
         set("QT_SCALE_FACTOR", std::to_string(scale.pixels / facts.ratio));
     set("VORN_SCREEN", std::to_string(scale.width) + "x" + std::to_string(scale.height));
+    setUnlessSet("VORN_THEME", "system"); // which goes with the desktop's, while it runs too
 }
 
 // Does not come back where the program could be started.
