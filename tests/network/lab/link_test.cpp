@@ -138,21 +138,6 @@ TEST_P(Link, StaysUpWhileTheCarrierFlickers)
     EXPECT_FALSE(within(Milliseconds(1200), receiver));
 }
 
-TEST_P(Link, MayBeCancelledAtAnyMoment)
-{
-    Receiver receiver;
-    for (int moment = 0; moment < 30; moment += 2) {
-        int link = NAPI_OpenLink("Home");
-        EXPECT_EQ(link, 0);
-        ::usleep(useconds_t(moment) * 1000);
-        EXPECT_EQ(NAPI_CloseLink(link), 0);
-    }
-    while (receiver.ready()) {
-    }
-    EXPECT_TRUE(isDown());
-    EXPECT_FALSE(receiver.ready());
-}
-
 TEST_P(Link, OpensAndClosesAgainAndAgain)
 {
     Receiver receiver;
