@@ -37,13 +37,13 @@ void LinkActivation::begin()
     list();
 }
 
-// A device that is known to be free needs no question; where a modem is, may have changed.
+// A device that is known to be free needs no question.
 bool LinkActivation::recall()
 {
     if (!m_opening.config->roaming)
         return false; // whether the modem is abroad is asked each time
     ServicePicture free = m_host.freeDevices();
-    if (!m_opening.config->roaming || free.devices.empty() || m_kinds.empty() ||
+    if (free.devices.empty() || m_kinds.empty() ||
         chooseDevice(m_kinds.front(), *m_opening.config, free).way == Way::None)
         return false;
     m_listing.take(std::move(free));
