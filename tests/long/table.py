@@ -29,7 +29,6 @@ def processor():
 def machine():
     system = re.search(r'^PRETTY_NAME="(.*)"$', pathlib.Path("/etc/os-release").read_text(encoding="utf-8"), re.M)
     return [("date", datetime.date.today().isoformat()),
-            ("commit", output("git", "-C", str(ROOT), "rev-parse", "--short=12", "HEAD")),
             ("processor", processor()),
             ("system", f"{system.group(1) if system else platform.system()}, Linux {platform.release()}"),
             ("compilers", ", ".join(filter(None, (output(name, "--version").split("\n")[0] for name in ("g++", "clang++"))))),
