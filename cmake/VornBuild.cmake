@@ -12,6 +12,27 @@ if(NOT CMAKE_BUILD_TYPE AND NOT CMAKE_CONFIGURATION_TYPES)
   set(CMAKE_BUILD_TYPE Release CACHE STRING "Kind of build" FORCE)
 endif()
 
+# Whether headers that most sources of a target include are read once for all of them. A compiler cache cannot
+# tell what such a compilation depends on, so it is left to do its work.
+if(CMAKE_CXX_COMPILER_LAUNCHER)
+  set(_precompiled OFF)
+else()
+  set(_precompiled ON)
+endif()
+option(VORN_PRECOMPILED "Precompile the headers of Qt and GoogleTest" ${_precompiled})
+
+# vorn_precompile(TARGET HEADERS...), vorn_precompile(TARGET REUSE_FROM OTHER): a source includes all the same
+# what it needs itself.
+function(vorn_precompile target)
+  if(NOT VORN_PRECOMPILED)
+    return()
+  elseif(ARGV1 STREQUAL "REUSE_FROM")
+    target_precompile_headers(${target} ${ARGN})
+  else()
+    target_precompile_headers(${target} PRIVATE ${ARGN})
+  endif()
+endfunction()
+
 # vorn_find_beside(TARGET FOLDER LIBRARIES...): has a target find the libraries in the folder, told from
 # where the target itself lies; the same in the build, where links stand for them there, as installed. A
 # path that is changed by the installation would be padded with empty elements, each of which stands for

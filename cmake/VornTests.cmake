@@ -5,23 +5,15 @@
 # compiled once, as a vorn_add_fixture that each of them names among its LIBS. A test of any other kind is
 # an add_test. Each test gets the name of its folder as a label: ctest --preset debug -L wizard.
 
-# Whether headers that most tests include are read once for all of them. A compiler cache cannot tell what
-# such a compilation depends on, so it is left to do its work.
-if(CMAKE_CXX_COMPILER_LAUNCHER)
-  set(_precompiled OFF)
-else()
-  set(_precompiled ON)
-endif()
-option(VORN_PRECOMPILED "Precompile the headers of GoogleTest and Qt for the tests" ${_precompiled})
-
-# vorn_test: how test code is compiled. It runs for a moment and is compiled often: it is not optimised, and
-# of the checks of the sanitizer those on each use of a pointer are left to the code that is tested (what
-# they would find ends in AddressSanitizer).
+# vorn_test: how test code is compiled. It runs for a moment and is compiled often: it is not optimised,
+# UndefinedBehaviorSanitizer looks at what is tested only, and AddressSanitizer checks by calls instead of by
+# code at each place.
 add_library(vorn_test INTERFACE)
 target_link_libraries(vorn_test INTERFACE vorn_build GTest::gtest)
 target_include_directories(vorn_test INTERFACE "${PROJECT_SOURCE_DIR}/tests")
 target_compile_options(vorn_test INTERFACE -O0 -fPIC
-  $<$<BOOL:${VORN_SANITIZE}>:-fno-sanitize=null,alignment,vptr,object-size>
+  $<$<BOOL:${VORN_SANITIZE}>:-fno-sanitize=undefined>
+  $<$<AND:$<BOOL:${VORN_SANITIZE}>,$<CXX_COMPILER_ID:GNU>>:--param=asan-instrumentation-with-call-threshold=0>
   # Qt's tests are told their folders, which differ where precompiled headers must not.
   -UQT_TESTCASE_BUILDDIR -UQT_TESTCASE_SOURCEDIR)
 find_program(VORN_MOLD mold)
