@@ -3,6 +3,8 @@
 #ifndef TESTS_COMMON_INTERPOSED_H
 #define TESTS_COMMON_INTERPOSED_H
 
+#include <cstdarg>
+#include <cstdio>
 #include <string>
 #include <vector>
 
@@ -49,6 +51,14 @@ template <typename Work> std::vector<std::string> callsOf(Work work)
     work();
     recording = false;
     return calls;
+}
+
+// The text of a call that has a format.
+inline std::string formatted(const char* format, va_list arguments)
+{
+    char text[512];
+    std::vsnprintf(text, sizeof text, format, arguments);
+    return text;
 }
 
 inline std::string orNone(const char* text)

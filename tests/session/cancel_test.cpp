@@ -32,12 +32,6 @@ protected:
         initialise();
     }
 
-    void open()
-    {
-        ASSERT_EQ(manager->openLink("Internet"), 5);
-        napi.take();
-    }
-
     // Works the Cancel key of the popup on the screen.
     void cancel(By by)
     {

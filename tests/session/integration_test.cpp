@@ -13,29 +13,24 @@
 #include <unistd.h>
 
 #include <QApplication>
-#include <QDir>
 #include <QElapsedTimer>
-#include <QTemporaryDir>
 
 #include <napi.h>
 #include <ystatedialog.h>
 
-#include "common/gui_test.h"
+#include "common/rooted_gui_test.h"
 #include "session/signal_log.h"
 
 namespace {
 
 // A root of its own with profiles and scenarios for each outcome.
-class RealNetwork : public GuiTest
+class RealNetwork : public RootedGuiTest
 {
 protected:
     void SetUp() override
     {
-        GuiTest::SetUp();
-        ASSERT_TRUE(root.isValid());
-        qputenv("VORN_ROOT", root.path().toUtf8());
-        ASSERT_TRUE(QDir(root.path()).mkpath("etc"));
-        std::ofstream(root.filePath("etc/network.json").toStdString()) << R"({
+        RootedGuiTest::SetUp();
+        write("etc/network.json", R"({
             "bearer": "scenario",
             "scenario": {
                 "default": { "outcome": "connect", "afterMs": 0 },
@@ -46,7 +41,7 @@ protected:
                     "Silent": { "outcome": "never" }
                 }
             }
-        })";
+        })");
         NetworkProfile profile = {};
         profile.flags = NAPI_PREFER_CELLULAR_ONLY;
         std::strcpy(profile.gprsApn, "internet");
@@ -99,7 +94,6 @@ protected:
     }
 
     int indications = -1;
-    QTemporaryDir root;
     std::unique_ptr<YDataSessionManager> manager;
     std::unique_ptr<SignalLog> log;
 };

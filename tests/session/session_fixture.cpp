@@ -27,6 +27,12 @@ void Session::initialise()
     napi.take();
 }
 
+void Session::open()
+{
+    ASSERT_EQ(manager->openLink("Internet"), 5);
+    napi.take();
+}
+
 void Session::deliver(const NapiIndication& message)
 {
     napi.send(message);

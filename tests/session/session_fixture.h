@@ -16,6 +16,8 @@ protected:
 
     // init(false), with the record of its calls dropped.
     void initialise();
+    // openLink("Internet"), with the record of its call dropped.
+    void open();
     // Sends one message and lets the event loop deliver it.
     void deliver(const NapiIndication& message);
     static void pass();

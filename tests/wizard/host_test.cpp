@@ -7,7 +7,6 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QProcess>
-#include <QTemporaryDir>
 
 #include <napi.h>
 #include <profilefunctions.h>
@@ -15,29 +14,23 @@
 #include <ykbmainwidget.h>
 #include <ylineedit.h>
 
+#include "common/rooted_gui_test.h"
 #include "session/signal_log.h"
 #include "wizard/world/record_bytes.h"
 #include "wizard/world/wizard_driver.h"
 
 namespace {
 
-class WizardOnTheHost : public GuiTest
+class WizardOnTheHost : public RootedGuiTest
 {
 protected:
     void SetUp() override
     {
-        GuiTest::SetUp();
-        qputenv("VORN_ROOT", root.path().toUtf8());
-        QDir(root.path()).mkpath("etc");
+        RootedGuiTest::SetUp();
         write("etc/features.json", "{\"431\": true}");
         write("etc/settings.json", "{\"DefConnPrefer\": 2}");
         write("etc/network.json", "{\"bearer\": \"scenario\", \"scenario\": {\"default\": "
                                   "{\"outcome\": \"connect\", \"afterMs\": 20}}}");
-    }
-
-    void write(const char* file, const char* text)
-    {
-        std::ofstream(root.filePath(file).toStdString()) << text;
     }
 
     void store(const char* profile, const RecordBytes& bytes)
@@ -79,7 +72,6 @@ protected:
     static void dismiss() { press(Qt::Key_Return); }
 
     QString name;
-    QTemporaryDir root;
 };
 
 TEST_F(WizardOnTheHost, NotFoundCreatedAndConnected)

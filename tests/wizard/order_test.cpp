@@ -21,10 +21,9 @@ using interposed::Call;
 // In the place of the library's own.
 void support::logPrint(int level, const char* format, ...)
 {
-    char text[512];
     va_list arguments;
     va_start(arguments, format);
-    std::vsnprintf(text, sizeof text, format, arguments);
+    const std::string text = interposed::formatted(format, arguments);
     va_end(arguments);
     const Call call("log " + std::to_string(level) + ' ' + text);
 }

@@ -9,6 +9,7 @@
 #include <ykbmainwidget.h>
 #include <ylineedit.h>
 
+#include "common/interposed.h"
 #include "support/log.h"
 #include "wizard/world/record_bytes.h"
 #include "wizard/world/wizard_fixture.h"
@@ -22,10 +23,9 @@ std::string trace;
 // In the place of the library's own.
 void support::logPrint(int level, const char* format, ...)
 {
-    char text[512];
     va_list arguments;
     va_start(arguments, format);
-    std::vsnprintf(text, sizeof text, format, arguments);
+    const std::string text = interposed::formatted(format, arguments);
     va_end(arguments);
     trace += '<' + std::to_string(level) + ' ' + text + '>';
 }

@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "base/ip_address.h"
 #include "commands/broken_link.h"
 #include "commands/link_session.h"
 #include "failure.h"
@@ -50,14 +51,6 @@ const char* eventText(int type)
     return "unknown";
 }
 
-std::string addressText(uint32_t address)
-{
-    std::string text;
-    for (int shift = 24; shift >= 0; shift -= 8)
-        text += std::to_string(address >> shift & 0xFF) + (shift ? "." : "");
-    return text;
-}
-
 Json describe(const NapiIndication& indication)
 {
     Json json = {{"event", eventText(indication.type)}, {"link", indication.linkId}};
@@ -69,7 +62,7 @@ Json describe(const NapiIndication& indication)
     }
     const std::size_t length = strnlen(indication.infoText, sizeof indication.infoText);
     json["device"] = std::string(indication.infoText, length);
-    json["address"] = indication.infoWord ? addressText(indication.infoWord) : "";
+    json["address"] = indication.infoWord ? base::ipv4Text(indication.infoWord) : "";
     json["bearer"] = bearerText(indication.infoByte);
     return json;
 }

@@ -24,19 +24,12 @@ class BearerTest : public LinkTest
 protected:
     void onMachine(Kernel kernel, const std::function<void(Machine&)>& body)
     {
-        pid_t child = fork();
-        ASSERT_GE(child, 0);
-        if (child == 0) {
+        expectInChild([kernel, &body] {
             bool real = kernel == Kernel::Real && enterNetworkNamespace();
             if (kernel == Kernel::Real && !real)
                 puts("No network namespace is allowed here; the test plays the kernel instead.");
             run(real, body);
-            fflush(nullptr);
-            _exit(HasFailure() ? 1 : 0);
-        }
-        int status = -1;
-        ASSERT_EQ(waitpid(child, &status, 0), child);
-        EXPECT_EQ(status, 0) << "see above";
+        });
     }
 
 private:
@@ -359,8 +352,7 @@ TEST_F(BearerRoute, OfThisMachineIsTaken)
 TEST_F(BearerRoute, WithTheLowestMetricIsTaken)
 {
     store("Home");
-    pid_t child = fork();
-    if (child == 0) {
+    expectInChild([] {
         if (enterNetworkNamespace()) {
             RealKernel machine;
             for (const char* device : {"first9", "second9", "third9"})
@@ -371,12 +363,7 @@ TEST_F(BearerRoute, WithTheLowestMetricIsTaken)
             EXPECT_EQ(routedInterface(), "second9");
         }
         expectRoutedInterface();
-        fflush(nullptr);
-        _exit(HasFailure() ? 1 : 0);
-    }
-    int status = -1;
-    ASSERT_EQ(waitpid(child, &status, 0), child);
-    EXPECT_EQ(status, 0);
+    });
 }
 
 } // namespace

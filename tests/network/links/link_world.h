@@ -4,6 +4,7 @@
 
 #include <chrono>
 #include <cstring>
+#include <functional>
 #include <optional>
 #include <ostream>
 #include <string>
@@ -93,6 +94,9 @@ private:
 void writeFile(const std::string& path, const std::string& text);
 std::string readFile(const std::string& path);
 std::size_t entriesOf(const char* folder);
+
+// Runs `body` in a process of its own, which has a network API of its own. Fails where it fails.
+void expectInChild(const std::function<void()>& body);
 
 // The engine's thread, by its name; 0 when there is none.
 int engineThread();

@@ -27,22 +27,10 @@ void PrintTo(const Change& change, std::ostream* out)
     *out << change.label;
 }
 
-int create()
-{
-    NetworkProfile record = uniformRecord(5);
-    return NAPI_CreateProfile("New", &record, 0, 0);
-}
-
-int modify()
-{
-    NetworkProfile record = uniformRecord(5);
-    return NAPI_ModifyProfile("A", &record, 0, 0);
-}
-
 const Change changes[] = {
-    {"CreateInAnEmptyRoot", {}, {{"New", 5}}, create, 20},
-    {"Create", {{"A", 1}, {"B", 2}}, {{"A", 1}, {"B", 2}, {"New", 5}}, create, 20},
-    {"Modify", {{"A", 1}, {"B", 2}}, {{"A", 5}, {"B", 2}}, modify, 7},
+    {"CreateInAnEmptyRoot", {}, {{"New", 5}}, createNew, 20},
+    {"Create", {{"A", 1}, {"B", 2}}, {{"A", 1}, {"B", 2}, {"New", 5}}, createNew, 20},
+    {"Modify", {{"A", 1}, {"B", 2}}, {{"A", 5}, {"B", 2}}, modifyA, 7},
     {"Delete", {{"A", 1}, {"B", 2}}, {{"B", 2}}, [] { return napihost::deleteProfile("A"); }, 8},
     {"Rename",
      {{"A", 1}, {"B", 2}},

@@ -23,24 +23,12 @@ struct Change
     std::map<std::string, Record> before, after;
 };
 
-int create()
-{
-    NetworkProfile record = uniformRecord(5);
-    return NAPI_CreateProfile("New", &record, 0, 0);
-}
-
-int modify()
-{
-    NetworkProfile record = uniformRecord(5);
-    return NAPI_ModifyProfile("A", &record, 0, 0);
-}
-
 const Change changes[] = {
     {"Create",
-     create,
+     createNew,
      {{"A", Record::Old}, {"New", Record::Absent}},
      {{"A", Record::Old}, {"New", Record::New}}},
-    {"Modify", modify, {{"A", Record::Old}}, {{"A", Record::New}}},
+    {"Modify", modifyA, {{"A", Record::Old}}, {{"A", Record::New}}},
     {"Delete",
      [] { return napihost::deleteProfile("A"); },
      {{"A", Record::Old}},
@@ -152,7 +140,7 @@ TEST(StorePowerOfANewRoot, EveryNewFolderIsSyncedIntoItsParent)
     std::vector<std::string> made{"vornlocal", "vornlocal/download", "vornlocal/download/appwrite",
                                   "vornlocal/download/appwrite/NetProfile"};
     faults::begin();
-    ASSERT_EQ(create(), NAPI_OK);
+    ASSERT_EQ(createNew(), NAPI_OK);
     std::vector<Call> calls = faults::end();
     std::string parent = world.root();
     auto at = calls.begin();

@@ -129,6 +129,18 @@ std::string contentOf(const std::string& path)
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
+int createNew()
+{
+    NetworkProfile record = uniformRecord(5);
+    return NAPI_CreateProfile("New", &record, 0, 0);
+}
+
+int modifyA()
+{
+    NetworkProfile record = uniformRecord(5);
+    return NAPI_ModifyProfile("A", &record, 0, 0);
+}
+
 int inChild(const std::function<int()>& body)
 {
     fflush(nullptr);

@@ -19,6 +19,10 @@ NetworkProfile uniformRecord(int byte);
 // The byte of a uniform record, or -1 when the record is a mixture.
 int byteOf(const NetworkProfile& record);
 
+// Stores "New" with bytes 5, or exchanges the record of "A" for one. Result: the network API's.
+int createNew();
+int modifyA();
+
 class StoreWorld
 {
 public:

@@ -1,12 +1,9 @@
 // Everything that the wizard and its dialogs say stands whole on the screen, in each language.
 #include <algorithm>
-#include <fstream>
 
 #include <QAccessible>
-#include <QDir>
 #include <QGuiApplication>
 #include <QListView>
-#include <QTemporaryDir>
 
 #include <napi.h>
 #include <profilefunctions.h>
@@ -22,6 +19,7 @@
 #include <ysingleselectdlg.h>
 #include <ysoftkey.h>
 
+#include "common/rooted_gui_test.h"
 #include "toolkit/texts/painted_texts.h"
 #include "wizard/world/wizard_driver.h"
 
@@ -162,21 +160,14 @@ Qt::Key second()
     return QGuiApplication::isRightToLeft() ? Qt::Key_F1 : Qt::Key_F2;
 }
 
-class WholeTexts : public GuiTest
+class WholeTexts : public RootedGuiTest
 {
 protected:
     void SetUp() override
     {
-        GuiTest::SetUp();
-        qputenv("VORN_ROOT", root.path().toUtf8());
-        QDir(root.path()).mkpath("etc");
+        RootedGuiTest::SetUp();
         write("etc/features.json", "{\"431\": true}");
         write("etc/settings.json", "{\"DefConnPrefer\": 0}");
-    }
-
-    void write(const char* file, const char* text)
-    {
-        std::ofstream(root.filePath(file).toStdString()) << text;
     }
 
     static void store(const QString& profile)
@@ -234,7 +225,6 @@ protected:
     static void dismiss() { press(Qt::Key_Return); }
 
     QString name;
-    QTemporaryDir root;
 };
 
 TEST_F(WholeTexts, BothPages)

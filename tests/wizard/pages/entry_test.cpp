@@ -31,6 +31,21 @@ protected:
         setDefaultPreference("0");
         napi.profiles["Old"] = RecordBytes().word(4, 0x400).text(8, "a").record();
     }
+
+    // Opens a wizard inside another and has both hidden; `hide` is told the outer one's page.
+    void expectBothEnd(const std::function<void(YKbMainWidget*)>& hide)
+    {
+        QString inner("Old");
+        int innerResult = -1;
+        YKbMainWidget* first = nullptr;
+        const auto open = [&] {
+            first = wizardPage(1);
+            innerResult = editProfilebyUser(inner);
+        };
+        EXPECT_EQ(create({opening(open), [&] { hide(first); }}), 2);
+        EXPECT_EQ(innerResult, 2);
+        EXPECT_EQ(wizardPageCount(), 0);
+    }
 };
 
 TEST_F(Entry, CreateThenCancelLeavesTheName)
@@ -180,35 +195,15 @@ TEST_F(Entry, ASecondWizardRunsInsideTheFirst)
 
 TEST_F(Entry, TheFirstWizardHiddenInsideTheSecondEndsBoth)
 {
-    QString inner("Old");
-    int innerResult = -1;
-    YKbMainWidget* first = nullptr;
-    EXPECT_EQ(create({opening([&] {
-                          first = wizardPage(1);
-                          innerResult = editProfilebyUser(inner);
-                      }),
-                      [&first] { first->hide(); }}),
-              2);
-    EXPECT_EQ(innerResult, 2);
-    EXPECT_EQ(wizardPageCount(), 0);
+    expectBothEnd([](YKbMainWidget* first) { first->hide(); });
 }
 
 TEST_F(Entry, TwoWizardsHiddenInOneGoBothEnd)
 {
-    QString inner("Old");
-    int innerResult = -1;
-    YKbMainWidget* first = nullptr;
-    EXPECT_EQ(create({opening([&] {
-                          first = wizardPage(1);
-                          innerResult = editProfilebyUser(inner);
-                      }),
-                      [&first] {
-                          wizardPage(1)->hide();
-                          first->hide();
-                      }}),
-              2);
-    EXPECT_EQ(innerResult, 2);
-    EXPECT_EQ(wizardPageCount(), 0);
+    expectBothEnd([](YKbMainWidget* first) {
+        wizardPage(1)->hide();
+        first->hide();
+    });
 }
 
 TEST_F(Entry, TheApplicationThatQuitsEndsEachWizardAsClosed)
