@@ -8,6 +8,7 @@
 #include "support/memory.h"
 #include "support/toolkitnumbers.h"
 #include "support/translate.h"
+#include "vornqtnapi_texts.h"
 
 using support::translate;
 
@@ -28,11 +29,7 @@ const Way ways[] = {
     {ChooseConnection, "TXT_RID_LIST_A_CHOOSE_CONNECTION", "Choose Connection"},
 };
 
-} // namespace
-
-enum { noListBox = -1, nothingChecked = -1, cancelled = 1 };
-
-namespace {
+const int cancelled = 1;
 
 const int listWidth = 200;
 
@@ -66,7 +63,7 @@ int askUser(QString& name)
                             nullptr, nullptr, true, 0, 0);
     YListBox* list = dialog.getListBox();
     if (!list)
-        return noListBox;
+        return VORN_ERR_NO_DIALOG;
     list->setItemType(rowType);
     list->setMinimumWidth(listWidth);
     for (const Way& way : ways)
@@ -75,12 +72,13 @@ int askUser(QString& name)
     if (support::runDialog(dialog) != toolkit::Accepted)
         return cancelled;
     const YListBoxItem* item = dialog.getCheckedItem();
-    return item ? actOn(item->getReservedData(), name) : int(nothingChecked);
+    return item ? actOn(item->getReservedData(), name) : int(VORN_ERR_NO_DIALOG);
 }
 
 } // namespace
 
 int getProfileIfNoFound(QString& name)
 {
-    return support::withMemory([&name] { return askUser(name); }, [] { return int(noListBox); });
+    return support::withMemory([&name] { return askUser(name); },
+                               [] { return int(VORN_ERR_NO_DIALOG); });
 }

@@ -13,16 +13,12 @@
 #include "support/log.h"
 #include "support/loop.h"
 #include "support/memory.h"
+#include "vornqtnapi_texts.h"
 #include "yprofileselectdlg.h"
 
 using support::logPrint;
 
 namespace {
-
-// No profile, no memory, or none chosen.
-const int noneSelected = -100;
-
-} // namespace
 
 struct Freeing
 {
@@ -30,8 +26,6 @@ struct Freeing
 };
 
 typedef std::unique_ptr<char, Freeing> Buffer;
-
-namespace {
 
 // Stores in `count` how many names there are, at most as many as the network API keeps. Result: 0,
 // or the result of getProfileNamebySelect().
@@ -45,7 +39,7 @@ int countNames(unsigned int& count)
     }
     if (count == 0) {
         logPrint(support::LogError, "No profile exists.\n");
-        return noneSelected;
+        return VORN_ERR_NONE_CHOSEN;
     }
     // The number is asked for again where it counts, as the phone does.
     if (NAPI_GetMaxProfiles() < count)
@@ -83,7 +77,7 @@ int listNames(char* buffer, unsigned int room, QStringList& names)
 // painted at once, and gone from the screen before the caller goes on.
 int runDialog(YProfileSelectDlg* newDialog, QString& name)
 {
-    int result = noneSelected;
+    int result = VORN_ERR_NONE_CHOSEN;
     {
         const support::Owned<YProfileSelectDlg> dialog(newDialog);
         support::wakeLoop();
@@ -98,7 +92,7 @@ int runDialog(YProfileSelectDlg* newDialog, QString& name)
 int withoutMemory()
 {
     logPrint(support::LogError, "Can not malloc memory for profiles.\n");
-    return noneSelected;
+    return VORN_ERR_NONE_CHOSEN;
 }
 
 int select(QString& name)

@@ -12,16 +12,12 @@
 #include "support/memory.h"
 #include "support/text.h"
 #include "support/toolkitnumbers.h"
+#include "vornqtnapi_texts.h"
 #include "ystatedialog.h"
 
 using support::Guarded;
 
 namespace {
-
-// Results of this class's own making.
-const int notInitialised = -101;
-const int alreadyInitialised = -103;
-const int negativeLinkId = -151;
 
 // The other mode of the network API, asked for by init(true).
 const int alternativeMode = 4;
@@ -74,7 +70,7 @@ YDataSessionManager::~YDataSessionManager()
 int YDataSessionManager::init(bool mode)
 {
     if (indicationSocket >= 0)
-        return alreadyInitialised;
+        return VORN_ERR_INITIALISED_ALREADY;
     indicationSocket = NAPI_Init(mode ? alternativeMode : 0);
     if (indicationSocket >= 0)
         support::withMemory([this] { listen(); }, [this] { giveBack(); });
@@ -104,7 +100,7 @@ void YDataSessionManager::giveBack()
 int YDataSessionManager::openLink(const QString& profileName)
 {
     if (indicationSocket < 0)
-        return notInitialised;
+        return VORN_ERR_NOT_INITIALISED;
     const int result = openNamed(profileName);
     if (result >= 0 && pendingLinkId < 0)
         support::withMemory([this, result] { showPopup(result); }, [this] { endPending(); });
@@ -125,7 +121,7 @@ void YDataSessionManager::showPopup(int linkId)
 int YDataSessionManager::openLinkNoDialog(const QString& profileName)
 {
     if (indicationSocket < 0)
-        return notInitialised;
+        return VORN_ERR_NOT_INITIALISED;
     const int result = openNamed(profileName);
     stateDialog = 0;
     return result;
@@ -134,7 +130,7 @@ int YDataSessionManager::openLinkNoDialog(const QString& profileName)
 int YDataSessionManager::closeLink(int linkId)
 {
     if (linkId < 0)
-        return negativeLinkId;
+        return VORN_ERR_NEGATIVE_LINK;
     if (linkId == pendingLinkId)
         endPending();
     return NAPI_CloseLink(linkId);
@@ -157,7 +153,7 @@ int YDataSessionManager::drop(int, const QString&)
 
 int YDataSessionManager::bindSocket2Link(int linkId, int socket)
 {
-    return linkId < 0 ? negativeLinkId : NAPI_BindSocket2Link(linkId, socket);
+    return linkId < 0 ? int(VORN_ERR_NEGATIVE_LINK) : NAPI_BindSocket2Link(linkId, socket);
 }
 
 int YDataSessionManager::getDeviceInfo(int linkId, QString& name, unsigned long* value)
@@ -179,7 +175,7 @@ int YDataSessionManager::getDeviceInfo(int linkId, QString& name, unsigned long*
 
 int YDataSessionManager::dnsResolverConfig(int linkId)
 {
-    return linkId < 0 ? negativeLinkId : NAPI_DnsResolverConfig(linkId);
+    return linkId < 0 ? int(VORN_ERR_NEGATIVE_LINK) : NAPI_DnsResolverConfig(linkId);
 }
 
 void YDataSessionManager::slotReadIndicator()

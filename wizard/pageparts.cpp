@@ -20,6 +20,20 @@ namespace {
 
 const int optionsMenuWidth = 200;
 
+// The screen without its soft keys, from the left edge.
+QRect optionsMenuRect()
+{
+    const QRect home = YGlobal::getHomeR(false);
+    const QRect softKeys = YGlobal::getCstR();
+    const int height = (home.bottom() - home.top()) - (softKeys.bottom() - softKeys.top());
+    return QRect(home.left(), home.top(), optionsMenuWidth, height);
+}
+
+QString cancelText()
+{
+    return translate("TXT_RID_SOFTKEY_CANCEL", "Cancel");
+}
+
 } // namespace
 
 YFormContainer* addForm(YKbMainWidget* page)
@@ -32,19 +46,6 @@ YFormContainer* addForm(YKbMainWidget* page)
     return form;
 }
 
-namespace {
-
-// The screen without its soft keys, from the left edge.
-QRect optionsMenuRect()
-{
-    const QRect home = YGlobal::getHomeR(false);
-    const QRect softKeys = YGlobal::getCstR();
-    const int height = (home.bottom() - home.top()) - (softKeys.bottom() - softKeys.top());
-    return QRect(home.left(), home.top(), optionsMenuWidth, height);
-}
-
-} // namespace
-
 YOptionsMenu* addOptionsMenu(YKbMainWidget* page, const PhoneText& item, const char* member)
 {
     YOptionsMenu* menu =
@@ -53,15 +54,6 @@ YOptionsMenu* addOptionsMenu(YKbMainWidget* page, const PhoneText& item, const c
                      -1, false);
     return menu;
 }
-
-namespace {
-
-QString cancelText()
-{
-    return translate("TXT_RID_SOFTKEY_CANCEL", "Cancel");
-}
-
-} // namespace
 
 YSoftKey* addSoftKeys(YKbMainWidget* page, YOptionsMenu* menu, const char* member)
 {

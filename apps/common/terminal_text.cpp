@@ -61,6 +61,26 @@ std::string jsonEscape(const base::Utf8Character& c)
     return escaped;
 }
 
+std::size_t columnsOf(const base::Utf8Character& c)
+{
+    return c.code < 0x80 ? 1U : static_cast<std::size_t>(wideWidth(c.code));
+}
+
+// How many bytes of the text fit into so many columns.
+std::size_t fitting(std::string_view text, std::size_t columns)
+{
+    std::size_t bytes = 0;
+    std::size_t width = 0;
+    while (bytes < text.size()) {
+        const base::Utf8Character c = base::firstCharacter(text.substr(bytes));
+        width += columnsOf(c);
+        if (width > columns)
+            break;
+        bytes += c.length == 0 ? 1 : c.length;
+    }
+    return bytes;
+}
+
 } // namespace
 
 std::string printable(std::string_view text)
@@ -108,30 +128,6 @@ std::string printableJson(std::string_view document)
     }
     return result;
 }
-
-namespace {
-
-std::size_t columnsOf(const base::Utf8Character& c)
-{
-    return c.code < 0x80 ? 1U : static_cast<std::size_t>(wideWidth(c.code));
-}
-
-// How many bytes of the text fit into so many columns.
-std::size_t fitting(std::string_view text, std::size_t columns)
-{
-    std::size_t bytes = 0;
-    std::size_t width = 0;
-    while (bytes < text.size()) {
-        const base::Utf8Character c = base::firstCharacter(text.substr(bytes));
-        width += columnsOf(c);
-        if (width > columns)
-            break;
-        bytes += c.length == 0 ? 1 : c.length;
-    }
-    return bytes;
-}
-
-} // namespace
 
 std::size_t displayWidth(std::string_view text)
 {

@@ -64,6 +64,15 @@ const std::array<Field, fieldCount> table = {{
 
 #undef PLACE
 
+// The record is little-endian wherever it is read.
+uint32_t littleEndian(const unsigned char* bytes, std::size_t width)
+{
+    uint32_t value = 0;
+    for (std::size_t i = width; i-- > 0;)
+        value = value << 8 | bytes[i];
+    return value;
+}
+
 } // namespace
 
 const std::array<Field, fieldCount>& fields()
@@ -93,19 +102,6 @@ unsigned char* bytesOf(const Field& field, NetworkProfile& record)
 {
     return reinterpret_cast<unsigned char*>(&record) + field.offset;
 }
-
-namespace {
-
-// The record is little-endian wherever it is read.
-uint32_t littleEndian(const unsigned char* bytes, std::size_t width)
-{
-    uint32_t value = 0;
-    for (std::size_t i = width; i-- > 0;)
-        value = value << 8 | bytes[i];
-    return value;
-}
-
-} // namespace
 
 uint32_t numberOf(const Field& field, const NetworkProfile& record)
 {

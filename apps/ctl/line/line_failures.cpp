@@ -138,20 +138,7 @@ std::string problemOf(const CLI::ParseError& error)
            " takes a value: " + text.substr(value, text.find(' ', value) - value);
 }
 
-} // namespace
-
-std::vector<std::string> optionNames(const CLI::App& app)
-{
-    std::vector<std::string> names;
-    for (const CLI::Option* option : app.get_options())
-        for (const std::string& name : option->get_lnames())
-            names.push_back("--" + name);
-    return names;
-}
-
 using Children = std::vector<const CLI::App*>;
-
-namespace {
 
 Children childrenOf(const CLI::App& app)
 {
@@ -179,6 +166,15 @@ Failure noCommand(const CLI::App& app, const CLI::App& at, const std::string& wo
 }
 
 } // namespace
+
+std::vector<std::string> optionNames(const CLI::App& app)
+{
+    std::vector<std::string> names;
+    for (const CLI::Option* option : app.get_options())
+        for (const std::string& name : option->get_lnames())
+            names.push_back("--" + name);
+    return names;
+}
 
 void checkCommandWords(const CLI::App& app, const std::vector<std::string>& words)
 {

@@ -23,6 +23,17 @@ std::string added(const std::string& source, const JsonNode& root, const std::st
     return source.substr(0, last + 1) + ',' + lead + member + source.substr(last + 1);
 }
 
+// The next member moves into the place of this one; behind the last one its comma goes.
+std::string removed(const std::string& source, const JsonName& name, const JsonNode& value)
+{
+    const std::size_t before = source.find_last_not_of(blanks, name.begin - 1);
+    const std::size_t after = source.find_first_not_of(blanks, value.end);
+    if (source[after] == ',')
+        return source.substr(0, name.begin) +
+               source.substr(source.find_first_not_of(blanks, after + 1));
+    return source.substr(0, source[before] == ',' ? before : before + 1) + source.substr(value.end);
+}
+
 } // namespace
 
 std::string JsonDocument::withMember(const std::string& name, const std::string& literal) const
@@ -38,21 +49,6 @@ std::string JsonDocument::withMember(const std::string& name, const std::string&
     std::string changed = m_tree->source;
     return changed.replace(present->begin, present->end - present->begin, literal);
 }
-
-namespace {
-
-// The next member moves into the place of this one; behind the last one its comma goes.
-std::string removed(const std::string& source, const JsonName& name, const JsonNode& value)
-{
-    const std::size_t before = source.find_last_not_of(blanks, name.begin - 1);
-    const std::size_t after = source.find_first_not_of(blanks, value.end);
-    if (source[after] == ',')
-        return source.substr(0, name.begin) +
-               source.substr(source.find_first_not_of(blanks, after + 1));
-    return source.substr(0, source[before] == ',' ? before : before + 1) + source.substr(value.end);
-}
-
-} // namespace
 
 std::string JsonDocument::withoutMember(const std::string& name) const
 {

@@ -35,6 +35,14 @@ bool isPlain(const std::string& name)
     });
 }
 
+// A JSON text, with its quotes, as the text that it stands for.
+std::string decoded(const std::string& literal)
+{
+    if (literal.find('\\') == std::string::npos)
+        return literal.substr(1, literal.size() - 2);
+    return nlohmann::json::parse(literal).get<std::string>();
+}
+
 } // namespace
 
 std::string memberKey(const std::string& key, const std::string& name)
@@ -52,18 +60,6 @@ std::string literalOf(const std::string& text)
     const std::string literal = value.dump(-1, ' ', false, Json::error_handler_t::ignore);
     return text.size() > longest ? literal + "..." : literal;
 }
-
-namespace {
-
-// A JSON text, with its quotes, as the text that it stands for.
-std::string decoded(const std::string& literal)
-{
-    if (literal.find('\\') == std::string::npos)
-        return literal.substr(1, literal.size() - 2);
-    return nlohmann::json::parse(literal).get<std::string>();
-}
-
-} // namespace
 
 std::string JsonTree::nameOf(const JsonNode& member) const
 {

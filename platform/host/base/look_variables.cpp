@@ -63,6 +63,21 @@ bool isScreen(std::string_view value)
     return readScreenSize(value, width, height);
 }
 
+std::string_view variable(const char* name)
+{
+    const char* value = std::getenv(name);
+    return value ? value : "";
+}
+
+// Digits alone, at most four, so that no side overflows.
+bool readSide(std::string_view text, int& side)
+{
+    const char* end = text.data() + text.size();
+    const auto [stop, error] = std::from_chars(text.data(), end, side);
+    return !text.empty() && text.size() <= 4 && text[0] != '-' && error == std::errc() &&
+           stop == end && side >= smallestSide && side <= largestSide;
+}
+
 } // namespace
 
 const std::array<LookVariable, 8> lookVariables = {{
@@ -75,16 +90,6 @@ const std::array<LookVariable, 8> lookVariables = {{
     {"VORN_SCREEN", "WIDTHxHEIGHT, each 160 to 4096, for instance 240x320", isScreen},
     {"VORN_BODY", "desk, screen or web", isBody},
 }};
-
-namespace {
-
-std::string_view variable(const char* name)
-{
-    const char* value = std::getenv(name);
-    return value ? value : "";
-}
-
-} // namespace
 
 std::string lookValue(std::string_view name)
 {
@@ -106,19 +111,6 @@ std::string lookComplaint(const LookVariable& known)
         shown += "...";
     return std::string(known.name) + "=" + shown + " is ignored; it may be " + known.known;
 }
-
-namespace {
-
-// Digits alone, at most four, so that no side overflows.
-bool readSide(std::string_view text, int& side)
-{
-    const char* end = text.data() + text.size();
-    const auto [stop, error] = std::from_chars(text.data(), end, side);
-    return !text.empty() && text.size() <= 4 && text[0] != '-' && error == std::errc() &&
-           stop == end && side >= smallestSide && side <= largestSide;
-}
-
-} // namespace
 
 bool readScreenSize(std::string_view text, int& width, int& height)
 {

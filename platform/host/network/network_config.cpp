@@ -53,16 +53,6 @@ bool same(const timespec& a, const timespec& b)
     return a.tv_sec == b.tv_sec && a.tv_nsec == b.tv_nsec;
 }
 
-} // namespace
-
-static bool operator==(const FileVersion& a, const FileVersion& b)
-{
-    return a.path == b.path && a.device == b.device && a.inode == b.inode && a.size == b.size &&
-           same(a.modified, b.modified) && same(a.changed, b.changed);
-}
-
-namespace {
-
 // Where the root is no folder, the call that needs it says so.
 bool isMissing(int error)
 {
@@ -96,6 +86,12 @@ void read(const FileVersion& version, Cache* cache)
 }
 
 } // namespace
+
+static bool operator==(const FileVersion& a, const FileVersion& b)
+{
+    return a.path == b.path && a.device == b.device && a.inode == b.inode && a.size == b.size &&
+           same(a.modified, b.modified) && same(a.changed, b.changed);
+}
 
 std::shared_ptr<const NetworkConfig> networkConfig()
 {

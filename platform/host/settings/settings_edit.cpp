@@ -36,12 +36,8 @@ mode_t modeOf(const std::string& path)
     return stat(path.c_str(), &status) == 0 ? status.st_mode & 0777 : 0644;
 }
 
-} // namespace
-
 // What a file is to hold, made of what it holds; "" when there is nothing to be changed in it.
 typedef std::function<std::string(const JsonDocument&)> Edit;
-
-namespace {
 
 Result change(const std::string& path, const Edit& edit, const Result& ifUnchanged)
 {

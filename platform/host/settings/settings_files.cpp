@@ -56,23 +56,6 @@ Result checkFolder(const std::string& path)
     return {codeOf(errno), path + ": " + std::strerror(errno)};
 }
 
-} // namespace
-
-Result checkRoot()
-{
-    const std::string root = base::rootFolder();
-    if (root.empty())
-        return {Code::Root, "no folder stands for the phone's file system: set VORN_ROOT"};
-    if (root.front() != '/')
-        return {Code::Root, "VORN_ROOT is not an absolute path: " + root};
-    for (const std::string& folder : {root, root + "/etc"})
-        if (Result result = checkFolder(folder); !result.isOk())
-            return result;
-    return {};
-}
-
-namespace {
-
 std::string complaint(const JsonDocument& document, const JsonValue& value,
                       const std::string& expected, const std::string& used)
 {
@@ -85,29 +68,6 @@ Code codeOfUnreadable(int error)
 {
     return error == 0 || codeOf(error) == Code::Root ? Code::Broken : codeOf(error);
 }
-
-} // namespace
-
-Result checkDocument(const JsonDocument& document, const std::string& used)
-{
-    switch (document.state()) {
-    case JsonDocument::State::Missing:
-        return {};
-    case JsonDocument::State::Unreadable:
-        return {codeOfUnreadable(document.error()),
-                base::describe(document.path(), document.refusal())};
-    case JsonDocument::State::Broken:
-        return {Code::Broken, base::describe(document.path(), document.refusal())};
-    case JsonDocument::State::Good:
-        break;
-    }
-    const JsonValue root = document.root();
-    if (root.kind() == JsonKind::Object)
-        return {};
-    return {Code::Broken, complaint(document, root, "an object", used)};
-}
-
-namespace {
 
 // An integer that means nothing is still read, as it is on the phone.
 std::string ignoredValue(const JsonDocument& document, const std::string& name,
@@ -142,6 +102,38 @@ void shorten(Leaf& leaf)
 }
 
 } // namespace
+
+Result checkRoot()
+{
+    const std::string root = base::rootFolder();
+    if (root.empty())
+        return {Code::Root, "no folder stands for the phone's file system: set VORN_ROOT"};
+    if (root.front() != '/')
+        return {Code::Root, "VORN_ROOT is not an absolute path: " + root};
+    for (const std::string& folder : {root, root + "/etc"})
+        if (Result result = checkFolder(folder); !result.isOk())
+            return result;
+    return {};
+}
+
+Result checkDocument(const JsonDocument& document, const std::string& used)
+{
+    switch (document.state()) {
+    case JsonDocument::State::Missing:
+        return {};
+    case JsonDocument::State::Unreadable:
+        return {codeOfUnreadable(document.error()),
+                base::describe(document.path(), document.refusal())};
+    case JsonDocument::State::Broken:
+        return {Code::Broken, base::describe(document.path(), document.refusal())};
+    case JsonDocument::State::Good:
+        break;
+    }
+    const JsonValue root = document.root();
+    if (root.kind() == JsonKind::Object)
+        return {};
+    return {Code::Broken, complaint(document, root, "an object", used)};
+}
 
 Result readLeaves(std::vector<Leaf>* leaves, const std::string& used)
 {

@@ -26,31 +26,6 @@ bool isUnsupported(int error)
     return error == EINVAL || error == ENOSYS;
 }
 
-} // namespace
-
-int moveToFree(Place from, Place to)
-{
-    int error = moveWith(RENAME_NOREPLACE, from, to);
-    if (!isUnsupported(error))
-        return error;
-    struct stat status;
-    if (fstatat(to.folder, to.name, &status, AT_SYMLINK_NOFOLLOW) == 0)
-        return EEXIST;
-    // Should another program put a profile there in this instant, the move is refused all the same:
-    // a folder does not replace one with something in it.
-    return moveWith(0, from, to);
-}
-
-int swapIn(Place from, Place to)
-{
-    int error = moveWith(RENAME_EXCHANGE, from, to);
-    if (error == ENOENT || isUnsupported(error))
-        return moveWith(0, from, to);
-    return error;
-}
-
-namespace {
-
 int removeAllBut(int folder, const char* kept)
 {
     std::vector<Entry> entries;
@@ -73,6 +48,27 @@ base::UniqueFd openFolderAt(Place place)
 }
 
 } // namespace
+
+int moveToFree(Place from, Place to)
+{
+    int error = moveWith(RENAME_NOREPLACE, from, to);
+    if (!isUnsupported(error))
+        return error;
+    struct stat status;
+    if (fstatat(to.folder, to.name, &status, AT_SYMLINK_NOFOLLOW) == 0)
+        return EEXIST;
+    // Should another program put a profile there in this instant, the move is refused all the same:
+    // a folder does not replace one with something in it.
+    return moveWith(0, from, to);
+}
+
+int swapIn(Place from, Place to)
+{
+    int error = moveWith(RENAME_EXCHANGE, from, to);
+    if (error == ENOENT || isUnsupported(error))
+        return moveWith(0, from, to);
+    return error;
+}
 
 int removeTree(Place place)
 {

@@ -26,11 +26,7 @@ base::UniqueFd openProfile(int folder, const std::string& name)
     }));
 }
 
-} // namespace
-
 enum class Look { Usable, Unusable, Gone };
-
-namespace {
 
 Look lookAt(int folder, const std::string& name)
 {
@@ -62,27 +58,6 @@ bool pickUsable(int folder, const std::vector<Entry>& entries, std::vector<std::
     }
     return areAllThere;
 }
-
-} // namespace
-
-int listProfiles(std::vector<std::string>* names)
-{
-    base::UniqueFd folder;
-    std::vector<Entry> entries;
-    names->clear();
-    if (int result = openStore(&folder); result != NAPI_OK || !folder.isOpen())
-        return result;
-    for (int look = 0; look < looks; ++look) {
-        if (int error = readEntries(folder.get(), &entries))
-            return network::fileResult(error);
-        if (pickUsable(folder.get(), entries, names))
-            break;
-    }
-    std::sort(names->begin(), names->end());
-    return NAPI_OK;
-}
-
-namespace {
 
 // Tells whether `name` still stands for the folder that was opened under it.
 bool isStillNamed(int store, const std::string& name, int profile)
@@ -138,6 +113,23 @@ int openRecord(const std::string& name, base::UniqueFd* record)
 }
 
 } // namespace
+
+int listProfiles(std::vector<std::string>* names)
+{
+    base::UniqueFd folder;
+    std::vector<Entry> entries;
+    names->clear();
+    if (int result = openStore(&folder); result != NAPI_OK || !folder.isOpen())
+        return result;
+    for (int look = 0; look < looks; ++look) {
+        if (int error = readEntries(folder.get(), &entries))
+            return network::fileResult(error);
+        if (pickUsable(folder.get(), entries, names))
+            break;
+    }
+    std::sort(names->begin(), names->end());
+    return NAPI_OK;
+}
 
 int checkProfile(const std::string& name)
 {

@@ -36,6 +36,11 @@ base::UniqueFd openFolderIn(int folder, const char* name)
         [&] { return openat(folder, name, O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC); }));
 }
 
+bool isBack(int error)
+{
+    return error == 0 || error == base::notSynced;
+}
+
 } // namespace
 
 int ProfileWriter::open(IfMissing ifMissing)
@@ -187,15 +192,6 @@ int ProfileWriter::modify(const std::string& name, const NetworkProfile& record)
     discardPending();
     return network::fileResult(error);
 }
-
-namespace {
-
-bool isBack(int error)
-{
-    return error == 0 || error == base::notSynced;
-}
-
-} // namespace
 
 // Where the disk has not confirmed the new name, the record stays behind it for the next writer, so
 // that a loss of power brings back the whole profile or nothing.

@@ -22,11 +22,7 @@ namespace {
 const char restoreOrDelete[] = "restore it from a copy, or delete the profile";
 const char givePermission[] = "give its owner the permission to read it";
 
-} // namespace
-
 using napihost::Finding;
-
-namespace {
 
 Finding outOfReach(const std::string& path, int error)
 {
