@@ -21,8 +21,9 @@ int main(int argc, char** argv)
     list->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
     list->setModel(&model);
     layout->addWidget(list);
+    PaintWatch watch(*list->viewport());
     window.show();
-    list->viewport()->repaint();
+    watch.wait();
     report(sinceStart(), *list);
     return 0;
 }

@@ -21,9 +21,10 @@ int main(int argc, char** argv)
     auto* display = new phone::Display;
     layout->addWidget(display);
     phone::Phone program(display);
-    window.show();
     auto* list = program.home().findChild<phone::CardList*>();
-    list->viewport()->repaint();
+    PaintWatch watch(*list->viewport());
+    window.show();
+    watch.wait();
     report(sinceStart(), *list);
     return 0;
 }

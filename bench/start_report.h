@@ -8,6 +8,7 @@
 #include <vector>
 
 #include <QAbstractItemView>
+#include <QApplication>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QScrollBar>
@@ -35,6 +36,29 @@ inline long memoryShare()
     return 0;
 }
 
+// Hears that a widget is painted.
+class PaintWatch : public QObject
+{
+public:
+    explicit PaintWatch(QWidget& widget) { widget.installEventFilter(this); }
+
+    // Serves the event loop until the widget was painted.
+    void wait()
+    {
+        while (!m_isPainted)
+            QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    }
+
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        m_isPainted = m_isPainted || event->type() == QEvent::Paint;
+        return false;
+    }
+
+private:
+    bool m_isPainted = false;
+};
+
 // Scrolls through the whole list by a finger's steps; the time that each frame takes, in
 // milliseconds, in ascending order.
 inline std::vector<double> frameTimes(QAbstractItemView& list)
@@ -47,6 +71,7 @@ inline std::vector<double> frameTimes(QAbstractItemView& list)
         timer.start();
         bar->setValue(at);
         list.viewport()->repaint();
+        QApplication::processEvents();
         times.push_back(double(timer.nsecsElapsed()) / 1e6);
     }
     std::sort(times.begin(), times.end());

@@ -1,8 +1,8 @@
 #include "home/profilemodel.h"
 
 #include <algorithm>
-
-#include <QDir>
+#include <filesystem>
+#include <system_error>
 
 #include <napi.h>
 #include <network/napi_host.h>
@@ -39,15 +39,10 @@ int ProfileModel::refresh()
 {
     beginResetModel();
     m_rows.clear();
-    unsigned int count = 0;
-    int result = NAPI_ListAllProfile(nullptr, &count);
-    // A little more room, for profiles that come meanwhile.
-    std::vector<char> names;
-    if (result >= 0) {
-        count += 16;
-        names.resize(std::size_t(count) * NAPI_PROFILE_NAME_SLOT);
-        result = NAPI_ListAllProfile(names.data(), &count);
-    }
+    // One call: each looks at every profile.
+    unsigned int count = NAPI_GetMaxProfiles();
+    std::vector<char> names(std::size_t(count) * NAPI_PROFILE_NAME_SLOT);
+    const int result = NAPI_ListAllProfile(names.data(), &count);
     if (result >= 0) {
         m_rows.reserve(count);
         for (std::size_t i = 0; i < count; ++i)
@@ -63,19 +58,21 @@ int ProfileModel::refresh()
 void ProfileModel::appendDamaged()
 {
     const auto listed = std::ptrdiff_t(m_rows.size());
-    const QDir store(QString::fromStdString(napihost::profilesFolder()));
-    const QStringList entries =
-        store.entryList(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::System, QDir::Name);
-    for (const QString& entry : entries) {
-        const QByteArray name = entry.toUtf8();
-        const auto found = std::lower_bound(
-            m_rows.begin(), m_rows.begin() + listed, name,
-            [](const Row& row, const QByteArray& sought) { return row.name < sought; });
-        if (found != m_rows.begin() + listed && found->name == name)
-            continue;
-        if (NAPI_IsProfileValid(name.constData()) == NAPI_ERR_DAMAGED)
-            m_rows.push_back({name, true, false, {}, {}});
+    const auto before = [](const Row& row, const QByteArray& sought) { return row.name < sought; };
+    std::vector<QByteArray> damaged;
+    std::error_code error;
+    std::filesystem::directory_iterator entry(napihost::profilesFolder(), error);
+    for (; !error && entry != std::filesystem::directory_iterator(); entry.increment(error)) {
+        const QByteArray name = QByteArray::fromStdString(entry->path().filename().native());
+        const auto end = m_rows.begin() + listed;
+        const auto found = std::lower_bound(m_rows.begin(), end, name, before);
+        if ((found == end || found->name != name) &&
+            NAPI_IsProfileValid(name.constData()) == NAPI_ERR_DAMAGED)
+            damaged.push_back(name);
     }
+    std::sort(damaged.begin(), damaged.end());
+    for (const QByteArray& name : damaged)
+        m_rows.push_back({name, true, false, {}, {}});
 }
 
 QString ProfileModel::name(int row) const
