@@ -31,6 +31,7 @@ inline const VornCode& vornFindCode(const VornCode* codes, unsigned int count, i
     return codes[at];
 }
 
+// The entry of a result; every positive result has that of 0.
 inline const VornCode& vornResult(int result)
 {
     static const VornCode codes[] = {
@@ -65,6 +66,7 @@ inline const VornCode& vornResult(int result)
     return vornFindCode(codes, sizeof codes / sizeof codes[0], result > 0 ? 0 : result);
 }
 
+// The entry of a cause.
 inline const VornCode& vornCause(int cause)
 {
     static const VornCode codes[] = {
@@ -101,6 +103,7 @@ inline const char* vornResultName(int result)
     return vornResult(result).name;
 }
 
+// The text of a result, for instance "no such profile".
 inline const char* vornResultText(int result)
 {
     return vornResult(result).text;
@@ -112,6 +115,7 @@ inline const char* vornCauseName(int cause)
     return vornCause(cause).name;
 }
 
+// The text of a cause, for instance "no network in reach".
 inline const char* vornCauseText(int cause)
 {
     return vornCause(cause).text;

@@ -57,11 +57,13 @@ enum DmtType {
 class VORN_PLATFORM_API DmtStatus
 {
 public:
+    // `message` is copied; null stands for "".
     explicit DmtStatus(int code = DMT_OK, const char* message = "");
     DmtStatus(const DmtStatus& other);
     DmtStatus& operator=(const DmtStatus& other);
     ~DmtStatus();
 
+    // A DmtCode.
     int GetCode() const;
 
     // Never null; "" when there is nothing to say. Valid until the message is set or the status
@@ -87,6 +89,7 @@ public:
     DmtPrincipal& operator=(const DmtPrincipal& other);
     ~DmtPrincipal();
 
+    // The name is copied; null stands for "".
     void SetName(const char* name);
     const char* GetName() const; // never null
 
@@ -101,19 +104,23 @@ class VORN_PLATFORM_API DmtData
 {
 public:
     DmtData(); // of type DMT_TYPE_NONE
+    // A copy has a text of its own.
     DmtData(const DmtData& other);
     DmtData& operator=(const DmtData& other);
     ~DmtData();
 
     int GetType() const; // a DmtType
 
+    // A value of type DMT_TYPE_INTEGER.
     DmtStatus GetInt(int& value) const;
 
     // The text belongs to this value and is valid until it is assigned to or goes.
     DmtStatus GetString(const char*& text) const;
 
+    // A value of type DMT_TYPE_BOOL.
     DmtStatus GetBool(bool& value) const;
 
+    // Each replaces the value and its type.
     void SetInt(int value);
     void SetString(const char* text); // copied; null stands for ""
     void SetBool(bool value);
@@ -170,10 +177,12 @@ class VORN_PLATFORM_API DmtNodeHandle
 {
 public:
     DmtNodeHandle(); // empty
+    // A copy holds the same node.
     DmtNodeHandle(const DmtNodeHandle& other);
     DmtNodeHandle& operator=(const DmtNodeHandle& other);
     ~DmtNodeHandle(); // as Release()
 
+    // Whether it holds nothing.
     bool IsEmpty() const;
 
     // The node; null when empty.
@@ -192,15 +201,18 @@ class VORN_PLATFORM_API DmtTreeHandle
 {
 public:
     DmtTreeHandle(); // empty
+    // A copy holds the same tree.
     DmtTreeHandle(const DmtTreeHandle& other);
     DmtTreeHandle& operator=(const DmtTreeHandle& other);
     ~DmtTreeHandle(); // as Release()
 
+    // Whether it holds nothing.
     bool IsEmpty() const;
 
     // The tree; null when empty.
     DmtTree* operator->() const;
 
+    // Gives the reference up; the handle is empty afterwards. Does nothing when it is empty.
     void Release();
 
 private:

@@ -14,6 +14,7 @@
 
 #include "platform_export.h"
 
+// What the calls give beside positive numbers.
 enum NapiResult {
     NAPI_OK = 0,
     // No room: the disk or the quota is full, or NAPI_GetMaxProfiles() profiles exist already.
@@ -82,7 +83,7 @@ struct NetworkProfile
     uint32_t flags;         // NAPI_PREFER_MASK: the connection preference; all other bits are kept
     char gprsApn[100];      // access point name (3GPP TS 23.003, clause 9)
     char gprsUserName[100]; // for PAP and CHAP towards the access point
-    char gprsPassword[100];
+    char gprsPassword[100]; // the same
     uint8_t kept308[4];
     uint32_t gprsDns1;    // IPv4 address or 0
     uint32_t gprsDns2;    // IPv4 address or 0
@@ -91,7 +92,7 @@ struct NetworkProfile
     uint8_t qosPolicy;    // 0 data, 1 voice
     char csdNumber[44];   // number to dial for a circuit-switched call
     char csdUserName[64]; // for PAP and CHAP on the dialled line
-    char csdPassword[64];
+    char csdPassword[64]; // the same
     uint8_t kept553[7];
     uint32_t csdDns1;    // IPv4 address or 0
     uint32_t csdDns2;    // IPv4 address or 0
@@ -99,14 +100,14 @@ struct NetworkProfile
     uint8_t kept570;
     uint8_t csdSpeed; // bearer speed code of +CBST (3GPP TS 27.007, clause 6.7), 0 = automatic
     uint8_t kept572[188];
-    char proxy1[100];
-    uint16_t port1; // 0 = none
-    char domain1[100];
+    char proxy1[100];  // host name or address of the first proxy
+    uint16_t port1;    // 0 = none
+    char domain1[100]; // what it serves
     uint8_t kept962;
-    char proxy2[100];
+    char proxy2[100]; // the second proxy
     uint8_t kept1063;
-    uint16_t port2; // 0 = none
-    char domain2[100];
+    uint16_t port2;    // 0 = none
+    char domain2[100]; // what it serves
     uint8_t kept1166[2];
 };
 

@@ -17,6 +17,7 @@ class VORN_PLATFORM_API YApplication : public QApplication
     Q_OBJECT
 
 public:
+    // As QApplication; the arguments live as long as the application does.
     YApplication(int& argc, char** argv);
     ~YApplication();
 

@@ -28,6 +28,7 @@ public:
     YComboBox(QWidget* parent, const char* name, bool titled);
     ~YComboBox();
 
+    // The text at the left of the row; the value stands at its right.
     void setTitle(const QString& title);
     QString title() const;
 

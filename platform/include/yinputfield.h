@@ -50,6 +50,7 @@ public:
     QString keypadText() const;
 
 signals:
+    // What keypadText() gives has changed.
     void keypadTextChanged();
 
 protected:

@@ -41,6 +41,7 @@ public:
     void setLabel(const QString& label);
     QString label() const;
 
+    // What has been typed or set, without the label.
     QString text() const;
 
     // The number of QChars that can be typed or set; 32767 unless set. A longer text is cut.
@@ -85,8 +86,11 @@ public:
 
 public slots:
     void setEnabled(bool enabled);
+    // Replaces the text, cut to maxLength(); also by one that the validator would refuse.
     void setText(const QString& text);
+    // Makes the text empty.
     void clear();
+    // Selects the whole text, which the next key replaces.
     void selectAll();
 
 signals:

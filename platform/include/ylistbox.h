@@ -24,6 +24,7 @@ class VORN_PLATFORM_API YListBox : public QWidget
     Q_OBJECT
 
 public:
+    // `name` is the object name or null; `flags` is 0.
     YListBox(QWidget* parent, const char* name, YWidgetFlags flags);
     // Deletes the items.
     ~YListBox();
@@ -41,6 +42,7 @@ public:
     void removeItem(int index);
     void clear();
 
+    // The number of rows.
     int count() const;
     // The row's item, owned by the list; null for an index that is no row.
     YListBoxItem* item(int index) const;

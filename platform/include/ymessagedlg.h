@@ -22,6 +22,7 @@ public:
                 QWidget* parent, const char* name, bool modal, YWidgetFlags flags);
     ~YMessageDlg();
 
+    // The text that it was made with.
     QString text() const;
 
 protected:

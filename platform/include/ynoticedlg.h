@@ -17,6 +17,7 @@ class VORN_PLATFORM_API YNoticeDlg : public YPopup
     Q_OBJECT
 
 public:
+    // What is told: it decides the picture beside the text.
     enum NoticeType { Success = 0, Failure = 1 };
 
     // `noticeType` is a NoticeType; `flags` is 0. An empty title takes no room.
@@ -24,6 +25,7 @@ public:
                const char* name, bool modal, YWidgetFlags flags);
     ~YNoticeDlg();
 
+    // The text that it was made with.
     QString text() const;
 
 protected:

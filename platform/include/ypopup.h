@@ -41,6 +41,7 @@ public:
         ProgressStyle = 464
     };
 
+    // What exec() gives.
     enum Result { Cancelled = 0, Accepted = 1 };
 
     // `type` is UsualType. `parent` is who deletes the popup, or null: the popup is a layer of

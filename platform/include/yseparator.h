@@ -34,6 +34,7 @@ public:
     // When true, the separator takes the height of its caption at once, also outside of a form.
     void setAutoResize(bool enable);
 
+    // Whether it is shown as switched on; true unless setEnabled() was told otherwise.
     bool isYEnabled() const;
 
     QSize sizeHint() const;

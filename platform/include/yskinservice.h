@@ -6,6 +6,7 @@
 // widget keeps the look of its own class.
 struct YSkinService
 {
+    // The ids; the numbers are those that programs were compiled with.
     enum WidgetClsID {
         DefaultClass = 0,
         AppInfoArea = 3,

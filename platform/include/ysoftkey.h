@@ -25,6 +25,7 @@ class VORN_PLATFORM_API YSoftKey : public QWidget
     Q_OBJECT
 
 public:
+    // The keys of the bar.
     enum Button { Left = 0, Right = 1 };
 
     // `layout` names the arrangement of the bar; "CST_2A", two keys, is the only one. `keyReceiver`
