@@ -56,6 +56,8 @@ class InARealBrowser(PhoneTest):
         pictures = pathlib.Path(self.programs["pictures"])
         self.browser.picture(pictures / "browser-home.png")
         self.press_and_see("F1")
+        # Below what connects.
+        self.press_and_see("Down", "Down")
         self.press_and_see("Return")
         # Down to the access point, with which there is something to save.
         self.press_and_see("Down", "Down", "Down", "Down")

@@ -20,8 +20,8 @@ TEXT = DOCUMENT.read_text(encoding="utf-8")
 READER = {"WORDS": "laboratory", "NAME": "Internet", "apn=...": "apn=internet.example", "user=...": "user=ursula",
           "--pin=PIN": "--pin=1234"}
 
-# Commands that are for another machine than a laboratory: packages, the units of systemd, its journal.
-ELSEWHERE = ("sudo ", "journalctl ")
+# Commands that are for another machine than a laboratory: packages, the units of systemd, its journal, WiFi.
+ELSEWHERE = ("sudo ", "journalctl ", "nmcli device disconnect wlan0")
 
 
 def blocks(language):
@@ -31,7 +31,7 @@ def blocks(language):
 def as_typed(line):
     for word, typed in READER.items():
         line = line.replace(word, typed)
-    return line.partition(" #")[0].strip()
+    return " ".join(line.partition(" #")[0].split())
 
 
 class Document(programs.Programs):

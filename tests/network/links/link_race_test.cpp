@@ -134,6 +134,9 @@ TEST_F(LinkRace, UsersMayComeAndGoAtAnyTime)
     EXPECT_EQ(NAPI_Fini(), -201);
 }
 
+// The allocator of AddressSanitizer leaves its own locks locked in a child, which then waits for
+// ever.
+#ifndef __SANITIZE_ADDRESS__
 // What a forked child can do: it has no network API, and may start its own.
 bool childGoesOn()
 {
@@ -173,5 +176,6 @@ TEST_F(LinkRace, ChildrenMayBeForkedAtAnyTime)
     EXPECT_EQ(children, wanted);
     std::cout << children << " children\n";
 }
+#endif
 
 } // namespace
