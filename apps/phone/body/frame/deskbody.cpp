@@ -73,8 +73,8 @@ DeskBody::DeskBody(QWidget* display, Room room) : m_display(display), m_usual(us
 
 void DeskBody::addKeys()
 {
-    for (const PhoneKeySpec& spec : phoneKeys) {
-        auto* key = new KeyButton(this, spec);
+    for (const CaseKey& entry : phoneKeys) {
+        auto* key = new KeyButton(this, entry);
         connect(key, &KeyButton::wentDown, this,
                 [this, key](bool repeated) { send(*key, QEvent::KeyPress, repeated); });
         connect(key, &KeyButton::wentUp, this,
@@ -92,17 +92,17 @@ void DeskBody::send(const KeyButton& key, QEvent::Type type, bool repeated)
         window = windowHandle();
     if (!window)
         return;
-    const PhoneKeySpec& spec = key.spec();
-    const QString text = spec.keypad ? QString::fromUtf8(spec.face) : QString();
+    const CaseKey& entry = key.entry();
+    const QString text = entry.keypad ? QString::fromUtf8(entry.face) : QString();
     QCoreApplication::postEvent(
-        window, new QKeyEvent(type, spec.key, spec.keypad ? Qt::KeypadModifier : Qt::NoModifier,
+        window, new QKeyEvent(type, entry.key, entry.keypad ? Qt::KeypadModifier : Qt::NoModifier,
                               text, repeated));
 }
 
 void DeskBody::showPressed(int key, bool pressed)
 {
     for (KeyButton* button : m_buttons)
-        if (button->spec().key == phoneKeyOf(key))
+        if (button->entry().key == phoneKeyOf(key))
             button->setShownPressed(pressed);
 }
 
@@ -139,7 +139,7 @@ void DeskBody::resizeEvent(QResizeEvent*)
     m_layout = CaseLayout::in(size(), m_usual, m_keys);
     m_display->setGeometry(m_layout.display);
     for (KeyButton* key : m_buttons) {
-        key->setGeometry(m_layout.onField(key->spec().place).toAlignedRect());
+        key->setGeometry(m_layout.onField(key->entry().place).toAlignedRect());
         key->setScale(m_layout.scale);
     }
 }

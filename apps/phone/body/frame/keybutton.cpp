@@ -22,12 +22,12 @@ constexpr double smallLetters = 10.5;
 
 } // namespace
 
-KeyButton::KeyButton(QWidget* parent, const PhoneKeySpec& spec)
-    : QAbstractButton(parent), m_spec(spec)
+KeyButton::KeyButton(QWidget* parent, const CaseKey& entry)
+    : QAbstractButton(parent), m_entry(entry)
 {
-    setObjectName(QString::fromUtf8(spec.name));
-    setAccessibleName(QString::fromUtf8(spec.name));
-    setAccessibleDescription(QString::fromUtf8(spec.hint));
+    setObjectName(QString::fromUtf8(entry.name));
+    setAccessibleName(QString::fromUtf8(entry.name));
+    setAccessibleDescription(QString::fromUtf8(entry.hint));
     setFocusPolicy(Qt::NoFocus);
     setCursor(Qt::PointingHandCursor);
     connect(this, &QAbstractButton::pressed, this, &KeyButton::goDown);
@@ -49,7 +49,7 @@ void KeyButton::setShownPressed(bool pressed)
 // The arrows share the corners of the plate, which belong to none of them.
 bool KeyButton::hitButton(const QPoint& point) const
 {
-    if (m_spec.shape != KeyShape::Disc)
+    if (m_entry.shape != KeyShape::Disc)
         return rect().contains(point);
     QPainterPath disc;
     disc.addEllipse(rect());
@@ -86,7 +86,7 @@ void KeyButton::paintEvent(QPaintEvent*)
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     paintGround(painter);
-    if (m_spec.shape == KeyShape::Arrow)
+    if (m_entry.shape == KeyShape::Arrow)
         paintArrow(painter);
     else
         paintFace(painter);
@@ -97,7 +97,7 @@ void KeyButton::paintGround(QPainter& painter) const
     const CaseLook look = CaseLook::current();
     const bool pressed = isDown() || m_isShownPressed;
     const QRectF area = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
-    if (m_spec.shape == KeyShape::Arrow) {
+    if (m_entry.shape == KeyShape::Arrow) {
         const double side = std::min(area.width(), area.height()) - 2;
         QRectF spot(0, 0, side, side);
         spot.moveCenter(area.center());
@@ -112,7 +112,7 @@ void KeyButton::paintGround(QPainter& painter) const
     gradient.setColorAt(1, pressed ? look.pressed : look.keyBottom);
     painter.setBrush(gradient);
     painter.setPen(QPen(pressed ? look.pressed : look.keyRim, 1));
-    const double radius = m_spec.shape == KeyShape::Disc ? area.height() / 2 : keyRadius * m_scale;
+    const double radius = m_entry.shape == KeyShape::Disc ? area.height() / 2 : keyRadius * m_scale;
     painter.drawRoundedRect(area, radius, radius);
 }
 
@@ -121,12 +121,12 @@ void KeyButton::paintFace(QPainter& painter) const
     const CaseLook look = CaseLook::current();
     const bool pressed = isDown() || m_isShownPressed;
     const QRectF area = rect();
-    const QString face = QString::fromUtf8(m_spec.face);
-    const QString small = QString::fromUtf8(m_spec.keypad ? m_spec.letters : m_spec.hint);
-    const bool disc = m_spec.shape == KeyShape::Disc;
+    const QString face = QString::fromUtf8(m_entry.face);
+    const QString small = QString::fromUtf8(m_entry.keypad ? m_entry.letters : m_entry.hint);
+    const bool disc = m_entry.shape == KeyShape::Disc;
     QRectF faceArea = area;
     QRectF smallArea = area;
-    if (m_spec.keypad) { // side by side
+    if (m_entry.keypad) { // side by side
         faceArea.setRight(area.width() * 0.46);
         smallArea.setLeft(area.width() * 0.46);
     } else { // one above the other
@@ -147,7 +147,7 @@ void KeyButton::paintArrow(QPainter& painter) const
     const CaseLook look = CaseLook::current();
     const int turns[] = {270, 0, 90, 180}; // Left, Up, Right, Down, from the one that points up
     painter.translate(QRectF(rect()).center());
-    painter.rotate(turns[m_spec.key - Qt::Key_Left]);
+    painter.rotate(turns[m_entry.key - Qt::Key_Left]);
     painter.scale(m_scale, m_scale);
     QPainterPath path(QPointF(-5, 2.5));
     path.lineTo(0, -2.5);

@@ -16,10 +16,10 @@ class KeyButton : public QAbstractButton
     Q_OBJECT
 
 public:
-    // `spec` outlives the key.
-    KeyButton(QWidget* parent, const PhoneKeySpec& spec);
+    // `entry` outlives the key.
+    KeyButton(QWidget* parent, const CaseKey& entry);
 
-    const PhoneKeySpec& spec() const { return m_spec; }
+    const CaseKey& entry() const { return m_entry; }
     // How much larger than usual its letters are.
     void setScale(double scale);
     // Shows it pressed or not, when the keyboard's key is; sends nothing.
@@ -41,7 +41,7 @@ private:
     void paintFace(class QPainter& painter) const;
     void paintArrow(class QPainter& painter) const;
 
-    const PhoneKeySpec& m_spec;
+    const CaseKey& m_entry;
     double m_scale = 1;
     bool m_isHeld = false;
     bool m_isRepeating = false;

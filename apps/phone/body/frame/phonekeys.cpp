@@ -23,27 +23,25 @@ constexpr QRectF number(int column, int row)
     return {column * 91.0, firstNumberRow + row * 40.0, numberWidth, numberHeight};
 }
 
-constexpr PhoneKeySpec block(int key, const char* face, const char* hint, const char* name,
-                             QRectF place)
+constexpr CaseKey block(int key, const char* face, const char* hint, const char* name, QRectF place)
 {
     return {key, false, KeyShape::Block, face, "", hint, name, place};
 }
 
-constexpr PhoneKeySpec arrow(int key, const char* name, double x, double y, double width,
-                             double height)
+constexpr CaseKey arrow(int key, const char* name, double x, double y, double width, double height)
 {
     return {key, false, KeyShape::Arrow, "", "", "", name, {x, y, width, height}};
 }
 
-constexpr PhoneKeySpec keypad(int key, const char* face, const char* letters, const char* name,
-                              QRectF place)
+constexpr CaseKey keypad(int key, const char* face, const char* letters, const char* name,
+                         QRectF place)
 {
     return {key, true, KeyShape::Block, face, letters, "", name, place};
 }
 
 } // namespace
 
-const std::array<PhoneKeySpec, 21> phoneKeys = {{
+const std::array<CaseKey, 21> phoneKeys = {{
     block(Qt::Key_F1, "–", "F1", "Left soft key", beside(0, 0)),
     block(Qt::Key_F2, "–", "F2", "Right soft key", beside(1, 0)),
     block(Qt::Key_Backspace, "C", "Backspace", "Clear", beside(0, 1)),

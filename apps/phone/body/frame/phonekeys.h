@@ -12,7 +12,7 @@ enum class KeyShape { Block, Arrow, Disc };
 
 // A key as it stands in the case. Its place is in the field of keys, which is keyField wide and
 // high before it is scaled.
-struct PhoneKeySpec
+struct CaseKey
 {
     int key;          // a Qt::Key, sent when it is pressed
     bool keypad;      // it is one of the twelve that give digits and letters
@@ -30,7 +30,7 @@ constexpr double keyFieldHeight = 262;
 // Around the arrows and OK.
 constexpr QRectF keyPlate(84, 0, 96, 96);
 
-extern const std::array<PhoneKeySpec, 21> phoneKeys;
+extern const std::array<CaseKey, 21> phoneKeys;
 
 } // namespace phone
 
