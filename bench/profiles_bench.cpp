@@ -2,7 +2,6 @@
 // selection dialog, against Qt's own list view on the same names.
 
 #include <cstdlib>
-#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -14,6 +13,7 @@
 #include <yapplication.h>
 #include <yprofileselectdlg.h>
 
+#include "common/temporary_folder.h"
 #include "ratios.h"
 
 namespace {
@@ -26,21 +26,16 @@ class Store
 public:
     Store()
     {
-        char folder[] = "/tmp/profiles-bench-XXXXXX";
-        if (!::mkdtemp(folder))
-            std::abort();
-        m_root = folder;
-        ::setenv("VORN_ROOT", folder, 1);
+        ::setenv("VORN_ROOT", m_folder.path().c_str(), 1);
         const NetworkProfile record = {};
         for (int i = 1; i <= stored; ++i)
             if (NAPI_CreateProfile(("Profile" + std::to_string(i)).c_str(), &record, 0, 0) !=
                 NAPI_OK)
                 std::abort();
     }
-    ~Store() { std::filesystem::remove_all(m_root); }
 
 private:
-    std::string m_root;
+    TemporaryFolder m_folder;
 };
 
 void listTwice(benchmark::State& state)

@@ -18,6 +18,7 @@
 #include <unistd.h>
 #include <vector>
 
+#include "common/temporary_folder.h"
 #include "network/napi_host.h"
 #include "ratios.h"
 
@@ -40,10 +41,6 @@ class Store
 public:
     explicit Store(int64_t count)
     {
-        const char* place = getenv("VORN_BENCH_ROOT");
-        std::string pattern = std::string(place ? place : ".") + "/store-bench-XXXXXX";
-        require(mkdtemp(pattern.data()), "mkdtemp");
-        m_root = fs::absolute(pattern);
         setenv("VORN_ROOT", m_root.c_str(), 1);
         fs::create_directories(profiles());
         fs::create_directories(bare());
@@ -55,7 +52,6 @@ public:
         }
         sync();
     }
-    ~Store() { fs::remove_all(m_root); }
 
     std::string profiles() const { return napihost::profilesFolder(); }
     std::string bare() const { return m_root + "/bare"; }
@@ -72,7 +68,14 @@ public:
     const NetworkProfile& record() const { return m_record; }
 
 private:
-    std::string m_root;
+    static fs::path place()
+    {
+        const char* told = getenv("VORN_BENCH_ROOT");
+        return fs::absolute(told ? told : ".");
+    }
+
+    TemporaryFolder m_folder{place()};
+    const std::string& m_root = m_folder.path();
     NetworkProfile m_record{};
 };
 

@@ -24,6 +24,7 @@
 #include <yapplication.h>
 #include <ykbmainwidget.h>
 
+#include "common/temporary_folder.h"
 #include "ratios.h"
 
 namespace {
@@ -34,16 +35,11 @@ class Root
 public:
     Root()
     {
-        char folder[] = "/tmp/wizard-bench-XXXXXX";
-        if (!::mkdtemp(folder))
-            std::abort();
-        m_path = folder;
-        ::setenv("VORN_ROOT", folder, 1);
+        ::setenv("VORN_ROOT", m_path.c_str(), 1);
         std::filesystem::create_directory(m_path + "/etc");
         write("/etc/features.json", "{\"431\": true}");
         write("/etc/settings.json", "{\"DefConnPrefer\": 0}");
     }
-    ~Root() { std::filesystem::remove_all(m_path); }
 
 private:
     void write(const std::string& name, const char* text)
@@ -53,7 +49,8 @@ private:
             std::abort();
     }
 
-    std::string m_path;
+    TemporaryFolder m_folder;
+    const std::string& m_path = m_folder.path();
 };
 
 // Tells when a page has been painted for the first time. The page is painted whole, its rows after

@@ -4,6 +4,7 @@ Usage: web_test.py VORNPHONE BODY_PROBE
 """
 
 import base64
+import contextlib
 import os
 import pathlib
 import socket
@@ -37,13 +38,13 @@ def listening_ports(process_ids):
     """(address, port) of the TCP sockets on which these processes listen."""
     inodes = set()
     for one in process_ids:
-        for link in pathlib.Path(f"/proc/{one}/fd").iterdir():
-            try:
-                target = os.readlink(link)
-            except OSError:
-                continue
-            if target.startswith("socket:["):
-                inodes.add(target[8:-1])
+        # A process may end meanwhile, and then listens no more.
+        with contextlib.suppress(OSError):
+            for link in pathlib.Path(f"/proc/{one}/fd").iterdir():
+                with contextlib.suppress(OSError):
+                    target = os.readlink(link)
+                    if target.startswith("socket:["):
+                        inodes.add(target[8:-1])
     found = set()
     for table in ("tcp", "tcp6"):
         for line in pathlib.Path(f"/proc/net/{table}").read_text().splitlines()[1:]:

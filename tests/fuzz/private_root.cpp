@@ -3,6 +3,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include "common/temporary_folder.h"
 #include "fuzz/target.h"
 
 // Thousands of inputs are stored; that they outlive a loss of power is not the question here.
@@ -22,13 +23,12 @@ namespace {
 
 struct Root
 {
-    std::string path = (std::filesystem::temp_directory_path() / "vorn-fuzz-XXXXXX").string();
+    TemporaryFolder folder;
 
     Root()
     {
-        require(::mkdtemp(path.data()) != nullptr, "a folder for the root can be made");
-        ::setenv("VORN_ROOT", path.c_str(), 1);
-        std::filesystem::current_path(path);
+        ::setenv("VORN_ROOT", folder.path().c_str(), 1);
+        std::filesystem::current_path(folder.path());
         ::setsid();
         const int nothing = ::open("/dev/null", O_RDWR | O_CLOEXEC);
         ::dup2(nothing, STDIN_FILENO);
@@ -40,7 +40,6 @@ struct Root
     {
         std::error_code ignored;
         std::filesystem::current_path("/", ignored);
-        std::filesystem::remove_all(path, ignored);
     }
 };
 
@@ -49,7 +48,7 @@ struct Root
 const std::string& privateRoot()
 {
     static const Root root;
-    return root.path;
+    return root.folder.path();
 }
 
 } // namespace fuzz

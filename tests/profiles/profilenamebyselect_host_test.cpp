@@ -1,42 +1,21 @@
 // Choosing among the profiles of the host's own store.
 #include "profilefunctions.h"
 
-#include <cstdlib>
-#include <filesystem>
-
 #include <napi.h>
 
-#include "common/gui_test.h"
+#include "common/rooted_gui_test.h"
 #include "profiles/select_dialog.h"
 
 namespace {
 
-class HostProfiles : public GuiTest
+class HostProfiles : public RootedGuiTest
 {
 protected:
-    void SetUp() override
-    {
-        GuiTest::SetUp();
-        char folder[] = "/tmp/profiles-test-XXXXXX";
-        ASSERT_NE(::mkdtemp(folder), nullptr);
-        root = folder;
-        ::setenv("VORN_ROOT", folder, 1);
-    }
-
-    void TearDown() override
-    {
-        ::unsetenv("VORN_ROOT");
-        std::filesystem::remove_all(root);
-        GuiTest::TearDown();
-    }
-
     static void store(const char* name)
     {
         const NetworkProfile record = {};
         ASSERT_EQ(NAPI_CreateProfile(name, &record, 0, 0), NAPI_OK);
     }
-
-    std::string root;
 };
 
 TEST_F(HostProfiles, AreListedByNameAndOneIsChosen)

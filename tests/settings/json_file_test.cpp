@@ -8,6 +8,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "common/temporary_folder.h"
 #include "settings/json_told.h"
 
 using base::JsonDocument;
@@ -15,16 +16,10 @@ using base::JsonDocument;
 class JsonFile : public testing::Test
 {
 protected:
-    void SetUp() override { ASSERT_NE(::mkdtemp(folder), nullptr); }
-    void TearDown() override
-    {
-        std::remove(path().c_str());
-        ::rmdir(folder);
-    }
-    std::string path() const { return std::string(folder) + "/f.json"; }
+    std::string path() const { return folder.path() + "/f.json"; }
     void write(const std::string& text) const { std::ofstream(path()) << text; }
 
-    char folder[32] = "/tmp/json-document-XXXXXX";
+    TemporaryFolder folder;
 };
 
 TEST_F(JsonFile, ReadsAFile)
@@ -48,16 +43,16 @@ TEST_F(JsonFile, ThatIsMissingIsNoProblem)
 TEST_F(JsonFile, ThatIsMissingCanBeBegun)
 {
     EXPECT_EQ(JsonDocument::read(path()).withMember("b", "7"), "{\n  \"b\": 7\n}\n");
-    EXPECT_EQ(JsonDocument::read(folder).withMember("b", "7"), "");
+    EXPECT_EQ(JsonDocument::read(folder.path()).withMember("b", "7"), "");
 }
 
 TEST_F(JsonFile, ThatIsAFolderIsReported)
 {
-    const JsonDocument document = JsonDocument::read(folder, "no settings");
+    const JsonDocument document = JsonDocument::read(folder.path(), "no settings");
     EXPECT_EQ(document.state(), JsonDocument::State::Unreadable);
     EXPECT_EQ(document.error(), 0);
-    EXPECT_EQ(told(document), Lines{std::string(folder) + ": expected a readable file, found a "
-                                                          "folder; using no settings instead"});
+    EXPECT_EQ(told(document), Lines{folder.path() + ": expected a readable file, found a "
+                                                    "folder; using no settings instead"});
 }
 
 TEST_F(JsonFile, ThatIsAPipeIsReportedWithoutWaiting)

@@ -15,23 +15,18 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "common/temporary_folder.h"
+
 class SettingsRoot : public testing::Test
 {
 protected:
     void SetUp() override
     {
-        char folder[] = "/tmp/settings-test-XXXXXX";
-        ASSERT_NE(::mkdtemp(folder), nullptr);
-        root = folder;
         std::filesystem::create_directory(root + "/etc");
         ::setenv("VORN_ROOT", root.c_str(), 1);
     }
 
-    void TearDown() override
-    {
-        ::unsetenv("VORN_ROOT");
-        std::filesystem::remove_all(root);
-    }
+    void TearDown() override { ::unsetenv("VORN_ROOT"); }
 
     std::string settings() const { return root + "/etc/settings.json"; }
     std::string features() const { return root + "/etc/features.json"; }
@@ -60,7 +55,8 @@ protected:
         ASSERT_EQ(status, 0);
     }
 
-    std::string root;
+    TemporaryFolder folder;
+    const std::string& root = folder.path();
 };
 
 // Holds the lock that all writers of the settings take, which lies on the root, or that of another

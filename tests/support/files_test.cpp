@@ -10,6 +10,7 @@
 
 #include <gtest/gtest.h>
 
+#include "common/temporary_folder.h"
 #include "support/notation.h"
 
 using namespace support;
@@ -22,10 +23,7 @@ class RenamePath : public testing::Test
 protected:
     void SetUp() override
     {
-        char pattern[] = "/tmp/support-files-XXXXXX";
-        ASSERT_NE(mkdtemp(pattern), nullptr);
-        folder = pattern;
-        ASSERT_EQ(chdir(pattern), 0);
+        ASSERT_EQ(chdir(folder.path().c_str()), 0);
         put("file", "file's");
         put("other", "other's");
         ASSERT_EQ(mkdir("folder", 0700), 0);
@@ -34,11 +32,7 @@ protected:
         ASSERT_EQ(symlink("nowhere", "dangling"), 0);
     }
 
-    void TearDown() override
-    {
-        ASSERT_EQ(chdir("/"), 0);
-        ASSERT_EQ(system(("rm -r '" + folder + "'").c_str()), 0);
-    }
+    void TearDown() override { ASSERT_EQ(chdir("/"), 0); }
 
     static void put(const std::string& path, const std::string& content)
     {
@@ -62,7 +56,7 @@ protected:
         return renamePath(made(from), made(to));
     }
 
-    std::string folder;
+    TemporaryFolder folder;
 };
 
 } // namespace
@@ -76,7 +70,7 @@ TEST_F(RenamePath, MovesToANewRelativeName)
 
 TEST_F(RenamePath, MovesToANewAbsoluteName)
 {
-    const QString absolute = QString((folder + "/new").c_str());
+    const QString absolute = QString((folder.path() + "/new").c_str());
     EXPECT_TRUE(renamePath(made(u"file"), absolute));
     EXPECT_EQ(content("new"), "file's");
 }

@@ -231,11 +231,8 @@ std::size_t lastingThreads()
 
 void LinkTest::SetUp()
 {
-    std::string pattern = fs::temp_directory_path() / "napi-link-XXXXXX";
-    ASSERT_TRUE(mkdtemp(pattern.data()));
-    m_root = pattern;
-    fs::create_directory(m_root + "/etc");
-    setenv("VORN_ROOT", m_root.c_str(), 1);
+    fs::create_directory(root() + "/etc");
+    setenv("VORN_ROOT", root().c_str(), 1);
     // Tools that watch a program start a thread of their own with the program's first one.
     std::thread([] {}).join();
     m_descriptors = entriesOf("/proc/self/fd");
@@ -252,12 +249,11 @@ void LinkTest::TearDown()
     EXPECT_EQ(NAPI_Fini(), -201) << "a NAPI_Init without its NAPI_Fini";
     EXPECT_EQ(entriesOf("/proc/self/fd"), m_descriptors) << "a descriptor is left behind";
     EXPECT_EQ(lastingThreads(), m_threads) << "a thread is left behind";
-    fs::remove_all(m_root);
 }
 
 void LinkTest::configure(const std::string& json) const
 {
-    writeFile(m_root + "/etc/network.json", json);
+    writeFile(root() + "/etc/network.json", json);
 }
 
 void LinkTest::store(const std::string& name, const NetworkProfile& record) const

@@ -12,6 +12,7 @@
 
 #include <gtest/gtest.h>
 
+#include "common/temporary_folder.h"
 #include "napi.h"
 
 namespace linktest {
@@ -77,7 +78,7 @@ protected:
     void SetUp() override;
     void TearDown() override;
 
-    const std::string& root() const { return m_root; }
+    const std::string& root() const { return m_folder.path(); }
     void configure(const std::string& json) const; // etc/network.json
     void store(const std::string& name, const NetworkProfile& record = packetProfile()) const;
 
@@ -86,7 +87,7 @@ protected:
     void useScenarios() const;
 
 private:
-    std::string m_root;
+    TemporaryFolder m_folder;
     std::size_t m_descriptors = 0;
     std::size_t m_threads = 0;
 };

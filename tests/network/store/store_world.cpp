@@ -46,14 +46,9 @@ std::string placeFor(StoreWorld::On on)
 
 } // namespace
 
-StoreWorld::StoreWorld(On on)
+StoreWorld::StoreWorld(On on) : m_folder(placeFor(on)), m_umask(umask(077))
 {
-    std::string pattern = placeFor(on) + "/vorn-store-XXXXXX";
-    if (!mkdtemp(pattern.data()))
-        throw std::runtime_error("no temporary folder: " + pattern);
-    m_root = pattern;
-    m_umask = umask(077);
-    setenv("VORN_ROOT", m_root.c_str(), 1);
+    setenv("VORN_ROOT", root().c_str(), 1);
 }
 
 StoreWorld::~StoreWorld()
@@ -61,15 +56,14 @@ StoreWorld::~StoreWorld()
     unsetenv("VORN_ROOT");
     umask(m_umask);
     std::error_code ignored;
-    for (auto& entry : fs::recursive_directory_iterator(m_root, ignored))
+    for (auto& entry : fs::recursive_directory_iterator(root(), ignored))
         if (entry.is_directory(ignored) && !entry.is_symlink(ignored))
             fs::permissions(entry.path(), fs::perms::owner_all, ignored);
-    fs::remove_all(m_root, ignored);
 }
 
 void StoreWorld::clear()
 {
-    for (auto& entry : fs::directory_iterator(m_root))
+    for (auto& entry : fs::directory_iterator(root()))
         fs::remove_all(entry.path());
 }
 

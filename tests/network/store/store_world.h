@@ -8,6 +8,7 @@
 #include <sys/types.h>
 #include <vector>
 
+#include "common/temporary_folder.h"
 #include "network/napi_host.h"
 
 // What a store holds: each usable profile and the byte that its whole record consists of.
@@ -36,8 +37,8 @@ public:
     StoreWorld& operator=(const StoreWorld&) = delete;
     ~StoreWorld();
 
-    const std::string& root() const { return m_root; }
-    std::string profiles() const { return m_root + "/vornlocal/download/appwrite/NetProfile"; }
+    const std::string& root() const { return m_folder.path(); }
+    std::string profiles() const { return root() + "/vornlocal/download/appwrite/NetProfile"; }
     std::string record(const std::string& name) const
     {
         return profiles() + "/" + name + "/profile";
@@ -51,7 +52,7 @@ public:
     void putRaw(const std::string& name, const std::string& bytes);
 
 private:
-    std::string m_root;
+    TemporaryFolder m_folder;
     mode_t m_umask;
 };
 

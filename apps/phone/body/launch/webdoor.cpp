@@ -116,12 +116,10 @@ bool write(const std::string& file, const std::string& text)
 
 WebDoor::WebDoor(std::string address, int port) : m_address(std::move(address)), m_port(port) {}
 
+// The server ends before its folder goes.
 WebDoor::~WebDoor()
 {
     m_server.end();
-    std::error_code ignored;
-    if (!m_folder.empty())
-        std::filesystem::remove_all(m_folder, ignored);
 }
 
 std::string WebDoor::obstacle() const
@@ -174,11 +172,9 @@ bool WebDoor::makeFolder()
     std::string parent = running ? running : "";
     if (parent.empty() || parent.size() > longest || access(parent.c_str(), W_OK) != 0)
         parent = "/tmp";
-    std::string pattern = parent + "/vornphone-XXXXXX";
-    if (!mkdtemp(pattern.data()))
-        return false;
-    m_folder = pattern;
-    return true;
+    m_temporary.emplace(QString::fromStdString(parent + "/vornphone-"));
+    m_folder = m_temporary->path().toStdString();
+    return m_temporary->isValid();
 }
 
 bool WebDoor::writeFiles() const

@@ -2,7 +2,10 @@
 #ifndef PHONE_LAUNCH_WEBDOOR_H
 #define PHONE_LAUNCH_WEBDOOR_H
 
+#include <optional>
 #include <string>
+
+#include <QTemporaryDir>
 
 #include "child.h"
 
@@ -41,7 +44,8 @@ private:
 
     std::string m_address;
     int m_port;
-    std::string m_folder;
+    std::optional<QTemporaryDir> m_temporary;
+    std::string m_folder; // its path
     std::string m_token;
     Child m_server;
 };
